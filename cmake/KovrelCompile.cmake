@@ -1,0 +1,34 @@
+# Compile settings that every target shares, through the interface target kovrel_compile.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(kovrel_compile INTERFACE)
+target_include_directories(kovrel_compile INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(kovrel_compile INTERFACE -Wall -Wextra -Wconversion -Werror)
+
+if(WIN32)
+  target_compile_definitions(
+    kovrel_compile INTERFACE UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX
+                             WIN32_LEAN_AND_MEAN)
+  # Interfaces are laid out by hand (see src/automation), which aliases unrelated types.
+  target_compile_options(kovrel_compile INTERFACE -fno-strict-aliasing)
+  # One file is all that a user copies: nothing but system DLLs may be imported.
+  target_link_options(kovrel_compile INTERFACE -static -static-libgcc -static-libstdc++
+                      -Wl,--dynamicbase -Wl,--nxcompat)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    target_link_options(kovrel_compile INTERFACE -Wl,--high-entropy-va)
+  endif()
+endif()
+
+if(KOVREL_UB_TRAPS)
+  target_compile_options(kovrel_compile INTERFACE -fsanitize=undefined
+                                                  -fsanitize-undefined-trap-on-error)
+endif()
+if(KOVREL_SANITIZE)
+  target_compile_options(kovrel_compile INTERFACE -fsanitize=address,undefined
+                                                  -fno-sanitize-recover=all
+                                                  -fno-omit-frame-pointer)
+  target_link_options(kovrel_compile INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,63 @@
+#include "runtime/failure.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace kovrel {
+namespace {
+
+struct Description {
+    FailureNumber number;
+    std::wstring_view text;
+};
+
+constexpr std::array descriptions{
+    Description{FailureNumber::invalid_argument, L"Llamada a procedimiento o argumento no válidos"},
+    Description{FailureNumber::overflow, L"Desbordamiento"},
+    Description{FailureNumber::out_of_memory, L"Memoria insuficiente"},
+    Description{FailureNumber::subscript_out_of_range, L"Subíndice fuera del intervalo"},
+    Description{FailureNumber::division_by_zero, L"División por cero"},
+    Description{FailureNumber::type_mismatch, L"No coinciden los tipos"},
+    Description{FailureNumber::dll_load, L"Error al cargar el archivo DLL"},
+    Description{FailureNumber::file_not_found, L"No se encontró el archivo"},
+    Description{FailureNumber::device_io, L"Error de E/S de dispositivo"},
+    Description{FailureNumber::file_exists, L"El archivo ya existe"},
+    Description{FailureNumber::disk_full, L"Disco lleno"},
+    Description{FailureNumber::input_past_end, L"La entrada supera el fin de archivo"},
+    Description{FailureNumber::permission_denied, L"Permiso denegado"},
+    Description{FailureNumber::path_file_access, L"Error de acceso a la ruta o al archivo"},
+    Description{FailureNumber::path_not_found, L"No se encontró la ruta de acceso"},
+    Description{FailureNumber::object_not_set, L"Variable de objeto o bloque With no establecido"},
+    Description{FailureNumber::invalid_use_of_null, L"Uso no válido de Null"},
+    Description{FailureNumber::object_required, L"Se requiere un objeto"},
+    Description{FailureNumber::cannot_create_object,
+                L"El componente ActiveX no puede crear el objeto"},
+    Description{FailureNumber::member_not_found, L"El objeto no admite esta propiedad o método"},
+    Description{FailureNumber::action_not_supported, L"El objeto no admite esta acción"},
+    Description{FailureNumber::named_argument_not_found, L"No se encontró el argumento con nombre"},
+    Description{FailureNumber::argument_not_optional, L"Argumento no opcional"},
+    Description{FailureNumber::wrong_argument_count,
+                L"Número de argumentos incorrecto o asignación de propiedad no válida"},
+    Description{FailureNumber::dll_function_not_found,
+                L"No se encontró la función DLL especificada"},
+    Description{FailureNumber::invalid_picture, L"Imagen no válida"},
+};
+
+}  // namespace
+
+std::wstring_view failure_description(std::int32_t number) noexcept {
+    const auto* const found =
+        std::find_if(descriptions.begin(), descriptions.end(), [number](const Description& entry) {
+            return static_cast<std::int32_t>(entry.number) == number;
+        });
+    return found == descriptions.end() ? std::wstring_view{} : found->text;
+}
+
+Failure::Failure(FailureNumber number)
+    : number_(static_cast<std::int32_t>(number)), description_(failure_description(number_)) {}
+
+Failure::Failure(std::int32_t number, std::wstring description)
+    : number_(number), description_(std::move(description)) {}
+
+}  // namespace kovrel

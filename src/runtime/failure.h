@@ -1,0 +1,63 @@
+// Run-time failures: the one exception type of the library.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace kovrel {
+
+/// The failure numbers that the library raises: the published automation error numbers (the low
+/// word of an HRESULT with facility "control", 0x800Axxxx).
+enum class FailureNumber : std::int32_t {
+    invalid_argument = 5,
+    overflow = 6,
+    out_of_memory = 7,
+    subscript_out_of_range = 9,
+    division_by_zero = 11,
+    type_mismatch = 13,
+    dll_load = 48,
+    file_not_found = 53,
+    device_io = 57,
+    file_exists = 58,
+    disk_full = 61,
+    input_past_end = 62,
+    permission_denied = 70,
+    path_file_access = 75,
+    path_not_found = 76,
+    object_not_set = 91,
+    invalid_use_of_null = 94,
+    object_required = 424,
+    cannot_create_object = 429,
+    member_not_found = 438,
+    action_not_supported = 445,
+    named_argument_not_found = 448,
+    argument_not_optional = 449,
+    wrong_argument_count = 450,
+    dll_function_not_found = 453,
+    invalid_picture = 481,
+};
+
+/// A run-time failure: a number and a description, as the user and the host see them.
+/// Positive numbers are those of FailureNumber; negative ones are HRESULTs of a host's object.
+class Failure final : public std::exception {
+ public:
+    /// A failure of the library's own, with the description of its number.
+    explicit Failure(FailureNumber number);
+    /// A failure of somebody else's (a host's object, the system), with its own description.
+    Failure(std::int32_t number, std::wstring description);
+
+    [[nodiscard]] std::int32_t number() const noexcept { return number_; }
+    [[nodiscard]] const std::wstring& description() const noexcept { return description_; }
+    [[nodiscard]] const char* what() const noexcept override { return "kovrel::Failure"; }
+
+ private:
+    std::int32_t number_;
+    std::wstring description_;
+};
+
+/// The Spanish description of a failure number; empty for a number that has none.
+[[nodiscard]] std::wstring_view failure_description(std::int32_t number) noexcept;
+
+}  // namespace kovrel

@@ -1,0 +1,42 @@
+// The user's regional settings, as the rules need them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace kovrel {
+
+/// How the user writes numbers and dates.
+struct RegionalSettings {
+    wchar_t decimal_separator = L',';
+    wchar_t group_separator = L'.';
+    /// The short date pattern, in the system's notation (d, dd, M, MM, yy, yyyy, quoted literals).
+    std::wstring short_date = L"dd/MM/yyyy";
+    /// What stands for "/" in a date pattern.
+    std::wstring date_separator = L"/";
+};
+
+/// Reads texts as numbers and dates by the user's settings. The reading itself is the platform's
+/// work; rules reach it here, so that they can be built and tested where there is no such platform.
+class Regional {
+ public:
+    explicit Regional(RegionalSettings settings) : settings_(std::move(settings)) {}
+    Regional(const Regional&) = delete;
+    Regional& operator=(const Regional&) = delete;
+    virtual ~Regional() = default;
+
+    [[nodiscard]] const RegionalSettings& settings() const noexcept { return settings_; }
+
+    /// The number that a text stands for; absent when the text is not a number.
+    [[nodiscard]] virtual std::optional<double> number(std::wstring_view text) const = 0;
+    /// The date that a text stands for, as a day count (30 December 1899 is 0, the time of day is
+    /// the fraction); absent when the text is not a date.
+    [[nodiscard]] virtual std::optional<double> date(std::wstring_view text) const = 0;
+
+ private:
+    RegionalSettings settings_;
+};
+
+}  // namespace kovrel
