@@ -1,0 +1,60 @@
+#include "runtime/text.h"
+
+#include <algorithm>
+
+namespace kovrel {
+
+std::wstring_view trim_left(std::wstring_view text) noexcept {
+    const auto first = text.find_first_not_of(L' ');
+    return first == std::wstring_view::npos ? std::wstring_view{} : text.substr(first);
+}
+
+std::wstring_view trim(std::wstring_view text) noexcept {
+    const auto rest = trim_left(text);
+    return rest.substr(0, rest.find_last_not_of(L' ') + 1);
+}
+
+wchar_t to_upper(wchar_t character) noexcept {
+    const auto code = static_cast<unsigned>(character);
+    const auto shifted = [code](unsigned by) { return static_cast<wchar_t>(code - by); };
+    if ((code >= 0x61 && code <= 0x7A) || (code >= 0xE0 && code <= 0xFE && code != 0xF7)) {
+        return shifted(0x20);
+    }
+    if (code == 0xFF) return static_cast<wchar_t>(0x178);
+    if (code == 0x131) return L'I';
+    // From here on capitals and small letters alternate, with the capital on the even code in
+    // two ranges and on the odd code in the two others.
+    const bool small_is_odd = (code >= 0x100 && code <= 0x137) || (code >= 0x14A && code <= 0x177);
+    const bool small_is_even = (code >= 0x139 && code <= 0x148) || (code >= 0x179 && code <= 0x17E);
+    if ((small_is_odd && code % 2 == 1) || (small_is_even && code % 2 == 0)) return shifted(1);
+    return character;
+}
+
+std::wstring to_upper(std::wstring_view text) {
+    std::wstring result(text);
+    std::transform(result.begin(), result.end(), result.begin(),
+                   [](wchar_t character) { return to_upper(character); });
+    return result;
+}
+
+bool equal_without_case(std::wstring_view left, std::wstring_view right) noexcept {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](wchar_t a, wchar_t b) { return to_upper(a) == to_upper(b); });
+}
+
+std::vector<std::wstring_view> split(std::wstring_view text, wchar_t separator) {
+    std::vector<std::wstring_view> pieces;
+    if (text.empty()) return pieces;
+    for (;;) {
+        const auto end = text.find(separator);
+        pieces.push_back(text.substr(0, end));
+        if (end == std::wstring_view::npos) return pieces;
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::wstring_view middle(std::wstring_view text, std::size_t position, std::size_t count) noexcept {
+    return position > text.size() ? std::wstring_view{} : text.substr(position - 1, count);
+}
+
+}  // namespace kovrel

@@ -1,0 +1,43 @@
+#include "runtime/text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kovrel {
+namespace {
+
+TEST(Text, TrimTakesBlanksOnly) {
+    EXPECT_EQ(trim(L"  a b  "), L"a b");
+    EXPECT_EQ(trim(L"\ta\r"), L"\ta\r");
+    EXPECT_EQ(trim(L"   "), L"");
+    EXPECT_EQ(trim(L""), L"");
+    EXPECT_EQ(trim_left(L"  a  "), L"a  ");
+}
+
+TEST(Text, UpperCoversSpanishAndItsNeighbours) {
+    EXPECT_EQ(to_upper(L"céntimo ñandú güe ç 12,5"), L"CÉNTIMO ÑANDÚ GÜE Ç 12,5");
+    EXPECT_EQ(to_upper(L"ßÿ÷×ıőœž"), L"ßŸ÷×IŐŒŽ");
+    EXPECT_EQ(to_upper(L"ĸŉ"), L"ĸŉ");
+}
+
+TEST(Text, EqualWithoutCaseNeedsTheSameLength) {
+    EXPECT_TRUE(equal_without_case(L"ConvierteAñoA2", L"CONVIERTEAÑOA2"));
+    EXPECT_FALSE(equal_without_case(L"abc", L"ab"));
+    EXPECT_FALSE(equal_without_case(L"año", L"ano"));
+}
+
+TEST(Text, SplitKeepsEmptyPieces) {
+    EXPECT_THAT(split(L"a  b", L' '), testing::ElementsAre(L"a", L"", L"b"));
+    EXPECT_THAT(split(L" ", L' '), testing::ElementsAre(L"", L""));
+    EXPECT_THAT(split(L"", L' '), testing::IsEmpty());
+}
+
+TEST(Text, MiddleStopsAtTheEnd) {
+    EXPECT_EQ(middle(L"abcdef", 2, 3), L"bcd");
+    EXPECT_EQ(middle(L"abcdef", 5, 4), L"ef");
+    EXPECT_EQ(middle(L"abcdef", 7, 1), L"");
+    EXPECT_EQ(middle(L"abcdef", 9), L"");
+}
+
+}  // namespace
+}  // namespace kovrel
