@@ -16,7 +16,7 @@ exports_of() {
     LC_ALL=C "$(dist_tool "$1" objdump)" -p "$2" |
         awk '/^\[Ordinal\/Name Pointer\] Table/ { in_table = 1; next }
              in_table && /^\t\[/ { print $NF; next }
-             in_table && NF == 0 { exit }' | sort
+             NF == 0 { in_table = 0 }' | sort
 }
 
 describe_library() {
