@@ -62,8 +62,9 @@ std::wstring command_line(const std::vector<std::wstring>& words) {
 class Answerer {
  public:
     Answerer(const std::wstring& log, std::vector<int> answers)
-        : log_(std::filesystem::path(log), std::ios::binary | std::ios::trunc),
-          answers_(std::move(answers)) {}
+        : log_(log), answers_(std::move(answers)) {
+        std::ofstream{log_, std::ios::trunc};
+    }
 
     void look(DWORD process) {
         for (HWND window : kovrel::test::top_level_windows({L"#32770", {}, process})) {
@@ -74,14 +75,15 @@ class Answerer {
             if (GetDlgItem(window, how.button) == nullptr) how.button = 0;
             ++count_;
             box->pressed = how.button != 0 ? how.button : box->default_button;
-            // Written before the box closes: the program may read the file right afterwards.
-            log_ << utf8(kovrel::test::as_line(*box)) << '\n' << std::flush;
+            // Written and closed before the box closes: the program may read the file right away.
+            std::ofstream(log_, std::ios::binary | std::ios::app)
+                << utf8(kovrel::test::as_line(*box)) << '\n';
             kovrel::test::answer_box(window, *box, how);
         }
     }
 
  private:
-    std::ofstream log_;
+    std::filesystem::path log_;
     std::vector<int> answers_;
     std::size_t count_ = 0;
 };

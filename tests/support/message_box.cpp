@@ -3,23 +3,30 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
+
+#include "tests/support/icon_style.h"
 
 namespace kovrel::test {
 namespace {
 
-// The icon of a static control tells the style: it is one of the four shared system icons.
-int icon_style(HWND icon_control) {
-    const auto icon = reinterpret_cast<HICON>(ask(icon_control, STM_GETICON));
-    if (icon == nullptr) return 0;
-    const std::array<std::pair<LPCWSTR, int>, 4> icons{{{IDI_HAND, MB_ICONHAND},
-                                                        {IDI_QUESTION, MB_ICONQUESTION},
-                                                        {IDI_EXCLAMATION, MB_ICONEXCLAMATION},
-                                                        {IDI_ASTERISK, MB_ICONASTERISK}}};
-    for (const auto& [name, style] : icons) {
-        if (LoadIconW(nullptr, name) == icon) return style;
-    }
-    return -1;
+// -1 while the process that owns the box does not answer.
+int foreign_icon_style(HWND control, DWORD thread) {
+    static const HMODULE library = LoadLibraryW(probe_library);
+    static const UINT probe = RegisterWindowMessageW(probe_message);
+    if (library == nullptr) return -1;
+    const auto procedure = reinterpret_cast<HOOKPROC>(
+        reinterpret_cast<void*>(GetProcAddress(library, probe_procedure)));
+    HHOOK const hook = SetWindowsHookExW(WH_CALLWNDPROC, procedure, library, thread);
+    ask(control, probe);
+    UnhookWindowsHookEx(hook);
+    return static_cast<int>(reinterpret_cast<INT_PTR>(GetPropW(control, probe_answer))) - 1;
+}
+
+int icon_style(HWND control) {
+    DWORD process = 0;
+    const DWORD thread = GetWindowThreadProcessId(control, &process);
+    return process == GetCurrentProcessId() ? own_icon_style(control)
+                                            : foreign_icon_style(control, thread);
 }
 
 int button_set_style(const std::vector<BoxButton>& buttons) {
