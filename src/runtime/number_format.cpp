@@ -81,6 +81,37 @@ Decimal to_decimal(double value) {
     return number;
 }
 
+/// The number in the pattern where binary arithmetic is sure to round as the 15 decimal digits do:
+/// far from a half, and with digits to spare. Most amounts are of this kind.
+std::optional<std::wstring> write_quickly(double value, NumberPattern pattern,
+                                          wchar_t decimal_separator) {
+    constexpr std::array powers{1.0, 10.0, 100.0, 1000.0, 10000.0};
+    constexpr double digits_to_spare = 1e12;
+    constexpr double near_a_half = 0.01;
+    constexpr int most_whole_digits = 8;
+    const auto decimals = static_cast<std::size_t>(pattern.decimals);
+    if (decimals >= powers.size() || pattern.whole_digits > most_whole_digits) return std::nullopt;
+    const double scaled = std::abs(value) * powers[decimals];
+    if (!(scaled < digits_to_spare)) return std::nullopt;
+    auto number = static_cast<std::uint64_t>(scaled);
+    const double fraction = scaled - static_cast<double>(number);
+    if (std::abs(fraction - 0.5) < near_a_half) return std::nullopt;
+    if (fraction > 0.5) ++number;
+
+    const bool negative = value < 0 && number != 0;
+    std::array<wchar_t, 32> buffer{};
+    std::size_t first = buffer.size();
+    const auto put_digit = [&] {
+        buffer[--first] = static_cast<wchar_t>(L'0' + number % 10);
+        number /= 10;
+    };
+    for (int count = 0; count < pattern.decimals; ++count) put_digit();
+    if (pattern.decimals > 0) buffer[--first] = decimal_separator;
+    for (int count = 0; count < pattern.whole_digits || number != 0; ++count) put_digit();
+    if (negative) buffer[--first] = L'-';
+    return std::wstring(buffer.begin() + static_cast<std::ptrdiff_t>(first), buffer.end());
+}
+
 std::wstring write(Decimal number, NumberPattern pattern, wchar_t decimal_separator) {
     round_to(number, number.point + pattern.decimals);
     const bool is_zero = number.digits.find_first_not_of('0') == std::string::npos;
@@ -183,6 +214,7 @@ std::wstring without_blanks(std::wstring_view text) {
 }  // namespace
 
 std::wstring format_number(double value, NumberPattern pattern, wchar_t decimal_separator) {
+    if (auto text = write_quickly(value, pattern, decimal_separator)) return *std::move(text);
     return write(to_decimal(value), pattern, decimal_separator);
 }
 
