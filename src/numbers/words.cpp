@@ -14,6 +14,8 @@
 namespace kovrel {
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr std::array<std::wstring_view, 10> units{L"",      L"un",   L"dos",   L"tres", L"cuatro",
                                                   L"cinco", L"seis", L"siete", L"ocho", L"nueve"};
 constexpr std::array<std::wstring_view, 10> teens{
@@ -22,12 +24,21 @@ constexpr std::array<std::wstring_view, 10> teens{
 constexpr std::array<std::wstring_view, 10> twenties{
     L"veinte",      L"veintiun",   L"veintidós",   L"veintitrés", L"veinticuatro",
     L"veinticinco", L"veintiseis", L"veintisiete", L"veintiocho", L"veintinueve"};
-constexpr std::array<std::wstring_view, 10> tens{L"",         L"",          L"",        L"treinta",
-                                                 L"cuarenta", L"cincuenta", L"sesenta", L"setenta",
-                                                 L"ochenta",  L"noventa"};
-constexpr std::array<std::wstring_view, 10> hundreds{
-    L"",           L"ciento",      L"doscientos",  L"trescientos", L"cuatrocientos",
-    L"quinientos", L"seiscientos", L"setecientos", L"ochocientos", L"novecientos"};
+/// What stands before a unit; without one the last three characters go.
+constexpr std::array<std::wstring_view, 10> tens{
+    L"",           L"",           L"",           L"treinta y ", L"cuarenta y ", L"cincuenta y ",
+    L"sesenta y ", L"setenta y ", L"ochenta y ", L"noventa y "};
+/// What stands before tens or units; without them the blank goes.
+constexpr std::array<std::wstring_view, 10> hundreds{L"",
+                                                     L"ciento ",
+                                                     L"doscientos ",
+                                                     L"trescientos ",
+                                                     L"cuatrocientos ",
+                                                     L"quinientos ",
+                                                     L"seiscientos ",
+                                                     L"setecientos ",
+                                                     L"ochocientos ",
+                                                     L"novecientos "};
 
 /// The scale words with their blanks: the thousands, then a singular and a plural for each power
 /// of a million. The plural of octillion has no blank after it; documents in use carry the words
@@ -81,19 +92,19 @@ constexpr std::array<std::wstring_view, 41> scale{
 template <typename Step>
 void guarded_step(std::wstring& result, const WordsContext& context, Step step) {
     const auto start = result.size();
-    std::optional<Failure> failure;
+    const auto give_up = [&](const Failure& failure) {
+        result.resize(start);
+        context.on_failure(failure);
+    };
     try {
         step();
-    } catch (const Failure& thrown) {
-        failure = thrown;
+    } catch (const Failure& failure) {
+        give_up(failure);
     } catch (const std::bad_alloc&) {
-        failure = Failure(FailureNumber::out_of_memory);
+        give_up(Failure(FailureNumber::out_of_memory));
     } catch (const std::length_error&) {
-        failure = Failure(FailureNumber::out_of_memory);
+        give_up(Failure(FailureNumber::out_of_memory));
     }
-    if (!failure) return;
-    result.resize(start);
-    context.on_failure(*failure);
 }
 
 /// Trims what was appended after `start`.
@@ -112,6 +123,11 @@ bool is_digits(std::wstring_view text) noexcept {
     return std::all_of(text.begin(), text.end(), is_digit);
 }
 
+/// The digits without zeros in front; the last digit stays.
+std::wstring_view without_leading_zeros(std::wstring_view digits) {
+    return digits.substr(std::min(digits.find_first_not_of(L'0'), digits.size() - 1));
+}
+
 /// The number rounded to a whole one, without a sign, in groups of three digits. What is no number
 /// stays as it is, filled up to groups.
 std::wstring grouped_digits(std::wstring_view text, const Regional& regional) {
@@ -124,7 +140,7 @@ std::wstring grouped_digits(std::wstring_view text, const Regional& regional) {
         rounded = format_number(text, patterns::whole, regional);
         text = rounded;
     } else {
-        text.remove_prefix(std::min(text.find_first_not_of(L'0'), text.size() - 1));
+        text = without_leading_zeros(text);
     }
     const auto fill = (3 - text.size() % 3) % 3;
     std::wstring digits;
@@ -144,20 +160,21 @@ void append_three_digits(std::wstring& result, std::wstring_view group) {
     const auto ten = digit(1);
     const auto unit = digit(2);
 
-    const bool has_rest = ten != 0 || unit != 0;
-    if (hundred == 1 && !has_rest) {
-        result += L"cien";
-    } else if (hundred != 0) {
+    if (ten != 0 || unit != 0) {
         result += hundreds[hundred];
-        if (has_rest) result.push_back(L' ');
+    } else if (hundred == 1) {
+        result += L"cien"sv;
+    } else if (hundred != 0) {
+        result += hundreds[hundred].substr(0, hundreds[hundred].size() - 1);
     }
     if (ten == 1) {
         result += teens[unit];
     } else if (ten == 2) {
         result += twenties[unit];
+    } else if (ten != 0 && unit == 0) {
+        result += tens[ten].substr(0, tens[ten].size() - 3);
     } else {
         result += tens[ten];
-        if (ten != 0 && unit != 0) result += L" y ";
         result += units[unit];
     }
 }
@@ -180,9 +197,9 @@ bool contains_without_case(std::wstring_view text, std::wstring_view searched) {
 /// from the right, from 0.
 void append_scale_word(std::wstring& result, std::size_t start, std::size_t place, UnitNames unit) {
     const auto words = tail(result, start);
-    const bool is_one = words == L"un";
+    const bool is_one = words == L"un"sv;
     if (place == 0) {
-        if (words.ends_with(L"un") && unit.one.empty() && unit.other.empty()) {
+        if (words.ends_with(L"un"sv) && unit.one.empty() && unit.other.empty()) {
             result.push_back(L'o');
         }
     } else if (place % 2 == 1) {
@@ -239,44 +256,42 @@ struct Token {
     bool is_number = false;
     bool is_negative = false;
     /// The whole part by the reading that knows no regional settings, as text, where the
-    /// regional value lies above it.
-    std::optional<std::wstring> whole_part;
+    /// regional value lies above it; else empty.
+    std::wstring_view whole_part{};
 };
 
 /// The reading of a positive number of few digits, which needs no arithmetic: both readings have
-/// its whole part, and its value lies above that if it has decimals other than zero.
-std::optional<Token> read_short_token(std::wstring_view token, wchar_t separator) {
+/// its whole part, and its value lies above that if it has decimals other than zero. No number
+/// where this reading does not apply.
+Token read_short_token(std::wstring_view token, wchar_t separator) {
     constexpr std::size_t exact_digits = 15;
-    const auto end = token.find(separator);
-    const auto whole = token.substr(0, end);
-    const auto decimals = end == std::wstring_view::npos ? end : end + 1;
-    const auto rest = token.substr(std::min(decimals, token.size()));
-    if (whole.empty() || token.size() > exact_digits || !is_digits(whole) || !is_digits(rest)) {
-        return std::nullopt;
-    }
-    Token reading{true, false, std::nullopt};
-    if (rest.find_first_not_of(L'0') != std::wstring_view::npos) {
-        reading.whole_part =
-            whole.substr(std::min(whole.find_first_not_of(L'0'), whole.size() - 1));
-    }
-    return reading;
+    if (token.size() > exact_digits) return {};
+    std::size_t whole_digits = 0;
+    while (whole_digits < token.size() && is_digit(token[whole_digits])) ++whole_digits;
+    if (whole_digits == 0) return {};
+    if (whole_digits == token.size()) return {true, false};
+    const auto decimals = token.substr(whole_digits + 1);
+    if (token[whole_digits] != separator || !is_digits(decimals)) return {};
+    if (decimals.find_first_not_of(L'0') == std::wstring_view::npos) return {true, false};
+    return {true, false, without_leading_zeros(token.substr(0, whole_digits))};
 }
 
-Token read_token(std::wstring_view token, const Regional& regional) {
+/// Reads a token; `storage` may come to hold the text of its whole part.
+Token read_token(std::wstring_view token, const Regional& regional, std::wstring& storage) {
     const auto separator = regional.settings().decimal_separator;
-    if (auto reading = read_short_token(token, separator)) return *std::move(reading);
+    if (const auto reading = read_short_token(token, separator); reading.is_number) return reading;
     auto value = plain_number(token, separator);
     // Digits past the range of a double are a number too; their decimals do not matter any more.
-    if (value && std::isinf(*value)) return {true, *value < 0, std::nullopt};
+    if (value && std::isinf(*value)) return {true, *value < 0};
     if (!value) value = regional.number(token);
     if (!value) return {};
     const double whole = std::floor(leading_number(token));
-    Token reading{true, *value < 0, std::nullopt};
+    Token reading{true, *value < 0};
     if (*value > whole) {
-        auto text = number_to_text(whole, separator);
+        storage = number_to_text(whole, separator);
         // A token that is the text of its own whole part has no decimals, whichever way its last
         // bits were read.
-        if (text != token) reading.whole_part = std::move(text);
+        if (storage != token) reading.whole_part = storage;
     }
     return reading;
 }
@@ -289,20 +304,21 @@ Token read_token(std::wstring_view token, const Regional& regional) {
 /// one digit before the separator.
 void append_token(std::wstring& result, std::wstring_view token, UnitNames unit, UnitNames subunit,
                   const WordsContext& context) {
-    const auto reading = read_token(token, context.regional);
+    std::wstring storage;
+    const auto reading = read_token(token, context.regional, storage);
     if (!reading.is_number) {
         result += token;
         return;
     }
-    if (!reading.whole_part) {
-        if (reading.is_negative) result += L"menos ";
+    if (reading.whole_part.empty()) {
+        if (reading.is_negative) result += L"menos "sv;
         append_whole_number(result, token, unit, context);
         return;
     }
-    const auto& whole = *reading.whole_part;
-    if (whole.front() == L'-') result += L"menos ";
+    const auto whole = reading.whole_part;
+    if (whole.front() == L'-') result += L"menos "sv;
     append_text(result, whole, unit, {L"1", L""}, context);
-    result += L" con ";
+    result += L" con "sv;
     append_whole_number(result, middle(token, whole.size() + 2), subunit, context);
 }
 
@@ -330,14 +346,14 @@ void append_whole_number(std::wstring& result, std::wstring_view text, UnitNames
         const auto digits = grouped_digits(text, context.regional);
         if (digits.size() == 3) {
             append_three_digits(result, digits);
-            if (result.size() == start) result += L"cero";
+            if (result.size() == start) result += L"cero"sv;
             // A single group looks at the singular name alone, several groups at both names.
-            if (tail(result, start).ends_with(L"un") && unit.one.empty()) result.push_back(L'o');
+            if (tail(result, start).ends_with(L"un"sv) && unit.one.empty()) result.push_back(L'o');
         } else if (!append_groups(result, digits, unit, context)) {
             return;
         }
         result.push_back(L' ');
-        result += digits == L"001" ? unit.one : unit.other;
+        result += digits == L"001"sv ? unit.one : unit.other;
         trim_from(result, start);
     });
 }
@@ -381,9 +397,12 @@ std::wstring group_in_words(std::wstring_view text, UnitNames unit, const WordsC
 }
 
 std::wstring euros_in_words(double amount, const WordsContext& context) {
-    const auto text = format_number(amount, patterns::two_decimals,
-                                    context.regional.settings().decimal_separator);
-    return to_upper(text_in_words(text, {L"Euro", L"Euros"}, {L"Céntimo", L"Céntimos"}, context));
+    const auto amount_text = format_number(amount, patterns::two_decimals,
+                                           context.regional.settings().decimal_separator);
+    auto words =
+        text_in_words(amount_text, {L"Euro"sv, L"Euros"sv}, {L"Céntimo"sv, L"Céntimos"sv}, context);
+    make_upper(words);
+    return words;
 }
 
 }  // namespace kovrel
