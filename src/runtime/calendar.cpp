@@ -27,6 +27,11 @@ std::optional<std::int32_t> valid_day(CivilDate date) {
     return day_count(date);
 }
 
+std::optional<std::int32_t> valid_day_either_way(int year, int month, int day) {
+    const auto as_given = valid_day({year, month, day});
+    return as_given ? as_given : valid_day({year, day, month});
+}
+
 }  // namespace
 
 std::int32_t day_of(double date) {
@@ -38,9 +43,12 @@ std::int32_t day_of(double date) {
 }
 
 std::int32_t read_day_month_year(int day, int month, int year, TwoDigitYearMax two_digit_year_max) {
-    const int read_year = full_year(year, two_digit_year_max);
-    if (const auto count = valid_day({read_year, month, day})) return *count;
-    if (const auto count = valid_day({read_year, day, month})) return *count;
+    if (const auto count = valid_day_either_way(full_year(year, two_digit_year_max), month, day)) {
+        return *count;
+    }
+    if (const auto count = valid_day_either_way(full_year(day, two_digit_year_max), month, year)) {
+        return *count;
+    }
     throw Failure(FailureNumber::type_mismatch);
 }
 

@@ -80,9 +80,10 @@ inline constexpr std::int32_t last_day = day_count({9999, 12, 31});
 using TwoDigitYearMax = int (*)();
 
 /// The day count of the date that "day/month/year" is read as by a user who writes the day first.
-/// Where day and month make no date that way round but do the other way round, they are read as
-/// month and day. Years from 0 to 99 are those of the user's hundred years. Failure 13 (type
-/// mismatch) for what is no date: a negative number or a year over 9999 too.
+/// Where that is no date, the platform tries month/day/year, year/month/day and year/day/month, and
+/// so does this: "1/13/2024" is 13 January 2024. Years from 0 to 99 are those of the user's hundred
+/// years. Failure 13 (type mismatch) for what is no date: a negative number or a year over 9999
+/// too.
 [[nodiscard]] std::int32_t read_day_month_year(int day, int month, int year,
                                                TwoDigitYearMax two_digit_year_max);
 

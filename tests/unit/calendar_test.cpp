@@ -110,6 +110,13 @@ TEST(ReadDayMonthYear, FallsBackToMonthAndDay) {
     EXPECT_EQ(read(12, 31, 5), day_count({2005, 12, 31}));
 }
 
+TEST(ReadDayMonthYear, FallsBackToYearMonthAndDay) {
+    EXPECT_EQ(read(31, 4, 1), day_count({1931, 4, 1}));
+    EXPECT_EQ(read(29, 2, 1), day_count({2029, 2, 1}));
+    EXPECT_EQ(read(0, 1, 5), day_count({2000, 1, 5}));
+    EXPECT_EQ(read(2024, 2, 29), day_count({2024, 2, 29}));
+}
+
 TEST(ReadDayMonthYear, FailsForWhatIsNoDate) {
     for (const CivilDate& date :
          {CivilDate{2023, 2, 29}, CivilDate{2024, 4, 31}, CivilDate{2024, -1, 1},
@@ -175,10 +182,9 @@ int users_two_digit_year_max() {
 }
 
 std::optional<std::int32_t> platform_reading(int day, int month, int year) {
-    const auto text =
-        std::to_wstring(day) + L"/" + std::to_wstring(month) + L"/" + std::to_wstring(year);
+    auto text = std::to_wstring(day) + L"/" + std::to_wstring(month) + L"/" + std::to_wstring(year);
     double date = 0;
-    if (FAILED(VarDateFromStr(text.c_str(), LOCALE_USER_DEFAULT, 0, &date))) return std::nullopt;
+    if (FAILED(VarDateFromStr(text.data(), LOCALE_USER_DEFAULT, 0, &date))) return std::nullopt;
     return static_cast<std::int32_t>(date);
 }
 
@@ -190,7 +196,7 @@ TEST(ReadDayMonthYear, ReadsAsThePlatformDoes) {
          {-32768, -1000, -1,  0,   1,   5,    12,   13,   24,   29,   30,   31,   32,    49,
           50,     99,    100, 101, 999, 1582, 1899, 1900, 2000, 2023, 2024, 9999, 10000, 32767}) {
         for (int month = -1; month <= 32; ++month) {
-            for (int day = 1; day <= 31; ++day) {
+            for (int day = 0; day <= 40; ++day) {
                 std::optional<std::int32_t> ours;
                 try {
                     ours = read_day_month_year(day, month, year, users_two_digit_year_max);
