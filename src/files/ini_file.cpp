@@ -5,23 +5,17 @@
 #include <array>
 
 #include "files/ansi_text.h"
+#include "files/ini_text.h"
 
 namespace kovrel {
-namespace {
-
-/// Figure fixed by the members that read values: hosts know where their values are cut.
-constexpr std::size_t read_buffer_size = 255;
-
-}  // namespace
 
 std::wstring read_ini_value(const std::string& file, const std::string& section,
                             const std::string& key, const std::wstring& default_text) {
-    std::array<char, read_buffer_size> buffer{};
+    std::array<char, ini_buffer_size> buffer{};
     const DWORD count =
         GetPrivateProfileStringA(section.c_str(), key.c_str(), to_ansi(default_text).c_str(),
                                  buffer.data(), static_cast<DWORD>(buffer.size()), file.c_str());
-    if (count == 0) return default_text;
-    return from_ansi({buffer.data(), count});
+    return ini_value(from_ansi({buffer.data(), buffer.size()}), count, default_text);
 }
 
 void write_ini_value(const std::string& file, const std::string& section, const std::string& key,
