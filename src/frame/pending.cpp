@@ -223,14 +223,6 @@ std::int16_t clsFGen::Convierte_May(std::int16_t& /*pulsa*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
 
-std::wstring clsFGen::Verifica_NIF(std::wstring /*Nif*/, const bool& /*Mensajes*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsFGen::LetraNIF(const std::int32_t& /*DNI*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
 bool clsFGen::Verifica_CC(const std::wstring& /*CCC*/, const bool& /*BoRequerido*/,
                           const bool& /*BoMsj*/) {
     throw Failure(FailureNumber::action_not_supported);
@@ -254,10 +246,6 @@ std::wstring clsFGen::DC_CC(const std::wstring& /*CCC*/) {
 }
 
 std::wstring clsFGen::Cuenta_CC(const std::wstring& /*CCC*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-void clsFGen::QuitaCaracteresyEspacios(std::wstring& /*strCifNif*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
 
