@@ -16,19 +16,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// A word in an array of fixed size, which can be copied without a look at its length.
-struct Word {
-    static constexpr std::size_t room = 16;
-    std::array<wchar_t, room> letters{};
-    std::size_t length = 0;
-
-    template <std::size_t size>
-    consteval Word(const wchar_t (&word)[size]) : length(size - 1) {
-        std::copy(word, word + length, letters.begin());
-    }
-};
-
-using Words = std::array<Word, 10>;
+using Words = std::array<std::wstring_view, 10>;
 
 constexpr Words units{L"",      L"un",   L"dos",   L"tres", L"cuatro",
                       L"cinco", L"seis", L"siete", L"ocho", L"nueve"};
@@ -42,9 +30,49 @@ constexpr Words tens{L"",          L"",        L"",        L"treinta", L"cuarent
 constexpr Words hundreds{
     L"",           L"ciento",      L"doscientos",  L"trescientos", L"cuatrocientos",
     L"quinientos", L"seiscientos", L"setecientos", L"ochocientos", L"novecientos"};
-constexpr Word hundred_alone{L"cien"};
-constexpr Word blank{L" "};
-constexpr Word between_tens_and_units{L" y "};
+
+/// Words in an array of fixed size, which is copied whole, without a look at its length.
+struct Phrase {
+    std::array<wchar_t, 20> letters{};
+    std::size_t length = 0;
+
+    consteval void append(std::wstring_view word) {
+        for (const wchar_t letter : word) letters[length++] = letter;
+    }
+};
+
+/// The numbers from 0, which is nothing, to 99.
+consteval std::array<Phrase, 100> make_below_hundred() {
+    std::array<Phrase, 100> phrases{};
+    for (std::size_t number = 0; number < phrases.size(); ++number) {
+        const auto ten = number / 10;
+        const auto unit = number % 10;
+        auto& phrase = phrases[number];
+        if (ten == 1) {
+            phrase.append(teens[unit]);
+        } else if (ten == 2) {
+            phrase.append(twenties[unit]);
+        } else {
+            phrase.append(tens[ten]);
+            if (ten != 0 && unit != 0) phrase.append(L" y ");
+            phrase.append(units[unit]);
+        }
+    }
+    return phrases;
+}
+
+/// The hundreds as they stand before tens or units, with a blank, and nothing for none.
+consteval std::array<Phrase, 10> make_hundreds() {
+    std::array<Phrase, 10> phrases{};
+    for (std::size_t hundred = 1; hundred < phrases.size(); ++hundred) {
+        phrases[hundred].append(hundreds[hundred]);
+        phrases[hundred].append(L" ");
+    }
+    return phrases;
+}
+
+constexpr auto below_hundred = make_below_hundred();
+constexpr auto leading_hundreds = make_hundreds();
 
 /// The scale words with their blanks: the thousands, then a singular and a plural for each power
 /// of a million. The plural of octillion has no blank after it; documents in use carry the words
@@ -136,25 +164,42 @@ std::wstring_view without_leading_zeros(std::wstring_view digits) {
 
 /// The number rounded to a whole one, without a sign, in groups of three digits. What is no number
 /// stays as it is, filled up to groups.
-std::wstring grouped_digits(std::wstring_view text, const Regional& regional) {
-    text = trim(text);
-    if (!text.empty() && !is_digit(text.front()) && !regional.number(text.substr(0, 1))) {
-        text.remove_prefix(1);
+class GroupedDigits {
+ public:
+    GroupedDigits(std::wstring_view text, const Regional& regional) {
+        text = trim(text);
+        if (!text.empty() && !is_digit(text.front()) && !regional.number(text.substr(0, 1))) {
+            text.remove_prefix(1);
+        }
+        if (!text.empty() && is_digits(text)) {
+            fill_up(without_leading_zeros(text));
+        } else {
+            fill_up(format_number(text, patterns::whole, regional));
+        }
     }
-    std::wstring rounded;
-    if (text.empty() || !is_digits(text)) {
-        rounded = format_number(text, patterns::whole, regional);
-        text = rounded;
-    } else {
-        text = without_leading_zeros(text);
+    GroupedDigits(const GroupedDigits&) = delete;
+    GroupedDigits& operator=(const GroupedDigits&) = delete;
+
+    [[nodiscard]] std::wstring_view text() const { return text_; }
+
+ private:
+    void fill_up(std::wstring_view digits) {
+        const auto zeros = (3 - digits.size() % 3) % 3;
+        const auto size = zeros + digits.size();
+        wchar_t* first = few_.data();
+        if (size > few_.size()) {
+            many_.resize(size);
+            first = many_.data();
+        }
+        text_ = {first, size};
+        std::copy(digits.begin(), digits.end(), std::fill_n(first, zeros, L'0'));
     }
-    const auto fill = (3 - text.size() % 3) % 3;
-    std::wstring digits;
-    digits.reserve(fill + text.size());
-    digits.append(fill, L'0');
-    digits += text;
-    return digits;
-}
+
+    /// Most numbers fit in here.
+    std::array<wchar_t, 24> few_;
+    std::wstring many_;
+    std::wstring_view text_;
+};
 
 /// Appends the words of three characters, which must be digits (failure 13).
 void append_three_digits(std::wstring& result, std::wstring_view group) {
@@ -163,29 +208,16 @@ void append_three_digits(std::wstring& result, std::wstring_view group) {
         return static_cast<std::size_t>(group[index] - L'0');
     };
     const auto hundred = digit(0);
-    const auto ten = digit(1);
-    const auto unit = digit(2);
-
-    // At most a hundred, a blank, tens, " y " and a unit.
-    std::array<wchar_t, 5 * Word::room> letters;
-    wchar_t* end = letters.data();
-    const auto put = [&end](const Word& word) {
-        std::copy(word.letters.begin(), word.letters.end(), end);
-        end += word.length;
-    };
-    const bool has_rest = ten != 0 || unit != 0;
-    if (hundred != 0) {
-        put(hundred == 1 && !has_rest ? hundred_alone : hundreds[hundred]);
-        if (has_rest) put(blank);
+    const auto rest = digit(1) * 10 + digit(2);
+    if (rest == 0) {
+        result += hundred == 1 ? L"cien"sv : hundreds[hundred];
+        return;
     }
-    if (ten == 1) {
-        put(teens[unit]);
-    } else if (ten == 2) {
-        put(twenties[unit]);
-    } else {
-        put(tens[ten]);
-        if (ten != 0 && unit != 0) put(between_tens_and_units);
-        put(units[unit]);
+    std::array<wchar_t, 40> letters;
+    wchar_t* end = letters.data();
+    for (const Phrase* const phrase : {&leading_hundreds[hundred], &below_hundred[rest]}) {
+        std::copy(phrase->letters.begin(), phrase->letters.end(), end);
+        end += phrase->length;
     }
     result.append(letters.data(), end);
 }
@@ -332,10 +364,11 @@ constexpr UnitNames whole_part_subunit{L"1", L""};
 
 /// Appends the words of a token, or the token itself where it is no number.
 ///
-/// The whole part of a number with decimals is converted as a text again. That ends: the text of a
-/// whole number either reads as that whole number in both ways, or it is written with an exponent
-/// and a regional separator at which the second reading stops, and then its own whole part is the
-/// one digit before the separator.
+/// The whole part of a number with decimals is a text again, since it may be negative or written
+/// with an exponent; digits alone are at once one whole number. The recursion ends: the text of a
+/// whole number either reads as that whole number in both ways, or it has an exponent and a
+/// regional separator at which the second reading stops, and then its own whole part is the one
+/// digit before the separator.
 void append_token(std::wstring& result, std::wstring_view token, const UnitNames& unit,
                   const UnitNames& subunit, const WordsContext& context) {
     const Token reading(token, context.regional);
@@ -350,7 +383,11 @@ void append_token(std::wstring& result, std::wstring_view token, const UnitNames
         return;
     }
     if (whole.front() == L'-') result += L"menos "sv;
-    append_text(result, whole, unit, whole_part_subunit, context);
+    if (is_digits(whole)) {
+        append_whole_number(result, whole, unit, context);
+    } else {
+        append_text(result, whole, unit, whole_part_subunit, context);
+    }
     result += L" con "sv;
     append_whole_number(result, middle(token, whole.size() + 2), subunit, context);
 }
@@ -362,7 +399,8 @@ void append_text(std::wstring& result, std::wstring_view text, const UnitNames& 
         const auto start = result.size();
         text = trim(text);
         for (std::size_t first = 0; first < text.size();) {
-            const auto end = std::min(text.find(L' ', first), text.size());
+            auto end = first;
+            while (end < text.size() && text[end] != L' ') ++end;
             append_token(result, text.substr(first, end - first), unit, subunit, context);
             result.push_back(L' ');
             first = end + 1;
@@ -376,7 +414,8 @@ void append_whole_number(std::wstring& result, std::wstring_view text, const Uni
                          const WordsContext& context) {
     guarded_step(result, context, [&] {
         const auto start = result.size();
-        const auto digits = grouped_digits(text, context.regional);
+        const GroupedDigits grouped(text, context.regional);
+        const auto digits = grouped.text();
         if (digits.size() == 3) {
             append_three_digits(result, digits);
             if (result.size() == start) result += L"cero"sv;
@@ -397,7 +436,8 @@ void append_group(std::wstring& result, std::wstring_view text, const UnitNames&
     guarded_step(result, context, [&] {
         const auto start = result.size();
         if (text.size() == 3 && is_digits(text)) return append_three_digits(result, text);
-        const auto digits = grouped_digits(text, context.regional);
+        const GroupedDigits grouped(text, context.regional);
+        const auto digits = grouped.text();
         if (digits.size() == 3) return append_three_digits(result, digits);
         append_groups(result, digits, unit, context);
         trim_from(result, start);

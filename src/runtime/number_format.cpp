@@ -99,7 +99,7 @@ std::optional<std::wstring> write_quickly(double value, NumberPattern pattern,
     if (fraction > 0.5) ++number;
 
     const bool negative = value < 0 && number != 0;
-    std::array<wchar_t, 32> buffer{};
+    std::array<wchar_t, 32> buffer;
     std::size_t first = buffer.size();
     const auto put_digit = [&] {
         buffer[--first] = static_cast<wchar_t>(L'0' + number % 10);
@@ -265,9 +265,9 @@ std::optional<double> plain_number(std::wstring_view text, wchar_t decimal_separ
     return plain->negative ? -value : value;
 }
 
-double leading_number(std::wstring_view given) {
-    const std::wstring text = without_blanks(given);
-    std::wstring_view rest = text;
+double leading_number(std::wstring_view text) {
+    const std::wstring characters = without_blanks(text);
+    std::wstring_view rest = characters;
     if (rest.size() >= 2 && rest.front() == L'&' &&
         std::wstring_view(L"hHoO").find(rest[1]) != std::wstring_view::npos) {
         return prefixed_number(rest.substr(1));

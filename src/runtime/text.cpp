@@ -36,9 +36,10 @@ void make_upper(std::wstring& text) noexcept {
     std::uint32_t seen = 0;
     for (wchar_t& character : text) {
         const auto code = static_cast<std::uint32_t>(character);
-        const bool is_small =
-            (code >= 0x61 && code <= 0x7A) || (code >= 0xE0 && code <= 0xFE && code != 0xF7);
-        character = static_cast<wchar_t>(code - (is_small ? 0x20U : 0U));
+        const std::uint32_t ascii = code - 0x61U < 26U ? 0x20U : 0U;
+        const std::uint32_t latin = code - 0xE0U < 31U ? 0x20U : 0U;
+        const std::uint32_t division_sign = code == 0xF7U ? 0x20U : 0U;
+        character = static_cast<wchar_t>(code - ((ascii | latin) ^ division_sign));
         seen |= code + 1;
     }
     if (seen <= 0xFF) return;
