@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <new>
 #include <optional>
 #include <stdexcept>
@@ -31,14 +32,17 @@ constexpr Words hundreds{
     L"",           L"ciento",      L"doscientos",  L"trescientos", L"cuatrocientos",
     L"quinientos", L"seiscientos", L"setecientos", L"ochocientos", L"novecientos"};
 
-/// Words in an array of fixed size, which is copied whole, without a look at its length.
-struct Phrase {
-    std::array<wchar_t, 20> letters{};
-    std::size_t length = 0;
-
+/// A text made by the compiler.
+class Phrase {
+ public:
     consteval void append(std::wstring_view word) {
-        for (const wchar_t letter : word) letters[length++] = letter;
+        for (const wchar_t letter : word) letters_[length_++] = letter;
     }
+    [[nodiscard]] std::wstring_view text() const { return {letters_.data(), length_}; }
+
+ private:
+    std::array<wchar_t, 20> letters_{};
+    std::size_t length_ = 0;
 };
 
 /// The numbers from 0, which is nothing, to 99.
@@ -213,13 +217,8 @@ void append_three_digits(std::wstring& result, std::wstring_view group) {
         result += hundred == 1 ? L"cien"sv : hundreds[hundred];
         return;
     }
-    std::array<wchar_t, 40> letters;
-    wchar_t* end = letters.data();
-    for (const Phrase* const phrase : {&leading_hundreds[hundred], &below_hundred[rest]}) {
-        std::copy(phrase->letters.begin(), phrase->letters.end(), end);
-        end += phrase->length;
-    }
-    result.append(letters.data(), end);
+    result += leading_hundreds[hundred].text();
+    result += below_hundred[rest].text();
 }
 
 void append_group(std::wstring& result, std::wstring_view text, const UnitNames& unit,
@@ -409,24 +408,46 @@ void append_text(std::wstring& result, std::wstring_view text, const UnitNames& 
     });
 }
 
+/// Appends the words of digits in groups of three, with their unit.
+void append_digits(std::wstring& result, std::wstring_view digits, const UnitNames& unit,
+                   const WordsContext& context) {
+    const auto start = result.size();
+    if (digits.size() == 3) {
+        append_three_digits(result, digits);
+        if (result.size() == start) result += L"cero"sv;
+        // A single group looks at the singular name alone, several groups at both names.
+        if (unit.one.empty() && tail(result, start).ends_with(L"un"sv)) result.push_back(L'o');
+    } else if (!append_groups(result, digits, unit, context)) {
+        return;
+    }
+    result.push_back(L' ');
+    result += digits == L"001"sv ? unit.one : unit.other;
+    trim_from(result, start);
+}
+
 /// The second step: one whole number with its unit.
 void append_whole_number(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                          const WordsContext& context) {
     guarded_step(result, context, [&] {
-        const auto start = result.size();
         const GroupedDigits grouped(text, context.regional);
-        const auto digits = grouped.text();
-        if (digits.size() == 3) {
-            append_three_digits(result, digits);
-            if (result.size() == start) result += L"cero"sv;
-            // A single group looks at the singular name alone, several groups at both names.
-            if (unit.one.empty() && tail(result, start).ends_with(L"un"sv)) result.push_back(L'o');
-        } else if (!append_groups(result, digits, unit, context)) {
-            return;
-        }
-        result.push_back(L' ');
-        result += digits == L"001"sv ? unit.one : unit.other;
-        trim_from(result, start);
+        append_digits(result, grouped.text(), unit, context);
+    });
+}
+
+/// The second step for a number whose digits need not be read from a text.
+void append_whole_number(std::wstring& result, std::uint64_t number, const UnitNames& unit,
+                         const WordsContext& context) {
+    guarded_step(result, context, [&] {
+        std::array<wchar_t, 21> digits;  // the largest number has 20
+        std::size_t first = digits.size();
+        do {
+            for (int place = 0; place < 3; ++place) {
+                digits[--first] = static_cast<wchar_t>(L'0' + number % 10);
+                number /= 10;
+            }
+        } while (number != 0);
+        append_digits(result, std::wstring_view(digits.data(), digits.size()).substr(first), unit,
+                      context);
     });
 }
 
@@ -470,10 +491,23 @@ std::wstring group_in_words(std::wstring_view text, UnitNames unit, const WordsC
 }
 
 std::wstring euros_in_words(double amount, const WordsContext& context) {
-    const auto amount_text = format_number(amount, patterns::two_decimals,
-                                           context.regional.settings().decimal_separator);
-    auto words =
-        text_in_words(amount_text, {L"Euro"sv, L"Euros"sv}, {L"Céntimo"sv, L"Céntimos"sv}, context);
+    constexpr UnitNames euros{L"Euro", L"Euros"};
+    constexpr UnitNames cents{L"Céntimo", L"Céntimos"};
+    std::wstring words;
+    const auto rounded = amount < 0 ? std::nullopt : quickly_rounded(amount, 2);
+    if (rounded) {
+        // What the text of the amount would be read as, without the text.
+        words.reserve(usual_length);
+        append_whole_number(words, *rounded / 100, euros, context);
+        if (*rounded % 100 != 0) {
+            words += L" con "sv;
+            append_whole_number(words, *rounded % 100, cents, context);
+        }
+    } else {
+        const auto text = format_number(amount, patterns::two_decimals,
+                                        context.regional.settings().decimal_separator);
+        words = text_in_words(text, euros, cents, context);
+    }
     make_upper(words);
     return words;
 }
