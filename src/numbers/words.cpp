@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <new>
 #include <optional>
 #include <stdexcept>
 
+#include "numbers/number_names.h"
+#include "numbers/number_token.h"
 #include "runtime/number_format.h"
 #include "runtime/text.h"
 
@@ -16,114 +17,7 @@ namespace kovrel {
 namespace {
 
 using namespace std::string_view_literals;
-
-using Words = std::array<std::wstring_view, 10>;
-
-constexpr Words units{L"",      L"un",   L"dos",   L"tres", L"cuatro",
-                      L"cinco", L"seis", L"siete", L"ocho", L"nueve"};
-constexpr Words teens{L"diez",   L"once",      L"doce",       L"trece",     L"catorce",
-                      L"quince", L"dieciséis", L"diecisiete", L"dieciocho", L"diecinueve"};
-constexpr Words twenties{L"veinte",       L"veintiun",    L"veintidós",  L"veintitrés",
-                         L"veinticuatro", L"veinticinco", L"veintiseis", L"veintisiete",
-                         L"veintiocho",   L"veintinueve"};
-constexpr Words tens{L"",          L"",        L"",        L"treinta", L"cuarenta",
-                     L"cincuenta", L"sesenta", L"setenta", L"ochenta", L"noventa"};
-constexpr Words hundreds{
-    L"",           L"ciento",      L"doscientos",  L"trescientos", L"cuatrocientos",
-    L"quinientos", L"seiscientos", L"setecientos", L"ochocientos", L"novecientos"};
-
-/// A text made by the compiler.
-class Phrase {
- public:
-    consteval void append(std::wstring_view word) {
-        for (const wchar_t letter : word) letters_[length_++] = letter;
-    }
-    [[nodiscard]] std::wstring_view text() const { return {letters_.data(), length_}; }
-
- private:
-    std::array<wchar_t, 20> letters_{};
-    std::size_t length_ = 0;
-};
-
-/// The numbers from 0, which is nothing, to 99.
-consteval std::array<Phrase, 100> make_below_hundred() {
-    std::array<Phrase, 100> phrases{};
-    for (std::size_t number = 0; number < phrases.size(); ++number) {
-        const auto ten = number / 10;
-        const auto unit = number % 10;
-        auto& phrase = phrases[number];
-        if (ten == 1) {
-            phrase.append(teens[unit]);
-        } else if (ten == 2) {
-            phrase.append(twenties[unit]);
-        } else {
-            phrase.append(tens[ten]);
-            if (ten != 0 && unit != 0) phrase.append(L" y ");
-            phrase.append(units[unit]);
-        }
-    }
-    return phrases;
-}
-
-/// The hundreds as they stand before tens or units, with a blank, and nothing for none.
-consteval std::array<Phrase, 10> make_hundreds() {
-    std::array<Phrase, 10> phrases{};
-    for (std::size_t hundred = 1; hundred < phrases.size(); ++hundred) {
-        phrases[hundred].append(hundreds[hundred]);
-        phrases[hundred].append(L" ");
-    }
-    return phrases;
-}
-
-constexpr auto below_hundred = make_below_hundred();
-constexpr auto leading_hundreds = make_hundreds();
-
-/// The scale words with their blanks: the thousands, then a singular and a plural for each power
-/// of a million. The plural of octillion has no blank after it; documents in use carry the words
-/// run together.
-constexpr std::array<std::wstring_view, 41> scale{
-    L" mil ",
-    L" millón ",
-    L" millones ",
-    L" billón ",
-    L" billones ",
-    L" trillón ",
-    L" trillones ",
-    L" cuatrillón ",
-    L" cuatrillones ",
-    L" quintillón ",
-    L" quintillones ",
-    L" sextillón ",
-    L" sextillones ",
-    L" septillón ",
-    L" septillones ",
-    L" octillón ",
-    L" octillones",
-    L" nonillón ",
-    L" nonillones ",
-    L" decillón ",
-    L" decillones ",
-    L" undecillón ",
-    L" undecillones ",
-    L" duodecillón ",
-    L" duodecillones ",
-    L" tredecillón ",
-    L" tredecillones ",
-    L" cuatordecillón ",
-    L" cuatordecillones ",
-    L" quindecillón ",
-    L" quindecillones ",
-    L" sexdecillón ",
-    L" sexdecillones ",
-    L" septendecillón ",
-    L" septendecillones ",
-    L" octodecillón ",
-    L" octodecillones ",
-    L" novendecillón ",
-    L" novendecillones ",
-    L" vigintillón ",
-    L" vigintillones ",
-};
+using namespace number_names;
 
 /// Runs one step of the conversion, which appends to `result`. A failure in it is told and leaves
 /// nothing of what the step appended.
@@ -155,15 +49,6 @@ void trim_from(std::wstring& text, std::size_t start) {
 
 std::wstring_view tail(const std::wstring& text, std::size_t start) {
     return std::wstring_view(text).substr(start);
-}
-
-bool is_digits(std::wstring_view text) noexcept {
-    return std::all_of(text.begin(), text.end(), is_digit);
-}
-
-/// The digits without zeros in front; the last digit stays.
-std::wstring_view without_leading_zeros(std::wstring_view digits) {
-    return digits.substr(std::min(digits.find_first_not_of(L'0'), digits.size() - 1));
 }
 
 /// The number rounded to a whole one, without a sign, in groups of three digits. What is no number
@@ -294,69 +179,6 @@ bool append_groups(std::wstring& result, std::wstring_view digits, const UnitNam
     return true;
 }
 
-/// What a token stands for.
-class Token {
- public:
-    Token(std::wstring_view token, const Regional& regional) {
-        if (!read_short(token, regional.settings().decimal_separator)) read(token, regional);
-    }
-    Token(const Token&) = delete;
-    Token& operator=(const Token&) = delete;
-
-    [[nodiscard]] bool is_number() const { return is_number_; }
-    [[nodiscard]] bool is_negative() const { return is_negative_; }
-    /// The whole part by the reading that knows no regional settings, as text, where the
-    /// regional value lies above it; else empty.
-    [[nodiscard]] std::wstring_view whole_part() const { return whole_part_; }
-
- private:
-    bool read_short(std::wstring_view token, wchar_t separator);
-    void read(std::wstring_view token, const Regional& regional);
-
-    bool is_number_ = false;
-    bool is_negative_ = false;
-    std::wstring_view whole_part_;
-    std::wstring storage_;
-};
-
-/// The reading of a positive number of few digits, which needs no arithmetic: both readings have
-/// its whole part, and its value lies above that if it has decimals other than zero. False for a
-/// token that this reading does not cover.
-bool Token::read_short(std::wstring_view token, wchar_t separator) {
-    constexpr std::size_t exact_digits = 15;
-    if (token.size() > exact_digits) return false;
-    std::size_t whole_digits = 0;
-    while (whole_digits < token.size() && is_digit(token[whole_digits])) ++whole_digits;
-    if (whole_digits == 0) return false;
-    if (whole_digits < token.size()) {
-        const auto decimals = token.substr(whole_digits + 1);
-        if (token[whole_digits] != separator || !is_digits(decimals)) return false;
-        if (decimals.find_first_not_of(L'0') != std::wstring_view::npos) {
-            whole_part_ = without_leading_zeros(token.substr(0, whole_digits));
-        }
-    }
-    is_number_ = true;
-    return true;
-}
-
-void Token::read(std::wstring_view token, const Regional& regional) {
-    const auto separator = regional.settings().decimal_separator;
-    auto value = plain_number(token, separator);
-    if (!value) value = regional.number(token);
-    if (!value) return;
-    is_number_ = true;
-    is_negative_ = *value < 0;
-    // Past the range of a double the decimals of a plain number do not matter any more.
-    if (std::isinf(*value)) return;
-    const double whole = std::floor(leading_number(token));
-    if (*value > whole) {
-        storage_ = number_to_text(whole, separator);
-        // A token that is the text of its own whole part has no decimals, whichever way its last
-        // bits were read.
-        if (storage_ != token) whole_part_ = storage_;
-    }
-}
-
 /// The names for the decimals of a whole part, which only a whole part written with an exponent
 /// can come to have.
 constexpr UnitNames whole_part_subunit{L"1", L""};
@@ -370,7 +192,7 @@ constexpr UnitNames whole_part_subunit{L"1", L""};
 /// digit before the separator.
 void append_token(std::wstring& result, std::wstring_view token, const UnitNames& unit,
                   const UnitNames& subunit, const WordsContext& context) {
-    const Token reading(token, context.regional);
+    const NumberToken reading(token, context.regional);
     if (!reading.is_number()) {
         result += token;
         return;
