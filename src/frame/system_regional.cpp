@@ -45,4 +45,12 @@ std::optional<double> SystemRegional::date(std::wstring_view text) const {
     return value;
 }
 
+int two_digit_year_max() {
+    constexpr int platform_default = 2029;
+    DWORD year = 0;
+    const int read = GetCalendarInfoW(LOCALE_USER_DEFAULT, CAL_GREGORIAN,
+                                      CAL_ITWODIGITYEARMAX | CAL_RETURN_NUMBER, nullptr, 0, &year);
+    return read != 0 ? static_cast<int>(year) : platform_default;
+}
+
 }  // namespace kovrel

@@ -12,4 +12,7 @@ class SystemRegional final : public Regional {
     [[nodiscard]] std::optional<double> date(std::wstring_view text) const override;
 };
 
+/// The last of the hundred years that a two-digit year stands for: a setting of the user's.
+[[nodiscard]] int two_digit_year_max();
+
 }  // namespace kovrel

@@ -6,6 +6,7 @@
 
 #include "automation/class_info.h"
 #include "frame/app_origin.h"
+#include "frame/clsFGen.h"
 
 namespace kovrel {
 
@@ -20,6 +21,10 @@ class clsCSQL : public AppOrigen {
     std::wstring Conv_Date_Date(const Date& Fecha);
     std::int16_t Conv_Boolean(const bool& BooDato);
     std::wstring Conv_String(const std::wstring& StrCadena);
+
+ private:
+    /// Its own, which never learns the host's name.
+    clsFGen general_;
 };
 
 }  // namespace kovrel

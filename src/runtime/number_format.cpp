@@ -81,25 +81,16 @@ Decimal to_decimal(double value) {
     return number;
 }
 
-/// The number in the pattern where binary arithmetic is sure to round as the 15 decimal digits do:
-/// far from a half, and with digits to spare. Most amounts are of this kind.
+/// The number in the pattern, where it can be rounded quickly.
 std::optional<std::wstring> write_quickly(double value, NumberPattern pattern,
                                           wchar_t decimal_separator) {
-    constexpr std::array powers{1.0, 10.0, 100.0, 1000.0, 10000.0};
-    constexpr double digits_to_spare = 1e12;
-    constexpr double near_a_half = 0.01;
     constexpr int most_whole_digits = 8;
-    const auto decimals = static_cast<std::size_t>(pattern.decimals);
-    if (decimals >= powers.size() || pattern.whole_digits > most_whole_digits) return std::nullopt;
-    const double scaled = std::abs(value) * powers[decimals];
-    if (!(scaled < digits_to_spare)) return std::nullopt;
-    auto number = static_cast<std::uint64_t>(scaled);
-    const double fraction = scaled - static_cast<double>(number);
-    if (std::abs(fraction - 0.5) < near_a_half) return std::nullopt;
-    if (fraction > 0.5) ++number;
-
+    if (pattern.whole_digits > most_whole_digits) return std::nullopt;
+    const auto rounded = quickly_rounded(value, pattern.decimals);
+    if (!rounded) return std::nullopt;
+    auto number = *rounded;
     const bool negative = value < 0 && number != 0;
-    std::array<wchar_t, 32> buffer{};
+    std::array<wchar_t, 32> buffer;
     std::size_t first = buffer.size();
     const auto put_digit = [&] {
         buffer[--first] = static_cast<wchar_t>(L'0' + number % 10);
@@ -213,6 +204,22 @@ std::wstring without_blanks(std::wstring_view text) {
 
 }  // namespace
 
+std::optional<std::uint64_t> quickly_rounded(double value, int decimals) noexcept {
+    // Binary arithmetic is sure to round as the 15 decimal digits do with digits to spare and far
+    // from a half.
+    constexpr std::array powers{1.0, 10.0, 100.0, 1000.0, 10000.0};
+    constexpr double digits_to_spare = 1e12;
+    constexpr double near_a_half = 0.01;
+    const auto power = static_cast<std::size_t>(decimals);
+    if (power >= powers.size()) return std::nullopt;
+    const double scaled = std::abs(value) * powers[power];
+    if (!(scaled < digits_to_spare)) return std::nullopt;
+    const auto whole = static_cast<std::uint64_t>(scaled);
+    const double fraction = scaled - static_cast<double>(whole);
+    if (std::abs(fraction - 0.5) < near_a_half) return std::nullopt;
+    return fraction > 0.5 ? whole + 1 : whole;
+}
+
 std::wstring format_number(double value, NumberPattern pattern, wchar_t decimal_separator) {
     if (auto text = write_quickly(value, pattern, decimal_separator)) return *std::move(text);
     return write(to_decimal(value), pattern, decimal_separator);
@@ -265,9 +272,9 @@ std::optional<double> plain_number(std::wstring_view text, wchar_t decimal_separ
     return plain->negative ? -value : value;
 }
 
-double leading_number(std::wstring_view given) {
-    const std::wstring text = without_blanks(given);
-    std::wstring_view rest = text;
+double leading_number(std::wstring_view text) {
+    const std::wstring characters = without_blanks(text);
+    std::wstring_view rest = characters;
     if (rest.size() >= 2 && rest.front() == L'&' &&
         std::wstring_view(L"hHoO").find(rest[1]) != std::wstring_view::npos) {
         return prefixed_number(rest.substr(1));

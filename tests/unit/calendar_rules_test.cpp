@@ -49,7 +49,7 @@ TEST(YearToTwoDigits, WritesTheLastTwo) {
 TEST(YearToFourDigits, EveryYearIsOfThisCentury) {
     const auto converted = [](int typed) {
         auto year = static_cast<std::int16_t>(typed);
-        const auto text = year_to_four_digits(year, until_2029);
+        auto text = year_to_four_digits(year, until_2029);
         EXPECT_EQ(year, typed + 2000);
         return text;
     };
@@ -223,8 +223,8 @@ TEST(MonthName, IsInCapitals) {
     constexpr std::array<const wchar_t*, 14> names{
         L"---",   L"ENERO",  L"FEBRERO",    L"MARZO",   L"ABRIL",     L"MAYO",      L"JUNIO",
         L"JULIO", L"AGOSTO", L"SEPTIEMBRE", L"OCTUBRE", L"NOVIEMBRE", L"DICIEMBRE", L"---"};
-    for (std::uint8_t month = 0; month < names.size(); ++month) {
-        EXPECT_EQ(month_name(month), names[month]);
+    for (std::size_t month = 0; month < names.size(); ++month) {
+        EXPECT_EQ(month_name(static_cast<std::uint8_t>(month)), names[month]);
     }
     EXPECT_EQ(month_name(255), L"---");
 }
