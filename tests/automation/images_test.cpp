@@ -1,4 +1,5 @@
 // clsADODBServices as hosts call it: files and pictures in fields, with the sizes of every chunk.
+#include <windows.h>
 #include <olectl.h>
 
 #include <cmath>

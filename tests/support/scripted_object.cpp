@@ -62,10 +62,10 @@ int ScriptedObject::alive() noexcept {
 ScriptedObject::Member& ScriptedObject::member(const std::wstring& name) {
     for (Member& known : members_) {
         if (!equal_without_case(known.name, name)) continue;
-        known = Member{known.name, {}, {}, false, false};
+        known = Member{known.name, {}, {}, false, false, false};
         return known;
     }
-    members_.push_back({name, {}, {}, false, false});
+    members_.push_back({name, {}, {}, false, false, false});
     values_.emplace_back();
     return members_.back();
 }
@@ -93,6 +93,7 @@ ScriptedObject& ScriptedObject::method(const std::wstring& name, Action action) 
     Member& added = member(name);
     added.get = action ? std::move(action) : [](const Arguments&) { return Variant(); };
     added.is_method = true;
+    added.answers_calls = true;
     return *this;
 }
 
@@ -101,6 +102,7 @@ ScriptedObject& ScriptedObject::fails(const std::wstring& name, ObjectFailure fa
     Member& added = member(name);
     added.get = fail;
     added.put = fail;
+    added.answers_calls = true;
     return *this;
 }
 
@@ -200,7 +202,7 @@ HRESULT ScriptedObject::Invoke(DISPID member, REFIID /*id*/, LCID /*locale*/, WO
     const bool puts = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
     const Member* const found = find(member);
     if (found == nullptr || !(puts ? found->put : found->get)) return DISP_E_MEMBERNOTFOUND;
-    if (flags == DISPATCH_METHOD && !found->is_method && found->put) return DISP_E_MEMBERNOTFOUND;
+    if (flags == DISPATCH_METHOD && !found->answers_calls) return DISP_E_MEMBERNOTFOUND;
     try {
         Arguments arguments;
         for (UINT index = parameters->cArgs; index > 0; --index) {

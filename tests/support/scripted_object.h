@@ -82,6 +82,7 @@ class ScriptedObject final : public IDispatch {
         Action get;
         Action put;
         bool is_method = false;
+        bool answers_calls = false;
         bool removed = false;
     };
 
