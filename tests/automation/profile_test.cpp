@@ -321,9 +321,9 @@ TEST_F(Profile, TheBrowserBeginsAtTheFolderGivenAndReturnsTheOneChosen) {
             if (opened_on_folder) save_picture(dialog, picture_folder() / L"folder_browser.png");
             press(dialog, opened_on_folder ? IDOK : IDCANCEL);
         })});
-        EXPECT_EQ(text_of_result(call(profile_.get(), L"BrowseForFolder",
-                                      {0, L"Elija la carpeta ñ", folder_ / L"Año"})),
-                  opened_on_folder ? folder_ / L"Año" : std::wstring());
+        const std::wstring chosen = text_of_result(
+            call(profile_.get(), L"BrowseForFolder", {0, L"Elija la carpeta ñ", folder_ / L"Año"}));
+        EXPECT_EQ(chosen, opened_on_folder ? folder_ / L"Año" : std::wstring());
         EXPECT_EQ(prompt, L"Elija la carpeta ñ");
     }
     EXPECT_TRUE(opened_on_folder);
