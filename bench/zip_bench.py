@@ -8,6 +8,7 @@ memory for an input of 10 MB and one of 1 GB.
 """
 import argparse
 import io
+import itertools
 import os
 import random
 import shutil
@@ -17,13 +18,18 @@ import tempfile
 import time
 import zipfile
 
-WORDS = ("factura cliente contrato importe fecha pago cuenta banco total impuesto base línea "
-         "pedido albarán descuento vencimiento recibo empresa provincia número código la el de "
-         "que y en a los se del las por un para con no una su al lo como más pero sus").split()
+def vocabulary(rng):
+    syllables = [c + v for c in "bcdfglmnprstv" for v in ("a", "e", "i", "o", "u", "á", "ón", "es")]
+    return ["".join(rng.choices(syllables, k=rng.choice((1, 2, 2, 3, 3, 4)))) for _ in range(4000)]
+
+
+WORDS = vocabulary(random.Random(1))
+# The n-th most frequent word comes 1/n times as often as the first, as in any language.
+FREQUENCIES = list(itertools.accumulate(1 / n for n in range(1, len(WORDS) + 1)))
 
 
 def text(rng, size):
-    words = rng.choices(WORDS, k=size // 7)
+    words = rng.choices(WORDS, cum_weights=FREQUENCIES, k=size // 7)
     for i in range(0, len(words), 11):
         words[i] = str(rng.randrange(10**6))
     lines = [" ".join(words[i:i + 14]) for i in range(0, len(words), 14)]
@@ -39,7 +45,7 @@ def picture(rng, size):
 
 
 def office_document(rng, size):
-    cells = rng.choices(WORDS, k=size // 9)
+    cells = rng.choices(WORDS, cum_weights=FREQUENCIES, k=size // 9)
     xml = "".join(f'<c r="A{i}" t="s"><v>{word}{rng.randrange(1000)}</v></c>'
                   for i, word in enumerate(cells))
     buffer = io.BytesIO()
@@ -74,17 +80,30 @@ def timed(command):
     return time.perf_counter() - start
 
 
+def high_water(pid):
+    """The largest memory so far, in KB, of a process since it began its program."""
+    try:
+        with open(f"/proc/{pid}/status", encoding="ascii") as status:
+            return max((int(line.split()[1]) for line in status if line.startswith("VmHWM")),
+                       default=0)
+    except OSError:
+        return 0
+
+
 def peak_memory(cli, folder, size):
-    path = os.path.join(folder, "large.bin")
+    path, archive = os.path.join(folder, "large.bin"), os.path.join(folder, "large.zip")
     block = (text(random.Random(7), 600_000) + picture(random.Random(8), 400_000))[:1_000_000]
     with open(path, "wb") as file:
         for _ in range(size // len(block)):
             file.write(block)
-    child = subprocess.Popen([cli, "-1", os.path.join(folder, "large.zip"), path])
-    usage = os.wait4(child.pid, 0)[2]
+    peak = 0
+    with subprocess.Popen([cli, "-1", "-t", "2", archive, path]) as child:
+        while child.poll() is None:
+            peak = max(peak, high_water(child.pid))
+            time.sleep(0.005)
     os.remove(path)
-    os.remove(os.path.join(folder, "large.zip"))
-    return usage.ru_maxrss
+    os.remove(archive)
+    return peak
 
 
 def main():

@@ -5,9 +5,9 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
-#include <utility>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 #include "file_access.h"
 #include "names.h"
