@@ -54,10 +54,13 @@ std::wstring_view failure_description(std::int32_t number) noexcept {
     return found == descriptions.end() ? std::wstring_view{} : found->text;
 }
 
-Failure::Failure(FailureNumber number)
-    : number_(static_cast<std::int32_t>(number)), description_(failure_description(number_)) {}
+Failure::Failure(FailureNumber number) noexcept : number_(static_cast<std::int32_t>(number)) {}
 
 Failure::Failure(std::int32_t number, std::wstring description)
-    : number_(number), description_(std::move(description)) {}
+    : number_(number), description_(std::make_shared<const std::wstring>(std::move(description))) {}
+
+std::wstring_view Failure::description() const noexcept {
+    return description_ ? std::wstring_view(*description_) : failure_description(number_);
+}
 
 }  // namespace kovrel

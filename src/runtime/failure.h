@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -44,17 +45,19 @@ enum class FailureNumber : std::int32_t {
 class Failure final : public std::exception {
  public:
     /// A failure of the library's own, with the description of its number.
-    explicit Failure(FailureNumber number);
+    /// Takes no memory, so that memory exhaustion itself can be reported.
+    explicit Failure(FailureNumber number) noexcept;
     /// A failure of somebody else's (a host's object, the system), with its own description.
     Failure(std::int32_t number, std::wstring description);
 
     [[nodiscard]] std::int32_t number() const noexcept { return number_; }
-    [[nodiscard]] const std::wstring& description() const noexcept { return description_; }
+    /// Ends in a zero character.
+    [[nodiscard]] std::wstring_view description() const noexcept;
     [[nodiscard]] const char* what() const noexcept override { return "kovrel::Failure"; }
 
  private:
     std::int32_t number_;
-    std::wstring description_;
+    std::shared_ptr<const std::wstring> description_;  // absent: that of the number
 };
 
 /// The Spanish description of a failure number; empty for a number that has none.

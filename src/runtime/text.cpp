@@ -1,6 +1,7 @@
 #include "runtime/text.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace kovrel {
 
@@ -30,10 +31,24 @@ wchar_t to_upper(wchar_t character) noexcept {
     return character;
 }
 
+void make_upper(std::wstring& text) noexcept {
+    // ASCII and Latin-1 in a loop that compilers vectorize; the few letters beyond one by one.
+    std::uint32_t seen = 0;
+    for (wchar_t& character : text) {
+        const auto code = static_cast<std::uint32_t>(character);
+        const bool is_small =
+            (code >= 0x61 && code <= 0x7A) || (code >= 0xE0 && code <= 0xFE && code != 0xF7);
+        character = static_cast<wchar_t>(code - (is_small ? 0x20U : 0U));
+        seen |= code + 1;
+    }
+    if (seen <= 0xFF) return;
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](wchar_t character) { return to_upper(character); });
+}
+
 std::wstring to_upper(std::wstring_view text) {
     std::wstring result(text);
-    std::transform(result.begin(), result.end(), result.begin(),
-                   [](wchar_t character) { return to_upper(character); });
+    make_upper(result);
     return result;
 }
 

@@ -20,6 +20,7 @@ namespace kovrel {
 /// Any other character is its own capital.
 [[nodiscard]] wchar_t to_upper(wchar_t character) noexcept;
 [[nodiscard]] std::wstring to_upper(std::wstring_view text);
+void make_upper(std::wstring& text) noexcept;
 
 /// True when the two texts differ at most in the case of their letters (see to_upper).
 [[nodiscard]] bool equal_without_case(std::wstring_view left, std::wstring_view right) noexcept;

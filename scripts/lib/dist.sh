@@ -1,0 +1,43 @@
+# shellcheck shell=bash disable=SC2154
+# Builds, strips and describes the files that users copy. Source after common.sh and wine.sh.
+
+dist_tool() {
+    case "$1" in
+        x86) echo "i686-w64-mingw32-$2" ;;
+        x64) echo "x86_64-w64-mingw32-$2" ;;
+        *) die "no such architecture: $1" ;;
+    esac
+}
+
+imports_of() { LC_ALL=C "$(dist_tool "$1" objdump)" -p "$2" | sed -n 's/^\tDLL Name: //p' | sort -uf; }
+
+# The export table's names; objdump prints them after "[Ordinal/Name Pointer] Table".
+exports_of() {
+    LC_ALL=C "$(dist_tool "$1" objdump)" -p "$2" |
+        awk '/^\[Ordinal\/Name Pointer\] Table/ { in_table = 1; next }
+             in_table && /^\t\[/ { print $NF; next }
+             NF == 0 { in_table = 0 }' | sort
+}
+
+describe_library() {
+    local arch=$1 file=$2
+    printf '%s: %d bytes\n  imports: %s\n  exports: %s\n' "${file#"$root/"}" "$(stat -c %s "$file")" \
+        "$(imports_of "$arch" "$file" | paste -sd' ')" "$(exports_of "$arch" "$file" | paste -sd' ')"
+}
+
+make_dist() {
+    local arch=$1 out="$root/dist/$1" file
+    build_preset "$arch"
+    mkdir -p "$out"
+    for file in kovrel.dll kovrel.tlb zip32.dll; do
+        if [ ! -f "$build/$arch/bin/$file" ]; then
+            die "the build of $arch left no bin/$file"
+        fi
+        # An unchanged file keeps its time, so that nothing that follows from it is made anew.
+        cp "$build/$arch/bin/$file" "$out/$file.new"
+        case "$file" in *.dll) "$(dist_tool "$arch" strip)" "$out/$file.new" ;; esac
+        if cmp -s "$out/$file.new" "$out/$file"; then rm "$out/$file.new"; else mv "$out/$file.new" "$out/$file"; fi
+    done
+    describe_library "$arch" "$out/kovrel.dll"
+    describe_library "$arch" "$out/zip32.dll"
+}

@@ -1,0 +1,36 @@
+#include "automation/boundary.h"
+
+#include <new>
+
+#include "automation/com_ptr.h"
+
+namespace kovrel {
+
+Failure current_failure() noexcept {
+    try {
+        throw;
+    } catch (const Failure& failure) {
+        return failure;
+    } catch (const std::bad_alloc&) {
+        return Failure(FailureNumber::out_of_memory);
+    } catch (...) {
+        return Failure(FailureNumber::invalid_argument);
+    }
+}
+
+HRESULT hresult_of(const Failure& failure) noexcept {
+    const std::int32_t number = failure.number();
+    if (number < 0) return number;
+    if (number == 0 || number > 0xFFFF) return E_FAIL;
+    return MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, number);
+}
+
+void set_error_object(const Failure& failure, const wchar_t* source) noexcept {
+    ComPtr<ICreateErrorInfo> creator;
+    if (FAILED(CreateErrorInfo(creator.put()))) return;
+    creator->SetSource(const_cast<wchar_t*>(source));
+    creator->SetDescription(const_cast<wchar_t*>(failure.description().data()));
+    if (const auto info = creator.query<IErrorInfo>()) SetErrorInfo(0, info.get());
+}
+
+}  // namespace kovrel

@@ -1,0 +1,35 @@
+// The one place where a failure inside the library becomes what a host sees.
+#pragma once
+
+#include <windows.h>
+#include <oleauto.h>
+
+#include <string>
+
+#include "runtime/failure.h"
+
+namespace kovrel {
+
+/// The exception in flight as a Failure: a Failure as it is, memory exhaustion 7, anything else 5.
+[[nodiscard]] Failure current_failure() noexcept;
+
+/// 0x800A0000 plus a positive number; a negative number as it is.
+[[nodiscard]] HRESULT hresult_of(const Failure& failure) noexcept;
+
+/// Leaves the failure as the thread's error object, for early-bound callers.
+void set_error_object(const Failure& failure, const wchar_t* source) noexcept;
+
+/// Runs one call of a host's; no exception leaves it. `source` is the ProgID that the host sees.
+template <class Body>
+HRESULT boundary(const wchar_t* source, Body&& body) noexcept {
+    try {
+        body();
+        return S_OK;
+    } catch (...) {
+        const Failure failure = current_failure();
+        set_error_object(failure, source);
+        return hresult_of(failure);
+    }
+}
+
+}  // namespace kovrel

@@ -1,0 +1,146 @@
+#include "automation/host_object.h"
+
+#include <vector>
+
+#include "automation/bstr.h"
+#include "runtime/failure.h"
+
+namespace kovrel {
+namespace {
+
+/// Default members that lead to objects are followed this far; an object that is its own default
+/// value would be followed for ever.
+constexpr int default_value_depth = 16;
+
+/// The exception record that a failed call filled, freed at the end.
+class ExceptionRecord {
+ public:
+    ExceptionRecord() = default;
+    ExceptionRecord(const ExceptionRecord&) = delete;
+    ExceptionRecord& operator=(const ExceptionRecord&) = delete;
+    ~ExceptionRecord() {
+        SysFreeString(record_.bstrSource);
+        SysFreeString(record_.bstrDescription);
+        SysFreeString(record_.bstrHelpFile);
+    }
+    [[nodiscard]] EXCEPINFO* get() noexcept { return &record_; }
+
+    [[noreturn]] void raise() {
+        if (record_.pfnDeferredFillIn != nullptr) record_.pfnDeferredFillIn(&record_);
+        std::int32_t number = record_.wCode != 0 ? record_.wCode : record_.scode;
+        if (HRESULT_FACILITY(number) == FACILITY_CONTROL && number < 0)
+            number = HRESULT_CODE(number);
+        std::wstring description(text_of(record_.bstrDescription));
+        if (description.empty()) description = failure_description(number);
+        throw Failure(number, std::move(description));
+    }
+
+ private:
+    EXCEPINFO record_{};
+};
+
+/// The system's own text for an HRESULT, without its closing line break.
+std::wstring system_text(HRESULT result) {
+    wchar_t* text = nullptr;
+    const DWORD length = FormatMessageW(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, static_cast<DWORD>(result), 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+    std::wstring description(text == nullptr ? L"" : text, length);
+    LocalFree(text);
+    while (!description.empty() && (description.back() == L'\r' || description.back() == L'\n')) {
+        description.pop_back();
+    }
+    return description;
+}
+
+[[noreturn]] void raise(HRESULT result) {
+    if (result == DISP_E_UNKNOWNNAME || result == DISP_E_MEMBERNOTFOUND) {
+        throw Failure(FailureNumber::member_not_found);
+    }
+    if (result == E_OUTOFMEMORY) throw std::bad_alloc();
+    if (HRESULT_FACILITY(result) == FACILITY_CONTROL) {
+        const auto number = HRESULT_CODE(result);
+        throw Failure(number, std::wstring(failure_description(number)));
+    }
+    throw Failure(result, system_text(result));
+}
+
+}  // namespace
+
+HostObject::HostObject(IDispatch* object) : object_(object) {
+    if (!object_) throw Failure(FailureNumber::object_not_set);
+}
+
+DISPID HostObject::id_of(std::wstring_view member) const {
+    const auto known = ids_.find(member);
+    if (known != ids_.end()) return known->second;
+    std::wstring name(member);
+    LPOLESTR names = name.data();
+    DISPID id = DISPID_UNKNOWN;
+    const HRESULT result = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
+    if (FAILED(result)) raise(result);
+    ids_.emplace(std::move(name), id);
+    return id;
+}
+
+bool HostObject::has(std::wstring_view member) const {
+    try {
+        (void)id_of(member);
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+Variant HostObject::invoke(DISPID id, WORD flags, const VARIANT* first, std::size_t count) const {
+    const bool puts = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    DISPID put_id = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{const_cast<VARIANT*>(first), puts ? &put_id : nullptr,
+                          static_cast<UINT>(count), puts ? 1U : 0U};
+    Variant result;
+    ExceptionRecord exception;
+    UINT bad_argument = 0;
+    const HRESULT outcome =
+        object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                        puts ? nullptr : &result, exception.get(), &bad_argument);
+    if (outcome == DISP_E_EXCEPTION) exception.raise();
+    if (FAILED(outcome)) raise(outcome);
+    if ((result.vt & VT_BYREF) == 0) return result;
+    Variant copy;
+    const HRESULT copied = VariantCopyInd(&copy, &result);
+    if (FAILED(copied)) throw_conversion_failure(copied);
+    return copy;
+}
+
+Variant HostObject::invoke_reversed(DISPID id, WORD flags, Arguments arguments) const {
+    const std::vector<Variant> reversed(std::rbegin(arguments), std::rend(arguments));
+    return invoke(id, flags, reversed.data(), reversed.size());
+}
+
+Variant HostObject::get(std::wstring_view member, Arguments arguments) const {
+    return invoke_reversed(id_of(member), DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments);
+}
+
+void HostObject::put(std::wstring_view member, const Variant& value) const {
+    invoke(id_of(member), DISPATCH_PROPERTYPUT, &value, 1);
+}
+
+void HostObject::put_object(std::wstring_view member, const Variant& value) const {
+    invoke(id_of(member), DISPATCH_PROPERTYPUTREF, &value, 1);
+}
+
+Variant HostObject::call(std::wstring_view member, Arguments arguments) const {
+    return invoke_reversed(id_of(member), DISPATCH_METHOD, arguments);
+}
+
+Variant HostObject::default_value() const {
+    Variant value = invoke(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, nullptr, 0);
+    for (int depth = 1; value.vt == VT_DISPATCH; ++depth) {
+        if (depth == default_value_depth) throw Failure(FailureNumber::type_mismatch);
+        const HostObject inner(value);
+        value = inner.invoke(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, nullptr, 0);
+    }
+    return value;
+}
+
+}  // namespace kovrel

@@ -1,0 +1,46 @@
+// A host's automation object, reached late-bound by member name.
+#pragma once
+
+#include <initializer_list>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "automation/variant.h"
+
+namespace kovrel {
+
+/// Holds one reference for as long as the library works with the object, so that an object that
+/// releases itself during a call stays alive until the call ends. Every failure of the object's is
+/// a Failure: 438 for an unknown name, the object's own number and description otherwise (HRESULTs
+/// outside the automation range stay negative).
+class HostObject {
+ public:
+    /// Failure 91 when there is no object.
+    explicit HostObject(IDispatch* object);
+    explicit HostObject(const ComPtr<IDispatch>& object) : HostObject(object.get()) {}
+    /// Failure 424 when the value is not an object.
+    explicit HostObject(const Variant& value) : HostObject(value.to_object()) {}
+
+    using Arguments = std::initializer_list<Variant>;
+
+    [[nodiscard]] Variant get(std::wstring_view member, Arguments arguments = {}) const;
+    void put(std::wstring_view member, const Variant& value) const;
+    /// Sets a property to an object by reference ("Set" in the hosts that know the difference).
+    void put_object(std::wstring_view member, const Variant& value) const;
+    Variant call(std::wstring_view member, Arguments arguments = {}) const;
+    /// The value of the default member, followed until it is no object any more.
+    [[nodiscard]] Variant default_value() const;
+
+    [[nodiscard]] bool has(std::wstring_view member) const;
+
+ private:
+    [[nodiscard]] DISPID id_of(std::wstring_view member) const;
+    Variant invoke(DISPID id, WORD flags, const VARIANT* first, std::size_t count) const;
+    Variant invoke_reversed(DISPID id, WORD flags, Arguments arguments) const;
+
+    ComPtr<IDispatch> object_;
+    mutable std::map<std::wstring, DISPID, std::less<>> ids_;
+};
+
+}  // namespace kovrel

@@ -1,0 +1,258 @@
+#include "automation/late_call.h"
+
+#include <cstring>
+#include <string>
+
+#include "automation/bstr.h"
+#include "automation/host_object.h"
+#include "runtime/failure.h"
+
+namespace kovrel {
+namespace {
+
+/// By-reference variants that lead to further ones are followed this far; a variable that refers
+/// to itself would be followed for ever.
+constexpr int reference_depth = 8;
+
+/// An argument that cannot become what the member needs.
+struct BadValue {
+    HRESULT result;
+};
+
+bool is_missing(const VARIANT& value) noexcept {
+    return value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND;
+}
+
+/// The variant at the end of a chain of by-reference variants; null when the chain has no end.
+VARIANT* followed(VARIANT* value) noexcept {
+    for (int depth = 0; depth < reference_depth; ++depth) {
+        if (value->vt != (VT_BYREF | VT_VARIANT)) return value;
+        if (value->pvarVal == nullptr) return nullptr;
+        value = value->pvarVal;
+    }
+    return nullptr;
+}
+
+Variant copy_of(const VARIANT& source) {
+    Variant result;
+    const HRESULT outcome = VariantCopyInd(&result, const_cast<VARIANT*>(&source));
+    if (outcome == E_OUTOFMEMORY) throw std::bad_alloc();
+    if (FAILED(outcome)) throw BadValue{outcome};
+    return result;
+}
+
+/// Moves a value that has just the variable's type into the variable.
+void store(VARIANT& variable, Variant&& value) noexcept {
+    const VARTYPE type = variable.vt & ~VT_BYREF;
+    if (type == VT_BSTR) {
+        SysFreeString(*variable.pbstrVal);
+        *variable.pbstrVal = value.detach().bstrVal;
+    } else if (type == VT_DISPATCH || type == VT_UNKNOWN) {
+        if (*variable.ppunkVal != nullptr) (*variable.ppunkVal)->Release();
+        *variable.ppunkVal = value.detach().punkVal;
+    } else if (type == VT_DECIMAL) {
+        *variable.pdecVal = value.decVal;
+    } else {
+        std::size_t size = 8;
+        if (type == VT_I1 || type == VT_UI1) size = 1;
+        if (type == VT_I2 || type == VT_UI2 || type == VT_BOOL) size = 2;
+        if (type == VT_I4 || type == VT_UI4 || type == VT_INT || type == VT_UINT || type == VT_R4 ||
+            type == VT_ERROR) {
+            size = 4;
+        }
+        std::memcpy(variable.byref, &value.llVal, size);
+    }
+}
+
+/// The texts of a one-dimensional array of texts or variants.
+std::vector<std::wstring> texts_of_array(SAFEARRAY* array, VARTYPE element) {
+    if (array == nullptr || SafeArrayGetDim(array) != 1) throw BadValue{DISP_E_TYPEMISMATCH};
+    LONG first = 0;
+    LONG last = -1;
+    SafeArrayGetLBound(array, 1, &first);
+    SafeArrayGetUBound(array, 1, &last);
+    std::vector<std::wstring> texts;
+    for (LONG index = first; index <= last; ++index) {
+        if (element == VT_BSTR) {
+            Bstr text;
+            if (FAILED(SafeArrayGetElement(array, &index, text.put())))
+                throw BadValue{DISP_E_TYPEMISMATCH};
+            texts.emplace_back(text.view());
+        } else {
+            Variant value;
+            if (FAILED(SafeArrayGetElement(array, &index, &value)))
+                throw BadValue{DISP_E_TYPEMISMATCH};
+            texts.push_back(value.to_text_or_empty());
+        }
+    }
+    return texts;
+}
+
+/// The texts of a script's array object, whose elements are members named by their index.
+std::vector<std::wstring> texts_of_object(IDispatch* object, std::uint32_t limit) {
+    const HostObject array(object);
+    const std::int32_t length = array.get(L"length").to_int32();
+    if (length < 0 || static_cast<std::uint32_t>(length) > limit) throw BadValue{DISP_E_BADINDEX};
+    std::vector<std::wstring> texts;
+    for (std::int32_t index = 0; index < length; ++index) {
+        texts.push_back(array.get(std::to_wstring(index)).to_text_or_empty());
+    }
+    return texts;
+}
+
+std::vector<std::wstring> texts_of_record(const VARIANT& value, const RecordInfo& record) {
+    GUID id{};
+    if (value.pRecInfo == nullptr || value.pvRecord == nullptr ||
+        FAILED(value.pRecInfo->GetGuid(&id)) || !IsEqualGUID(id, record.id)) {
+        throw BadValue{DISP_E_TYPEMISMATCH};
+    }
+    const auto* const texts = static_cast<const BSTR*>(value.pvRecord);
+    std::vector<std::wstring> result;
+    for (std::uint32_t index = 0; index < record.size; ++index) {
+        result.emplace_back(text_of(texts[index]));
+    }
+    return result;
+}
+
+}  // namespace
+
+LateCall::LateCall(const MemberInfo& member, const DISPPARAMS& parameters, VARIANT* result)
+    : member_(&member), result_(result) {
+    const std::size_t count = member.parameters.size();
+    const UINT named = parameters.cNamedArgs;
+    if (parameters.cArgs > count || named > parameters.cArgs) {
+        throw CallError{DISP_E_BADPARAMCOUNT, 0};
+    }
+    const UINT positional = parameters.cArgs - named;
+    for (UINT index = 0; index < positional; ++index) {
+        positions_[index] = parameters.cArgs - 1 - index;
+        arguments_[index] = &parameters.rgvarg[positions_[index]];
+    }
+    bind_named(parameters);
+    for (std::size_t index = 0; index < count; ++index) {
+        VARIANTARG*& argument = arguments_[index];
+        if (argument == nullptr) continue;
+        VARIANT* const value = followed(argument);
+        if (value == nullptr) fail(index, DISP_E_TYPEMISMATCH);
+        // A variant parameter that has no default can itself hold the missing marker.
+        const ParameterInfo& parameter = member.parameters[index];
+        if (is_missing(*value) && (parameter.optional || parameter.type.type != VT_VARIANT)) {
+            if (!parameter.optional) fail(index, DISP_E_PARAMNOTOPTIONAL);
+            argument = nullptr;
+        }
+    }
+    check_omitted(parameters);
+}
+
+void LateCall::bind_named(const DISPPARAMS& parameters) {
+    const bool puts = member_->kind == MemberKind::property_put ||
+                      member_->kind == MemberKind::property_put_object;
+    for (UINT index = 0; index < parameters.cNamedArgs; ++index) {
+        const DISPID id = parameters.rgdispidNamedArgs[index];
+        const std::size_t last = member_->parameters.size() - 1;
+        const std::size_t parameter = puts && id == DISPID_PROPERTYPUT
+                                          ? last
+                                          : static_cast<std::size_t>(static_cast<ULONG>(id));
+        if (parameter >= member_->parameters.size() || arguments_[parameter] != nullptr) {
+            throw CallError{DISP_E_PARAMNOTFOUND, index};
+        }
+        positions_[parameter] = index;
+        arguments_[parameter] = &parameters.rgvarg[index];
+    }
+}
+
+void LateCall::check_omitted(const DISPPARAMS& parameters) const {
+    for (std::size_t index = 0; index < member_->parameters.size(); ++index) {
+        if (arguments_[index] != nullptr || member_->parameters[index].optional) continue;
+        throw CallError{parameters.cNamedArgs == 0 ? DISP_E_BADPARAMCOUNT : DISP_E_PARAMNOTOPTIONAL,
+                        0};
+    }
+}
+
+const VARIANT& LateCall::argument(std::size_t parameter) const {
+    const VARIANTARG* const given = arguments_[parameter];
+    if (given == nullptr) return member_->parameters[parameter].when_missing;
+    return *followed(const_cast<VARIANTARG*>(given));
+}
+
+Variant LateCall::copied(std::size_t parameter) const {
+    try {
+        return copy_of(argument(parameter));
+    } catch (const BadValue& bad) {
+        fail(parameter, bad.result);
+    }
+}
+
+Variant LateCall::coerced(std::size_t parameter, VARTYPE type) const {
+    Variant value = copied(parameter);
+    if (value.vt == type) return value;
+    try {
+        if (value.vt == VT_DISPATCH && type != VT_UNKNOWN) {
+            value = HostObject(value.pdispVal).default_value();
+        }
+    } catch (const Failure&) {
+        fail(parameter, DISP_E_TYPEMISMATCH);
+    }
+    if (value.vt == type) return value;
+    Variant result;
+    const HRESULT outcome = VariantChangeTypeEx(&result, &value, LOCALE_USER_DEFAULT, 0, type);
+    if (outcome == E_OUTOFMEMORY) throw std::bad_alloc();
+    if (outcome == DISP_E_OVERFLOW) fail(parameter, outcome);
+    if (FAILED(outcome)) fail(parameter, DISP_E_TYPEMISMATCH);
+    return result;
+}
+
+std::vector<std::wstring> LateCall::texts(std::size_t parameter, const RecordInfo& record) const {
+    try {
+        const VARIANT& value = argument(parameter);
+        const VARTYPE type = value.vt & ~VT_BYREF;
+        std::vector<std::wstring> result;
+        if (type == VT_RECORD) {
+            result = texts_of_record(value, record);
+        } else if (type == (VT_ARRAY | VT_BSTR) || type == (VT_ARRAY | VT_VARIANT)) {
+            if ((value.vt & VT_BYREF) != 0 && value.pparray == nullptr)
+                throw BadValue{DISP_E_TYPEMISMATCH};
+            result = texts_of_array((value.vt & VT_BYREF) != 0 ? *value.pparray : value.parray,
+                                    type & VT_TYPEMASK);
+        } else if (type == VT_DISPATCH) {
+            result = texts_of_object(copied(parameter).pdispVal, record.size);
+        } else {
+            throw BadValue{DISP_E_TYPEMISMATCH};
+        }
+        if (result.size() > record.size) throw BadValue{DISP_E_BADINDEX};
+        return result;
+    } catch (const BadValue& bad) {
+        fail(parameter, bad.result);
+    } catch (const Failure&) {
+        fail(parameter, DISP_E_TYPEMISMATCH);
+    }
+}
+
+void LateCall::write_back(std::size_t parameter, Variant value) const {
+    VARIANTARG* const given = arguments_[parameter];
+    if (given == nullptr || (given->vt & VT_BYREF) == 0) return;
+    VARIANT* const variable = followed(given);
+    if (variable == nullptr) return;  // the host changed its variable during the call
+    if ((variable->vt & VT_BYREF) == 0) {
+        VariantClear(variable);
+        *variable = value.detach();
+        return;
+    }
+    if (variable->byref == nullptr || (variable->vt & VT_ARRAY) != 0) return;
+    Variant converted;
+    const VARTYPE type = variable->vt & ~VT_BYREF;
+    const HRESULT outcome = VariantChangeTypeEx(&converted, &value, LOCALE_USER_DEFAULT, 0, type);
+    if (outcome == E_OUTOFMEMORY) throw std::bad_alloc();
+    if (FAILED(outcome)) fail(parameter, outcome);
+    store(*variable, std::move(converted));
+}
+
+void LateCall::set_result(Variant value) const noexcept {
+    if (result_ != nullptr) *result_ = value.detach();
+}
+
+void LateCall::fail(std::size_t parameter, HRESULT result) const {
+    throw CallError{result, positions_[parameter]};
+}
+
+}  // namespace kovrel

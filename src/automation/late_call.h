@@ -1,0 +1,62 @@
+// The arguments of one late-bound call, matched to a member's parameters.
+#pragma once
+
+#include <windows.h>
+#include <oleauto.h>
+
+#include <array>
+#include <cstddef>
+
+#include "automation/class_info.h"
+
+namespace kovrel {
+
+/// No declared member takes more arguments than this.
+constexpr std::size_t max_parameters = 8;
+
+/// A call that does not fit the member: what Invoke answers, and the argument at fault.
+struct CallError {
+    HRESULT result;
+    UINT argument;  ///< index into DISPPARAMS::rgvarg
+};
+
+class LateCall {
+ public:
+    /// Matches positional, named and omitted arguments to the parameters; throws CallError.
+    LateCall(const MemberInfo& member, const DISPPARAMS& parameters, VARIANT* result);
+
+    [[nodiscard]] const MemberInfo& member() const noexcept { return *member_; }
+
+    /// The argument, by-reference variants followed; what a missing one counts as when omitted.
+    /// It can still be a by-reference value of another type.
+    [[nodiscard]] const VARIANT& argument(std::size_t parameter) const;
+
+    /// The argument as a value of a type, by the user's regional settings; throws CallError.
+    [[nodiscard]] Variant coerced(std::size_t parameter, VARTYPE type) const;
+    /// The argument as it stands, by-reference values copied.
+    [[nodiscard]] Variant copied(std::size_t parameter) const;
+    /// The argument as texts for a record's fixed array: the record itself, an array of texts, or
+    /// a script's array object. Throws CallError for anything else, or for too many texts.
+    [[nodiscard]] std::vector<std::wstring> texts(std::size_t parameter,
+                                                  const RecordInfo& record) const;
+
+    /// Stores a changed value in the caller's variable, in the variable's own type when it has one.
+    /// An argument that was passed by value has no variable and keeps nothing.
+    void write_back(std::size_t parameter, Variant value) const;
+
+    [[nodiscard]] bool wants_result() const noexcept { return result_ != nullptr; }
+    void set_result(Variant value) const noexcept;
+
+    [[noreturn]] void fail(std::size_t parameter, HRESULT result) const;
+
+ private:
+    void bind_named(const DISPPARAMS& parameters);
+    void check_omitted(const DISPPARAMS& parameters) const;
+
+    const MemberInfo* member_;
+    std::array<VARIANTARG*, max_parameters> arguments_{};  // null: missing
+    std::array<UINT, max_parameters> positions_{};         // index into rgvarg
+    VARIANT* result_;
+};
+
+}  // namespace kovrel

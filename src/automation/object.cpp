@@ -1,0 +1,173 @@
+#include "automation/object.h"
+
+#include "automation/late_call.h"
+#include "automation/type_library.h"
+
+namespace kovrel {
+namespace {
+
+std::atomic<ULONG> objects{0};
+
+/// The late-bound entry that a call's flags ask for; null when the member has none such.
+const MemberInfo* wanted(const ClassInfo::Accessors& accessors, WORD flags) noexcept {
+    if ((flags & DISPATCH_PROPERTYPUTREF) != 0 && accessors.put_object != nullptr) {
+        return accessors.put_object;
+    }
+    if ((flags & DISPATCH_PROPERTYPUT) != 0) {
+        // Hosts that have no object assignment of their own put an object as any other value.
+        return accessors.put != nullptr ? accessors.put : accessors.put_object;
+    }
+    if ((flags & DISPATCH_METHOD) != 0 && accessors.method != nullptr) return accessors.method;
+    if ((flags & DISPATCH_PROPERTYGET) != 0) return accessors.get;
+    return nullptr;
+}
+
+void fill(EXCEPINFO* exception, const Failure& failure, const ClassInfo& info) noexcept {
+    if (exception == nullptr) return;
+    *exception = {};
+    exception->scode = hresult_of(failure);
+    exception->bstrSource = SysAllocString(info.prog_id.c_str());
+    exception->bstrDescription = SysAllocString(failure.description().data());
+}
+
+}  // namespace
+
+ULONG live_objects() noexcept {
+    return objects;
+}
+
+ObjectBase::ObjectBase(const ClassInfo& info, void* implementation) noexcept
+    : vtable_(info.vtable.data()),
+      info_(&info),
+      implementation_(implementation),
+      error_support_(*this),
+      class_info_provider_(*this) {
+    ++objects;
+}
+
+ObjectBase::~ObjectBase() {
+    --objects;
+}
+
+ULONG ObjectBase::add_ref() noexcept {
+    return ++references_;
+}
+
+ULONG ObjectBase::release() noexcept {
+    const ULONG left = --references_;
+    if (left == 0) {
+        // What the instance releases in its turn may hold and drop it once more.
+        references_ = 1;
+        info_->destroy(this);
+    }
+    return left;
+}
+
+HRESULT ObjectBase::query(REFIID id, void** result) noexcept {
+    if (result == nullptr) return E_POINTER;
+    *result = nullptr;
+    if (IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) ||
+        IsEqualIID(id, info_->interface_id)) {
+        *result = this;
+    } else if (IsEqualIID(id, IID_ISupportErrorInfo)) {
+        *result = static_cast<ISupportErrorInfo*>(&error_support_);
+    } else if (IsEqualIID(id, IID_IProvideClassInfo)) {
+        *result = static_cast<IProvideClassInfo*>(&class_info_provider_);
+    } else {
+        return E_NOINTERFACE;
+    }
+    add_ref();
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::ErrorSupport::QueryInterface(REFIID id, void** result) {
+    return owner_.query(id, result);
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::ErrorSupport::InterfaceSupportsErrorInfo(REFIID id) {
+    return IsEqualIID(id, owner_.info_->interface_id) ? S_OK : S_FALSE;
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::ClassInfoProvider::QueryInterface(REFIID id, void** result) {
+    return owner_.query(id, result);
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::ClassInfoProvider::GetClassInfo(ITypeInfo** result) {
+    if (result == nullptr) return E_POINTER;
+    return own_type_info(owner_.info_->class_id, result);
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::query_interface(ObjectBase* self, REFIID id, void** result) {
+    return self->query(id, result);
+}
+
+ULONG STDMETHODCALLTYPE ObjectBase::add_reference(ObjectBase* self) {
+    return self->add_ref();
+}
+
+ULONG STDMETHODCALLTYPE ObjectBase::release_reference(ObjectBase* self) {
+    return self->release();
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::get_type_info_count(ObjectBase* /*self*/, UINT* count) {
+    if (count == nullptr) return E_POINTER;
+    *count = 1;
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::get_type_info(ObjectBase* self, UINT index, LCID /*locale*/,
+                                                    ITypeInfo** result) {
+    if (result == nullptr) return E_POINTER;
+    *result = nullptr;
+    if (index != 0) return DISP_E_BADINDEX;
+    return own_type_info(self->info_->interface_id, result);
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::get_ids_of_names(ObjectBase* self, REFIID id, LPOLESTR* names,
+                                                       UINT count, LCID /*locale*/, DISPID* ids) {
+    if (!IsEqualIID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
+    if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
+    try {
+        return self->info_->find_ids(names, count, ids);
+    } catch (...) {
+        return hresult_of(current_failure());
+    }
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, REFIID id,
+                                             LCID /*locale*/, WORD flags, DISPPARAMS* parameters,
+                                             VARIANT* result, EXCEPINFO* exception,
+                                             UINT* bad_argument) {
+    if (!IsEqualIID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
+    if (parameters == nullptr) return E_INVALIDARG;
+    const ClassInfo::Accessors* const accessors = self->info_->accessors(member);
+    if (accessors == nullptr) return DISP_E_MEMBERNOTFOUND;
+    const MemberInfo* const entry = wanted(*accessors, flags);
+    if (entry == nullptr) return DISP_E_MEMBERNOTFOUND;
+
+    const KeepAlive alive(*self);
+    try {
+        if (result != nullptr) VariantInit(result);
+        LateCall call(*entry, *parameters, result);
+        entry->invoke(self->implementation_, call);
+        return S_OK;
+    } catch (const CallError& error) {
+        if (bad_argument != nullptr) *bad_argument = error.argument;
+        return error.result;
+    } catch (...) {
+        fill(exception, current_failure(), *self->info_);
+        return DISP_E_EXCEPTION;
+    }
+}
+
+std::vector<Slot> ObjectBase::dispatch_slots() {
+    return {reinterpret_cast<Slot>(&query_interface),
+            reinterpret_cast<Slot>(&add_reference),
+            reinterpret_cast<Slot>(&release_reference),
+            reinterpret_cast<Slot>(&get_type_info_count),
+            reinterpret_cast<Slot>(&get_type_info),
+            reinterpret_cast<Slot>(&get_ids_of_names),
+            reinterpret_cast<Slot>(&invoke)};
+}
+
+}  // namespace kovrel

@@ -1,0 +1,127 @@
+// A live instance of a public class: its hand-made dual interface, its reference count and the
+// interfaces that every instance answers.
+#pragma once
+
+#include <windows.h>
+#include <oleauto.h>
+
+#include <atomic>
+#include <new>
+#include <ocidl.h>
+
+#include "automation/boundary.h"
+#include "automation/class_info.h"
+
+namespace kovrel {
+
+/// Instances alive in this process, of all classes.
+[[nodiscard]] ULONG live_objects() noexcept;
+
+/// What every instance begins with. The vtable is built from the class's declaration, with the
+/// seven IDispatch entries in front, so an object is laid out as COM wants it: vtable pointer
+/// first.
+class ObjectBase {
+ public:
+    ObjectBase(const ObjectBase&) = delete;
+    ObjectBase& operator=(const ObjectBase&) = delete;
+
+    [[nodiscard]] const ClassInfo& info() const noexcept { return *info_; }
+    [[nodiscard]] IDispatch* dispatch() noexcept { return reinterpret_cast<IDispatch*>(this); }
+
+    ULONG add_ref() noexcept;
+    ULONG release() noexcept;
+
+    /// The seven entries in front of every class's vtable.
+    [[nodiscard]] static std::vector<Slot> dispatch_slots();
+
+ protected:
+    ObjectBase(const ClassInfo& info, void* implementation) noexcept;
+    ~ObjectBase();
+
+ private:
+    /// Tells early-bound callers that failures leave an error object.
+    class ErrorSupport final : public ISupportErrorInfo {
+     public:
+        explicit ErrorSupport(ObjectBase& owner) noexcept : owner_(owner) {}
+        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
+        ULONG STDMETHODCALLTYPE AddRef() override { return owner_.add_ref(); }
+        ULONG STDMETHODCALLTYPE Release() override { return owner_.release(); }
+        HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) override;
+
+     private:
+        ObjectBase& owner_;
+    };
+
+    /// Tells hosts which class of the type library an instance is of.
+    class ClassInfoProvider final : public IProvideClassInfo {
+     public:
+        explicit ClassInfoProvider(ObjectBase& owner) noexcept : owner_(owner) {}
+        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
+        ULONG STDMETHODCALLTYPE AddRef() override { return owner_.add_ref(); }
+        ULONG STDMETHODCALLTYPE Release() override { return owner_.release(); }
+        HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** result) override;
+
+     private:
+        ObjectBase& owner_;
+    };
+
+    HRESULT query(REFIID id, void** result) noexcept;
+
+    static HRESULT STDMETHODCALLTYPE query_interface(ObjectBase* self, REFIID id, void** result);
+    static ULONG STDMETHODCALLTYPE add_reference(ObjectBase* self);
+    static ULONG STDMETHODCALLTYPE release_reference(ObjectBase* self);
+    static HRESULT STDMETHODCALLTYPE get_type_info_count(ObjectBase* self, UINT* count);
+    static HRESULT STDMETHODCALLTYPE get_type_info(ObjectBase* self, UINT index, LCID locale,
+                                                   ITypeInfo** result);
+    static HRESULT STDMETHODCALLTYPE get_ids_of_names(ObjectBase* self, REFIID id, LPOLESTR* names,
+                                                      UINT count, LCID locale, DISPID* ids);
+    static HRESULT STDMETHODCALLTYPE invoke(ObjectBase* self, DISPID member, REFIID id, LCID locale,
+                                            WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                                            EXCEPINFO* exception, UINT* bad_argument);
+
+    const Slot* vtable_;
+    std::atomic<ULONG> references_{1};
+    const ClassInfo* info_;
+    void* implementation_;
+    ErrorSupport error_support_;
+    ClassInfoProvider class_info_provider_;
+};
+
+/// Keeps an instance alive while one of its members runs: a host may let go of it from an event
+/// that the member lets through.
+class KeepAlive {
+ public:
+    explicit KeepAlive(ObjectBase& object) noexcept : object_(object) { object_.add_ref(); }
+    KeepAlive(const KeepAlive&) = delete;
+    KeepAlive& operator=(const KeepAlive&) = delete;
+    ~KeepAlive() { object_.release(); }
+
+ private:
+    ObjectBase& object_;
+};
+
+/// An instance of the class whose members are those of `Class`.
+template <class Class>
+class Object final : public ObjectBase {
+ public:
+    [[nodiscard]] Class& implementation() noexcept { return implementation_; }
+
+    static IDispatch* create() { return (new Object)->dispatch(); }
+    static void destroy(void* object) noexcept {
+        delete static_cast<Object*>(static_cast<ObjectBase*>(object));
+    }
+
+ private:
+    Object() : ObjectBase(Class::class_info(), &implementation_) {}
+    ~Object() = default;
+
+    Class implementation_;
+};
+
+/// A new instance of one of the library's classes, for the library's own use.
+template <class Class>
+[[nodiscard]] ComPtr<IDispatch> create_instance() {
+    return ComPtr<IDispatch>::attach(Object<Class>::create());
+}
+
+}  // namespace kovrel

@@ -1,0 +1,30 @@
+// What the library writes into the registry, and removes again.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "automation/class_info.h"
+
+namespace kovrel {
+
+/// Whose registry a registration goes to.
+enum class RegistrationScope : std::uint8_t {
+    machine,  ///< all users; needs the right to write there
+    user,     ///< the current user
+};
+
+/// Registers every class, interface and the type library of a module of this bitness.
+/// Failure 70 when the scope may not be written to.
+void register_library(const LibraryInfo& library, const std::wstring& module_path,
+                      RegistrationScope scope);
+
+/// Removes what register_library wrote in that scope, and nothing else. What both bitnesses share
+/// (ProgIDs, the type library's name) stays as long as the other one is registered.
+void unregister_library(const LibraryInfo& library, RegistrationScope scope);
+
+/// Registers for the machine when that is permitted, else for the current user.
+void register_library(const LibraryInfo& library, const std::wstring& module_path);
+
+}  // namespace kovrel

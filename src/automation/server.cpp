@@ -1,0 +1,115 @@
+#include "automation/server.h"
+
+#include <olectl.h>
+
+#include <atomic>
+
+#include "automation/boundary.h"
+#include "automation/module.h"
+#include "automation/object.h"
+#include "automation/registration.h"
+
+namespace kovrel {
+namespace {
+
+std::atomic<LONG> server_locks{0};
+
+/// One run-time failure costs a thread-local slot at every unload of a statically linked module,
+/// and a host that loads and unloads it a thousand times dies of it. So it stays once it is used.
+void stay_loaded() noexcept {
+    HMODULE pinned = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<const wchar_t*>(&stay_loaded), &pinned);
+}
+
+class ClassFactory final : public IClassFactory {
+ public:
+    explicit ClassFactory(const ClassInfo& info) noexcept : info_(info) { ++server_locks; }
+    ClassFactory(const ClassFactory&) = delete;
+    ClassFactory& operator=(const ClassFactory&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
+        if (result == nullptr) return E_POINTER;
+        *result = nullptr;
+        if (!IsEqualIID(id, IID_IUnknown) && !IsEqualIID(id, IID_IClassFactory)) {
+            return E_NOINTERFACE;
+        }
+        *result = static_cast<IClassFactory*>(this);
+        AddRef();
+        return S_OK;
+    }
+
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** result) override {
+        if (result == nullptr) return E_POINTER;
+        *result = nullptr;
+        if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+        HRESULT queried = E_UNEXPECTED;
+        const HRESULT created = boundary(info_.prog_id.c_str(), [&] {
+            const auto instance = ComPtr<IDispatch>::attach(info_.create());
+            queried = instance->QueryInterface(id, result);
+        });
+        return FAILED(created) ? created : queried;
+    }
+
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
+        server_locks += lock != FALSE ? 1 : -1;
+        return S_OK;
+    }
+
+ private:
+    ~ClassFactory() { --server_locks; }
+
+    const ClassInfo& info_;
+    std::atomic<ULONG> references_{1};
+};
+
+}  // namespace
+
+HRESULT get_class_object(const LibraryInfo& library, REFCLSID class_id, REFIID interface_id,
+                         void** result) noexcept {
+    if (result == nullptr) return E_POINTER;
+    *result = nullptr;
+    stay_loaded();
+    for (const ClassInfo* info : library.classes) {
+        if (!IsEqualCLSID(class_id, info->class_id)) continue;
+        const auto factory = ComPtr<IClassFactory>::attach(new (std::nothrow) ClassFactory(*info));
+        if (!factory) return E_OUTOFMEMORY;
+        return factory->QueryInterface(interface_id, result);
+    }
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+HRESULT can_unload_now() noexcept {
+    return live_objects() == 0 && server_locks == 0 ? S_OK : S_FALSE;
+}
+
+HRESULT register_server(const LibraryInfo& library) noexcept {
+    const HRESULT result =
+        boundary(library.name, [&library] { register_library(library, own_module_path()); });
+    return FAILED(result) ? SELFREG_E_CLASS : S_OK;
+}
+
+HRESULT unregister_server(const LibraryInfo& library) noexcept {
+    const HRESULT result = boundary(library.name, [&library] {
+        try {
+            unregister_library(library, RegistrationScope::machine);
+        } catch (const Failure& failure) {
+            // A user without the right to write there has registered for himself alone.
+            if (failure.number() != static_cast<std::int32_t>(FailureNumber::permission_denied)) {
+                throw;
+            }
+        }
+        unregister_library(library, RegistrationScope::user);
+    });
+    return FAILED(result) ? SELFREG_E_CLASS : S_OK;
+}
+
+}  // namespace kovrel

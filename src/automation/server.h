@@ -1,0 +1,20 @@
+// The in-process server: class factories and the four exports' work.
+#pragma once
+
+#include <windows.h>
+
+#include "automation/class_info.h"
+
+namespace kovrel {
+
+/// The class factory of one of the library's classes.
+HRESULT get_class_object(const LibraryInfo& library, REFCLSID class_id, REFIID interface_id,
+                         void** result) noexcept;
+
+/// S_OK when no instance and no lock is left.
+[[nodiscard]] HRESULT can_unload_now() noexcept;
+
+HRESULT register_server(const LibraryInfo& library) noexcept;
+HRESULT unregister_server(const LibraryInfo& library) noexcept;
+
+}  // namespace kovrel

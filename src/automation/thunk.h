@@ -1,0 +1,246 @@
+// From a pointer to a member function, the two entries that hosts call it through: the vtable slot
+// and the late-bound invoker.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include "automation/boundary.h"
+#include "automation/native_type.h"
+#include "automation/object.h"
+
+namespace kovrel {
+
+/// The declaration of a member, known to its thunk once its class is declared.
+template <class Class, auto Member>
+inline const MemberInfo* declared_member = nullptr;
+
+/// A parameter's type in the member's signature tells how the argument is passed:
+/// T by value, const T& by reference and only read, T& by reference and written back.
+template <class Parameter>
+inline constexpr bool by_reference = std::is_lvalue_reference_v<Parameter>;
+template <class Parameter>
+inline constexpr bool written_back =
+    by_reference<Parameter> && !std::is_const_v<std::remove_reference_t<Parameter>>;
+template <class Parameter>
+using NativeOf = Native<std::remove_cvref_t<Parameter>>;
+template <class Parameter>
+using RawOf = std::conditional_t<by_reference<Parameter>, typename NativeOf<Parameter>::Raw*,
+                                 typename NativeOf<Parameter>::Raw>;
+
+/// One argument during one call. A copy of what came in tells whether the member changed it, so
+/// that an unchanged variable keeps its own type and identity.
+template <class Parameter>
+class Argument {
+ public:
+    using Value = std::remove_cvref_t<Parameter>;
+
+    explicit Argument(Value value) : value_(std::move(value)), original_(keep(value_)) {}
+
+    [[nodiscard]] Parameter pass() {
+        if constexpr (by_reference<Parameter>) {
+            return value_;
+        } else {
+            return std::move(value_);
+        }
+    }
+
+    [[nodiscard]] bool changed() const {
+        if constexpr (!written_back<Parameter>) {
+            return false;
+        } else if constexpr (std::is_same_v<Value, Variant>) {
+            return !value_.same_as(original_);
+        } else {
+            return !(value_ == original_);
+        }
+    }
+
+    void store(RawOf<Parameter> variable) {
+        if constexpr (written_back<Parameter>) {
+            if (!changed()) return;
+            auto raw = NativeOf<Parameter>::to_raw(value_);
+            NativeOf<Parameter>::release(*variable);
+            *variable = raw;
+        }
+    }
+
+    void store(const LateCall& call, std::size_t index) {
+        if constexpr (written_back<Parameter>) {
+            if (changed()) call.write_back(index, NativeOf<Parameter>::to_variant(value_));
+        }
+    }
+
+ private:
+    struct Nothing {};
+    using Original = std::conditional_t<written_back<Parameter>, Value, Nothing>;
+
+    static Original keep(const Value& value) {
+        if constexpr (written_back<Parameter>) {
+            return value;
+        } else {
+            return {};
+        }
+    }
+
+    Value value_;
+    [[no_unique_address]] Original original_;
+};
+
+template <class Class, auto Member, class Result, class... Parameters>
+struct BasicThunk {
+    static constexpr std::size_t arity = sizeof...(Parameters);
+    static_assert(arity <= max_parameters);
+    using Returned = Result;
+    using Arguments = std::tuple<Argument<Parameters>...>;
+    using Indexes = std::index_sequence_for<Parameters...>;
+
+    /// The vtable slot. `Out` is nothing for a procedure, else a pointer to the raw result.
+    template <class... Out>
+    static HRESULT STDMETHODCALLTYPE slot(ObjectBase* self, RawOf<Parameters>... raw, Out... out) {
+        if (((out == nullptr) || ...)) return E_POINTER;
+        ((*out = {}), ...);
+        if ((is_null(raw) || ...)) return E_POINTER;
+        const KeepAlive alive(*self);
+        return boundary(self->info().prog_id.c_str(), [&] {
+            auto& target = static_cast<Object<Class>*>(self)->implementation();
+            early(target, Indexes{}, raw..., out...);
+        });
+    }
+
+    /// The types of the parameters, as the type library spells them.
+    static std::vector<ParameterInfo> parameters() {
+        return {ParameterInfo{.type = NativeOf<Parameters>::type(),
+                              .by_reference = by_reference<Parameters>,
+                              .written_back = written_back<Parameters>}...};
+    }
+
+    static TypeRef result_type() {
+        if constexpr (std::is_void_v<Result>) {
+            return {};
+        } else {
+            return NativeOf<Result>::type();
+        }
+    }
+
+    static Slot slot_address() {
+        if constexpr (std::is_void_v<Result>) {
+            return reinterpret_cast<Slot>(&slot<>);
+        } else {
+            return reinterpret_cast<Slot>(&slot<typename NativeOf<Result>::Raw*>);
+        }
+    }
+
+    static void invoke(void* implementation, LateCall& call) {
+        late(*static_cast<Class*>(implementation), call, Indexes{});
+    }
+
+ private:
+    template <class Raw>
+    static bool is_null(Raw /*raw*/) noexcept {
+        return false;
+    }
+    template <class Pointee>
+    static bool is_null(Pointee* raw) noexcept {
+        // A by-value text or object may be null; a reference to a variable may not.
+        constexpr bool reference =
+            ((by_reference<Parameters> && std::is_same_v<RawOf<Parameters>, Pointee*>) || ...);
+        return reference && raw == nullptr;
+    }
+
+    /// A variant that the caller left out counts as its parameter's default, as in a late call.
+    template <class Parameter>
+    static auto from_raw(RawOf<Parameter> raw, std::size_t index) {
+        auto value = [&] {
+            if constexpr (by_reference<Parameter>) {
+                return NativeOf<Parameter>::from_raw(*raw);
+            } else {
+                return NativeOf<Parameter>::from_raw(raw);
+            }
+        }();
+        if constexpr (std::is_same_v<decltype(value), Variant>) {
+            const ParameterInfo& parameter = declared_member<Class, Member>->parameters[index];
+            if (value.is_missing() && parameter.optional) value = parameter.when_missing;
+        } else {
+            (void)index;
+        }
+        return value;
+    }
+
+    template <std::size_t... Index, class... Out>
+    static void early(Class& target, std::index_sequence<Index...> /*indexes*/,
+                      RawOf<Parameters>... raw, Out... out) {
+        Arguments arguments{Argument<Parameters>(from_raw<Parameters>(raw, Index))...};
+        const auto store = [&] { (std::get<Index>(arguments).store(raw), ...); };
+        run(
+            [&] {
+                if constexpr (std::is_void_v<Result>) {
+                    std::invoke(Member, target, std::get<Index>(arguments).pass()...);
+                } else {
+                    ((*out = NativeOf<Result>::to_raw(
+                          std::invoke(Member, target, std::get<Index>(arguments).pass()...))),
+                     ...);
+                }
+            },
+            store);
+    }
+
+    template <std::size_t... Index>
+    static void late(Class& target, LateCall& call, std::index_sequence<Index...> /*indexes*/) {
+        Arguments arguments{Argument<Parameters>(NativeOf<Parameters>::from_call(call, Index))...};
+        const auto store = [&] { (std::get<Index>(arguments).store(call, Index), ...); };
+        run(
+            [&] {
+                if constexpr (std::is_void_v<Result>) {
+                    std::invoke(Member, target, std::get<Index>(arguments).pass()...);
+                } else {
+                    call.set_result(NativeOf<Result>::to_variant(
+                        std::invoke(Member, target, std::get<Index>(arguments).pass()...)));
+                }
+            },
+            store);
+    }
+
+    /// What a member wrote into its arguments before it failed stays written.
+    template <class Call, class Store>
+    static void run(Call&& call, Store&& store) {
+        try {
+            call();
+        } catch (...) {
+            store();
+            throw;
+        }
+        store();
+    }
+};
+
+/// `Member` is a member function of the class or of a base of it, or a free function that takes the
+/// instance first.
+template <class Class, auto Member, class Signature = decltype(Member)>
+struct Thunk;
+
+template <class Class, auto Member, class Base, class Result, class... Parameters>
+struct Thunk<Class, Member, Result (Base::*)(Parameters...)>
+    : BasicThunk<Class, Member, Result, Parameters...> {};
+
+template <class Class, auto Member, class Base, class Result, class... Parameters>
+struct Thunk<Class, Member, Result (Base::*)(Parameters...) const>
+    : BasicThunk<Class, Member, Result, Parameters...> {};
+
+template <class Class, auto Member, class Result, class... Parameters>
+struct Thunk<Class, Member, Result (*)(Class&, Parameters...)>
+    : BasicThunk<Class, Member, Result, Parameters...> {};
+
+/// The two functions that a public field stands for.
+template <auto Field>
+struct FieldAccess;
+
+template <class Class, class Value, Value Class::*Field>
+struct FieldAccess<Field> {
+    static Value get(Class& instance) { return instance.*Field; }
+    static void put(Class& instance, Value value) { instance.*Field = std::move(value); }
+};
+
+}  // namespace kovrel

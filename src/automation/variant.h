@@ -1,0 +1,90 @@
+// A dynamically typed value, owned.
+#pragma once
+
+#include <windows.h>
+#include <oleauto.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "automation/com_ptr.h"
+
+namespace kovrel {
+
+/// A date and time of day: days since 30 December 1899, the time being the fraction.
+struct Date {
+    double days = 0;
+    auto operator<=>(const Date&) const = default;
+};
+
+/// A VARIANT that clears itself. Conversions follow the user's regional settings, and what cannot
+/// be converted is a Failure: 94 for a null, 6 for a number out of range, 13 for anything else.
+class Variant : public VARIANT {
+ public:
+    Variant() noexcept { VariantInit(this); }
+    explicit Variant(bool value) noexcept;
+    explicit Variant(std::uint8_t value) noexcept;
+    explicit Variant(std::int16_t value) noexcept;
+    explicit Variant(std::int32_t value) noexcept;
+    explicit Variant(float value) noexcept;
+    explicit Variant(double value) noexcept;
+    explicit Variant(Date value) noexcept;
+    explicit Variant(std::wstring_view value);
+    explicit Variant(const wchar_t* value) : Variant(std::wstring_view(value)) {}
+    explicit Variant(const std::wstring& value) : Variant(std::wstring_view(value)) {}
+    explicit Variant(ComPtr<IDispatch> value) noexcept;
+    /// A copy of a value, by-reference values included as they stand.
+    explicit Variant(const VARIANT& value);
+
+    Variant(const Variant& other) : Variant(static_cast<const VARIANT&>(other)) {}
+    Variant(Variant&& other) noexcept : VARIANT(other) { VariantInit(&other); }
+    Variant& operator=(Variant other) noexcept;
+    ~Variant() { VariantClear(this); }
+
+    [[nodiscard]] static Variant null() noexcept;
+    /// What an omitted optional argument looks like.
+    [[nodiscard]] static Variant missing() noexcept;
+    /// Takes over a value that somebody else owned.
+    [[nodiscard]] static Variant attach(VARIANT& value) noexcept;
+    /// Gives the value away; this one is empty afterwards.
+    [[nodiscard]] VARIANT detach() noexcept;
+
+    [[nodiscard]] bool is_null() const noexcept { return vt == VT_NULL; }
+    [[nodiscard]] bool is_empty() const noexcept { return vt == VT_EMPTY; }
+    [[nodiscard]] bool is_error() const noexcept { return vt == VT_ERROR; }
+    [[nodiscard]] bool is_missing() const noexcept {
+        return vt == VT_ERROR && scode == DISP_E_PARAMNOTFOUND;
+    }
+    [[nodiscard]] bool is_object() const noexcept { return vt == VT_DISPATCH || vt == VT_UNKNOWN; }
+
+    /// The value as another type.
+    [[nodiscard]] Variant as(VARTYPE type) const;
+    [[nodiscard]] std::wstring to_text() const;
+    /// The value as text, where empty and null both give an empty text.
+    [[nodiscard]] std::wstring to_text_or_empty() const;
+    [[nodiscard]] double to_double() const;
+    [[nodiscard]] std::int32_t to_int32() const;
+    [[nodiscard]] std::int16_t to_int16() const;
+    [[nodiscard]] bool to_bool() const;
+    [[nodiscard]] Date to_date() const;
+    /// The object held; failure 424 when the value is not one, 91 when it is none.
+    [[nodiscard]] ComPtr<IDispatch> to_object() const;
+
+    /// True for what passes as a number: numbers, booleans, empty, and texts that read as a number.
+    /// An object is judged by its default value.
+    [[nodiscard]] bool is_numeric() const;
+    /// True for dates and for texts that read as one; an object is judged by its default value.
+    [[nodiscard]] bool is_date() const;
+
+    /// Bitwise the same type and the same content (texts compared by their characters).
+    [[nodiscard]] bool same_as(const Variant& other) const noexcept;
+};
+
+static_assert(sizeof(Variant) == sizeof(VARIANT), "arrays of VARIANT are handed out as Variant");
+
+/// The result of a platform conversion as a Failure.
+[[noreturn]] void throw_conversion_failure(HRESULT result);
+
+}  // namespace kovrel

@@ -1,0 +1,41 @@
+// The four functions that the operating system calls.
+#include <windows.h>
+
+#include "automation/server.h"
+#include "frame/library.h"
+
+namespace {
+
+/// The declarations are made at first use, which memory exhaustion can stop.
+template <class Body>
+HRESULT with_library(Body&& body) noexcept {
+    try {
+        return body(kovrel::library());
+    } catch (...) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+}  // namespace
+
+extern "C" {
+
+HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID class_id, REFIID interface_id, void** result) {
+    return with_library([&](const kovrel::LibraryInfo& library) {
+        return kovrel::get_class_object(library, class_id, interface_id, result);
+    });
+}
+
+HRESULT STDAPICALLTYPE DllCanUnloadNow() {
+    return kovrel::can_unload_now();
+}
+
+HRESULT STDAPICALLTYPE DllRegisterServer() {
+    return with_library(&kovrel::register_server);
+}
+
+HRESULT STDAPICALLTYPE DllUnregisterServer() {
+    return with_library(&kovrel::unregister_server);
+}
+
+}  // extern "C"

@@ -1,0 +1,22 @@
+#include "frame/guarded.h"
+
+#include "frame/application.h"
+
+namespace kovrel {
+
+void show_failure(const Failure& failure, const Handler& handler) noexcept {
+    try {
+        Notice notice;
+        notice.style = NoticeStyle::critical;
+        notice.text = L"Error " + std::to_wstring(failure.number()) + L"\r (";
+        notice.text += failure.description();
+        notice.text += handler.trailing;
+        if (handler.title != nullptr) notice.title = *handler.title;
+        show(notice);
+    } catch (const std::exception&) {
+        // The box itself could not be made (no memory); the procedure ends without it.
+        return;
+    }
+}
+
+}  // namespace kovrel

@@ -1,0 +1,48 @@
+// The standard handler of a procedure: traps every run-time failure, tells the user in the standard
+// error box, and lets the procedure end with whatever result it had.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "automation/boundary.h"
+#include "runtime/failure.h"
+
+namespace kovrel {
+
+/// What the error box of one procedure says besides the failure.
+struct Handler {
+    /// Ends the text: ") en procedimiento " and the procedure's name and place.
+    std::wstring_view trailing;
+    /// The box's title; null: the library's application title.
+    const std::wstring* title = nullptr;
+};
+
+/// Shows the standard error box. Whatever goes wrong on the way is ignored.
+void show_failure(const Failure& failure, const Handler& handler) noexcept;
+
+/// Runs a function's body, which assigns its result as it goes. After a failure the result is what
+/// it had assigned so far.
+template <class Result, class Body>
+Result guarded(const Handler& handler, Body&& body) {
+    Result result{};
+    try {
+        body(result);
+    } catch (...) {
+        show_failure(current_failure(), handler);
+    }
+    return result;
+}
+
+/// Runs a procedure's body.
+template <class Body>
+void guarded(const Handler& handler, Body&& body) {
+    try {
+        body();
+    } catch (...) {
+        show_failure(current_failure(), handler);
+    }
+}
+
+}  // namespace kovrel

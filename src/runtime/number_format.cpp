@@ -1,0 +1,310 @@
+#include "runtime/number_format.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <limits>
+#include <system_error>
+#include <utility>
+
+#include "runtime/failure.h"
+#include "runtime/text.h"
+
+namespace kovrel {
+namespace {
+
+constexpr int significant_digits = 15;
+
+/// A decimal number: 0.digits times ten to the power `point`.
+struct Decimal {
+    bool negative = false;
+    std::string digits;
+    std::ptrdiff_t point = 0;
+};
+
+/// Cuts to `count` digits, rounding half away from zero.
+void round_to(Decimal& number, std::ptrdiff_t count) {
+    const auto size = static_cast<std::ptrdiff_t>(number.digits.size());
+    if (count >= size) return;
+    if (count < 0) {
+        number.digits.clear();
+        return;
+    }
+    const auto kept = static_cast<std::size_t>(count);
+    const bool up = number.digits[kept] >= '5';
+    number.digits.resize(kept);
+    if (!up) return;
+    auto place = number.digits.rbegin();
+    for (; place != number.digits.rend() && *place == '9'; ++place) *place = '0';
+    if (place != number.digits.rend()) {
+        ++*place;
+    } else {
+        number.digits.insert(number.digits.begin(), '1');
+        ++number.point;
+    }
+}
+
+/// A finite number in `count` significant digits of scientific notation: sign, digits, exponent.
+Decimal scientific(double value, int count) {
+    std::array<char, 64> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                   std::chars_format::scientific, count - 1)
+                         .ptr;
+    Decimal number;
+    const char* place = buffer.data();
+    if (*place == '-') {
+        number.negative = true;
+        ++place;
+    }
+    const char* const mark = std::find(place, static_cast<const char*>(end), 'e');
+    number.digits.reserve(static_cast<std::size_t>(count) + 1);
+    number.digits.push_back(*place);
+    if (mark - place > 2) number.digits.append(place + 2, mark);
+    int exponent = 0;
+    std::from_chars(mark + (mark[1] == '+' ? 2 : 1), end, exponent);
+    number.point = exponent + 1;
+    return number;
+}
+
+Decimal to_decimal(double value) {
+    if (!std::isfinite(value)) throw Failure(FailureNumber::overflow);
+    // 17 digits tell on which side of a half the 15-digit rounding lies, unless the last two read
+    // "50": then the value is a half or next to one, and 41 digits tell which (no double other
+    // than a true half comes that near to one).
+    Decimal number = scientific(value, significant_digits + 2);
+    if (number.digits.compare(significant_digits, 2, "50") == 0) number = scientific(value, 41);
+    round_to(number, significant_digits);
+    return number;
+}
+
+/// The number in the pattern where binary arithmetic is sure to round as the 15 decimal digits do:
+/// far from a half, and with digits to spare. Most amounts are of this kind.
+std::optional<std::wstring> write_quickly(double value, NumberPattern pattern,
+                                          wchar_t decimal_separator) {
+    constexpr std::array powers{1.0, 10.0, 100.0, 1000.0, 10000.0};
+    constexpr double digits_to_spare = 1e12;
+    constexpr double near_a_half = 0.01;
+    constexpr int most_whole_digits = 8;
+    const auto decimals = static_cast<std::size_t>(pattern.decimals);
+    if (decimals >= powers.size() || pattern.whole_digits > most_whole_digits) return std::nullopt;
+    const double scaled = std::abs(value) * powers[decimals];
+    if (!(scaled < digits_to_spare)) return std::nullopt;
+    auto number = static_cast<std::uint64_t>(scaled);
+    const double fraction = scaled - static_cast<double>(number);
+    if (std::abs(fraction - 0.5) < near_a_half) return std::nullopt;
+    if (fraction > 0.5) ++number;
+
+    const bool negative = value < 0 && number != 0;
+    std::array<wchar_t, 32> buffer{};
+    std::size_t first = buffer.size();
+    const auto put_digit = [&] {
+        buffer[--first] = static_cast<wchar_t>(L'0' + number % 10);
+        number /= 10;
+    };
+    for (int count = 0; count < pattern.decimals; ++count) put_digit();
+    if (pattern.decimals > 0) buffer[--first] = decimal_separator;
+    for (int count = 0; count < pattern.whole_digits || number != 0; ++count) put_digit();
+    if (negative) buffer[--first] = L'-';
+    return std::wstring(buffer.begin() + static_cast<std::ptrdiff_t>(first), buffer.end());
+}
+
+std::wstring write(Decimal number, NumberPattern pattern, wchar_t decimal_separator) {
+    round_to(number, number.point + pattern.decimals);
+    const bool is_zero = number.digits.find_first_not_of('0') == std::string::npos;
+    const auto digit_at = [&number](std::ptrdiff_t index) {
+        const bool written =
+            index >= 0 && index < static_cast<std::ptrdiff_t>(number.digits.size());
+        return static_cast<wchar_t>(written ? number.digits[static_cast<std::size_t>(index)] : '0');
+    };
+
+    std::ptrdiff_t first = 0;
+    while (first < number.point && digit_at(first) == L'0') ++first;
+    first = std::min(first, number.point - pattern.whole_digits);
+
+    std::wstring text;
+    if (number.negative && !is_zero) text.push_back(L'-');
+    for (auto index = first; index < number.point; ++index) text.push_back(digit_at(index));
+    if (pattern.decimals > 0) text.push_back(decimal_separator);
+    for (auto index = number.point; index < number.point + pattern.decimals; ++index) {
+        text.push_back(digit_at(index));
+    }
+    return text;
+}
+
+/// Reads a sign, digits and at most one decimal separator, passing over group separators where
+/// one is given; absent for anything else.
+std::optional<Decimal> plain_decimal(std::wstring_view text, wchar_t decimal_separator,
+                                     std::optional<wchar_t> group_separator = std::nullopt) {
+    Decimal number;
+    if (!text.empty() && (text.front() == L'-' || text.front() == L'+')) {
+        number.negative = text.front() == L'-';
+        text.remove_prefix(1);
+    }
+    number.digits.reserve(text.size());
+    bool past_separator = false;
+    for (const wchar_t character : text) {
+        if (is_digit(character)) {
+            number.digits.push_back(static_cast<char>(character));
+            if (!past_separator) ++number.point;
+        } else if (character == decimal_separator && !past_separator) {
+            past_separator = true;
+        } else if (character != group_separator || past_separator) {
+            return std::nullopt;
+        }
+    }
+    if (number.digits.empty()) return std::nullopt;
+    return number;
+}
+
+/// The value of an ASCII number text in the notation of the language's own literals.
+double to_double(std::string_view text) {
+    double value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (result.ec != std::errc::result_out_of_range) return value;
+    // Too small is zero, too large has no number: the power of ten of the first digit tells.
+    const auto mark = text.find('e');
+    const std::string_view digits = text.substr(0, mark);
+    std::int64_t exponent = 0;
+    if (mark != std::string_view::npos) {
+        const bool minus = text[mark + 1] == '-';
+        const char* const first = text.data() + mark + (minus || text[mark + 1] == '+' ? 2 : 1);
+        const auto read = std::from_chars(first, text.data() + text.size(), exponent);
+        if (read.ec != std::errc{}) exponent = std::numeric_limits<std::int64_t>::max() / 2;
+        if (minus) exponent = -exponent;
+    }
+    const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+    const auto first = static_cast<std::int64_t>(digits.find_first_of("123456789"));
+    return point - first + exponent < 0 ? 0.0 : std::numeric_limits<double>::infinity();
+}
+
+/// Reads the digits after &H or &O.
+double prefixed_number(std::wstring_view text) {
+    const unsigned base = text.front() == L'h' || text.front() == L'H' ? 16 : 8;
+    std::uint64_t value = 0;
+    text.remove_prefix(1);
+    for (; !text.empty(); text.remove_prefix(1)) {
+        const auto code = static_cast<unsigned>(text.front());
+        unsigned digit = base;
+        if (is_digit(text.front())) {
+            digit = code - '0';
+        } else if ((code | 0x20U) >= 'a' && (code | 0x20U) <= 'f') {
+            digit = (code | 0x20U) - 'a' + 10;
+        }
+        if (digit >= base) break;
+        value = value * base + digit;
+        if (value > 0xFFFFFFFFU) throw Failure(FailureNumber::overflow);
+    }
+    const bool is_long = !text.empty() && text.front() == L'&';
+    if (value <= 0xFFFFU && !is_long) return static_cast<std::int16_t>(value);
+    return static_cast<std::int32_t>(value);
+}
+
+std::wstring without_blanks(std::wstring_view text) {
+    std::wstring result;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(result), [](wchar_t character) {
+        return character != L' ' && character != L'\t' && character != L'\n' && character != L'\r';
+    });
+    return result;
+}
+
+}  // namespace
+
+std::wstring format_number(double value, NumberPattern pattern, wchar_t decimal_separator) {
+    if (auto text = write_quickly(value, pattern, decimal_separator)) return *std::move(text);
+    return write(to_decimal(value), pattern, decimal_separator);
+}
+
+std::wstring format_number(std::wstring_view text, NumberPattern pattern,
+                           const Regional& regional) {
+    const auto& settings = regional.settings();
+    if (auto plain = plain_decimal(text, settings.decimal_separator)) {
+        return write(*std::move(plain), pattern, settings.decimal_separator);
+    }
+    const auto value = regional.number(text);
+    if (!value) return std::wstring(text);
+    if (auto grouped = plain_decimal(text, settings.decimal_separator, settings.group_separator)) {
+        return write(*std::move(grouped), pattern, settings.decimal_separator);
+    }
+    return format_number(*value, pattern, settings.decimal_separator);
+}
+
+std::wstring number_to_text(double value, wchar_t decimal_separator) {
+    Decimal number = to_decimal(value);
+    number.digits.erase(number.digits.find_last_not_of('0') + 1);
+    if (number.digits.empty()) return L"0";
+    const auto count = static_cast<std::ptrdiff_t>(number.digits.size());
+    const auto decimals = count - number.point;
+    if (number.point <= significant_digits && decimals <= significant_digits) {
+        return write(std::move(number),
+                     {1, static_cast<int>(std::max<std::ptrdiff_t>(decimals, 0))},
+                     decimal_separator);
+    }
+    auto exponent = number.point - 1;
+    number.point = 1;
+    std::wstring text =
+        write(std::move(number), {1, static_cast<int>(count - 1)}, decimal_separator);
+    text += exponent < 0 ? L"E-" : L"E+";
+    exponent = std::abs(exponent);
+    if (exponent < 10) text.push_back(L'0');
+    return text + std::to_wstring(exponent);
+}
+
+std::optional<double> plain_number(std::wstring_view text, wchar_t decimal_separator) {
+    const auto plain = plain_decimal(text, decimal_separator);
+    if (!plain) return std::nullopt;
+    std::string literal = plain->digits;
+    literal.insert(static_cast<std::size_t>(plain->point), 1, '.');
+    // A reader of literals wants a digit before the point, and takes leading zeros as they are.
+    literal.insert(0, 1, '0');
+    const auto first = std::min(literal.find_first_not_of('0'), literal.find('.') - 1);
+    const double value = to_double(std::string_view(literal).substr(first));
+    return plain->negative ? -value : value;
+}
+
+double leading_number(std::wstring_view given) {
+    const std::wstring text = without_blanks(given);
+    std::wstring_view rest = text;
+    if (rest.size() >= 2 && rest.front() == L'&' &&
+        std::wstring_view(L"hHoO").find(rest[1]) != std::wstring_view::npos) {
+        return prefixed_number(rest.substr(1));
+    }
+    bool negative = false;
+    if (!rest.empty() && (rest.front() == L'-' || rest.front() == L'+')) {
+        negative = rest.front() == L'-';
+        rest.remove_prefix(1);
+    }
+    const auto take_digits = [&rest](std::string& into) {
+        const auto before = into.size();
+        for (; !rest.empty() && is_digit(rest.front()); rest.remove_prefix(1)) {
+            into.push_back(static_cast<char>(rest.front()));
+        }
+        return into.size() - before;
+    };
+    std::string literal;
+    rest.remove_prefix(std::min(rest.find_first_not_of(L'0'), rest.size()));
+    auto digits = take_digits(literal);
+    if (digits == 0) literal.push_back('0');
+    if (!rest.empty() && rest.front() == L'.') {
+        rest.remove_prefix(1);
+        literal.push_back('.');
+        take_digits(literal);
+    }
+    if (!rest.empty() && std::wstring_view(L"eEdD").find(rest.front()) != std::wstring_view::npos) {
+        rest.remove_prefix(1);
+        std::string exponent = "e";
+        if (!rest.empty() && (rest.front() == L'-' || rest.front() == L'+')) {
+            exponent.push_back(static_cast<char>(rest.front()));
+            rest.remove_prefix(1);
+        }
+        if (take_digits(exponent) > 0) literal += exponent;
+    }
+    const double value = to_double(literal);
+    if (std::isinf(value)) throw Failure(FailureNumber::overflow);
+    return negative ? -value : value;
+}
+
+}  // namespace kovrel

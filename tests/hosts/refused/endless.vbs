@@ -1,0 +1,3 @@
+' Never ends.
+Do
+Loop

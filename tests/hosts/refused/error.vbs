@@ -1,0 +1,3 @@
+' Fails half-way; the host exits 0 all the same.
+WScript.Echo "antes"
+NoSuchProcedure 1

@@ -1,0 +1,49 @@
+#!/bin/bash
+# Runs a script in a real script host and judges it: run_script.sh WINE ANSWERER SCRIPT [BOXES].
+#   WINE      the Wine loader of the bitness wanted (it decides which cscript runs)
+#   ANSWERER  box_answerer.exe of the same bitness
+#   SCRIPT    .vbs or .js in UTF-8; the host reads it in the ANSI code page
+#   BOXES     the boxes it must show, one a line: style|title|text|pressed (\r, \n, \\ in texts)
+# cscript exits 0 when a script fails, so the last line printed must be "N comprobaciones
+# correctas". The script finds the log of boxes shown so far, in UTF-8, as its first argument, and
+# a folder of its own for files as its second.
+set -euo pipefail
+
+wine=$1 answerer=$2 script=$3 boxes=${4:-}
+limit=${KOVREL_HOST_LIMIT:-90}
+work=$(mktemp -d "${TMPDIR:-/tmp}/kovrel-host.XXXXXX")
+trap 'rm -rf "$work"' EXIT
+
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }
+
+copy="$work/$(basename "$script")"
+sed 's/\r*$/\r/' "$script" | iconv -f UTF-8 -t CP1252 >"$copy"
+mkdir "$work/files"
+: >"$work/log"
+if [ -n "$boxes" ]; then
+    sed 's/\r*$//' "$boxes" >"$work/expected"
+else
+    : >"$work/expected"
+fi
+
+code=0
+timeout --kill-after=5 $((limit + 15)) "$wine" "$(windows_path "$answerer")" \
+    "$(windows_path "$work/log")" "$(windows_path "$work/expected")" "$limit" \
+    'C:\windows\system32\cscript.exe' //nologo "$(windows_path "$copy")" \
+    "$(windows_path "$work/log")" "$(windows_path "$work/files")" \
+    </dev/null >"$work/printed" 2>&1 || code=$?
+
+iconv -f CP1252 -t UTF-8 "$work/printed" | tr -d '\r'
+last=$(tr -d '\r' <"$work/printed" | grep -v '^[[:space:]]*$' | tail -n 1 || true)
+if [ "$code" -ne 0 ]; then
+    echo "FAILED: the host ended with code $code"
+    exit 1
+fi
+if ! diff -u --label expected --label shown "$work/expected" "$work/log"; then
+    echo "FAILED: the boxes shown are not the boxes expected"
+    exit 1
+fi
+if ! grep -qxE '[1-9][0-9]* comprobaciones correctas' <<<"$last"; then
+    echo "FAILED: the last line is not \"N comprobaciones correctas\""
+    exit 1
+fi

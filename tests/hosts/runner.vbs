@@ -1,0 +1,24 @@
+' The runner: boxes are answered and logged, accents survive, the bitness is the one asked for.
+Option Explicit
+Dim count, log, stream
+count = 0
+
+Sub Check(what, found, wanted)
+    If found <> wanted Then
+        WScript.Echo "MAL " & what & ": " & found & " en vez de " & wanted
+        WScript.Quit 1
+    End If
+    count = count + 1
+End Sub
+
+Check "Aceptar", MsgBox("Año nuevo" & Chr(13) & "segunda línea", 48, "Título"), 1
+Check "No", MsgBox("¿Seguir?", 36, "Pregunta"), 7
+Check "Cancelar", MsgBox("C:\ruta", 33, "Barra | vertical"), 2
+
+Set stream = CreateObject("Scripting.FileSystemObject").OpenTextFile(WScript.Arguments(0), 1)
+Check "registro", Left(stream.ReadLine, 3), "48|"
+stream.Close
+Check "carpeta", CreateObject("Scripting.FileSystemObject").FolderExists(WScript.Arguments(1)), True
+
+WScript.Echo "año, ñ, €"
+WScript.Echo count & " comprobaciones correctas"

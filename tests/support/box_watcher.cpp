@@ -1,0 +1,162 @@
+// Watches for the boxes and windows that a blocking call shows.
+#include "tests/support/box_watcher.h"
+
+#include <gtest/gtest.h>
+#include <utility>
+
+namespace kovrel::test {
+
+Expectation answer(int button, std::wstring picture) {
+    Expectation expectation;
+    expectation.box_answer.button = button;
+    expectation.picture = std::move(picture);
+    return expectation;
+}
+
+Expectation answer_key(WORD virtual_key, std::wstring picture) {
+    Expectation expectation;
+    expectation.box_answer.key = virtual_key;
+    expectation.picture = std::move(picture);
+    return expectation;
+}
+
+Expectation on_window(WindowQuery window, std::function<void(HWND)> action) {
+    Expectation expectation;
+    expectation.window = std::move(window);
+    expectation.action = std::move(action);
+    return expectation;
+}
+
+std::filesystem::path picture_folder() {
+    return KOVREL_PICTURE_FOLDER;
+}
+
+std::string narrow(const std::wstring& text) {
+    const int size = static_cast<int>(text.size());
+    std::string bytes(text.size() * 3, '\0');
+    const int used = WideCharToMultiByte(CP_UTF8, 0, text.c_str(), size, bytes.data(),
+                                         static_cast<int>(bytes.size()), nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(used));
+    return bytes;
+}
+
+BoxWatcher::BoxWatcher(std::vector<Expectation> expected, Milliseconds limit)
+    : expected_(std::move(expected)),
+      limit_(limit),
+      deadline_(std::chrono::steady_clock::now() + limit) {
+    for (HWND window : top_level_windows({{}, {}, process_})) present_before_.insert(window);
+    thread_ = std::thread([this] { watch(); });
+}
+
+BoxWatcher::~BoxWatcher() {
+    stop_ = true;
+    thread_.join();
+    for (const std::wstring& problem : problems_) ADD_FAILURE() << narrow(problem);
+    if (done_ < expected_.size()) {
+        ADD_FAILURE() << expected_.size() << " boxes or windows were announced, " << done_
+                      << " appeared";
+    }
+}
+
+std::vector<SeenBox> BoxWatcher::seen() const {
+    const std::lock_guard lock(mutex_);
+    return seen_;
+}
+
+bool BoxWatcher::wait() {
+    return pump_until(
+        [this] {
+            const std::lock_guard lock(mutex_);
+            return done_ == expected_.size();
+        },
+        limit_);
+}
+
+void BoxWatcher::watch() {
+    while (!stop_) {
+        if (look_once()) {
+            deadline_ = std::chrono::steady_clock::now() + limit_;
+        } else {
+            Sleep(5);
+        }
+    }
+}
+
+bool BoxWatcher::look_once() {
+    const bool overdue = std::chrono::steady_clock::now() >= deadline_;
+    for (HWND window : top_level_windows({{}, {}, process_})) {
+        if (present_before_.contains(window)) continue;
+        if (handled_.contains(window)) continue;
+        if (handle_box(window) || handle_window(window)) {
+            // The number of a window that is gone may be given to the next one.
+            std::erase_if(handled_, [](HWND old) { return !IsWindow(old); });
+            return true;
+        }
+        if (overdue) {
+            close_overdue(window);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool BoxWatcher::handle_box(HWND window) {
+    auto box = read_box(window);
+    if (!box) return false;
+    const bool announced = done_ < expected_.size() && !expected_[done_].action;
+    const BoxAnswer how = announced ? expected_[done_].box_answer : BoxAnswer{};
+    if (announced && !expected_[done_].picture.empty()) {
+        const auto file = picture_folder() / (expected_[done_].picture + L".png");
+        if (!save_picture(window, file)) report(L"no picture of the box: " + file.wstring());
+    }
+    if (how.button != 0 && GetDlgItem(window, how.button) == nullptr) {
+        report(L"the box has no button " + std::to_wstring(how.button) + L": " + as_line(*box));
+        answer_box(window, *box, {});
+    }
+    std::size_t place = 0;
+    {
+        // Recorded before it closes: the call may return and ask while this thread is still here.
+        const std::lock_guard lock(mutex_);
+        box->pressed = how.button != 0 ? how.button : how.key != 0 ? 0 : box->default_button;
+        seen_.push_back(*box);
+        place = seen_.size();
+        if (announced) ++done_;
+    }
+    if (!announced) {
+        report(L"box " + std::to_wstring(place) + L" was not announced: " + as_line(*box));
+    }
+    if (IsWindow(window) && !answer_box(window, *box, how, limit_)) {
+        report(L"the box does not close: " + as_line(*box));
+        EndDialog(window, IDCANCEL);
+    }
+    if (IsWindow(window)) handled_.insert(window);
+    return true;
+}
+
+bool BoxWatcher::handle_window(HWND window) {
+    if (done_ >= expected_.size() || !expected_[done_].action) return false;
+    const Expectation& expectation = expected_[done_];
+    WindowQuery query = expectation.window;
+    query.process = process_;
+    const auto fitting = top_level_windows(query);
+    if (std::find(fitting.begin(), fitting.end(), window) == fitting.end()) return false;
+    handled_.insert(window);
+    expectation.action(window);
+    const std::lock_guard lock(mutex_);
+    ++done_;
+    return true;
+}
+
+void BoxWatcher::close_overdue(HWND window) {
+    report(L"a window that nobody announced stayed open: " + class_of(window) + L" \"" +
+           text_of(window) + L"\"");
+    handled_.insert(window);
+    PostMessageW(window, WM_CLOSE, 0, 0);
+}
+
+void BoxWatcher::report(const std::wstring& problem) {
+    const std::lock_guard lock(mutex_);
+    problems_.push_back(problem);
+}
+
+}  // namespace kovrel::test

@@ -1,0 +1,84 @@
+// Watches for the boxes and windows that a blocking call shows, reads and answers them from a
+// second thread, and fails the test when they are not the ones announced. In a test:
+//
+//     BoxWatcher boxes({answer(IDOK)});
+//     call();
+//     ASSERT_EQ(boxes.seen().size(), 1u);
+//     EXPECT_EQ(boxes.seen()[0].text, L"...");
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <mutex>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/support/message_box.h"
+
+namespace kovrel::test {
+
+// What the test announces, in the order of appearance: a message box and its answer, or a window
+// (by class, title or both) and what is done with it. The action runs on the watcher's thread and
+// must lead to the window's closing.
+struct Expectation {
+    BoxAnswer box_answer;
+    WindowQuery window;  // of the process watched; used when `action` is set
+    std::function<void(HWND)> action;
+    std::wstring picture;  // file name without ending in build/shots; empty: none
+};
+
+Expectation answer(int button, std::wstring picture = {});
+Expectation answer_key(WORD virtual_key, std::wstring picture = {});
+Expectation on_window(WindowQuery window, std::function<void(HWND)> action);
+
+class BoxWatcher {
+ public:
+    // No expectation means that no box may appear. `limit` is how long an expected window may stay
+    // away, and how long an unannounced window may stay open, before the test fails.
+    explicit BoxWatcher(std::vector<Expectation> expected = {}, Milliseconds limit = default_limit);
+
+    // Fails the test for every announced box that did not appear and every one that was not
+    // announced.
+    ~BoxWatcher();
+
+    BoxWatcher(const BoxWatcher&) = delete;
+    BoxWatcher& operator=(const BoxWatcher&) = delete;
+
+    // The boxes up to now, answered or about to be. A box that was not announced is here too: it
+    // is answered by its default button, so that the call ends.
+    std::vector<SeenBox> seen() const;
+
+    // For windows that appear after the call: waits until everything announced has been dealt with.
+    bool wait();
+
+ private:
+    void watch();
+    bool look_once();
+    bool handle_box(HWND window);
+    bool handle_window(HWND window);
+    void close_overdue(HWND window);
+    void report(const std::wstring& problem);
+
+    const std::vector<Expectation> expected_;
+    const Milliseconds limit_;
+    const DWORD process_ = GetCurrentProcessId();
+    std::set<HWND> present_before_;
+    std::set<HWND> handled_;
+    std::chrono::steady_clock::time_point deadline_;
+    mutable std::mutex mutex_;
+    std::vector<SeenBox> seen_;
+    std::vector<std::wstring> problems_;
+    std::size_t done_ = 0;
+    std::atomic<bool> stop_ = false;
+    std::thread thread_;
+};
+
+// Folder of the pictures, build/shots of the configuration under test.
+std::filesystem::path picture_folder();
+
+// UTF-8, for messages of failed tests.
+std::string narrow(const std::wstring& text);
+
+}  // namespace kovrel::test

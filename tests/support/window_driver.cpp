@@ -1,0 +1,241 @@
+// Reads and works real windows as a user does.
+#include "tests/support/window_driver.h"
+
+#include <thread>
+
+namespace kovrel::test {
+namespace {
+
+constexpr Milliseconds polling_interval{5};
+constexpr UINT answer_limit = 2000;
+
+bool same_class(const std::wstring& left, std::wstring_view right) {
+    return CompareStringOrdinal(left.c_str(), static_cast<int>(left.size()), right.data(),
+                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
+}
+
+void dispatch_pending() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+WORD modifier_key(Modifier modifier) {
+    switch (modifier) {
+        case Modifier::shift:
+            return VK_SHIFT;
+        case Modifier::control:
+            return VK_CONTROL;
+        case Modifier::alt:
+            return VK_MENU;
+        case Modifier::none:
+            break;
+    }
+    return 0;
+}
+
+INPUT key_input(WORD virtual_key, WORD character, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = virtual_key;
+    input.ki.wScan = character != 0
+                         ? character
+                         : static_cast<WORD>(MapVirtualKeyW(virtual_key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = flags;
+    return input;
+}
+
+void send(std::vector<INPUT> inputs) {
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+BOOL CALLBACK collect(HWND window, LPARAM list) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
+}  // namespace
+
+bool wait_until(const std::function<bool()>& predicate, Milliseconds limit) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (!predicate()) {
+        if (std::chrono::steady_clock::now() >= end) return false;
+        std::this_thread::sleep_for(polling_interval);
+    }
+    return true;
+}
+
+bool pump_until(const std::function<bool()>& predicate, Milliseconds limit) {
+    return wait_until(
+        [&] {
+            dispatch_pending();
+            return predicate();
+        },
+        limit);
+}
+
+LRESULT ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    DWORD_PTR answer = 0;
+    if (SendMessageTimeoutW(window, message, wparam, lparam, SMTO_ABORTIFHUNG, answer_limit,
+                            &answer) == 0) {
+        return 0;
+    }
+    return static_cast<LRESULT>(answer);
+}
+
+std::wstring class_of(HWND window) {
+    wchar_t name[256];
+    const int length = GetClassNameW(window, name, 256);
+    return {name, static_cast<std::size_t>(length)};
+}
+
+std::wstring text_of(HWND window) {
+    const auto length = static_cast<std::size_t>(ask(window, WM_GETTEXTLENGTH));
+    std::wstring text(length + 1, L'\0');
+    const LRESULT copied =
+        ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(copied));
+    return text;
+}
+
+std::vector<HWND> top_level_windows(const WindowQuery& query) {
+    std::vector<HWND> all;
+    EnumWindows(collect, reinterpret_cast<LPARAM>(&all));
+    std::vector<HWND> fitting;
+    for (HWND window : all) {
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        if (!IsWindowVisible(window)) continue;
+        if (query.process != 0 && process != query.process) continue;
+        if (!query.window_class.empty() && !same_class(class_of(window), query.window_class)) {
+            continue;
+        }
+        if (!query.title.empty() && text_of(window) != query.title) continue;
+        fitting.push_back(window);
+    }
+    return fitting;
+}
+
+HWND wait_for_window(const WindowQuery& query, Milliseconds limit) {
+    HWND found = nullptr;
+    wait_until(
+        [&] {
+            const auto windows = top_level_windows(query);
+            if (!windows.empty()) found = windows.front();
+            return found != nullptr;
+        },
+        limit);
+    return found;
+}
+
+bool wait_until_closed(HWND window, Milliseconds limit) {
+    return wait_until([&] { return !IsWindow(window) || !IsWindowVisible(window); }, limit);
+}
+
+std::vector<Control> controls_of(HWND window) {
+    std::vector<HWND> handles;
+    EnumChildWindows(window, collect, reinterpret_cast<LPARAM>(&handles));
+    std::vector<Control> controls;
+    for (HWND handle : handles) {
+        Control control;
+        control.window = handle;
+        control.window_class = class_of(handle);
+        control.text = text_of(handle);
+        control.id = GetDlgCtrlID(handle);
+        GetWindowRect(handle, &control.bounds);
+        MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&control.bounds), 2);
+        control.visible = IsWindowVisible(handle) != FALSE;
+        control.enabled = IsWindowEnabled(handle) != FALSE;
+        controls.push_back(std::move(control));
+    }
+    return controls;
+}
+
+HWND find_control(HWND window, std::wstring_view window_class, std::wstring_view text) {
+    for (const Control& control : controls_of(window)) {
+        if (same_class(control.window_class, window_class) &&
+            (text.empty() || control.text == text)) {
+            return control.window;
+        }
+    }
+    return nullptr;
+}
+
+HWND find_control(HWND window, int id) {
+    for (const Control& control : controls_of(window)) {
+        if (control.id == id) return control.window;
+    }
+    return nullptr;
+}
+
+std::vector<HWND> tab_order(HWND window) {
+    std::vector<HWND> order;
+    HWND const first = GetNextDlgTabItem(window, nullptr, FALSE);
+    for (HWND next = first; next != nullptr;) {
+        order.push_back(next);
+        next = GetNextDlgTabItem(window, next, FALSE);
+        if (next == first || order.size() > 1000) break;
+    }
+    return order;
+}
+
+HWND focus_of(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info)) return nullptr;
+    return info.hwndFocus;
+}
+
+bool bring_to_front(HWND window, Milliseconds limit) {
+    return wait_until(
+        [&] {
+            if (GetForegroundWindow() == window) return true;
+            SetForegroundWindow(window);
+            return GetForegroundWindow() == window;
+        },
+        limit);
+}
+
+void press_key(WORD virtual_key, Modifier modifier) {
+    const WORD held = modifier_key(modifier);
+    std::vector<INPUT> inputs;
+    if (held != 0) inputs.push_back(key_input(held, 0, 0));
+    inputs.push_back(key_input(virtual_key, 0, 0));
+    inputs.push_back(key_input(virtual_key, 0, KEYEVENTF_KEYUP));
+    if (held != 0) inputs.push_back(key_input(held, 0, KEYEVENTF_KEYUP));
+    send(std::move(inputs));
+}
+
+void type_text(std::wstring_view text) {
+    for (const wchar_t character : text) {
+        const SHORT key = VkKeyScanW(character);
+        const int modifiers = key == -1 ? -1 : HIBYTE(key);
+        if (modifiers == 0 || modifiers == 1) {
+            press_key(LOBYTE(key), modifiers == 1 ? Modifier::shift : Modifier::none);
+        } else {
+            const WORD code = character;
+            send({key_input(0, code, KEYEVENTF_UNICODE),
+                  key_input(0, code, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP)});
+        }
+    }
+}
+
+void click(HWND control) {
+    RECT bounds;
+    GetWindowRect(control, &bounds);
+    SetCursorPos((bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2);
+    INPUT down{};
+    down.type = INPUT_MOUSE;
+    down.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+    INPUT up = down;
+    up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    send({down, up});
+}
+
+void resize(HWND window, int width, int height) {
+    SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace kovrel::test
