@@ -124,9 +124,11 @@ bool remove_file(const std::string& path) noexcept {
 }
 
 std::string name_key(const std::string& name) {
-    std::wstring wide = utf16_from_utf8(name);
-    CharUpperBuffW(wide.data(), static_cast<DWORD>(wide.size()));
-    return utf8_from_utf16(wide);
+    const std::wstring wide = utf16_from_utf8(name);
+    std::wstring upper(wide.size(), L'\0');
+    LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, wide.data(), static_cast<int>(wide.size()),
+                 upper.data(), static_cast<int>(upper.size()));
+    return utf8_from_utf16(upper);
 }
 
 InputFile::InputFile(const std::string& path)
