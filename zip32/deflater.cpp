@@ -57,7 +57,7 @@ void PieceDeflater::run(Piece& piece) {
     if (level_ == 0) {
         return;
     }
-    if (looks_incompressible(data)) {
+    if (looks_incompressible(data, piece.dictionary_length)) {
         store_in_stream(piece);
         return;
     }

@@ -28,10 +28,11 @@ bool is_even(ByteView block) {
     return 256 * squares <= n * n + 255 * n + n * n / 16;
 }
 
-// Whether more than one position in 512 repeats four bytes seen less than 32 KiB before.
-bool has_repeats(ByteView data) {
+// Whether more than one position in 512 of `data` repeats four bytes seen up to 32 KiB before; the
+// first `known` bytes count only as something to repeat.
+bool has_repeats(ByteView data, std::size_t known) {
     std::array<std::uint32_t, 1U << hash_bits> seen{};
-    const std::size_t most = data.size() / 512;
+    const std::size_t most = (data.size() - known) / 512;
     std::size_t repeats = 0;
     for (std::uint32_t i = 0; i + 4 <= data.size(); ++i) {
         std::uint32_t here = 0;
@@ -41,7 +42,7 @@ bool has_repeats(ByteView data) {
         place = i;
         std::uint32_t there = 0;
         std::memcpy(&there, data.data() + before, sizeof there);
-        if (here == there && before < i && i - before <= reach && ++repeats > most) {
+        if (i >= known && here == there && before < i && i - before <= reach && ++repeats > most) {
             return true;
         }
     }
@@ -50,7 +51,7 @@ bool has_repeats(ByteView data) {
 
 }  // namespace
 
-bool looks_incompressible(ByteView data) {
+bool looks_incompressible(ByteView data, std::size_t known) {
     if (data.size() < smallest) {
         return false;
     }
@@ -59,7 +60,7 @@ bool looks_incompressible(ByteView data) {
             return false;
         }
     }
-    return !has_repeats(data);
+    return !has_repeats({data.data() - known, data.size() + known}, known);
 }
 
 }  // namespace kovrel::zip

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <optional>
+#include <span>
 #include <thread>
 #include <unordered_map>
 
@@ -55,7 +56,7 @@ bool is_wanted(const Input& input, const OldEntry* old, Selection selection) {
 
 // Old entries keep their places; a file that replaces one takes its place, new ones follow.
 // An old name that occurs several times is replaced once, and its other entries go.
-std::vector<Step> plan_steps(const std::vector<OldEntry>& old, const std::vector<Input>& inputs,
+std::vector<Step> plan_steps(std::span<const OldEntry> old, const std::vector<Input>& inputs,
                              Selection selection) {
     std::unordered_map<std::string, const Input*> by_key;
     for (const Input& input : inputs) {
@@ -100,8 +101,9 @@ class Update {
         }
         std::optional<ArchiveReader> old = open_existing(archive_path_);
         const std::vector<Input> inputs = collect_inputs(archive_path_, names, options_, events_);
-        const std::vector<Step> steps =
-            plan_steps(old ? old->entries() : std::vector<OldEntry>(), inputs, options_.selection);
+        const std::span<const OldEntry> old_entries =
+            old ? std::span(old->entries()) : std::span<const OldEntry>();
+        const std::vector<Step> steps = plan_steps(old_entries, inputs, options_.selection);
         if (std::none_of(steps.begin(), steps.end(),
                          [](const Step& step) { return step.input != nullptr; })) {
             throw ZipError(ZipCode::nothing_to_do, "nothing to do: " + archive_path_);

@@ -54,7 +54,7 @@ TEST(ZipDeflater, PiecesJoinIntoOneStream) {
                       mixed);
         }
     }
-    for (const std::size_t size : {1, 2, 3, 1000}) {
+    for (const std::size_t size : {1U, 2U, 3U, 1000U}) {
         const std::string data = compressible(size, 4);
         EXPECT_EQ(test::inflate_raw(deflate_in_pieces(data, 1, 6), size), data);
     }

@@ -1,5 +1,6 @@
 // The engine as its callers see it: archives made, updated, and left alone when something fails.
 #include <gmock/gmock.h>
+#include <zlib.h>
 
 #include "archive_reader.h"
 #include "tests/zip/plain_reader.h"
@@ -290,7 +291,7 @@ TEST_F(ZipUpdate, FoldersAreSearchedAndKeepTheirNames) {
     options.recurse = true;
     options.drop_folder_names = false;
     options.folder_entries = true;
-    options.root = utf8(folder.path());
+    options.root = test::utf8(folder.path());
     EXPECT_EQ(pack({"d"}), ZipCode::ok);
     EXPECT_THAT(names(), ElementsAre("d/", "d/e/", "d/e/y", "d/z"));
     EXPECT_EQ(data_of("d/e/y"), "2");
