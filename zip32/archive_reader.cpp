@@ -1,6 +1,7 @@
 #include "archive_reader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "zip_error.h"
 
@@ -12,6 +13,11 @@ constexpr std::size_t copy_piece = std::size_t{256} * 1024;
 
 [[noreturn]] void refuse(const std::string& why) {
     throw ZipError(ZipCode::bad_archive, "the existing archive is not valid: " + why);
+}
+
+// Whether a field of the end record says what its ZIP64 record does, or refers to it.
+bool agree(std::uint64_t narrow, std::uint64_t refers, std::uint64_t wide) {
+    return narrow == refers || narrow == wide;
 }
 
 }  // namespace
@@ -45,26 +51,24 @@ Bytes ArchiveReader::read(std::uint64_t offset, std::size_t length) const {
     return bytes;
 }
 
-// The end record stands last, before a comment of up to 65,535 bytes. A record whose comment
-// reaches exactly to the file's end is preferred to one that only looks like it further back.
+// The end record stands last, before a comment of up to 65,535 bytes. What looks like one further
+// back is not tried when the last one is no good: other programs would read another archive.
 void ArchiveReader::find_directory() {
     const std::uint64_t reach =
         std::min<std::uint64_t>(file_size_, end_record_size + largest_comment);
     const std::uint64_t from = file_size_ - reach;
     const Bytes tail = read(from, static_cast<std::size_t>(reach));
-    for (const bool exact : {true, false}) {
-        for (std::size_t i = tail.size() < end_record_size ? 0 : tail.size() - end_record_size + 1;
-             i-- > 0;) {
-            const ByteView record = ByteView(tail).subspan(i);
-            if (load32(record, 0) != end_signature) {
-                continue;
-            }
-            const std::size_t needed = end_record_size + load16(record, 20);
-            if ((exact ? needed == record.size() : needed < record.size()) &&
-                accept_end(from + i, record.first(needed))) {
-                return;
-            }
+    for (std::size_t i = tail.size() < 4 ? 0 : tail.size() - 3; i-- > 0;) {
+        const ByteView record = ByteView(tail).subspan(i);
+        if (load32(record, 0) != end_signature) {
+            continue;
         }
+        if (record.size() < end_record_size ||
+            record.size() < end_record_size + load16(record, 20) ||
+            !accept_end(from + i, record.first(end_record_size + load16(record, 20)))) {
+            refuse("its end is broken");
+        }
+        return;
     }
     refuse("no central directory found");
 }
@@ -104,12 +108,17 @@ bool ArchiveReader::accept_end64(std::uint64_t end_position) {
             load64(record, 24) != load64(record, 32)) {
             continue;
         }
-        DirectoryEnd wide{load64(record, 32), load64(record, 40), load64(record, 48), end_.comment};
-        std::swap(end_, wide);
+        const DirectoryEnd wide{load64(record, 32), load64(record, 40), load64(record, 48),
+                                end_.comment};
+        if (!agree(end_.entry_count, in_zip64_short, wide.entry_count) ||
+            !agree(end_.size, in_zip64, wide.size) || !agree(end_.offset, in_zip64, wide.offset)) {
+            refuse("its two end records contradict each other");
+        }
+        const DirectoryEnd narrow = std::exchange(end_, wide);
         if (place_directory(position)) {
             return true;
         }
-        std::swap(end_, wide);
+        end_ = narrow;
     }
     return false;
 }

@@ -5,17 +5,18 @@
 namespace kovrel::zip::test {
 namespace {
 
-std::uint64_t number(const std::string& bytes, std::size_t at, std::size_t width) {
-    std::uint64_t value = 0;
+std::size_t number(const std::string& bytes, std::size_t at, std::size_t width) {
+    std::size_t value = 0;
     for (std::size_t i = 0; i < width; ++i) {
-        value |= std::uint64_t{static_cast<unsigned char>(bytes.at(at + i))} << (8 * i);
+        value |= std::size_t{static_cast<unsigned char>(bytes.at(at + i))} << (8 * i);
     }
     return value;
 }
 
-void unpack(const std::string& archive, std::size_t local, std::uint64_t packed_size,
-            std::uint64_t size, std::uint32_t crc, PlainEntry& entry) {
-    if (local + 30 > archive.size() || number(archive, local, 4) != 0x04034B50) {
+void unpack(const std::string& archive, std::size_t local, std::size_t packed_size,
+            std::size_t size, std::uint32_t crc, PlainEntry& entry) {
+    if (local > archive.size() || archive.size() - local < 30 ||
+        number(archive, local, 4) != 0x04034B50) {
         return;
     }
     const std::size_t data =
@@ -57,9 +58,16 @@ std::vector<PlainEntry> read_plain(const std::string& archive) {
     if (end == std::string::npos || end + 22 > archive.size()) {
         return entries;
     }
-    const std::uint64_t count = number(archive, end + 10, 2);
-    std::size_t at = number(archive, end + 16, 4);
-    for (std::uint64_t i = 0; i < count; ++i) {
+    const std::size_t count = number(archive, end + 10, 2);
+    const std::size_t size = number(archive, end + 12, 4);
+    const std::size_t offset = number(archive, end + 16, 4);
+    if (size > end || offset > end - size ||
+        (end >= 20 && archive.compare(end - 20, 4, "PK\6\7") == 0)) {
+        return entries;
+    }
+    const std::size_t base = end - size - offset;  // bytes before the archive
+    std::size_t at = end - size;
+    for (std::size_t i = 0; i < count; ++i) {
         if (at > archive.size() || archive.size() - at < 46 ||
             number(archive, at, 4) != 0x02014B50) {
             break;
@@ -79,7 +87,7 @@ std::vector<PlainEntry> read_plain(const std::string& archive) {
         entry.name = archive.substr(at + 46, name);
         entry.extra = archive.substr(at + 46 + name, extra);
         entry.comment = archive.substr(at + 46 + name + extra, comment);
-        unpack(archive, number(archive, at + 42, 4), number(archive, at + 20, 4),
+        unpack(archive, base + number(archive, at + 42, 4), number(archive, at + 20, 4),
                number(archive, at + 24, 4), static_cast<std::uint32_t>(number(archive, at + 16, 4)),
                entry);
         entries.push_back(std::move(entry));

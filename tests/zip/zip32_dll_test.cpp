@@ -1,6 +1,8 @@
 // zip32.dll through its three entry points, with the records that callers hand over.
 #include <windows.h>
 
+#include <array>
+#include <cstring>
 #include <gmock/gmock.h>
 
 #include "plain_reader.h"
