@@ -84,7 +84,7 @@ class NewFile {
  private:
     std::string target_;
     std::string path_;
-    std::intptr_t handle_;
+    std::intptr_t handle_ = -1;
 };
 
 /// A name for a file under work, in the folder of `target`; another at each call.

@@ -140,7 +140,7 @@ std::size_t InputFile::read_at(std::uint64_t offset, std::span<std::uint8_t> roo
     return done;
 }
 
-NewFile::NewFile(const std::string& target) : target_(target), handle_(-1) {
+NewFile::NewFile(const std::string& target) : target_(target) {
     for (int attempt = 0; handle_ < 0 && attempt < 100; ++attempt) {
         path_ = temporary_name_beside(target);
         handle_ = open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);

@@ -178,7 +178,7 @@ std::size_t InputFile::read_at(std::uint64_t offset, std::span<std::uint8_t> roo
     return done;
 }
 
-NewFile::NewFile(const std::string& target) : target_(target), handle_(no_handle) {
+NewFile::NewFile(const std::string& target) : target_(target) {
     for (int attempt = 0; handle_ == no_handle && attempt < 100; ++attempt) {
         path_ = temporary_name_beside(target);
         handle_ = reinterpret_cast<std::intptr_t>(

@@ -12,6 +12,10 @@ constexpr std::size_t longest_name = 0xFFFF;
 // Folders deeper than this are a loop of links.
 constexpr int deepest_folder = 100;
 
+std::string join(std::string_view folder, std::string_view name) {
+    return std::string(folder).append("/").append(name);
+}
+
 class Collector {
  public:
     Collector(const std::string& archive_path, const UpdateOptions& options,
@@ -21,7 +25,7 @@ class Collector {
     void add_named(const std::string& given) {
         std::string path = given;
         if (!options_.root.empty() && !is_absolute(given, native_path_style)) {
-            path = options_.root + '/' + given;
+            path = join(options_.root, given);
         }
         const std::optional<FileStatus> status = file_status(path);
         if (!status) {
@@ -66,15 +70,16 @@ class Collector {
             return;
         }
         for (const std::string& found : folder_names(path)) {
-            const std::string inner = path + '/' + found;
+            const std::string inner = join(path, found);
+            const std::string inner_given = join(given, found);
             const std::optional<FileStatus> inner_status = file_status(inner);
             if (!inner_status || (inner_status->hidden_or_system && !options_.include_hidden)) {
                 continue;
             }
             if (!inner_status->folder) {
-                add_file(inner, given + '/' + found, *inner_status);
+                add_file(inner, inner_given, *inner_status);
             } else if (depth < deepest_folder) {
-                add_folder(inner, given + '/' + found, *inner_status, depth + 1);
+                add_folder(inner, inner_given, *inner_status, depth + 1);
             }
         }
     }

@@ -1,7 +1,6 @@
 // Dates and times of day as archives hold them: local time in two 16-bit words.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 
 namespace kovrel::zip {
@@ -22,7 +21,10 @@ struct DosTime {
     std::uint16_t date = 0;
     std::uint16_t time = 0;
 
-    auto operator<=>(const DosTime&) const = default;
+    bool operator==(const DosTime&) const = default;
+    bool operator<(const DosTime& other) const {
+        return date != other.date ? date < other.date : time < other.time;
+    }
 };
 
 /// Rounded down to two seconds; what lies outside 1980 to 2107 becomes the nearest moment inside.

@@ -51,7 +51,7 @@ bool is_wanted(const Input& input, const OldEntry* old, Selection selection) {
         return true;
     }
     return old == nullptr ? selection == Selection::newer_or_new
-                          : input.status.modified > old->central.modified;
+                          : old->central.modified < input.status.modified;
 }
 
 // Old entries keep their places; a file that replaces one takes its place, new ones follow.

@@ -45,7 +45,8 @@ struct UpdateEvents {
 /// taken as it is, without adding an extension.
 ///
 /// - The archive is written beside its target and takes its place only when complete. Whatever the
-///   answer, the target is either the old archive, untouched, or the new one.
+///   answer, the target is either the old archive, untouched, or the new one. Only a process that
+///   is killed leaves its working file (zi and eight digits, .tmp) beside it.
 /// - Its bytes depend on the files, the old archive, the options and the system's time zone, never
 ///   on the number of threads.
 /// - A name that leads to no file is a warning; no file at all is nothing_to_do. A file that

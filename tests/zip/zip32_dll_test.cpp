@@ -190,6 +190,17 @@ TEST_F(Zip32Dll, ReadOnlyFilesArePackedAndAReadOnlyArchiveStays) {
     SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
+TEST_F(Zip32Dll, AnArchiveThatAnotherProgramHoldsStaysAsItIs) {
+    ASSERT_EQ(pack({folder.write("f", "1")}), 0);
+    const std::string before = folder.read("á.zip");
+    const HANDLE held = CreateFileW(utf16_from_utf8(folder / "á.zip").c_str(), GENERIC_READ,
+                                    FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_EQ(pack({folder.write("g", "2")}), 15);
+    CloseHandle(held);
+    EXPECT_EQ(folder.read("á.zip"), before);
+    EXPECT_EQ(folder.count(), 3U);
+}
+
 TEST_F(Zip32Dll, NamesThatDifferInCapitalsAreOneFile) {
     EXPECT_EQ(pack({folder.write("Ñandú.txt", "1")}), 0);
     EXPECT_EQ(pack({folder.write("x/ñANDÚ.TXT", "2")}), 0);
