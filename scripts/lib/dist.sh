@@ -25,19 +25,23 @@ describe_library() {
         "$(imports_of "$arch" "$file" | paste -sd' ')" "$(exports_of "$arch" "$file" | paste -sd' ')"
 }
 
+# An unchanged file keeps its time, so that nothing that follows from it is made anew.
+place_in_dist() {
+    if cmp -s "$1" "$2"; then rm "$1"; else mv "$1" "$2"; fi
+}
+
 make_dist() {
-    local arch=$1 out="$root/dist/$1" file
+    local arch=$1 built="$build/$1/bin" out="$root/dist/$1" file name
     build_preset "$arch"
     mkdir -p "$out"
-    for file in kovrel.dll kovrel.tlb zip32.dll; do
-        if [ ! -f "$build/$arch/bin/$file" ]; then
-            die "the build of $arch left no bin/$file"
-        fi
-        # An unchanged file keeps its time, so that nothing that follows from it is made anew.
-        cp "$build/$arch/bin/$file" "$out/$file.new"
-        case "$file" in *.dll) "$(dist_tool "$arch" strip)" "$out/$file.new" ;; esac
-        if cmp -s "$out/$file.new" "$out/$file"; then rm "$out/$file.new"; else mv "$out/$file.new" "$out/$file"; fi
+    for file in "$built/kovrel.dll" "$built/kovrel.tlb"; do
+        [ -f "$file" ] || die "the build of $arch left no ${file##*/}"
     done
-    describe_library "$arch" "$out/kovrel.dll"
-    describe_library "$arch" "$out/zip32.dll"
+    for file in "$built"/*.dll "$built/kovrel.tlb"; do
+        name=${file##*/}
+        cp "$file" "$out/$name.new"
+        case "$name" in *.dll) "$(dist_tool "$arch" strip)" "$out/$name.new" ;; esac
+        place_in_dist "$out/$name.new" "$out/$name"
+        case "$name" in *.dll) describe_library "$arch" "$out/$name" ;; esac
+    done
 }

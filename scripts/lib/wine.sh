@@ -7,8 +7,8 @@ session_pids=()
 session_child=
 
 export WINEPREFIX="$prefix" WINEARCH=win64 WINEDEBUG=-all
-export WINEDLLOVERRIDES="mscoree,mshtml="
-export LC_ALL=es_ES.UTF-8 LANG=es_ES.UTF-8
+# No downloads of .NET and a browser engine, and no menu entries in the user's own desktop.
+export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
 unset WAYLAND_DISPLAY DISPLAY XAUTHORITY
 
 end_wine_session() {
@@ -103,7 +103,6 @@ create_prefix() {
     mkdir -p "$prefix"
     wineboot -i >"$build/wineboot.log" 2>&1 9>&- ||
         { cat "$build/wineboot.log" >&2; die "the Wine prefix could not be created"; }
-    import_registry_file "$root/scripts/lib/prefix.reg"
     repair_ado
     wineserver -w
     prefix_recipe >"$prefix/.recipe"
@@ -113,6 +112,8 @@ start_wine_session() {
     trap end_wine_session EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM HUP
+    # Not before scripts/setup has made the locale. Decimal comma, code page 1252, Spanish captions.
+    export LC_ALL=es_ES.UTF-8 LANG=es_ES.UTF-8
     mkdir -p "$build"
     # A server left by a run that was killed still points at that run's display.
     if [ -d "$prefix" ]; then wineserver -k >/dev/null 2>&1 || true; fi
@@ -120,7 +121,8 @@ start_wine_session() {
     if [ "$(cat "$prefix/.recipe" 2>/dev/null)" != "$(prefix_recipe)" ]; then create_prefix; fi
     # Stays alive between tests: a cold start costs seconds.
     wineserver -p 9>&-
-    wine cmd /c exit >/dev/null 2>&1 9>&- || die "Wine does not run in build/wine"
+    # Again at every start: Wine puts its own formats back when a program runs in another locale.
+    import_registry_file "$root/scripts/lib/prefix.reg" || die "Wine does not run in build/wine"
 }
 
 # Registers a DLL; regsvr32 restarts itself in the DLL's own bitness.

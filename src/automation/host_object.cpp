@@ -65,6 +65,13 @@ std::wstring system_text(HRESULT result) {
     throw Failure(result, system_text(result));
 }
 
+/// How objects say that a member cannot be read without its argument.
+bool lacks_argument(std::int32_t number) {
+    return number == DISP_E_BADPARAMCOUNT || number == DISP_E_PARAMNOTOPTIONAL ||
+           number == static_cast<std::int32_t>(FailureNumber::wrong_argument_count) ||
+           number == static_cast<std::int32_t>(FailureNumber::argument_not_optional);
+}
+
 }  // namespace
 
 HostObject::HostObject(IDispatch* object) : object_(object) {
@@ -131,6 +138,29 @@ void HostObject::put_object(std::wstring_view member, const Variant& value) cons
 
 Variant HostObject::call(std::wstring_view member, Arguments arguments) const {
     return invoke_reversed(id_of(member), DISPATCH_METHOD, arguments);
+}
+
+Variant HostObject::element(std::wstring_view member, std::int32_t index) const {
+    Variant collection;
+    try {
+        collection = get(member);
+    } catch (const Failure& failure) {
+        if (!lacks_argument(failure.number())) throw;
+        return get(member, {Variant(index)});
+    }
+    return HostObject(collection).indexed(index);
+}
+
+/// What the default member gives for an index; collections without one have it as `Item`.
+Variant HostObject::indexed(std::int32_t index) const {
+    const Variant argument(index);
+    try {
+        return invoke(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &argument, 1);
+    } catch (const Failure& failure) {
+        constexpr auto absent = static_cast<std::int32_t>(FailureNumber::member_not_found);
+        if (failure.number() != absent) throw;
+        return get(L"Item", {argument});
+    }
 }
 
 Variant HostObject::default_value() const {

@@ -1,6 +1,7 @@
 // A host's automation object, reached late-bound by member name.
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <map>
 #include <string>
@@ -29,12 +30,16 @@ class HostObject {
     /// Sets a property to an object by reference ("Set" in the hosts that know the difference).
     void put_object(std::wstring_view member, const Variant& value) const;
     Variant call(std::wstring_view member, Arguments arguments = {}) const;
+    /// An element of a collection: `member(index)`. The index goes to the collection that the
+    /// member gives, or to the member itself where it asks for one.
+    [[nodiscard]] Variant element(std::wstring_view member, std::int32_t index) const;
     /// The value of the default member, followed until it is no object any more.
     [[nodiscard]] Variant default_value() const;
 
     [[nodiscard]] bool has(std::wstring_view member) const;
 
  private:
+    [[nodiscard]] Variant indexed(std::int32_t index) const;
     [[nodiscard]] DISPID id_of(std::wstring_view member) const;
     Variant invoke(DISPID id, WORD flags, const VARIANT* first, std::size_t count) const;
     Variant invoke_reversed(DISPID id, WORD flags, Arguments arguments) const;

@@ -96,6 +96,7 @@ class LibraryWriter {
         for (const EnumInfo::Value& value : info.values) {
             Variant constant(value.value);
             VARDESC description{};
+            description.memid = static_cast<MEMBERID>(index);
             description.varkind = VAR_CONST;
             description.lpvarValue = &constant;
             description.elemdescVar.tdesc.vt = VT_I4;
@@ -167,7 +168,7 @@ class LibraryWriter {
             if (parameter.declared_default) {
                 flags |= PARAMFLAG_FHASDEFAULT;
                 defaults[at].cBytes = sizeof(PARAMDESCEX);
-                defaults[at].varDefaultValue = *parameter.declared_default;
+                defaults[at].varDefaultValue = writable(*parameter.declared_default);
                 description.paramdesc.pparamdescex = &defaults[at];
             }
             description.paramdesc.wParamFlags = flags;
@@ -192,6 +193,17 @@ class LibraryWriter {
         check(type.AddFuncDesc(index, &function));
         check(type.SetFuncAndParamNames(index, names.data(), static_cast<UINT>(names.size())));
         check(type.SetFuncDocString(index, text(member.help)));
+    }
+
+    /// Not every writer of type libraries can store a date; compilers take a whole day count for
+    /// one. The value is borrowed.
+    static VARIANT writable(const Variant& value) {
+        VARIANT result = value;
+        if (value.vt == VT_DATE) {
+            result.vt = VT_I4;
+            result.lVal = static_cast<LONG>(value.date);
+        }
+        return result;
     }
 
     static INVOKEKIND invoke_kind(MemberKind kind) {

@@ -20,7 +20,7 @@ class clsFGen {
     clsFGen();
 
     [[nodiscard]] InstanceOf<clsMensajes> get_Mensajes() const;
-    void set_Mensajes(const InstanceOf<clsMensajes>& messages);
+    void set_Mensajes(InstanceOf<clsMensajes> messages);
     [[nodiscard]] std::wstring get_AppOrigen() const;
     void set_AppOrigen(const std::wstring& name);
     void BarraProgresoInicia(std::wstring strCaption, std::wstring strMensaje, bool boBotones,

@@ -14,7 +14,7 @@ InstanceOf<clsMensajes> clsFGen::get_Mensajes() const {
     return messages_;
 }
 
-void clsFGen::set_Mensajes(const InstanceOf<clsMensajes>& messages) {
+void clsFGen::set_Mensajes(InstanceOf<clsMensajes> messages) {
     messages_ = messages;
 }
 

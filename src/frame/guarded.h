@@ -45,4 +45,15 @@ void guarded(const Handler& handler, Body&& body) {
     }
 }
 
+/// Runs a step whose failure counts for nothing; true when it did not fail.
+template <class Body>
+bool attempt(Body&& body) noexcept {
+    try {
+        body();
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
 }  // namespace kovrel

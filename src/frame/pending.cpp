@@ -1,9 +1,7 @@
 // Members whose behaviour is not built yet: each answers failure 445.
 
 #include "dates/clsFFechas.h"
-#include "dbimages/clsADODBServices.h"
 #include "files/cgsFileOpR.h"
-#include "files/clsProfile.h"
 #include "frame/clsFGen.h"
 #include "messages/clsMensajes.h"
 #include "numbers/clsCSQL.h"
@@ -77,34 +75,6 @@ Date clsFFechas::PideFecha(const std::wstring& /*strMensaje*/, const std::wstrin
     throw Failure(FailureNumber::action_not_supported);
 }
 
-void clsADODBServices::PutImageInField(const ComPtr<IDispatch>& /*f*/,
-                                       const std::wstring& /*File*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-ComPtr<IPictureDisp> clsADODBServices::GetImageFromField(const ComPtr<IDispatch>& /*f*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-void clsADODBServices::PutLargeImageInField(const ComPtr<IDispatch>& /*f*/,
-                                            const std::wstring& /*File*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-ComPtr<IPictureDisp> clsADODBServices::GetLargeImageFromField(const ComPtr<IDispatch>& /*f*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-Variant clsADODBServices::RecordLocation(const ComPtr<IDispatch>& /*adoRs*/,
-                                         const std::wstring& /*Title*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-void clsADODBServices::PutPictureInField(const ComPtr<IDispatch>& /*f*/,
-                                         const ComPtr<IPictureDisp>& /*pic*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
 void cgsFileOpR::DeleteSetting(std::wstring /*sIniFile*/, std::wstring /*sSection*/,
                                std::wstring /*sKey*/) {
     throw Failure(FailureNumber::action_not_supported);
@@ -158,38 +128,6 @@ std::wstring cgsFileOpR::AddBackSlash(std::wstring /*sPath*/) {
 }
 
 std::wstring cgsFileOpR::QuitarBackSlash(std::wstring /*sPath*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsProfile::BrowseForFolder(std::int32_t /*hWndOwner*/, std::wstring /*sPrompt*/,
-                                         const std::wstring& /*sInitDir*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsProfile::LeerIni(std::wstring& /*lpFileName*/, std::wstring& /*lpAppName*/,
-                                 std::wstring& /*lpKeyName*/, const Variant& /*vDefault*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-void clsProfile::GuardarIni(std::wstring& /*lpFileName*/, std::wstring& /*lpAppName*/,
-                            std::wstring& /*lpKeyName*/, std::wstring& /*lpString*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsProfile::AñadirBackSlash(std::wstring /*sPath*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsProfile::QuitarBackSlash(std::wstring /*sPath*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsProfile::RutadeArchivo(const std::wstring& /*PathFile*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsProfile::ExisteCarpeta(const std::wstring& /*strPath*/, const bool& /*boCreaCarpeta*/,
-                               const bool& /*boMensaje*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
 
@@ -268,46 +206,6 @@ std::wstring clsFGen::redondeoa4(const Variant& /*Cantidad*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
 
-bool clsFGen::ValidateComboALista(const ComPtr<IDispatch>& /*Cmb*/, const bool& /*BoRequerido*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsFGen::ValidateDataComboALista(const ComPtr<IDispatch>& /*DtCmb*/,
-                                      const bool& /*BoRequerido*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsFGen::Requerido(const ComPtr<IDispatch>& /*Obj*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsFGen::LongitudExacta(const ComPtr<IDispatch>& /*Obj*/, const bool& /*PermitirLenCero*/,
-                             const std::int16_t& /*IntSumaLen*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsFGen::FechaCorrecta(const ComPtr<IDispatch>& /*Obj*/, const bool& /*PermitirLenCero*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsFGen::FechaMayorQue(const ComPtr<IDispatch>& /*Obj*/, const Variant& /*ObjFechaMenor*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsFGen::FechaMayorIgualQue(const ComPtr<IDispatch>& /*Obj*/,
-                                 const Variant& /*ObjFechaMenor*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsFGen::FechaMenorQue(const ComPtr<IDispatch>& /*Obj*/, const Variant& /*ObjFechaMayor*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsFGen::FechaMenorIgualQue(const ComPtr<IDispatch>& /*Obj*/,
-                                 const Variant& /*ObjFechaMayor*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
 std::uint8_t clsFGen::ProvinciaDeCP(std::wstring /*CP*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
@@ -322,14 +220,6 @@ std::int16_t clsFGen::Solo_Fecha(std::int16_t& /*pulsa*/) {
 }
 
 std::int16_t clsFGen::Convierte_May(std::int16_t& /*pulsa*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsFGen::Verifica_NIF(std::wstring /*Nif*/, const bool& /*Mensajes*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsFGen::LetraNIF(const std::int32_t& /*DNI*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
 
@@ -359,21 +249,6 @@ std::wstring clsFGen::Cuenta_CC(const std::wstring& /*CCC*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
 
-bool clsFGen::cargaComboMSFormsDeRecordset(const ComPtr<IDispatch>& /*cmbCombo*/,
-                                           const ComPtr<IDispatch>& /*rsRecordset*/,
-                                           std::int16_t /*intNumCampos*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool clsFGen::CargaComboDeRecordset(const ComPtr<IDispatch>& /*cmbCombo*/,
-                                    const ComPtr<IDispatch>& /*rsRecordset*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-void clsFGen::QuitaCaracteresyEspacios(std::wstring& /*strCifNif*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
 Variant clsFGen::LanzaVerificadorNIFyCCC() {
     throw Failure(FailureNumber::action_not_supported);
 }
@@ -396,14 +271,6 @@ std::wstring clsFGen::DescripNIFCIF(std::wstring /*strLetra*/) {
 }
 
 bool clsFGen::BarraProgresoCancelada() {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsMensajes::get_ArchiVersion() {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsMensajes::get_ArchiInformacion() {
     throw Failure(FailureNumber::action_not_supported);
 }
 
@@ -531,16 +398,6 @@ void clsMensajes::MsjFact_ErrorAlActualizarNumeracionFacturas() {
 }
 
 void clsMensajes::MsjBD_ErrorAlAbrirBaseDatos(const std::wstring& /*StrDescripcion*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-void clsMensajes::MensajeErroresADO(const std::wstring& /*strErrorTextoGenerico*/,
-                                    const ComPtr<IDispatch>& /*colecErrors*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::int16_t clsMensajes::ExistenErroresADO(const ComPtr<IDispatch>& /*Cnn*/,
-                                            const bool& /*boMensajes*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
 

@@ -6,13 +6,18 @@
 
 #include "automation/class_info.h"
 #include "automation/com_ptr.h"
+#include "automation/native_type.h"
 #include "frame/app_origin.h"
 
 namespace kovrel {
 
+class clsProfile;
+
 class clsMensajes : public AppOrigen {
  public:
     static const ClassInfo& class_info();
+
+    clsMensajes();
 
     std::wstring get_ArchiVersion();
     std::wstring get_ArchiInformacion();
@@ -51,6 +56,9 @@ class clsMensajes : public AppOrigen {
     void MensajeErroresADO(const std::wstring& strErrorTextoGenerico,
                            const ComPtr<IDispatch>& colecErrors);
     std::int16_t ExistenErroresADO(const ComPtr<IDispatch>& Cnn, const bool& boMensajes);
+
+ private:
+    InstanceOf<clsProfile> profile_;
 };
 
 }  // namespace kovrel

@@ -16,29 +16,35 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::array<std::wstring_view, 10> units{L"",      L"un",   L"dos",   L"tres", L"cuatro",
-                                                  L"cinco", L"seis", L"siete", L"ocho", L"nueve"};
-constexpr std::array<std::wstring_view, 10> teens{
-    L"diez",   L"once",      L"doce",       L"trece",     L"catorce",
-    L"quince", L"dieciséis", L"diecisiete", L"dieciocho", L"diecinueve"};
-constexpr std::array<std::wstring_view, 10> twenties{
-    L"veinte",      L"veintiun",   L"veintidós",   L"veintitrés", L"veinticuatro",
-    L"veinticinco", L"veintiseis", L"veintisiete", L"veintiocho", L"veintinueve"};
-/// What stands before a unit; without one the last three characters go.
-constexpr std::array<std::wstring_view, 10> tens{
-    L"",           L"",           L"",           L"treinta y ", L"cuarenta y ", L"cincuenta y ",
-    L"sesenta y ", L"setenta y ", L"ochenta y ", L"noventa y "};
-/// What stands before tens or units; without them the blank goes.
-constexpr std::array<std::wstring_view, 10> hundreds{L"",
-                                                     L"ciento ",
-                                                     L"doscientos ",
-                                                     L"trescientos ",
-                                                     L"cuatrocientos ",
-                                                     L"quinientos ",
-                                                     L"seiscientos ",
-                                                     L"setecientos ",
-                                                     L"ochocientos ",
-                                                     L"novecientos "};
+/// A word in an array of fixed size, which can be copied without a look at its length.
+struct Word {
+    static constexpr std::size_t room = 16;
+    std::array<wchar_t, room> letters{};
+    std::size_t length = 0;
+
+    template <std::size_t size>
+    consteval Word(const wchar_t (&word)[size]) : length(size - 1) {
+        std::copy(word, word + length, letters.begin());
+    }
+};
+
+using Words = std::array<Word, 10>;
+
+constexpr Words units{L"",      L"un",   L"dos",   L"tres", L"cuatro",
+                      L"cinco", L"seis", L"siete", L"ocho", L"nueve"};
+constexpr Words teens{L"diez",   L"once",      L"doce",       L"trece",     L"catorce",
+                      L"quince", L"dieciséis", L"diecisiete", L"dieciocho", L"diecinueve"};
+constexpr Words twenties{L"veinte",       L"veintiun",    L"veintidós",  L"veintitrés",
+                         L"veinticuatro", L"veinticinco", L"veintiseis", L"veintisiete",
+                         L"veintiocho",   L"veintinueve"};
+constexpr Words tens{L"",          L"",        L"",        L"treinta", L"cuarenta",
+                     L"cincuenta", L"sesenta", L"setenta", L"ochenta", L"noventa"};
+constexpr Words hundreds{
+    L"",           L"ciento",      L"doscientos",  L"trescientos", L"cuatrocientos",
+    L"quinientos", L"seiscientos", L"setecientos", L"ochocientos", L"novecientos"};
+constexpr Word hundred_alone{L"cien"};
+constexpr Word blank{L" "};
+constexpr Word between_tens_and_units{L" y "};
 
 /// The scale words with their blanks: the thousands, then a singular and a plural for each power
 /// of a million. The plural of octillion has no blank after it; documents in use carry the words
@@ -90,7 +96,7 @@ constexpr std::array<std::wstring_view, 41> scale{
 /// Runs one step of the conversion, which appends to `result`. A failure in it is told and leaves
 /// nothing of what the step appended.
 template <typename Step>
-void guarded_step(std::wstring& result, const WordsContext& context, Step step) {
+void guarded_step(std::wstring& result, const WordsContext& context, const Step& step) {
     const auto start = result.size();
     const auto give_up = [&](const Failure& failure) {
         result.resize(start);
@@ -160,31 +166,36 @@ void append_three_digits(std::wstring& result, std::wstring_view group) {
     const auto ten = digit(1);
     const auto unit = digit(2);
 
-    if (ten != 0 || unit != 0) {
-        result += hundreds[hundred];
-    } else if (hundred == 1) {
-        result += L"cien"sv;
-    } else if (hundred != 0) {
-        result += hundreds[hundred].substr(0, hundreds[hundred].size() - 1);
+    // At most a hundred, a blank, tens, " y " and a unit.
+    std::array<wchar_t, 5 * Word::room> letters;
+    wchar_t* end = letters.data();
+    const auto put = [&end](const Word& word) {
+        std::copy(word.letters.begin(), word.letters.end(), end);
+        end += word.length;
+    };
+    const bool has_rest = ten != 0 || unit != 0;
+    if (hundred != 0) {
+        put(hundred == 1 && !has_rest ? hundred_alone : hundreds[hundred]);
+        if (has_rest) put(blank);
     }
     if (ten == 1) {
-        result += teens[unit];
+        put(teens[unit]);
     } else if (ten == 2) {
-        result += twenties[unit];
-    } else if (ten != 0 && unit == 0) {
-        result += tens[ten].substr(0, tens[ten].size() - 3);
+        put(twenties[unit]);
     } else {
-        result += tens[ten];
-        result += units[unit];
+        put(tens[ten]);
+        if (ten != 0 && unit != 0) put(between_tens_and_units);
+        put(units[unit]);
     }
+    result.append(letters.data(), end);
 }
 
-void append_group(std::wstring& result, std::wstring_view text, UnitNames unit,
+void append_group(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                   const WordsContext& context);
-void append_whole_number(std::wstring& result, std::wstring_view text, UnitNames unit,
+void append_whole_number(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                          const WordsContext& context);
-void append_text(std::wstring& result, std::wstring_view text, UnitNames unit, UnitNames subunit,
-                 const WordsContext& context);
+void append_text(std::wstring& result, std::wstring_view text, const UnitNames& unit,
+                 const UnitNames& subunit, const WordsContext& context);
 
 bool contains_without_case(std::wstring_view text, std::wstring_view searched) {
     return std::search(text.begin(), text.end(), searched.begin(), searched.end(),
@@ -195,11 +206,12 @@ bool contains_without_case(std::wstring_view text, std::wstring_view searched) {
 
 /// Puts the scale word after the group that was appended at `start`. `place` counts the groups
 /// from the right, from 0.
-void append_scale_word(std::wstring& result, std::size_t start, std::size_t place, UnitNames unit) {
+void append_scale_word(std::wstring& result, std::size_t start, std::size_t place,
+                       const UnitNames& unit) {
     const auto words = tail(result, start);
     const bool is_one = words == L"un"sv;
     if (place == 0) {
-        if (words.ends_with(L"un"sv) && unit.one.empty() && unit.other.empty()) {
+        if (unit.one.empty() && unit.other.empty() && words.ends_with(L"un"sv)) {
             result.push_back(L'o');
         }
     } else if (place % 2 == 1) {
@@ -216,7 +228,7 @@ void append_scale_word(std::wstring& result, std::size_t start, std::size_t plac
 
 /// Appends the words of several groups of three digits; false, and "?" alone, where the scale has
 /// no word for one.
-bool append_groups(std::wstring& result, std::wstring_view digits, UnitNames unit,
+bool append_groups(std::wstring& result, std::wstring_view digits, const UnitNames& unit,
                    const WordsContext& context) {
     const auto start = result.size();
     auto place = digits.size() / 3;
@@ -252,49 +264,71 @@ bool append_groups(std::wstring& result, std::wstring_view digits, UnitNames uni
 }
 
 /// What a token stands for.
-struct Token {
-    bool is_number = false;
-    bool is_negative = false;
+class Token {
+ public:
+    Token(std::wstring_view token, const Regional& regional) {
+        if (!read_short(token, regional.settings().decimal_separator)) read(token, regional);
+    }
+    Token(const Token&) = delete;
+    Token& operator=(const Token&) = delete;
+
+    [[nodiscard]] bool is_number() const { return is_number_; }
+    [[nodiscard]] bool is_negative() const { return is_negative_; }
     /// The whole part by the reading that knows no regional settings, as text, where the
     /// regional value lies above it; else empty.
-    std::wstring_view whole_part{};
+    [[nodiscard]] std::wstring_view whole_part() const { return whole_part_; }
+
+ private:
+    bool read_short(std::wstring_view token, wchar_t separator);
+    void read(std::wstring_view token, const Regional& regional);
+
+    bool is_number_ = false;
+    bool is_negative_ = false;
+    std::wstring_view whole_part_;
+    std::wstring storage_;
 };
 
 /// The reading of a positive number of few digits, which needs no arithmetic: both readings have
-/// its whole part, and its value lies above that if it has decimals other than zero. No number
-/// where this reading does not apply.
-Token read_short_token(std::wstring_view token, wchar_t separator) {
+/// its whole part, and its value lies above that if it has decimals other than zero. False for a
+/// token that this reading does not cover.
+bool Token::read_short(std::wstring_view token, wchar_t separator) {
     constexpr std::size_t exact_digits = 15;
-    if (token.size() > exact_digits) return {};
+    if (token.size() > exact_digits) return false;
     std::size_t whole_digits = 0;
     while (whole_digits < token.size() && is_digit(token[whole_digits])) ++whole_digits;
-    if (whole_digits == 0) return {};
-    if (whole_digits == token.size()) return {true, false};
-    const auto decimals = token.substr(whole_digits + 1);
-    if (token[whole_digits] != separator || !is_digits(decimals)) return {};
-    if (decimals.find_first_not_of(L'0') == std::wstring_view::npos) return {true, false};
-    return {true, false, without_leading_zeros(token.substr(0, whole_digits))};
+    if (whole_digits == 0) return false;
+    if (whole_digits < token.size()) {
+        const auto decimals = token.substr(whole_digits + 1);
+        if (token[whole_digits] != separator || !is_digits(decimals)) return false;
+        if (decimals.find_first_not_of(L'0') != std::wstring_view::npos) {
+            whole_part_ = without_leading_zeros(token.substr(0, whole_digits));
+        }
+    }
+    is_number_ = true;
+    return true;
 }
 
-/// Reads a token; `storage` may come to hold the text of its whole part.
-Token read_token(std::wstring_view token, const Regional& regional, std::wstring& storage) {
+void Token::read(std::wstring_view token, const Regional& regional) {
     const auto separator = regional.settings().decimal_separator;
-    if (const auto reading = read_short_token(token, separator); reading.is_number) return reading;
     auto value = plain_number(token, separator);
-    // Digits past the range of a double are a number too; their decimals do not matter any more.
-    if (value && std::isinf(*value)) return {true, *value < 0};
     if (!value) value = regional.number(token);
-    if (!value) return {};
+    if (!value) return;
+    is_number_ = true;
+    is_negative_ = *value < 0;
+    // Past the range of a double the decimals of a plain number do not matter any more.
+    if (std::isinf(*value)) return;
     const double whole = std::floor(leading_number(token));
-    Token reading{true, *value < 0};
     if (*value > whole) {
-        storage = number_to_text(whole, separator);
+        storage_ = number_to_text(whole, separator);
         // A token that is the text of its own whole part has no decimals, whichever way its last
         // bits were read.
-        if (storage != token) reading.whole_part = storage;
+        if (storage_ != token) whole_part_ = storage_;
     }
-    return reading;
 }
+
+/// The names for the decimals of a whole part, which only a whole part written with an exponent
+/// can come to have.
+constexpr UnitNames whole_part_subunit{L"1", L""};
 
 /// Appends the words of a token, or the token itself where it is no number.
 ///
@@ -302,29 +336,28 @@ Token read_token(std::wstring_view token, const Regional& regional, std::wstring
 /// whole number either reads as that whole number in both ways, or it is written with an exponent
 /// and a regional separator at which the second reading stops, and then its own whole part is the
 /// one digit before the separator.
-void append_token(std::wstring& result, std::wstring_view token, UnitNames unit, UnitNames subunit,
-                  const WordsContext& context) {
-    std::wstring storage;
-    const auto reading = read_token(token, context.regional, storage);
-    if (!reading.is_number) {
+void append_token(std::wstring& result, std::wstring_view token, const UnitNames& unit,
+                  const UnitNames& subunit, const WordsContext& context) {
+    const Token reading(token, context.regional);
+    if (!reading.is_number()) {
         result += token;
         return;
     }
-    if (reading.whole_part.empty()) {
-        if (reading.is_negative) result += L"menos "sv;
+    const auto whole = reading.whole_part();
+    if (whole.empty()) {
+        if (reading.is_negative()) result += L"menos "sv;
         append_whole_number(result, token, unit, context);
         return;
     }
-    const auto whole = reading.whole_part;
     if (whole.front() == L'-') result += L"menos "sv;
-    append_text(result, whole, unit, {L"1", L""}, context);
+    append_text(result, whole, unit, whole_part_subunit, context);
     result += L" con "sv;
     append_whole_number(result, middle(token, whole.size() + 2), subunit, context);
 }
 
 /// The first step: a text with numbers mixed in.
-void append_text(std::wstring& result, std::wstring_view text, UnitNames unit, UnitNames subunit,
-                 const WordsContext& context) {
+void append_text(std::wstring& result, std::wstring_view text, const UnitNames& unit,
+                 const UnitNames& subunit, const WordsContext& context) {
     guarded_step(result, context, [&] {
         const auto start = result.size();
         text = trim(text);
@@ -339,7 +372,7 @@ void append_text(std::wstring& result, std::wstring_view text, UnitNames unit, U
 }
 
 /// The second step: one whole number with its unit.
-void append_whole_number(std::wstring& result, std::wstring_view text, UnitNames unit,
+void append_whole_number(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                          const WordsContext& context) {
     guarded_step(result, context, [&] {
         const auto start = result.size();
@@ -348,7 +381,7 @@ void append_whole_number(std::wstring& result, std::wstring_view text, UnitNames
             append_three_digits(result, digits);
             if (result.size() == start) result += L"cero"sv;
             // A single group looks at the singular name alone, several groups at both names.
-            if (tail(result, start).ends_with(L"un"sv) && unit.one.empty()) result.push_back(L'o');
+            if (unit.one.empty() && tail(result, start).ends_with(L"un"sv)) result.push_back(L'o');
         } else if (!append_groups(result, digits, unit, context)) {
             return;
         }
@@ -359,7 +392,7 @@ void append_whole_number(std::wstring& result, std::wstring_view text, UnitNames
 }
 
 /// The third step: one group of three digits, with nothing added.
-void append_group(std::wstring& result, std::wstring_view text, UnitNames unit,
+void append_group(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                   const WordsContext& context) {
     guarded_step(result, context, [&] {
         const auto start = result.size();

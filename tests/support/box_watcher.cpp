@@ -40,9 +40,10 @@ std::string narrow(const std::wstring& text) {
     return bytes;
 }
 
-BoxWatcher::BoxWatcher(std::vector<Expectation> expected, Milliseconds limit)
+BoxWatcher::BoxWatcher(std::vector<Expectation> expected, Milliseconds limit, DWORD process)
     : expected_(std::move(expected)),
       limit_(limit),
+      process_(process != 0 ? process : GetCurrentProcessId()),
       deadline_(std::chrono::steady_clock::now() + limit) {
     for (HWND window : top_level_windows({{}, {}, process_})) present_before_.insert(window);
     thread_ = std::thread([this] { watch(); });

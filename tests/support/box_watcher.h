@@ -37,7 +37,10 @@ class BoxWatcher {
  public:
     // No expectation means that no box may appear. `limit` is how long an expected window may stay
     // away, and how long an unannounced window may stay open, before the test fails.
-    explicit BoxWatcher(std::vector<Expectation> expected = {}, Milliseconds limit = default_limit);
+    // `process` is whose windows are watched, 0 being this process; for another one icon_probe.dll
+    // must lie beside the test program.
+    explicit BoxWatcher(std::vector<Expectation> expected = {}, Milliseconds limit = default_limit,
+                        DWORD process = 0);
 
     // Fails the test for every announced box that did not appear and every one that was not
     // announced.
@@ -63,7 +66,7 @@ class BoxWatcher {
 
     const std::vector<Expectation> expected_;
     const Milliseconds limit_;
-    const DWORD process_ = GetCurrentProcessId();
+    const DWORD process_;
     std::set<HWND> present_before_;
     std::set<HWND> handled_;
     std::chrono::steady_clock::time_point deadline_;

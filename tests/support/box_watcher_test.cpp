@@ -102,6 +102,17 @@ TEST(BoxWatcher, FailsOnAButtonThatIsNotThere) {
         "has no button 6");
 }
 
+TEST(BoxWatcher, ClosesAnUnannouncedWindowAfterTheLimitAndFails) {
+    EXPECT_NONFATAL_FAILURE(
+        {
+            BoxWatcher boxes({}, Milliseconds{200});
+            HWND const window = CreateWindowExW(0, L"STATIC", L"suelta", WS_POPUP | WS_VISIBLE, 0,
+                                                0, 100, 100, nullptr, nullptr, nullptr, nullptr);
+            EXPECT_TRUE(pump_until([&] { return !IsWindow(window) || !IsWindowVisible(window); }));
+        },
+        "stayed open: Static");
+}
+
 TEST(BoxWatcher, WritesOneLineABox) {
     SeenBox box;
     box.title = L"a\\b";
@@ -111,7 +122,7 @@ TEST(BoxWatcher, WritesOneLineABox) {
     EXPECT_EQ(as_line(box), L"48|a\\\\b|uno\\rdos\\n|tres|1");
 }
 
-// A dialog with two boxes for text, a check box and a button, made here from a template in memory.
+// A dialog with two boxes for text, a check box and a button.
 class Dialog {
  public:
     Dialog() {

@@ -1,44 +1,16 @@
 #include "taxid/tax_id.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
 
 #include "runtime/failure.h"
-#include "runtime/text.h"
+#include "tests/support/spanish_regional.h"
 
 namespace kovrel {
 namespace {
 
-// Reads digits with a decimal comma and, like the platform, a group point that counts for nothing.
-class CommaRegional final : public Regional {
- public:
-    CommaRegional() : Regional(RegionalSettings{}) {}
-
-    [[nodiscard]] std::optional<double> number(std::wstring_view text) const override {
-        double value = 0;
-        double unit = 0;
-        for (const wchar_t character : text) {
-            if (character == L'.') continue;
-            if (character == L',' && unit == 0) {
-                unit = 1;
-            } else if (is_digit(character)) {
-                value = value * 10 + (character - L'0');
-                unit *= 10;
-            } else {
-                return std::nullopt;
-            }
-        }
-        if (text.empty()) return std::nullopt;
-        return unit == 0 ? value : value / unit;
-    }
-    [[nodiscard]] std::optional<double> date(std::wstring_view) const override {
-        return std::nullopt;
-    }
-};
-
 TaxIdVerdict verify(std::wstring_view typed) {
-    return verify_tax_id(typed, CommaRegional());
+    return verify_tax_id(typed, testing_support::SpanishRegional());
 }
 
 TaxIdVerdict accepted(std::wstring_view result) {
@@ -241,7 +213,7 @@ TEST(VerifyCif, NeedsAKnownFirstLetter) {
 }
 
 TEST(VerifyNormalized, TakesTheTextAsItStands) {
-    EXPECT_EQ(verify_normalized_tax_id(L"12345678z", 9, CommaRegional()),
+    EXPECT_EQ(verify_normalized_tax_id(L"12345678z", 9, testing_support::SpanishRegional()),
               corrected(L"12345678Z", L"N.I.F.", L'z'));
 }
 

@@ -5,13 +5,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <limits>
-#include <map>
 #include <random>
-#include <sstream>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "runtime/number_format.h"
+#include "runtime/text.h"
 #include "tests/support/spanish_regional.h"
 
 namespace kovrel {
@@ -314,8 +314,7 @@ class InexactRegional final : public Regional {
 TEST_F(Words, AReadingThatIsABitOffEndsToo) {
     const InexactRegional regional;
     const WordsContext context{regional, [](const Failure&) { FAIL(); }};
-    EXPECT_EQ(text_in_words(L"1.5E+24", {}, {}, context),
-              L"un cuatrillón quinientos mil");
+    EXPECT_EQ(text_in_words(L"1.5E+24", {}, {}, context), L"un cuatrillón quinientos mil");
     EXPECT_EQ(text_in_words(L"1E+15", {}, {}, context), L"mil billones");
     EXPECT_EQ(text_in_words(L"12.5", {}, {}, context), L"doce con cinco");
 }
@@ -325,8 +324,10 @@ class WordReader {
  public:
     WordReader() {
         const auto add = [this](std::wstring_view list, std::int64_t value, std::int64_t step) {
-            std::wistringstream stream{std::wstring(list)};
-            for (std::wstring word; stream >> word; value += step) values_[word] = value;
+            for (const auto word : split(list, L' ')) {
+                values_[word] = value;
+                value += step;
+            }
         };
         add(L"cero uno dos tres cuatro cinco seis siete ocho nueve diez once doce trece catorce "
             L"quince dieciséis diecisiete dieciocho diecinueve veinte veintiuno veintidós "
@@ -340,7 +341,7 @@ class WordReader {
         values_[L"veintiun"] = 21;
     }
 
-    std::int64_t read(const std::wstring& words) const {
+    std::int64_t read(std::wstring_view words) const {
         std::int64_t total = 0;
         std::int64_t group = 0;
         bool needs_unit = false;
@@ -370,7 +371,7 @@ class WordReader {
     }
 
  private:
-    std::map<std::wstring, std::int64_t> values_;
+    std::unordered_map<std::wstring_view, std::int64_t> values_;
 };
 
 TEST_F(Words, EveryNumberToAMillionReadsBack) {

@@ -1,0 +1,57 @@
+// Arrays as automation passes them.
+#pragma once
+
+#include <windows.h>
+#include <oleauto.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "automation/variant.h"
+
+namespace kovrel {
+
+/// A new array of bytes, all 0, indexed from 0.
+[[nodiscard]] Variant new_byte_array(std::size_t size);
+
+/// A new two-dimensional array of empty values, both indexes from 0. Failure 9 for a negative
+/// number of either.
+[[nodiscard]] Variant new_table(std::int32_t rows, std::int32_t columns);
+
+/// The array in a value, which keeps it. Failure 94 for a null, 13 for anything but an array of
+/// that element type, 9 for another number of dimensions.
+[[nodiscard]] SAFEARRAY* array_in(const Variant& value, VARTYPE element, UINT dimensions);
+
+/// The number of elements of one dimension (from 1 on). An array that is not indexed from 0 has no
+/// element 0: failure 9.
+[[nodiscard]] std::int32_t array_extent(SAFEARRAY* array, UINT dimension);
+
+/// Keeps an array in place and gives its elements, the first index running fastest.
+template <class Element>
+class ArrayAccess {
+ public:
+    explicit ArrayAccess(SAFEARRAY* array) : array_(array) {
+        void* data = nullptr;
+        const HRESULT result = SafeArrayAccessData(array, &data);
+        if (FAILED(result)) throw_conversion_failure(result);
+        data_ = static_cast<Element*>(data);
+    }
+    ArrayAccess(const ArrayAccess&) = delete;
+    ArrayAccess& operator=(const ArrayAccess&) = delete;
+    ~ArrayAccess() { SafeArrayUnaccessData(array_); }
+
+    [[nodiscard]] std::span<Element> elements() const noexcept {
+        std::size_t count = 1;
+        for (USHORT dimension = 0; dimension < array_->cDims; ++dimension) {
+            count *= array_->rgsabound[dimension].cElements;
+        }
+        return {data_, count};
+    }
+
+ private:
+    SAFEARRAY* array_;
+    Element* data_;
+};
+
+}  // namespace kovrel

@@ -1,0 +1,146 @@
+// clsADODBServices: files and pictures in the binary fields of a recordset.
+#include <algorithm>
+#include <exception>
+#include <vector>
+
+#include "automation/host_object.h"
+#include "automation/safe_array.h"
+#include "dbimages/clsADODBServices.h"
+#include "dbimages/image_field.h"
+#include "dbimages/picture_file.h"
+#include "files/file_system.h"
+#include "frame/application.h"
+#include "frame/guarded.h"
+#include "runtime/failure.h"
+
+namespace kovrel {
+namespace {
+
+/// The next `size` bytes of a file as an array; where the file ends, the array is filled up from
+/// `buffer`, which holds the bytes of the array before.
+Variant next_chunk(BinaryFile& file, std::vector<std::uint8_t>& buffer) {
+    file.read(buffer.data(), buffer.size());
+    Variant chunk = new_byte_array(buffer.size());
+    const ArrayAccess<std::uint8_t> access(chunk.parray);
+    std::copy(buffer.begin(), buffer.end(), access.elements().begin());
+    return chunk;
+}
+
+void write_bytes(BinaryFile& file, const Variant& bytes) {
+    const ArrayAccess<std::uint8_t> access(array_in(bytes, VT_UI1, 1));
+    file.write(access.elements().data(), access.elements().size());
+}
+
+/// Asks a field for its next bytes and writes what it gives. Where no bytes are asked for, fields
+/// may give a null or nothing.
+void copy_chunk(const HostObject& field, std::int64_t size, BinaryFile& file) {
+    const Variant bytes = field.get(L"GetChunk", {Variant(static_cast<std::int32_t>(size))});
+    if (size == 0 && (bytes.is_null() || bytes.is_empty())) return;
+    write_bytes(file, bytes);
+}
+
+bool reads_true(const HostObject& object, std::wstring_view member) {
+    return object.get(member).to_bool();
+}
+
+std::int64_t whole_number(const HostObject& object, std::wstring_view member) {
+    return object.get(member).as(VT_I8).llVal;
+}
+
+}  // namespace
+
+void clsADODBServices::PutImageInField(const ComPtr<IDispatch>& f, const std::wstring& File) {
+    const Handler handler{
+        L") en procedimiento PutImageInField del Módulo de clase clsADODBServices.", &app_origen()};
+    guarded(handler, [&] {
+        BinaryFile file = BinaryFile::open(File);
+        const Variant bytes = new_byte_array(static_cast<std::size_t>(file.size()));
+        {
+            const ArrayAccess<std::uint8_t> access(bytes.parray);
+            file.read(access.elements().data(), access.elements().size());
+        }
+        file.close();
+        HostObject(f).put(L"Value", bytes);
+    });
+}
+
+ComPtr<IPictureDisp> clsADODBServices::GetImageFromField(const ComPtr<IDispatch>& f) {
+    ComPtr<IPictureDisp> picture;
+    std::wstring path;
+    try {
+        path = temporary_picture_file();
+        BinaryFile file = BinaryFile::create(path);
+        write_bytes(file, HostObject(f).get(L"Value"));
+        file.close();
+        picture = load_picture(path);
+    } catch (...) {
+        const Failure failure = current_failure();
+        attempt([&] { show(picture_failure(failure.number(), failure.description())); });
+    }
+    delete_file(path);
+    return picture;
+}
+
+void clsADODBServices::PutLargeImageInField(const ComPtr<IDispatch>& f, const std::wstring& File) {
+    const Handler handler{
+        L") en procedimiento PutLargeImageInField del Módulo de clase clsADODBServices.",
+        &app_origen()};
+    guarded(handler, [&] {
+        BinaryFile file = BinaryFile::open(File);
+        const HostObject field(f);
+        const ChunkPlan plan = storing_chunks(static_cast<std::int64_t>(file.size()));
+        std::vector<std::uint8_t> buffer(static_cast<std::size_t>(plan.first));
+        field.call(L"AppendChunk", {next_chunk(file, buffer)});
+        buffer.assign(static_cast<std::size_t>(plan.size), 0);
+        for (std::int64_t chunk = 0; chunk < plan.count; ++chunk) {
+            field.call(L"AppendChunk", {next_chunk(file, buffer)});
+        }
+    });
+}
+
+ComPtr<IPictureDisp> clsADODBServices::GetLargeImageFromField(const ComPtr<IDispatch>& f) {
+    const Handler handler{
+        L") en procedimiento GetLargeImageFromField del Módulo de clase clsADODBServices.",
+        &app_origen()};
+    return guarded<ComPtr<IPictureDisp>>(handler, [&](ComPtr<IPictureDisp>& picture) {
+        const std::wstring path = temporary_picture_file();
+        BinaryFile file = BinaryFile::create(path);
+        const HostObject field(f);
+        const ChunkPlan plan = reading_chunks(whole_number(field, L"ActualSize"));
+        copy_chunk(field, plan.first, file);
+        for (std::int64_t chunk = 0; chunk < plan.count; ++chunk) {
+            copy_chunk(field, plan.size, file);
+        }
+        file.close();
+        picture = load_picture(path);
+        delete_file(path);
+    });
+}
+
+Variant clsADODBServices::RecordLocation(const ComPtr<IDispatch>& adoRs,
+                                         const std::wstring& Title) {
+    try {
+        const HostObject records(adoRs);
+        const bool at_end = reads_true(records, L"EOF");
+        const bool at_beginning = reads_true(records, L"BOF");
+        if (at_end || at_beginning) return Variant(L"");
+        const std::int64_t position = whole_number(records, L"AbsolutePosition");
+        return Variant(record_location(Title, position, whole_number(records, L"RecordCount")));
+    } catch (const std::exception&) {
+        return Variant(unknown_record_location);
+    }
+}
+
+void clsADODBServices::PutPictureInField(const ComPtr<IDispatch>& f,
+                                         const ComPtr<IPictureDisp>& pic) {
+    const Handler handler{
+        L") en procedimiento PutPictureInField del Módulo de clase clsADODBServices.",
+        &app_origen()};
+    guarded(handler, [&] {
+        const std::wstring path = temporary_picture_file();
+        save_picture(pic, path);
+        PutImageInField(f, path);
+    });
+}
+
+}  // namespace kovrel

@@ -1,0 +1,112 @@
+#include "dbimages/picture_file.h"
+
+#include <olectl.h>
+
+#include <limits>
+#include <new>
+#include <random>
+
+#include "automation/module.h"
+#include "dbimages/image_field.h"
+#include "files/file_system.h"
+#include "frame/clock.h"
+#include "runtime/failure.h"
+
+namespace kovrel {
+namespace {
+
+/// A number from 0 up to 1 that the moment of the call decides.
+double random_number() {
+    const auto milliseconds = static_cast<std::uint32_t>(seconds_since_midnight() * 1000);
+    std::mt19937 generator(milliseconds);
+    return static_cast<double>(generator()) / (std::mt19937::max() + 1.0);
+}
+
+/// A block of the kind that streams are made over.
+class Memory {
+ public:
+    explicit Memory(std::size_t size) : handle_(GlobalAlloc(GMEM_MOVEABLE, size)) {
+        if (handle_ == nullptr) throw std::bad_alloc();
+    }
+    Memory(const Memory&) = delete;
+    Memory& operator=(const Memory&) = delete;
+    ~Memory() { GlobalFree(handle_); }
+    [[nodiscard]] HGLOBAL get() const noexcept { return handle_; }
+
+ private:
+    HGLOBAL handle_;
+};
+
+class LockedMemory {
+ public:
+    explicit LockedMemory(HGLOBAL handle) : handle_(handle), data_(GlobalLock(handle)) {
+        if (data_ == nullptr) throw std::bad_alloc();
+    }
+    LockedMemory(const LockedMemory&) = delete;
+    LockedMemory& operator=(const LockedMemory&) = delete;
+    ~LockedMemory() { GlobalUnlock(handle_); }
+    [[nodiscard]] void* data() const noexcept { return data_; }
+
+ private:
+    HGLOBAL handle_;
+    void* data_;
+};
+
+/// A stream over a block that stays its owner's, or over one of the stream's own.
+ComPtr<IStream> stream_over(HGLOBAL memory) {
+    ComPtr<IStream> stream;
+    if (FAILED(CreateStreamOnHGlobal(memory, memory == nullptr ? TRUE : FALSE, stream.put()))) {
+        throw std::bad_alloc();
+    }
+    return stream;
+}
+
+}  // namespace
+
+std::wstring temporary_picture_file() {
+    const std::wstring path = own_module_path();
+    const std::size_t backslash = path.rfind(L'\\');
+    return temporary_file_name(std::wstring_view(path).substr(0, backslash + 1), random_number());
+}
+
+ComPtr<IPictureDisp> load_picture(const std::wstring& path) {
+    BinaryFile file = BinaryFile::open(path);
+    const std::uint64_t size = file.size();
+    if (size == 0) throw Failure(FailureNumber::invalid_picture);
+    if (size > static_cast<std::uint64_t>(std::numeric_limits<LONG>::max())) throw std::bad_alloc();
+    const Memory content(static_cast<std::size_t>(size));
+    file.read(LockedMemory(content.get()).data(), static_cast<std::size_t>(size));
+    file.close();
+    const ComPtr<IStream> stream = stream_over(content.get());
+    ComPtr<IPictureDisp> picture;
+    const HRESULT result = OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE,
+                                          IID_IPictureDisp, picture.put_void());
+    if (result == E_OUTOFMEMORY) throw std::bad_alloc();
+    if (FAILED(result) || !picture) throw Failure(FailureNumber::invalid_picture);
+    return picture;
+}
+
+void save_picture(const ComPtr<IPictureDisp>& picture, const std::wstring& path) {
+    if (!picture) throw Failure(FailureNumber::object_not_set);
+    const auto image = picture.query<IPicture>();
+    short type = PICTYPE_UNINITIALIZED;
+    if (!image || FAILED(image->get_Type(&type)) || type == PICTYPE_NONE ||
+        type == PICTYPE_UNINITIALIZED) {
+        throw Failure(FailureNumber::invalid_picture);
+    }
+    const ComPtr<IStream> stream = stream_over(nullptr);
+    LONG size = 0;
+    const HRESULT result = image->SaveAsFile(stream.get(), TRUE, &size);
+    if (result == E_OUTOFMEMORY) throw std::bad_alloc();
+    HGLOBAL memory = nullptr;
+    STATSTG statistics{};
+    if (FAILED(result) || FAILED(GetHGlobalFromStream(stream.get(), &memory)) ||
+        FAILED(stream->Stat(&statistics, STATFLAG_NONAME))) {
+        throw Failure(FailureNumber::invalid_picture);
+    }
+    const LockedMemory content(memory);
+    BinaryFile::create(path).write(content.data(),
+                                   static_cast<std::size_t>(statistics.cbSize.QuadPart));
+}
+
+}  // namespace kovrel

@@ -1,0 +1,65 @@
+#include "files/Prof.h"
+
+#include <windows.h>
+#include <shlobj.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include "files/ansi_text.h"
+#include "runtime/failure.h"
+
+namespace kovrel::Prof {
+namespace {
+
+/// Where the browser opens: set by each browse for its callback, in the system code page.
+std::string initial_folder_text;
+
+using PathBuffer = std::array<char, MAX_PATH>;
+
+PathBuffer blank_buffer() {
+    PathBuffer buffer{};
+    buffer.fill(' ');
+    return buffer;
+}
+
+struct ReleaseItem {
+    void operator()(ITEMIDLIST* item) const noexcept { CoTaskMemFree(item); }
+};
+
+int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter, LPARAM /*data*/) {
+    if (message == BFFM_INITIALIZED) {
+        SendMessageA(browser, BFFM_SETSELECTIONA, TRUE,
+                     reinterpret_cast<LPARAM>(initial_folder_text.c_str()));
+    } else if (message == BFFM_SELCHANGED) {
+        PathBuffer path = blank_buffer();
+        if (SHGetPathFromIDListA(reinterpret_cast<const ITEMIDLIST*>(parameter), path.data())) {
+            SendMessageA(browser, BFFM_SETSTATUSTEXTA, 0, reinterpret_cast<LPARAM>(path.data()));
+        }
+    }
+    return 0;
+}
+
+}  // namespace
+
+std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
+                               std::wstring_view initial_folder) {
+    initial_folder_text = to_ansi(initial_folder);
+    const std::string title = to_ansi(prompt);
+    BROWSEINFOA record{};
+    // Window handles fit in 32 bits, and grow to 64 with their sign.
+    record.hwndOwner = reinterpret_cast<HWND>(static_cast<std::intptr_t>(owner));
+    record.lpszTitle = title.c_str();
+    record.ulFlags = BIF_RETURNONLYFSDIRS;
+    record.lpfn = &on_browser_message;
+    const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(SHBrowseForFolderA(&record));
+    if (!item) return {};
+    PathBuffer path = blank_buffer();
+    const bool has_path = SHGetPathFromIDListA(item.get(), path.data()) != FALSE;
+    const auto* const end = std::find(path.begin(), path.end(), '\0');
+    if (!has_path || end == path.end()) throw Failure(FailureNumber::invalid_argument);
+    return from_ansi({path.data(), static_cast<std::size_t>(end - path.data())});
+}
+
+}  // namespace kovrel::Prof

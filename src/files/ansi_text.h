@@ -1,0 +1,17 @@
+// Texts for the system's 8-bit functions: converted to the system code page for the call and back
+// afterwards.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kovrel {
+
+/// The text in the system's 8-bit code page; a character that the page lacks becomes its best fit
+/// or "?". Characters of code 0 are kept.
+[[nodiscard]] std::string to_ansi(std::wstring_view text);
+
+/// The text that bytes of the system's 8-bit code page stand for.
+[[nodiscard]] std::wstring from_ansi(std::string_view bytes);
+
+}  // namespace kovrel

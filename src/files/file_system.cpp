@@ -1,0 +1,184 @@
+#include "files/file_system.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "runtime/failure.h"
+
+namespace kovrel {
+namespace {
+
+[[noreturn]] void raise(DWORD error) {
+    switch (error) {
+        case ERROR_FILE_NOT_FOUND:
+            throw Failure(FailureNumber::file_not_found);
+        case ERROR_PATH_NOT_FOUND:
+            throw Failure(FailureNumber::path_not_found);
+        case ERROR_ACCESS_DENIED:
+        case ERROR_ALREADY_EXISTS:
+        case ERROR_FILE_EXISTS:
+        case ERROR_WRITE_PROTECT:
+            throw Failure(FailureNumber::path_file_access);
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION:
+            throw Failure(FailureNumber::permission_denied);
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL:
+            throw Failure(FailureNumber::disk_full);
+        case ERROR_NOT_READY:
+            throw Failure(FailureNumber::disk_not_ready);
+        case ERROR_INVALID_NAME:
+        case ERROR_BAD_PATHNAME:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+        case ERROR_DIRECTORY:
+        case ERROR_FILENAME_EXCED_RANGE:
+            throw Failure(FailureNumber::bad_file_name);
+        case ERROR_NOT_ENOUGH_MEMORY:
+        case ERROR_OUTOFMEMORY:
+            throw Failure(FailureNumber::out_of_memory);
+        default:
+            throw Failure(FailureNumber::device_io);
+    }
+}
+
+std::wstring full_path(const std::wstring& path) {
+    std::wstring full(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+        if (length == 0) return path;
+        const bool complete = length < full.size();
+        full.resize(length);
+        if (complete) return full;
+    }
+}
+
+/// The path in the form that has no length limit, where it is so long that it needs it.
+std::wstring unlimited(const std::wstring& path) {
+    // The least of the limits, that for new folders: room for a short file name is kept.
+    constexpr std::size_t limit = MAX_PATH - 12;
+    if (path.starts_with(LR"(\\?\)") || path.starts_with(LR"(\\.\)")) return path;
+    const std::wstring full = full_path(path);
+    if (full.size() < limit) return path;
+    if (full.starts_with(LR"(\\)")) return LR"(\\?\UNC)" + full.substr(1);
+    return LR"(\\?\)" + full;
+}
+
+bool drive_is_missing(const std::wstring& path) {
+    const std::wstring full = full_path(path);
+    if (full.size() < 2 || full[1] != L':') return false;
+    return GetDriveTypeW((full.substr(0, 2) + L'\\').c_str()) == DRIVE_NO_ROOT_DIR;
+}
+
+class Search {
+ public:
+    explicit Search(const std::wstring& pattern)
+        : handle_(FindFirstFileW(pattern.c_str(), &entry_)) {}
+    Search(const Search&) = delete;
+    Search& operator=(const Search&) = delete;
+    ~Search() {
+        if (found()) FindClose(handle_);
+    }
+    [[nodiscard]] bool found() const noexcept { return handle_ != INVALID_HANDLE_VALUE; }
+    [[nodiscard]] const WIN32_FIND_DATAW& entry() const noexcept { return entry_; }
+    bool next() noexcept { return FindNextFileW(handle_, &entry_) != FALSE; }
+
+ private:
+    WIN32_FIND_DATAW entry_{};
+    HANDLE handle_;
+};
+
+/// Reads and writes count in 32 bits.
+DWORD piece(std::size_t count) {
+    return static_cast<DWORD>(std::min<std::size_t>(count, 1U << 30));
+}
+
+HANDLE open_file(const std::wstring& path, DWORD access, DWORD disposition) {
+    HANDLE handle = CreateFileW(unlimited(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) raise(GetLastError());
+    return handle;
+}
+
+}  // namespace
+
+std::wstring first_listed(const std::wstring& path, Listing listing) {
+    std::wstring pattern(path);
+    if (pattern.empty() || pattern.find_last_of(L"\\/:") == pattern.size() - 1) pattern += L'*';
+    Search search(unlimited(pattern));
+    if (!search.found()) {
+        const DWORD error = GetLastError();
+        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) return {};
+        if (error != ERROR_PATH_NOT_FOUND) raise(error);
+        if (drive_is_missing(path)) throw Failure(FailureNumber::device_unavailable);
+        return {};
+    }
+    DWORD passed_over = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    if (listing == Listing::files) passed_over |= FILE_ATTRIBUTE_DIRECTORY;
+    do {
+        if ((search.entry().dwFileAttributes & passed_over) == 0) return search.entry().cFileName;
+    } while (search.next());
+    return {};
+}
+
+void create_folder(const std::wstring& path) {
+    if (!CreateDirectoryW(unlimited(path).c_str(), nullptr)) raise(GetLastError());
+}
+
+bool delete_file(const std::wstring& path) noexcept {
+    try {
+        return DeleteFileW(unlimited(path).c_str()) != FALSE;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+BinaryFile BinaryFile::open(const std::wstring& path) {
+    return BinaryFile(open_file(path, GENERIC_READ, OPEN_EXISTING));
+}
+
+BinaryFile BinaryFile::create(const std::wstring& path) {
+    return BinaryFile(open_file(path, GENERIC_WRITE, CREATE_ALWAYS));
+}
+
+BinaryFile::BinaryFile(BinaryFile&& other) noexcept
+    : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
+
+std::uint64_t BinaryFile::size() const {
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(handle_, &size)) raise(GetLastError());
+    return static_cast<std::uint64_t>(size.QuadPart);
+}
+
+std::size_t BinaryFile::read(void* bytes, std::size_t count) {
+    std::size_t total = 0;
+    while (total < count) {
+        DWORD done = 0;
+        if (!ReadFile(handle_, static_cast<char*>(bytes) + total, piece(count - total), &done,
+                      nullptr)) {
+            raise(GetLastError());
+        }
+        if (done == 0) break;
+        total += done;
+    }
+    return total;
+}
+
+void BinaryFile::write(const void* bytes, std::size_t count) {
+    std::size_t total = 0;
+    while (total < count) {
+        DWORD done = 0;
+        if (!WriteFile(handle_, static_cast<const char*>(bytes) + total, piece(count - total),
+                       &done, nullptr)) {
+            raise(GetLastError());
+        }
+        total += done;
+    }
+}
+
+void BinaryFile::close() noexcept {
+    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE));
+}
+
+}  // namespace kovrel

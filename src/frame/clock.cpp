@@ -1,0 +1,13 @@
+#include "frame/clock.h"
+
+#include <windows.h>
+
+namespace kovrel {
+
+double seconds_since_midnight() noexcept {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return (now.wHour * 60 + now.wMinute) * 60 + now.wSecond + now.wMilliseconds / 1000.0;
+}
+
+}  // namespace kovrel

@@ -1,0 +1,36 @@
+#include "messages/reports.h"
+
+#include <utility>
+
+#include "files/path_text.h"
+
+namespace kovrel {
+
+Notice database_error_report(std::wstring title, std::wstring_view introduction,
+                             const std::vector<DatabaseError>& errors, std::int32_t count) {
+    std::wstring text(introduction);
+    text += L"\r\rNº Errores: " + std::to_wstring(count);
+    for (const auto& error : errors) {
+        text += L"\r\t" + std::to_wstring(error.number) + L" - " + error.description;
+    }
+    return {std::move(text), NoticeStyle::critical, std::move(title)};
+}
+
+std::wstring version_text(std::int16_t major, std::int16_t minor, std::int16_t revision) {
+    return std::to_wstring(major) + L'.' + std::to_wstring(minor) + L'.' +
+           std::to_wstring(revision);
+}
+
+std::wstring identification_text(std::wstring_view title, std::wstring_view version,
+                                 std::wstring_view folder, std::wstring_view file_name) {
+    std::wstring text(title);
+    text += L" - Versión: ";
+    text += version;
+    text += L" (";
+    text += add_backslash(folder);
+    text += file_name;
+    text += L".dll)";
+    return text;
+}
+
+}  // namespace kovrel

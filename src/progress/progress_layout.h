@@ -1,0 +1,37 @@
+// The layout of the progress window: pure arithmetic on twips (1/1440 inch).
+#pragma once
+
+#include <cstdint>
+
+namespace kovrel {
+
+/// The heights that the progress window is made of, in twips.
+struct ProgressHeights {
+    std::int32_t window;  ///< outer height, frame and title bar included
+    std::int32_t inner;   ///< inner height
+    std::int32_t header;
+    std::int32_t bar;
+    std::int32_t base;  ///< the button area, whether it is shown or not
+};
+
+/// The window's outer height that fits the areas it shows, with 80 twips to spare.
+[[nodiscard]] std::int32_t fitted_window_height(const ProgressHeights& heights, bool base_visible);
+
+/// The inner rectangle of the header, and the place of its label, in twips.
+struct ProgressRectangle {
+    std::int32_t left;
+    std::int32_t top;
+    std::int32_t width;
+    std::int32_t height;
+
+    bool operator==(const ProgressRectangle&) const = default;
+};
+
+/// The label of a header: 40 twips below its top and above its bottom, none at the sides; height 0
+/// in a header that is too low for it.
+[[nodiscard]] ProgressRectangle header_label_place(const ProgressRectangle& header_inner);
+
+/// The left edge that centres the cancel button in the base; negative in a narrower base.
+[[nodiscard]] float cancel_button_left(std::int32_t base_inner_width, std::int32_t button_width);
+
+}  // namespace kovrel

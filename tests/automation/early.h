@@ -1,0 +1,24 @@
+// Early-bound calls as compiled hosts make them: through the vtable entry that the type library
+// names.
+#pragma once
+
+#include "tests/automation/late.h"
+
+namespace kovrel::test {
+
+/// The description of an instance's own interface, its vtable entries included.
+ComPtr<ITypeInfo> interface_of(IDispatch* object);
+
+/// Byte offset of a member's vtable entry; -1 when there is none such.
+std::ptrdiff_t vtable_offset(IDispatch* object, const std::wstring& member, INVOKEKIND kind);
+
+/// The vtable entry of a member; the test gives its type. Null when there is none such.
+template <class Function>
+Function early(IDispatch* object, const std::wstring& member, INVOKEKIND kind = INVOKE_FUNC) {
+    const std::ptrdiff_t offset = vtable_offset(object, member, kind);
+    if (offset < 0) return nullptr;
+    const char* const vtable = *reinterpret_cast<char**>(object);
+    return *reinterpret_cast<const Function*>(vtable + offset);
+}
+
+}  // namespace kovrel::test
