@@ -33,4 +33,15 @@ void set_error_object(const Failure& failure, const wchar_t* source) noexcept {
     if (const auto info = creator.query<IErrorInfo>()) SetErrorInfo(0, info.get());
 }
 
+HRESULT run_at_boundary(const wchar_t* source, void (*body)(void*), void* context) noexcept {
+    try {
+        body(context);
+        return S_OK;
+    } catch (...) {
+        const Failure failure = current_failure();
+        set_error_object(failure, source);
+        return hresult_of(failure);
+    }
+}
+
 }  // namespace kovrel

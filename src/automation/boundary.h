@@ -4,7 +4,7 @@
 #include <windows.h>
 #include <oleauto.h>
 
-#include <string>
+#include <type_traits>
 
 #include "runtime/failure.h"
 
@@ -19,17 +19,15 @@ namespace kovrel {
 /// Leaves the failure as the thread's error object, for early-bound callers.
 void set_error_object(const Failure& failure, const wchar_t* source) noexcept;
 
-/// Runs one call of a host's; no exception leaves it. `source` is the ProgID that the host sees.
+/// Runs one call of a host's, given as a function and what it works on; no exception leaves it.
+HRESULT run_at_boundary(const wchar_t* source, void (*body)(void*), void* context) noexcept;
+
+/// Runs one call of a host's. `source` is the ProgID that the host sees in a failure.
 template <class Body>
 HRESULT boundary(const wchar_t* source, Body&& body) noexcept {
-    try {
-        body();
-        return S_OK;
-    } catch (...) {
-        const Failure failure = current_failure();
-        set_error_object(failure, source);
-        return hresult_of(failure);
-    }
+    return run_at_boundary(
+        source, [](void* context) { (*static_cast<std::remove_reference_t<Body>*>(context))(); },
+        &body);
 }
 
 }  // namespace kovrel

@@ -11,7 +11,7 @@
 #pragma once
 
 #include <cstddef>
-#include <stdexcept>
+#include <span>
 #include <utility>
 
 #include "automation/class_info.h"
@@ -30,31 +30,23 @@ struct Parameter {
     std::optional<Variant> when_missing;
 };
 
+[[nodiscard]] Parameter optional(const wchar_t* name, Variant default_value, Variant when_missing);
+
 template <class Value>
 [[nodiscard]] Parameter optional(const wchar_t* name, Value default_value) {
-    Parameter result(name);
-    result.optional = true;
-    result.declared_default = Variant(default_value);
-    result.when_missing = result.declared_default;
-    return result;
+    return optional(name, Variant(default_value), Variant(default_value));
 }
 
 /// An optional parameter whose declared default, which compilers pass, differs from what the member
 /// takes an omitted argument for.
 template <class Value>
 [[nodiscard]] Parameter optional(const wchar_t* name, Value default_value, Value when_missing) {
-    Parameter result = optional(name, default_value);
-    result.when_missing = Variant(when_missing);
-    return result;
+    return optional(name, Variant(default_value), Variant(when_missing));
 }
 
 /// An optional parameter without a default: a variant stays recognisable as missing, any other type
 /// takes its zero value.
-[[nodiscard]] inline Parameter optional(const wchar_t* name) {
-    Parameter result(name);
-    result.optional = true;
-    return result;
-}
+[[nodiscard]] Parameter optional(const wchar_t* name);
 
 /// What hosts know a class by, for ever.
 struct ClassIdentity {
@@ -64,25 +56,36 @@ struct ClassIdentity {
     GUID interface_id;
 };
 
+/// The part of a declaration that is the same for every class.
+class DeclarationBase {
+ protected:
+    DeclarationBase(const ClassIdentity& identity, Instancing instancing, const wchar_t* help);
+
+    void add(const EntryInfo& entry, MemberKind kind, const wchar_t* name, const wchar_t* help,
+             std::span<const Parameter> parameters = {});
+    /// A property's second accessor has the id of its first.
+    void add_second(const EntryInfo& entry, MemberKind kind, const wchar_t* name,
+                    const wchar_t* help);
+
+    ClassInfo info_;
+
+ private:
+    DISPID next_id_ = 1;
+};
+
 template <class Class>
-class Declaration {
+class Declaration : private DeclarationBase {
  public:
-    Declaration(const ClassIdentity& identity, Instancing instancing, const wchar_t* help) {
-        info_.name = identity.name;
-        info_.help = help;
-        info_.instancing = instancing;
-        info_.class_id = identity.class_id;
-        info_.interface_id = identity.interface_id;
-        info_.prog_id = std::wstring(identity.library) + L'.' + identity.name;
-        info_.interface_name = std::wstring(L"_") + identity.name;
+    Declaration(const ClassIdentity& identity, Instancing instancing, const wchar_t* help)
+        : DeclarationBase(identity, instancing, help) {
         info_.create = &Object<Class>::create;
         info_.destroy = &Object<Class>::destroy;
-        info_.vtable = ObjectBase::dispatch_slots();
     }
 
     template <auto Member>
     Declaration&& method(const wchar_t* name, const wchar_t* help) && {
-        add<Member>(MemberKind::method, name, help, next_id_++, nullptr, 0);
+        static_assert(Thunk<Class, Member>::arity == 0, "a name for every parameter");
+        add(Thunk<Class, Member>::entry(), MemberKind::method, name, help);
         return std::move(*this);
     }
 
@@ -90,27 +93,26 @@ class Declaration {
     Declaration&& method(const wchar_t* name, const Parameter (&parameters)[Count],
                          const wchar_t* help) && {
         static_assert(Count == Thunk<Class, Member>::arity, "a name for every parameter");
-        add<Member>(MemberKind::method, name, help, next_id_++, parameters, Count);
+        add(Thunk<Class, Member>::entry(), MemberKind::method, name, help, parameters);
         return std::move(*this);
     }
 
     template <auto Get, auto Put>
     Declaration&& property(const wchar_t* name, const wchar_t* help) && {
-        const DISPID id = next_id_++;
-        add<Get>(MemberKind::property_get, name, help, id, nullptr, 0);
-        add<Put>(MemberKind::property_put, name, help, id, nullptr, 0);
+        add(Thunk<Class, Get>::entry(), MemberKind::property_get, name, help);
+        add_second(Thunk<Class, Put>::entry(), MemberKind::property_put, name, help);
         return std::move(*this);
     }
 
     template <auto Get>
     Declaration&& read_only(const wchar_t* name, const wchar_t* help) && {
-        add<Get>(MemberKind::property_get, name, help, next_id_++, nullptr, 0);
+        add(Thunk<Class, Get>::entry(), MemberKind::property_get, name, help);
         return std::move(*this);
     }
 
     template <auto Put>
     Declaration&& write_only(const wchar_t* name, const wchar_t* help) && {
-        add<Put>(MemberKind::property_put, name, help, next_id_++, nullptr, 0);
+        add(Thunk<Class, Put>::entry(), MemberKind::property_put, name, help);
         return std::move(*this);
     }
 
@@ -124,9 +126,8 @@ class Declaration {
     /// A property that holds an object: read, and set by object assignment.
     template <auto Get, auto PutObject>
     Declaration&& object_property(const wchar_t* name, const wchar_t* help) && {
-        const DISPID id = next_id_++;
-        add<Get>(MemberKind::property_get, name, help, id, nullptr, 0);
-        add<PutObject>(MemberKind::property_put_object, name, help, id, nullptr, 0);
+        add(Thunk<Class, Get>::entry(), MemberKind::property_get, name, help);
+        add_second(Thunk<Class, PutObject>::entry(), MemberKind::property_put_object, name, help);
         return std::move(*this);
     }
 
@@ -134,49 +135,6 @@ class Declaration {
         info_.index_members();
         return std::move(info_);
     }
-
- private:
-    template <auto Member>
-    void add(MemberKind kind, const wchar_t* name, const wchar_t* help, DISPID id,
-             const Parameter* parameters, std::size_t count) {
-        using Entry = Thunk<Class, Member>;
-        MemberInfo member;
-        member.name = name;
-        member.help = help;
-        member.id = id;
-        member.kind = kind;
-        member.parameters = Entry::parameters();
-        member.result = Entry::result_type();
-        member.slot = Entry::slot_address();
-        member.invoke = &Entry::invoke;
-        for (std::size_t index = 0; index < count; ++index) {
-            complete(member.parameters[index], parameters[index]);
-        }
-        info_.vtable.push_back(member.slot);
-        info_.members.push_back(std::move(member));
-        declared_member<Class, Member> = &info_.members.back();
-    }
-
-    /// The defaults take the parameter's own type, so that they need no conversion in a call.
-    static void complete(ParameterInfo& info, const Parameter& parameter) {
-        info.name = parameter.name;
-        info.optional = parameter.optional;
-        if (!parameter.optional) return;
-        const auto typed = [&info](const Variant& value) {
-            return info.type.type == VT_VARIANT ? value : value.as(info.type.type);
-        };
-        if (parameter.declared_default) info.declared_default = typed(*parameter.declared_default);
-        if (parameter.when_missing) {
-            info.when_missing = typed(*parameter.when_missing);
-        } else if (info.type.type == VT_VARIANT) {
-            info.when_missing = Variant::missing();
-        } else {
-            info.when_missing = Variant().as(info.type.type);
-        }
-    }
-
-    ClassInfo info_;
-    DISPID next_id_ = 1;
 };
 
 template <class Class>

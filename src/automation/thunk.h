@@ -2,8 +2,10 @@
 // and the late-bound invoker.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
+#include <span>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -89,6 +91,22 @@ class Argument {
     [[no_unique_address]] Original original_;
 };
 
+/// One parameter of a signature.
+struct PassedType {
+    TypeRef (*type)();
+    bool by_reference;
+    bool written_back;
+};
+
+/// What a member's signature tells its declaration.
+struct EntryInfo {
+    std::span<const PassedType> parameters;
+    TypeRef (*result)() = nullptr;  ///< null: a procedure
+    Slot slot = nullptr;
+    void (*invoke)(void* implementation, LateCall& call) = nullptr;
+    const MemberInfo** declared = nullptr;  ///< where the thunk looks its declaration up
+};
+
 template <class Class, auto Member, class Result, class... Parameters>
 struct BasicThunk {
     static constexpr std::size_t arity = sizeof...(Parameters);
@@ -110,27 +128,22 @@ struct BasicThunk {
         });
     }
 
-    /// The types of the parameters, as the type library spells them.
-    static std::vector<ParameterInfo> parameters() {
-        return {ParameterInfo{.type = NativeOf<Parameters>::type(),
-                              .by_reference = by_reference<Parameters>,
-                              .written_back = written_back<Parameters>}...};
-    }
-
-    static TypeRef result_type() {
-        if constexpr (std::is_void_v<Result>) {
-            return {};
-        } else {
-            return NativeOf<Result>::type();
-        }
-    }
-
     static Slot slot_address() {
         if constexpr (std::is_void_v<Result>) {
             return reinterpret_cast<Slot>(&slot<>);
         } else {
             return reinterpret_cast<Slot>(&slot<typename NativeOf<Result>::Raw*>);
         }
+    }
+
+    /// What the declaration needs to know.
+    static EntryInfo entry() {
+        static constexpr std::array<PassedType, arity> parameters{PassedType{
+            &NativeOf<Parameters>::type, by_reference<Parameters>, written_back<Parameters>}...};
+        EntryInfo info{.parameters = parameters, .slot = slot_address(), .invoke = &invoke};
+        if constexpr (!std::is_void_v<Result>) info.result = &NativeOf<Result>::type;
+        info.declared = &declared_member<Class, Member>;
+        return info;
     }
 
     static void invoke(void* implementation, LateCall& call) {

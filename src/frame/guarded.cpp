@@ -19,4 +19,12 @@ void show_failure(const Failure& failure, const Handler& handler) noexcept {
     }
 }
 
+void run_guarded(const Handler& handler, void (*body)(void*), void* context) noexcept {
+    try {
+        body(context);
+    } catch (...) {
+        show_failure(current_failure(), handler);
+    }
+}
+
 }  // namespace kovrel

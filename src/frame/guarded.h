@@ -4,7 +4,7 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
+#include <type_traits>
 
 #include "automation/boundary.h"
 #include "runtime/failure.h"
@@ -22,27 +22,24 @@ struct Handler {
 /// Shows the standard error box. Whatever goes wrong on the way is ignored.
 void show_failure(const Failure& failure, const Handler& handler) noexcept;
 
+/// Runs a procedure's body, given as a function and what it works on: the trap is one for all.
+void run_guarded(const Handler& handler, void (*body)(void*), void* context) noexcept;
+
+/// Runs a procedure's body.
+template <class Body>
+void guarded(const Handler& handler, Body&& body) {
+    run_guarded(
+        handler, [](void* context) { (*static_cast<std::remove_reference_t<Body>*>(context))(); },
+        &body);
+}
+
 /// Runs a function's body, which assigns its result as it goes. After a failure the result is what
 /// it had assigned so far.
 template <class Result, class Body>
 Result guarded(const Handler& handler, Body&& body) {
     Result result{};
-    try {
-        body(result);
-    } catch (...) {
-        show_failure(current_failure(), handler);
-    }
+    guarded(handler, [&] { body(result); });
     return result;
-}
-
-/// Runs a procedure's body.
-template <class Body>
-void guarded(const Handler& handler, Body&& body) {
-    try {
-        body();
-    } catch (...) {
-        show_failure(current_failure(), handler);
-    }
 }
 
 /// Runs a step whose failure counts for nothing; true when it did not fail.

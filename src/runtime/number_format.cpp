@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <iterator>
 #include <limits>
-#include <system_error>
 #include <utility>
 
 #include "runtime/failure.h"
@@ -51,22 +51,16 @@ void round_to(Decimal& number, std::ptrdiff_t count) {
 /// A finite number in `count` significant digits of scientific notation: sign, digits, exponent.
 Decimal scientific(double value, int count) {
     std::array<char, 64> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                   std::chars_format::scientific, count - 1)
-                         .ptr;
+    std::snprintf(buffer.data(), buffer.size(), "%.*e", count - 1, value);
+    const std::string_view text(buffer.data());
+    const auto mark = text.find('e');
     Decimal number;
-    const char* place = buffer.data();
-    if (*place == '-') {
-        number.negative = true;
-        ++place;
-    }
-    const char* const mark = std::find(place, static_cast<const char*>(end), 'e');
-    number.digits.reserve(static_cast<std::size_t>(count) + 1);
-    number.digits.push_back(*place);
-    if (mark - place > 2) number.digits.append(place + 2, mark);
-    int exponent = 0;
-    std::from_chars(mark + (mark[1] == '+' ? 2 : 1), end, exponent);
-    number.point = exponent + 1;
+    number.negative = text.front() == '-';
+    // Whatever the C library's locale puts between the digits, it is not one.
+    std::copy_if(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(mark),
+                 std::back_inserter(number.digits),
+                 [](char character) { return character >= '0' && character <= '9'; });
+    number.point = std::strtol(buffer.data() + mark + 1, nullptr, 10) + 1;
     return number;
 }
 
@@ -81,25 +75,16 @@ Decimal to_decimal(double value) {
     return number;
 }
 
-/// The number in the pattern where binary arithmetic is sure to round as the 15 decimal digits do:
-/// far from a half, and with digits to spare. Most amounts are of this kind.
+/// The number in the pattern, where it can be rounded quickly.
 std::optional<std::wstring> write_quickly(double value, NumberPattern pattern,
                                           wchar_t decimal_separator) {
-    constexpr std::array powers{1.0, 10.0, 100.0, 1000.0, 10000.0};
-    constexpr double digits_to_spare = 1e12;
-    constexpr double near_a_half = 0.01;
     constexpr int most_whole_digits = 8;
-    const auto decimals = static_cast<std::size_t>(pattern.decimals);
-    if (decimals >= powers.size() || pattern.whole_digits > most_whole_digits) return std::nullopt;
-    const double scaled = std::abs(value) * powers[decimals];
-    if (!(scaled < digits_to_spare)) return std::nullopt;
-    auto number = static_cast<std::uint64_t>(scaled);
-    const double fraction = scaled - static_cast<double>(number);
-    if (std::abs(fraction - 0.5) < near_a_half) return std::nullopt;
-    if (fraction > 0.5) ++number;
-
+    if (pattern.whole_digits > most_whole_digits) return std::nullopt;
+    const auto rounded = quickly_rounded(value, pattern.decimals);
+    if (!rounded) return std::nullopt;
+    auto number = *rounded;
     const bool negative = value < 0 && number != 0;
-    std::array<wchar_t, 32> buffer{};
+    std::array<wchar_t, 32> buffer;
     std::size_t first = buffer.size();
     const auto put_digit = [&] {
         buffer[--first] = static_cast<wchar_t>(L'0' + number % 10);
@@ -160,25 +145,26 @@ std::optional<Decimal> plain_decimal(std::wstring_view text, wchar_t decimal_sep
     return number;
 }
 
-/// The value of an ASCII number text in the notation of the language's own literals.
+/// The value of an ASCII number text in the notation of the language's own literals; infinite past
+/// the range of a double.
 double to_double(std::string_view text) {
-    double value = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec != std::errc::result_out_of_range) return value;
-    // Too small is zero, too large has no number: the power of ten of the first digit tells.
-    const auto mark = text.find('e');
-    const std::string_view digits = text.substr(0, mark);
-    std::int64_t exponent = 0;
-    if (mark != std::string_view::npos) {
-        const bool minus = text[mark + 1] == '-';
-        const char* const first = text.data() + mark + (minus || text[mark + 1] == '+' ? 2 : 1);
-        const auto read = std::from_chars(first, text.data() + text.size(), exponent);
-        if (read.ec != std::errc{}) exponent = std::numeric_limits<std::int64_t>::max() / 2;
-        if (minus) exponent = -exponent;
+    constexpr long long beyond_every_number = 1'000'000'000;
+    const auto mark = std::min(text.find('e'), text.size());
+    const std::string_view mantissa = text.substr(0, mark);
+    long long exponent = 0;
+    if (mark < text.size()) {
+        exponent = std::strtoll(std::string(text.substr(mark + 1)).c_str(), nullptr, 10);
+        exponent = std::clamp(exponent, -beyond_every_number, beyond_every_number);
     }
-    const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
-    const auto first = static_cast<std::int64_t>(digits.find_first_of("123456789"));
-    return point - first + exponent < 0 ? 0.0 : std::numeric_limits<double>::infinity();
+    // The exponent takes the place of the decimal point, which the C library reads by its locale.
+    const auto point = mantissa.find('.');
+    std::string digits(mantissa.substr(0, point));
+    if (point != std::string_view::npos) {
+        digits.append(mantissa.substr(point + 1));
+        exponent -= static_cast<long long>(mantissa.size() - point - 1);
+    }
+    digits.append("e").append(std::to_string(exponent));
+    return std::strtod(digits.c_str(), nullptr);
 }
 
 /// Reads the digits after &H or &O.
@@ -212,6 +198,22 @@ std::wstring without_blanks(std::wstring_view text) {
 }
 
 }  // namespace
+
+std::optional<std::uint64_t> quickly_rounded(double value, int decimals) noexcept {
+    // Binary arithmetic is sure to round as the 15 decimal digits do with digits to spare and far
+    // from a half.
+    constexpr std::array powers{1.0, 10.0, 100.0, 1000.0, 10000.0};
+    constexpr double digits_to_spare = 1e12;
+    constexpr double near_a_half = 0.01;
+    const auto power = static_cast<std::size_t>(decimals);
+    if (power >= powers.size()) return std::nullopt;
+    const double scaled = std::abs(value) * powers[power];
+    if (!(scaled < digits_to_spare)) return std::nullopt;
+    const auto whole = static_cast<std::uint64_t>(scaled);
+    const double fraction = scaled - static_cast<double>(whole);
+    if (std::abs(fraction - 0.5) < near_a_half) return std::nullopt;
+    return fraction > 0.5 ? whole + 1 : whole;
+}
 
 std::wstring format_number(double value, NumberPattern pattern, wchar_t decimal_separator) {
     if (auto text = write_quickly(value, pattern, decimal_separator)) return *std::move(text);
@@ -265,9 +267,9 @@ std::optional<double> plain_number(std::wstring_view text, wchar_t decimal_separ
     return plain->negative ? -value : value;
 }
 
-double leading_number(std::wstring_view given) {
-    const std::wstring text = without_blanks(given);
-    std::wstring_view rest = text;
+double leading_number(std::wstring_view text) {
+    const std::wstring characters = without_blanks(text);
+    std::wstring_view rest = characters;
     if (rest.size() >= 2 && rest.front() == L'&' &&
         std::wstring_view(L"hHoO").find(rest[1]) != std::wstring_view::npos) {
         return prefixed_number(rest.substr(1));

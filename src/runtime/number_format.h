@@ -2,6 +2,7 @@
 // readings that do not depend on the platform. Nothing here uses the C library's locale.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,6 +37,11 @@ inline constexpr NumberPattern no_zero{0, 0};        ///< "###": nothing at all 
 /// they are (they never go through a double); a text that is not a number comes back unchanged.
 [[nodiscard]] std::wstring format_number(std::wstring_view text, NumberPattern pattern,
                                          const Regional& regional);
+
+/// The number without its sign times ten to the power `decimals` (0 to 4), rounded to a whole one
+/// as format_number rounds; absent where that takes decimal arithmetic: near a half, from 1e12 on,
+/// and for what is no number. Most amounts have one.
+[[nodiscard]] std::optional<std::uint64_t> quickly_rounded(double value, int decimals) noexcept;
 
 /// The default conversion of a number to text: up to 15 significant digits, the regional decimal
 /// separator, and an exponent of at least two digits where the number written out would need more

@@ -32,14 +32,17 @@ wchar_t to_upper(wchar_t character) noexcept {
 }
 
 void make_upper(std::wstring& text) noexcept {
-    // ASCII and Latin-1 in a loop that compilers vectorize; the few letters beyond one by one.
-    std::uint32_t seen = 0;
+    // ASCII and most of Latin-1 in a loop that compilers vectorize, so without branches; texts
+    // with other letters are rare and go through the table.
+    std::int32_t seen = 0;
     for (wchar_t& character : text) {
-        const auto code = static_cast<std::uint32_t>(character);
-        const bool is_small =
-            (code >= 0x61 && code <= 0x7A) || (code >= 0xE0 && code <= 0xFE && code != 0xF7);
-        character = static_cast<wchar_t>(code - (is_small ? 0x20U : 0U));
-        seen |= code + 1;
+        const auto code = static_cast<std::int32_t>(character);
+        const std::int32_t ascii = (code > 0x60 ? 0x20 : 0) & (code < 0x7B ? 0x20 : 0);
+        const std::int32_t latin =
+            ((code & ~0x1F) == 0xE0 ? 0x20 : 0) & ((code & ~0x08) != 0xF7 ? 0x20 : 0);
+        seen |=
+            code + 1;  // past 0xFF from the last letter of Latin-1 on, whose capital is not in it
+        character = static_cast<wchar_t>(code - (ascii | latin));
     }
     if (seen <= 0xFF) return;
     std::transform(text.begin(), text.end(), text.begin(),

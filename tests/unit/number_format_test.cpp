@@ -63,6 +63,28 @@ TEST(FormatNumber, AHalfAtTheFifteenthDigitGoesAwayFromZero) {
     EXPECT_EQ(format_number(999999999999999.5, patterns::whole, L','), L"1000000000000000");
 }
 
+TEST(FormatNumber, TheQuickRoundingLeavesOutWhatIsNotSure) {
+    EXPECT_EQ(quickly_rounded(12.34, 2), 1234U);
+    EXPECT_EQ(quickly_rounded(-12.346, 2), 1235U);
+    EXPECT_EQ(quickly_rounded(0, 0), 0U);
+    EXPECT_EQ(quickly_rounded(1.005, 2), std::nullopt);
+    EXPECT_EQ(quickly_rounded(0.5, 0), std::nullopt);
+    EXPECT_EQ(quickly_rounded(1e12, 0), std::nullopt);
+    EXPECT_EQ(quickly_rounded(1, 5), std::nullopt);
+    EXPECT_EQ(quickly_rounded(std::nan(""), 2), std::nullopt);
+    EXPECT_EQ(quickly_rounded(std::numeric_limits<double>::infinity(), 2), std::nullopt);
+    std::mt19937_64 random(20240315);  // fixed: the same amounts in every run
+    std::uniform_real_distribution<double> exponents(-3, 12);
+    for (int turn = 0; turn < 20000; ++turn) {
+        const double value = std::pow(10, exponents(random));
+        const auto quick = quickly_rounded(value, 2);
+        if (!quick) continue;
+        auto text = format_number(value, {9, 2}, L',');  // a width that is never written quickly
+        text.erase(text.size() - 3, 1);
+        ASSERT_EQ(std::stoull(text), *quick);
+    }
+}
+
 TEST(FormatNumber, NoSignOnZero) {
     EXPECT_EQ(format_number(-0.001, patterns::two_decimals, L','), L"0,00");
     EXPECT_EQ(format_number(-0.0, patterns::whole, L','), L"0");

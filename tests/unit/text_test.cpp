@@ -20,6 +20,18 @@ TEST(Text, UpperCoversSpanishAndItsNeighbours) {
     EXPECT_EQ(to_upper(L"ĸŉ"), L"ĸŉ");
 }
 
+TEST(Text, UpperOfATextIsThatOfItsCharacters) {
+    for (unsigned code = 0; code < 0x300; ++code) {
+        const auto character = static_cast<wchar_t>(code);
+        // Neighbours decide nothing: alone, beside Latin-1 and beside letters beyond it.
+        EXPECT_EQ(to_upper(std::wstring(1, character)), std::wstring(1, to_upper(character)));
+        EXPECT_EQ(to_upper(L"é" + std::wstring(1, character)).substr(1),
+                  std::wstring(1, to_upper(character)));
+        EXPECT_EQ(to_upper(L"œ" + std::wstring(1, character)).substr(1),
+                  std::wstring(1, to_upper(character)));
+    }
+}
+
 TEST(Text, EqualWithoutCaseNeedsTheSameLength) {
     EXPECT_TRUE(equal_without_case(L"ConvierteAñoA2", L"CONVIERTEAÑOA2"));
     EXPECT_FALSE(equal_without_case(L"abc", L"ab"));

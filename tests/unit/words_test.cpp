@@ -71,6 +71,20 @@ TEST_F(Words, EurosAreRoundedToCents) {
     EXPECT_EQ(euros(-0.5), L"MENOS UN EURO");
 }
 
+TEST_F(Words, EurosAreTheWordsOfTheAmountAsAText) {
+    std::mt19937_64 random(20240315);  // fixed: the same amounts in every run
+    std::uniform_real_distribution<double> exponents(-3, 15);
+    for (int turn = 0; turn < 20000; ++turn) {
+        double amount = std::pow(10, exponents(random));
+        if (turn % 3 == 0) amount = std::round(amount * 100) / 100;
+        if (turn % 7 == 0) amount = std::round(amount / 1000) * 1000;
+        if (turn % 11 == 0) amount = -amount;
+        const auto amount_text = format_number(amount, patterns::two_decimals, L',');
+        ASSERT_EQ(euros(amount),
+                  to_upper(text(amount_text, {L"Euro", L"Euros"}, {L"Céntimo", L"Céntimos"})));
+    }
+}
+
 TEST_F(Words, EurosAtTheEndsOfTheRange) {
     EXPECT_EQ(euros(1e15), L"MIL BILLONES  EUROS");
     EXPECT_EQ(euros(1e200), L"?");

@@ -1,0 +1,82 @@
+#include "automation/declare.h"
+
+namespace kovrel {
+namespace {
+
+/// The defaults take the parameter's own type, so that they need no conversion in a call.
+void complete(ParameterInfo& info, const Parameter& parameter) {
+    info.name = parameter.name;
+    info.optional = parameter.optional;
+    if (!parameter.optional) return;
+    const VARTYPE type = info.type.type;
+    const auto typed = [type](const Variant& value) {
+        return type == VT_VARIANT ? value : value.as(type);
+    };
+    if (parameter.declared_default) info.declared_default = typed(*parameter.declared_default);
+    if (parameter.when_missing) {
+        info.when_missing = typed(*parameter.when_missing);
+    } else if (type == VT_VARIANT) {
+        info.when_missing = Variant::missing();
+    } else {
+        info.when_missing = Variant().as(type);
+    }
+}
+
+}  // namespace
+
+Parameter optional(const wchar_t* name, Variant default_value, Variant when_missing) {
+    Parameter result(name);
+    result.optional = true;
+    result.declared_default = std::move(default_value);
+    result.when_missing = std::move(when_missing);
+    return result;
+}
+
+Parameter optional(const wchar_t* name) {
+    Parameter result(name);
+    result.optional = true;
+    return result;
+}
+
+DeclarationBase::DeclarationBase(const ClassIdentity& identity, Instancing instancing,
+                                 const wchar_t* help) {
+    info_.name = identity.name;
+    info_.help = help;
+    info_.instancing = instancing;
+    info_.class_id = identity.class_id;
+    info_.interface_id = identity.interface_id;
+    info_.prog_id = std::wstring(identity.library) + L'.' + identity.name;
+    info_.interface_name = std::wstring(L"_") + identity.name;
+    info_.vtable = ObjectBase::dispatch_slots();
+}
+
+void DeclarationBase::add(const EntryInfo& entry, MemberKind kind, const wchar_t* name,
+                          const wchar_t* help, std::span<const Parameter> parameters) {
+    MemberInfo& member = info_.members.emplace_back();
+    member.name = name;
+    member.help = help;
+    member.id = next_id_++;
+    member.kind = kind;
+    for (const PassedType& passed : entry.parameters) {
+        ParameterInfo& parameter = member.parameters.emplace_back();
+        parameter.type = passed.type();
+        parameter.by_reference = passed.by_reference;
+        parameter.written_back = passed.written_back;
+    }
+    for (std::size_t index = 0; index < parameters.size(); ++index) {
+        complete(member.parameters[index], parameters[index]);
+    }
+    if (entry.result != nullptr) member.result = entry.result();
+    member.slot = entry.slot;
+    member.invoke = entry.invoke;
+    info_.vtable.push_back(entry.slot);
+    *entry.declared = &member;
+}
+
+void DeclarationBase::add_second(const EntryInfo& entry, MemberKind kind, const wchar_t* name,
+                                 const wchar_t* help) {
+    --next_id_;
+    add(entry, kind, name, help);
+}
+
+}  // namespace kovrel

@@ -1,0 +1,58 @@
+#include "numbers/number_token.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "runtime/number_format.h"
+#include "runtime/text.h"
+
+namespace kovrel {
+
+bool is_digits(std::wstring_view text) noexcept {
+    return std::all_of(text.begin(), text.end(), is_digit);
+}
+
+std::wstring_view without_leading_zeros(std::wstring_view digits) noexcept {
+    return digits.substr(std::min(digits.find_first_not_of(L'0'), digits.size() - 1));
+}
+
+/// The reading of a positive number of few digits, which needs no arithmetic: both readings have
+/// its whole part, and its value lies above that if it has decimals other than zero. False for a
+/// token that this reading does not cover.
+bool NumberToken::read_short(std::wstring_view token, wchar_t separator) {
+    constexpr std::size_t exact_digits = 15;
+    if (token.size() > exact_digits) return false;
+    std::size_t whole_digits = 0;
+    while (whole_digits < token.size() && is_digit(token[whole_digits])) ++whole_digits;
+    if (whole_digits == 0) return false;
+    if (whole_digits < token.size()) {
+        const auto decimals = token.substr(whole_digits + 1);
+        if (token[whole_digits] != separator || !is_digits(decimals)) return false;
+        if (decimals.find_first_not_of(L'0') != std::wstring_view::npos) {
+            whole_part_ = without_leading_zeros(token.substr(0, whole_digits));
+        }
+    }
+    is_number_ = true;
+    return true;
+}
+
+void NumberToken::read(std::wstring_view token, const Regional& regional) {
+    const auto separator = regional.settings().decimal_separator;
+    auto value = plain_number(token, separator);
+    if (!value) value = regional.number(token);
+    if (!value) return;
+    is_number_ = true;
+    is_negative_ = *value < 0;
+    // Past the range of a double the decimals of a plain number do not matter any more.
+    if (std::isinf(*value)) return;
+    const double whole = std::floor(leading_number(token));
+    if (*value > whole) {
+        storage_ = number_to_text(whole, separator);
+        // A token that is the text of its own whole part has no decimals, whichever way its last
+        // bits were read.
+        if (storage_ != token) whole_part_ = storage_;
+    }
+}
+
+}  // namespace kovrel

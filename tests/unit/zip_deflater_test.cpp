@@ -1,0 +1,141 @@
+// Pieces compressed on their own that join into one deflate stream.
+#include <gtest/gtest.h>
+
+#include "deflater.h"
+#include "incompressible.h"
+#include "tests/zip/plain_reader.h"
+#include "tests/zip/test_folder.h"
+#include "worker_pool.h"
+
+namespace kovrel::zip {
+namespace {
+
+using test::compressible;
+using test::incompressible;
+
+ByteView bytes_of(const std::string& text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+void fill(Piece& piece, const std::string& data, std::size_t start, std::size_t length) {
+    piece.dictionary_length = std::min(start, dictionary_size);
+    const std::size_t from = start - piece.dictionary_length;
+    std::copy_n(data.begin() + static_cast<std::ptrdiff_t>(from), piece.dictionary_length + length,
+                piece.window.begin() +
+                    static_cast<std::ptrdiff_t>(dictionary_size - piece.dictionary_length));
+    piece.length = length;
+    piece.last = start + length == data.size();
+}
+
+std::string deflate_in_pieces(const std::string& data, std::size_t step, int level) {
+    PieceDeflater deflater(level);
+    Piece piece;
+    std::string packed;
+    std::uint32_t crc = 0;
+    std::size_t start = 0;
+    do {
+        fill(piece, data, start, std::min(step, data.size() - start));
+        deflater.run(piece);
+        packed.append(piece.packed_data().begin(), piece.packed_data().end());
+        crc = static_cast<std::uint32_t>(
+            crc32_combine(crc, piece.crc, static_cast<z_off_t>(piece.length)));
+        start += piece.length;
+    } while (!piece.last);
+    EXPECT_EQ(crc, crc32(0, bytes_of(data).data(), static_cast<uInt>(data.size())));
+    return packed;
+}
+
+TEST(ZipDeflater, PiecesJoinIntoOneStream) {
+    const std::string mixed =
+        compressible(300'000, 1) + incompressible(600'000, 2) + compressible(90'000, 3);
+    for (const int level : {1, 6, 9}) {
+        for (const std::size_t step : {std::size_t{1000}, std::size_t{40'000}, piece_size}) {
+            EXPECT_EQ(test::inflate_raw(deflate_in_pieces(mixed, step, level), mixed.size()),
+                      mixed);
+        }
+    }
+    for (const std::size_t size : {1U, 2U, 3U, 1000U}) {
+        const std::string data = compressible(size, 4);
+        EXPECT_EQ(test::inflate_raw(deflate_in_pieces(data, 1, 6), size), data);
+    }
+}
+
+TEST(ZipDeflater, WhatCannotBeCompressedGrowsByItsBlockHeadersAlone) {
+    const std::string data = incompressible(piece_size, 5);
+    const std::string packed = deflate_in_pieces(data, piece_size, 6);
+    EXPECT_EQ(packed.size(), data.size() + 5 * 5);
+    EXPECT_EQ(test::inflate_raw(packed, data.size()), data);
+}
+
+TEST(ZipDeflater, ThePieceBeforeIsUsed) {
+    const std::string half = incompressible(30'000, 6);
+    const std::string packed = deflate_in_pieces(half + half, half.size(), 6);
+    EXPECT_LT(packed.size(), half.size() + 2000);
+}
+
+TEST(ZipDeflater, Level0TakesTheChecksumAlone) {
+    Piece piece;
+    const std::string data = compressible(5000, 7);
+    fill(piece, data, 0, data.size());
+    PieceDeflater(0).run(piece);
+    EXPECT_EQ(piece.packed_length, 0U);
+    EXPECT_EQ(piece.crc, crc32(0, bytes_of(data).data(), 5000));
+}
+
+TEST(ZipIncompressible, RandomBytesAreAndOthersAreNot) {
+    EXPECT_TRUE(looks_incompressible(bytes_of(incompressible(piece_size, 8))));
+    EXPECT_TRUE(looks_incompressible(bytes_of(incompressible(5000, 9))));
+    EXPECT_FALSE(looks_incompressible(bytes_of(incompressible(4000, 9))));
+    EXPECT_FALSE(looks_incompressible(bytes_of(compressible(piece_size, 10))));
+    EXPECT_FALSE(looks_incompressible(bytes_of(std::string(piece_size, '\0'))));
+    EXPECT_FALSE(looks_incompressible({}));
+}
+
+TEST(ZipIncompressible, ASmallReadablePartOrARepetitionIsSeen) {
+    const std::string noise = incompressible(200'000, 11);
+    EXPECT_FALSE(looks_incompressible(bytes_of(noise + compressible(16'000, 12))));
+    EXPECT_FALSE(looks_incompressible(bytes_of(noise + noise.substr(noise.size() - 20'000))));
+    // The same bytes further back than deflate can reach do not help it.
+    EXPECT_TRUE(looks_incompressible(bytes_of(noise + noise.substr(0, 20'000))));
+}
+
+TEST(ZipWorkerPool, PiecesComeBackInTheirOrderWhateverTheThreads) {
+    const std::string data = compressible(3'000'000, 13);
+    std::vector<std::string> results;
+    for (const unsigned threads : {1U, 2U, 5U}) {
+        WorkerPool pool(threads, 6);
+        std::string packed;
+        std::size_t start = 0;
+        std::size_t on_their_way = 0;
+        while (start < data.size() || on_their_way > 0) {
+            std::unique_ptr<Piece> piece = start < data.size() ? pool.free_piece() : nullptr;
+            if (piece) {
+                fill(*piece, data, start, std::min(piece_size, data.size() - start));
+                start += piece->length;
+                pool.submit(std::move(piece));
+                ++on_their_way;
+                continue;
+            }
+            piece = pool.take();
+            --on_their_way;
+            packed.append(piece->packed_data().begin(), piece->packed_data().end());
+            pool.give_back(std::move(piece));
+        }
+        results.push_back(packed);
+    }
+    EXPECT_EQ(test::inflate_raw(results[0], data.size()), data);
+    EXPECT_EQ(results[1], results[0]);
+    EXPECT_EQ(results[2], results[0]);
+}
+
+TEST(ZipWorkerPool, CanBeLeftWithPiecesOnTheirWay) {
+    WorkerPool pool(3, 9);
+    const std::string data = compressible(piece_size, 14);
+    while (std::unique_ptr<Piece> piece = pool.free_piece()) {
+        fill(*piece, data, 0, data.size());
+        pool.submit(std::move(piece));
+    }
+}
+
+}  // namespace
+}  // namespace kovrel::zip

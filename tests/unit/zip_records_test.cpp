@@ -1,0 +1,125 @@
+// The records of an archive, written and read back, in 32 and 64 bits.
+#include <gtest/gtest.h>
+
+#include "records.h"
+
+namespace kovrel::zip {
+namespace {
+
+CentralEntry sample() {
+    CentralEntry entry;
+    entry.made_by = 0x0314;
+    entry.version_needed = 20;
+    entry.flags = flag_utf8;
+    entry.method = method_deflate;
+    entry.modified = {0x5A21, 0x1234};
+    entry.crc = 0xDEADBEEF;
+    entry.packed_size = 123;
+    entry.size = 456;
+    entry.internal_attributes = 1;
+    entry.external_attributes = 0x81A40020;
+    entry.local_offset = 789;
+    entry.name = "año.txt";
+    entry.extra = std::string("\x55\x54\x01\x00\x03", 5);
+    entry.comment = "nota";
+    return entry;
+}
+
+void expect_equal(const CentralEntry& a, const CentralEntry& b) {
+    EXPECT_EQ(a.made_by, b.made_by);
+    EXPECT_EQ(a.flags, b.flags);
+    EXPECT_EQ(a.method, b.method);
+    EXPECT_EQ(a.modified, b.modified);
+    EXPECT_EQ(a.crc, b.crc);
+    EXPECT_EQ(a.packed_size, b.packed_size);
+    EXPECT_EQ(a.size, b.size);
+    EXPECT_EQ(a.internal_attributes, b.internal_attributes);
+    EXPECT_EQ(a.external_attributes, b.external_attributes);
+    EXPECT_EQ(a.local_offset, b.local_offset);
+    EXPECT_EQ(a.name, b.name);
+    EXPECT_EQ(a.extra, b.extra);
+    EXPECT_EQ(a.comment, b.comment);
+}
+
+TEST(ZipRecords, DirectoryEntryThereAndBack) {
+    Bytes bytes;
+    append_central_entry(bytes, sample());
+    EXPECT_EQ(bytes.size(), central_header_size + 8 + 5 + 4);
+    ByteView rest(bytes);
+    const auto read = take_central_entry(rest);
+    ASSERT_TRUE(read);
+    EXPECT_TRUE(rest.empty());
+    expect_equal(*read, sample());
+    EXPECT_EQ(read->version_needed, 20);
+}
+
+TEST(ZipRecords, Past4GiBTheFieldOf64BitsHoldsWhatDoesNotFit) {
+    for (int which = 1; which < 8; ++which) {
+        CentralEntry entry = sample();
+        if (which & 1) entry.size = 0xFFFFFFFF;
+        if (which & 2) entry.packed_size = 0x123456789A;
+        if (which & 4) entry.local_offset = 0xFFFFFFFFFF;
+        Bytes bytes;
+        append_central_entry(bytes, entry);
+        ByteView rest(bytes);
+        const auto read = take_central_entry(rest);
+        ASSERT_TRUE(read);
+        expect_equal(*read, entry);
+        EXPECT_EQ(read->version_needed, 45);
+    }
+}
+
+TEST(ZipRecords, BrokenDirectoryEntriesAreRefused) {
+    Bytes bytes;
+    append_central_entry(bytes, sample());
+    for (std::size_t length = 0; length < bytes.size(); ++length) {
+        ByteView cut = ByteView(bytes).first(length);
+        EXPECT_FALSE(take_central_entry(cut)) << length;
+    }
+    Bytes other_volume = bytes;
+    other_volume[34] = 1;
+    ByteView view(other_volume);
+    EXPECT_FALSE(take_central_entry(view));
+    // A size said to stand in a field that is not there.
+    Bytes promised = bytes;
+    for (int i = 24; i < 28; ++i) promised[static_cast<std::size_t>(i)] = 0xFF;
+    view = promised;
+    EXPECT_FALSE(take_central_entry(view));
+}
+
+TEST(ZipRecords, LocalHeaderIsAsLongBeforeAsAfterItsSizesAreKnown) {
+    CentralEntry entry = sample();
+    for (const bool zip64 : {false, true}) {
+        Bytes header;
+        append_local_header(header, entry, zip64);
+        EXPECT_EQ(header.size(), local_header_size + 8 + (zip64 ? 20 : 0));
+        EXPECT_EQ(load32(header, 0), local_signature);
+        EXPECT_EQ(load16(header, 4), zip64 ? 45 : 20);
+        EXPECT_EQ(load32(header, 18), zip64 ? 0xFFFFFFFFU : 123U);
+    }
+}
+
+TEST(ZipRecords, EndOfDirectory) {
+    Bytes bytes;
+    append_directory_end(bytes, {3, 150, 1000, "hola"}, 1150);
+    EXPECT_EQ(bytes.size(), end_record_size + 4);
+    bytes.clear();
+    append_directory_end(bytes, {65534, 150, 1000, ""}, 1150);
+    EXPECT_EQ(bytes.size(), end_record_size);
+    bytes.clear();
+    append_directory_end(bytes, {65535, 150, 1000, ""}, 1150);
+    ASSERT_EQ(bytes.size(), end64_record_size + locator64_size + end_record_size);
+    EXPECT_EQ(load32(bytes, 0), end64_signature);
+    EXPECT_EQ(load64(bytes, 4), 44U);
+    EXPECT_EQ(load64(bytes, 24), 65535U);
+    EXPECT_EQ(load64(bytes, 48), 1000U);
+    EXPECT_EQ(load64(bytes, 56 + 8), 1150U);
+    EXPECT_EQ(load16(bytes, 76 + 8), 0xFFFF);
+    bytes.clear();
+    append_directory_end(bytes, {1, 150, 0x100000000, ""}, 0x100000096);
+    EXPECT_EQ(load64(bytes, 48), 0x100000000U);
+    EXPECT_EQ(load32(bytes, 76 + 16), 0xFFFFFFFFU);
+}
+
+}  // namespace
+}  // namespace kovrel::zip

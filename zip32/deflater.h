@@ -1,0 +1,53 @@
+// Compression of one piece of a file, on its own but for the 32 KiB before it, so that pieces can
+// be compressed at the same time and joined into one deflate stream.
+#pragma once
+
+#include <zlib.h>
+
+#include "bytes.h"
+
+namespace kovrel::zip {
+
+inline constexpr std::size_t piece_size = std::size_t{256} * 1024;
+inline constexpr std::size_t dictionary_size = std::size_t{32} * 1024;
+
+/// A piece of a file on its way through compression. Its memory is allocated once.
+struct Piece {
+    Piece();
+
+    /// The bytes to compress.
+    [[nodiscard]] ByteView data() const {
+        return ByteView(window).subspan(dictionary_size, length);
+    }
+    [[nodiscard]] std::span<std::uint8_t> room() {
+        return std::span(window).subspan(dictionary_size);
+    }
+    [[nodiscard]] ByteView packed_data() const { return ByteView(packed).first(packed_length); }
+
+    Bytes window;                       // the bytes before the piece, then the piece
+    std::size_t dictionary_length = 0;  // how many bytes before the piece are known
+    std::size_t length = 0;
+    bool last = false;  // whether it ends its file
+    Bytes packed;
+    std::size_t packed_length = 0;
+    std::uint32_t crc = 0;  // CRC-32 of data()
+};
+
+class PieceDeflater {
+ public:
+    /// `level` 0 to 9; 0 takes only the checksum. Throws std::bad_alloc.
+    explicit PieceDeflater(int level);
+    PieceDeflater(const PieceDeflater&) = delete;
+    PieceDeflater& operator=(const PieceDeflater&) = delete;
+    ~PieceDeflater();
+
+    /// Fills packed and crc. The result depends on the piece and the level alone. A piece that is
+    /// not the last ends at a byte boundary, so that the next one's bytes can follow it.
+    void run(Piece& piece);
+
+ private:
+    int level_;
+    z_stream stream_{};
+};
+
+}  // namespace kovrel::zip

@@ -1,0 +1,45 @@
+// Entry names: from a path to the name kept in an archive, and from an archive's bytes to UTF-8.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace kovrel::zip {
+
+/// Whether a path's separators and drive are read as Windows reads them ("\" too, "C:").
+enum class PathStyle { posix, windows };
+
+inline constexpr PathStyle native_path_style =
+#ifdef _WIN32
+    PathStyle::windows;
+#else
+    PathStyle::posix;
+#endif
+
+/// The last component of a path; empty when the path ends in a separator or names a folder by
+/// "." or "..".
+[[nodiscard]] std::string last_component(std::string_view path, PathStyle style);
+
+/// The path with "/" between its components and without drive, server, leading separators and the
+/// components "." and "..", so that unpacking never leaves the chosen folder.
+[[nodiscard]] std::string relative_name(std::string_view path, PathStyle style);
+
+[[nodiscard]] bool is_absolute(std::string_view path, PathStyle style);
+
+[[nodiscard]] bool is_ascii(std::string_view text) noexcept;
+
+/// Well-formed UTF-8: no overlong forms, no surrogates, nothing past U+10FFFF.
+[[nodiscard]] bool is_utf8(std::string_view text) noexcept;
+
+/// UTF-8 of text in code page 850, the one that archives of Western European DOS and Windows
+/// systems use for names without the UTF-8 mark (its lower-case letters are also those of 437).
+[[nodiscard]] std::string utf8_from_code_page_850(std::string_view text);
+
+/// The UTF-8 name of an existing entry: the UTF-8 mark (bit 11 of `flags`) decides; then the
+/// Unicode path field (0x7075) where its checksum fits; then whether the bytes are UTF-8 written
+/// on Unix (`made_by` >> 8 is 3); code page 850 otherwise.
+[[nodiscard]] std::string entry_name_utf8(std::string_view raw, std::uint16_t flags,
+                                          std::uint16_t made_by, std::string_view extra);
+
+}  // namespace kovrel::zip

@@ -1,0 +1,74 @@
+#include "piece_feeder.h"
+
+#include <algorithm>
+
+#include "zip_error.h"
+
+namespace kovrel::zip {
+
+PieceFeeder::PieceFeeder(std::vector<std::string> paths, WorkerPool& pool)
+    : paths_(std::move(paths)), pool_(pool) {}
+
+const InputFile* PieceFeeder::next_file() {
+    if (writer_started_) {
+        sources_.pop_front();
+    }
+    writer_started_ = true;
+    read_ahead();
+    const std::optional<InputFile>& file = sources_.front().file;
+    return file ? &*file : nullptr;
+}
+
+std::unique_ptr<Piece> PieceFeeder::next_piece() {
+    read_ahead();
+    return pool_.take();
+}
+
+void PieceFeeder::give_back(std::unique_ptr<Piece> piece) {
+    pool_.give_back(std::move(piece));
+}
+
+void PieceFeeder::read_ahead() {
+    while (reading_ || next_path_ < paths_.size()) {
+        if (!reading_) {
+            open_next();
+            continue;
+        }
+        std::unique_ptr<Piece> piece = pool_.free_piece();
+        if (!piece) {
+            return;
+        }
+        fill(*piece);
+        reading_ = !piece->last;
+        pool_.submit(std::move(piece));
+    }
+}
+
+void PieceFeeder::open_next() {
+    const std::string& path = paths_[next_path_++];
+    Source source;
+    try {
+        source.file.emplace(path);
+        reading_ = true;
+    } catch (const ZipError&) {
+        // The writer is told by the missing file, when its turn comes.
+    }
+    sources_.push_back(std::move(source));
+    offset_ = 0;
+    tail_.clear();
+}
+
+void PieceFeeder::fill(Piece& piece) {
+    std::copy_backward(tail_.begin(), tail_.end(),
+                       piece.window.begin() + static_cast<std::ptrdiff_t>(dictionary_size));
+    piece.dictionary_length = tail_.size();
+    piece.length = sources_.back().file->read_at(offset_, piece.room());
+    piece.last = piece.length < piece_size;
+    offset_ += piece.length;
+    if (!piece.last) {
+        const ByteView end = piece.data().last(dictionary_size);
+        tail_.assign(end.begin(), end.end());
+    }
+}
+
+}  // namespace kovrel::zip

@@ -1,0 +1,224 @@
+#include "update.h"
+
+#include <algorithm>
+#include <new>
+#include <optional>
+#include <span>
+#include <thread>
+#include <unordered_map>
+
+#include "archive_reader.h"
+#include "archive_writer.h"
+#include "input_list.h"
+#include "names.h"
+#include "piece_feeder.h"
+#include "worker_pool.h"
+#include "zip_error.h"
+
+namespace kovrel::zip {
+namespace {
+
+constexpr unsigned most_threads = 16;
+
+// One place in the new archive: an old entry, a file that takes its place, or a new file.
+struct Step {
+    const OldEntry* old = nullptr;
+    const Input* input = nullptr;
+};
+
+unsigned thread_count(const UpdateOptions& options) {
+    const unsigned wanted =
+        options.threads != 0 ? options.threads : std::thread::hardware_concurrency();
+    return std::clamp(wanted, 1U, most_threads);
+}
+
+std::optional<ArchiveReader> open_existing(const std::string& path) {
+    const std::optional<FileStatus> status = file_status(path);
+    if (!status) {
+        return std::nullopt;
+    }
+    if (status->folder || !is_replaceable(path)) {
+        throw ZipError(ZipCode::cannot_create, "cannot be replaced: " + path);
+    }
+    if (status->size == 0) {
+        return std::nullopt;
+    }
+    return std::optional<ArchiveReader>(std::in_place, path);
+}
+
+bool is_wanted(const Input& input, const OldEntry* old, Selection selection) {
+    if (selection == Selection::all) {
+        return true;
+    }
+    return old == nullptr ? selection == Selection::newer_or_new
+                          : old->central.modified < input.status.modified;
+}
+
+// Old entries keep their places; a file that replaces one takes its place, new ones follow.
+// An old name that occurs several times is replaced once, and its other entries go.
+std::vector<Step> plan_steps(std::span<const OldEntry> old, const std::vector<Input>& inputs,
+                             Selection selection) {
+    std::unordered_map<std::string, const Input*> by_key;
+    for (const Input& input : inputs) {
+        by_key.emplace(name_key(input.name), &input);
+    }
+    std::vector<Step> steps;
+    std::unordered_map<const Input*, bool> placed;  // true: its old entry was replaced
+    for (const OldEntry& entry : old) {
+        const CentralEntry& central = entry.central;
+        const auto found = by_key.find(
+            name_key(entry_name_utf8(central.name, central.flags, central.made_by, central.extra)));
+        if (found == by_key.end()) {
+            steps.push_back({&entry, nullptr});
+            continue;
+        }
+        const Input* input = found->second;
+        const auto [place, is_first] =
+            placed.try_emplace(input, is_wanted(*input, &entry, selection));
+        if (is_first) {
+            steps.push_back({&entry, place->second ? input : nullptr});
+        } else if (!place->second) {
+            steps.push_back({&entry, nullptr});
+        }
+    }
+    for (const Input& input : inputs) {
+        if (!placed.contains(&input) && is_wanted(input, nullptr, selection)) {
+            steps.push_back({nullptr, &input});
+        }
+    }
+    return steps;
+}
+
+class Update {
+ public:
+    Update(const std::string& archive_path, const UpdateOptions& options,
+           const UpdateEvents& events)
+        : archive_path_(archive_path), options_(options), events_(events) {}
+
+    ZipCode run(const std::vector<std::string>& names) {
+        if (archive_path_.empty() || options_.level < 0 || options_.level > 9) {
+            throw ZipError(ZipCode::bad_parameters, "no archive name, or no such level");
+        }
+        std::optional<ArchiveReader> old = open_existing(archive_path_);
+        const std::vector<Input> inputs = collect_inputs(archive_path_, names, options_, events_);
+        const std::span<const OldEntry> old_entries =
+            old ? std::span(old->entries()) : std::span<const OldEntry>();
+        const std::vector<Step> steps = plan_steps(old_entries, inputs, options_.selection);
+        if (std::none_of(steps.begin(), steps.end(),
+                         [](const Step& step) { return step.input != nullptr; })) {
+            throw ZipError(ZipCode::nothing_to_do, "nothing to do: " + archive_path_);
+        }
+
+        NewFile file(archive_path_);
+        OutputBuffer output(file);
+        ArchiveWriter writer(output);
+        if (old && !options_.drop_prefix) {
+            writer.copy_prefix(*old);
+        }
+        write_entries(steps, old, writer);
+        if (packed_.empty()) {
+            return ZipCode::cannot_open_file;
+        }
+        writer.finish(old ? old->comment() : std::string());
+        old.reset();  // an open file cannot be replaced on Windows
+        file.replace_target();
+        if (options_.move) {
+            remove_packed();
+        }
+        return all_opened_ ? ZipCode::ok : ZipCode::cannot_open_file;
+    }
+
+ private:
+    void tell(const std::string& line) const {
+        if (events_.message) {
+            events_.message(line);
+        }
+    }
+
+    void write_entries(const std::vector<Step>& steps, const std::optional<ArchiveReader>& old,
+                       ArchiveWriter& writer) {
+        std::vector<std::string> paths;
+        for (const Step& step : steps) {
+            if (step.input != nullptr && !step.input->status.folder) {
+                paths.push_back(step.input->path);
+            }
+        }
+        WorkerPool pool(thread_count(options_), options_.level);
+        PieceFeeder feeder(std::move(paths), pool);
+        for (const Step& step : steps) {
+            if (step.input != nullptr && add(step, feeder, writer)) {
+                report(step, writer.last_entry());
+            } else if (step.old != nullptr) {
+                writer.copy_entry(*old, *step.old);
+            }
+        }
+    }
+
+    // False when the file cannot be opened; an old entry of its name is then kept.
+    bool add(const Step& step, PieceFeeder& feeder, ArchiveWriter& writer) {
+        const Input& input = *step.input;
+        CentralEntry entry = ArchiveWriter::new_entry(input.name, input.status);
+        if (input.status.folder) {
+            writer.add_folder(std::move(entry));
+        } else if (const InputFile* file = feeder.next_file()) {
+            writer.add_file(std::move(entry), *file, feeder, options_.level);
+        } else {
+            tell("warning: could not open for reading: " + input.path);
+            all_opened_ = false;
+            return false;
+        }
+        packed_.push_back(&input);
+        return true;
+    }
+
+    void report(const Step& step, const CentralEntry& entry) const {
+        if (!events_.quiet) {
+            tell(std::string(step.old != nullptr ? "updating: " : "adding: ") + entry.name +
+                 (entry.method == method_deflate ? " (deflated)" : " (stored)"));
+        }
+        if (events_.entry_done && events_.entry_done(entry.name, entry.size)) {
+            throw ZipError(ZipCode::aborted, "stopped by the caller");
+        }
+    }
+
+    void remove_packed() const {
+        for (const Input* input : packed_) {
+            if (!input->status.folder && !remove_file(input->path)) {
+                tell("warning: could not delete: " + input->path);
+            }
+        }
+    }
+
+    const std::string& archive_path_;
+    const UpdateOptions& options_;
+    const UpdateEvents& events_;
+    std::vector<const Input*> packed_;
+    bool all_opened_ = true;
+};
+
+}  // namespace
+
+ZipCode update_archive(const std::string& archive_path, const std::vector<std::string>& names,
+                       const UpdateOptions& options, const UpdateEvents& events) {
+    const auto fail = [&](ZipCode code, std::string_view text) {
+        try {
+            if (events.message) {
+                events.message("error: " + std::string(text));
+            }
+        } catch (...) {
+            return ZipCode::internal_error;
+        }
+        return code;
+    };
+    try {
+        return Update(archive_path, options, events).run(names);
+    } catch (const ZipError& error) {
+        return fail(error.code(), error.what());
+    } catch (const std::bad_alloc&) {
+        return fail(ZipCode::out_of_memory, "out of memory");
+    } catch (...) {
+        return fail(ZipCode::internal_error, "internal error");
+    }
+}
+
+}  // namespace kovrel::zip

@@ -1,0 +1,144 @@
+// zip32.dll's entry points: plain parameters and records on one side, the engine on the other.
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "update.h"
+#include "wide_text.h"
+#include "zip32.h"
+
+namespace kovrel::zip {
+namespace {
+
+constexpr std::size_t print_buffer_size = 4097;
+constexpr std::size_t longest_root = 1024;
+
+// What ZpInit and ZpSetOptions were given last. Plain data, so that loading the DLL runs nothing.
+struct Settings {
+    ZpCallbacks callbacks;
+    ZpOptions options;
+    std::array<char, longest_root> root;
+};
+Settings settings;
+
+// The run-time library leaks a thread-local slot each time it is unloaded after a throw; hosts that
+// load and unload it again and again would run out of them. So it stays, once it has worked.
+void stay_loaded() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<LPCWSTR>(&stay_loaded), &module);
+}
+
+bool asks_for_another_archive(const ZpOptions& o) {
+    return o.encrypt != 0 || o.exclude_by_date != 0 || o.include_by_date != 0 ||
+           o.crlf_to_lf != 0 || o.lf_to_crlf != 0 || o.recurse > 1 || o.dos_names != 0 ||
+           o.delete_entries != 0 || o.repair != 0;
+}
+
+std::optional<int> level_of(std::uint8_t byte) {
+    if (byte == 0) {
+        return 6;
+    }
+    return byte >= '0' && byte <= '9' ? std::optional<int>(byte - '0') : std::nullopt;
+}
+
+std::optional<UpdateOptions> engine_options(const ZpOptions& given) {
+    const std::optional<int> level = level_of(given.level);
+    if (!level || asks_for_another_archive(given)) {
+        return std::nullopt;
+    }
+    UpdateOptions options;
+    options.level = *level;
+    options.selection = given.freshen != 0  ? Selection::newer
+                        : given.update != 0 ? Selection::newer_or_new
+                                            : Selection::all;
+    options.drop_folder_names = given.junk_folders != 0;
+    options.recurse = given.recurse != 0;
+    options.include_hidden = given.system_files != 0;
+    options.folder_entries = given.no_folder_entries == 0;
+    options.move = given.move != 0;
+    options.drop_prefix = given.junk_prefix != 0;
+    options.root = utf8_from_ansi(settings.root.data());
+    return options;
+}
+
+void print(std::string_view line) {
+    const ZpPrint callback = settings.callbacks.print;
+    if (callback == nullptr) {
+        return;
+    }
+    std::array<char, print_buffer_size> buffer{};
+    const std::string text = ansi_from_utf8(line);
+    const std::size_t length = std::min(text.size(), buffer.size() - 2);
+    std::memcpy(buffer.data(), text.data(), length);
+    buffer[length] = '\n';
+    callback(buffer.data(), static_cast<unsigned long>(length + 1));
+}
+
+bool entry_done(std::string_view name, std::uint64_t size) {
+    const ZpService callback = settings.callbacks.service;
+    return callback != nullptr &&
+           callback(ansi_from_utf8(name).c_str(), static_cast<unsigned long>(size)) != 0;
+}
+
+ZipCode archive_files(int count, const char* archive, const char* const* names) {
+    if (archive == nullptr || count < 0 || (count > 0 && names == nullptr)) {
+        return ZipCode::bad_parameters;
+    }
+    const std::optional<UpdateOptions> options = engine_options(settings.options);
+    if (!options) {
+        print("error: options that this library does not honour");
+        return ZipCode::bad_parameters;
+    }
+    std::vector<std::string> paths;
+    for (int i = 0; i < count; ++i) {
+        if (names[i] != nullptr && names[i][0] != '\0') {
+            paths.push_back(utf8_from_ansi(names[i]));
+        }
+    }
+    const UpdateEvents events{print, entry_done, settings.options.quiet != 0};
+    return update_archive(utf8_from_ansi(archive), paths, *options, events);
+}
+
+}  // namespace
+}  // namespace kovrel::zip
+
+extern "C" int __stdcall ZpInit(const ZpCallbacks* callbacks) {
+    if (callbacks == nullptr) {
+        return 0;
+    }
+    kovrel::zip::settings.callbacks = *callbacks;
+    return 1;
+}
+
+extern "C" int __stdcall ZpSetOptions(const ZpOptions* options) {
+    using kovrel::zip::settings;
+    if (options == nullptr) {
+        return 0;
+    }
+    settings.options = *options;
+    settings.options.date = nullptr;
+    settings.options.root_folder = nullptr;
+    settings.root.fill('\0');
+    if (options->root_folder != nullptr) {
+        const std::size_t length = strnlen(options->root_folder, settings.root.size() - 1);
+        std::memcpy(settings.root.data(), options->root_folder, length);
+    }
+    return 1;
+}
+
+extern "C" int __stdcall ZpArchive(int count, const char* archive, const char* const* names) {
+    kovrel::zip::stay_loaded();
+    try {
+        return static_cast<int>(kovrel::zip::archive_files(count, archive, names));
+    } catch (const std::bad_alloc&) {
+        return static_cast<int>(kovrel::zip::ZipCode::out_of_memory);
+    } catch (...) {
+        return static_cast<int>(kovrel::zip::ZipCode::internal_error);
+    }
+}
