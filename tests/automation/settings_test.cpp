@@ -136,9 +136,16 @@ TEST_P(Settings, DeletedKeysAndSections) {
 TEST_P(Settings, WhatCannotBeWrittenIsLostSilently) {
     const BoxWatcher no_box;
     save(L"Uno", L"a", L"1");
+    // A read-only file, and one that another program holds: the first yields to some users.
     ASSERT_TRUE(SetFileAttributesW(file_.c_str(), FILE_ATTRIBUTE_READONLY));
+    save(L"Uno", L"a", L"1");
+    ASSERT_TRUE(SetFileAttributesW(file_.c_str(), FILE_ATTRIBUTE_NORMAL));
+    HANDLE const held = CreateFileW(file_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
     save(L"Uno", L"a", L"2");
     call_for(L"DeleteSetting", {file(), Variant(L"Uno")});
+    CloseHandle(held);
     // The file itself: what a later read gives may come from the system's memory of it.
     EXPECT_NE(content_of(file_).find("a=1"), std::string::npos);
     const Variant nowhere((folder_ / L"no hay" / L"x.ini").wstring());
