@@ -6,7 +6,6 @@
 #include "messages/clsMensajes.h"
 #include "numbers/clsCSQL.h"
 #include "runtime/failure.h"
-#include "zip/clsFZip.h"
 
 namespace kovrel {
 
@@ -25,12 +24,6 @@ void cgsFileOpR::set_Action(const std::int16_t& /*value*/) {
 }
 
 void cgsFileOpR::set_Filter(std::wstring /*value*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-std::wstring clsFZip::GenerarZip(const std::wstring& /*strNombreFicheroZip*/,
-                                 const std::wstring& /*strRutaSalida*/,
-                                 const ZIPnames& /*NombresFicheros1*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
 
