@@ -150,7 +150,7 @@ TEST(MessageDialog, AnOmittedFlagIsCourier) {
 }
 
 TEST(MessageDialog, EnterEscAndTheCloseBoxCloseIt) {
-    for (const WORD key : {VK_RETURN, VK_ESCAPE, VK_SPACE}) {
+    for (const WORD key : std::initializer_list<WORD>{VK_RETURN, VK_ESCAPE, VK_SPACE}) {
         show_dialog(L"Tecla", L"Texto", [key](HWND dialog) {
             EXPECT_TRUE(bring_to_front(dialog));
             // Space presses the button alone.
@@ -223,7 +223,9 @@ TEST(MessageDialog, ASmallWindowHidesTheTextAndPinsTheButton) {
         const RECT button = bounds_in(ok_button(dialog), strip(dialog));
         EXPECT_EQ(inner(text_box(dialog)).bottom, 0);
         EXPECT_LT(whole.bottom, inner(strip(dialog)).bottom);
-        if (whole.right < button.right - button.left) EXPECT_EQ(button.left, 0);
+        if (whole.right < button.right - button.left) {
+            EXPECT_EQ(button.left, 0);
+        }
         // The window manager may not make it narrow enough: the rule is the same inside.
         SetWindowPos(strip(dialog), nullptr, 0, 0, 30, 48, SWP_NOZORDER | SWP_NOACTIVATE);
         EXPECT_EQ(bounds_in(ok_button(dialog), strip(dialog)).left, 0);
