@@ -34,8 +34,10 @@ void frmDialogo::create_controls() {
 }
 
 void frmDialogo::apply_scale() {
-    text_font_ = make_font(named_font(FuenteTT ? L"MS Sans Serif" : L"Courier", font_size,
-                                      scale().dots_per_inch()));
+    const int resolution = scale().dots_per_inch();
+    text_font_ = make_font(
+        FuenteTT ? named_font(L"MS Sans Serif", font_size, resolution)
+                 : named_font(L"Courier", font_size, resolution, FIXED_PITCH | FF_MODERN));
     HWND const text = control(TxtMensaje);
     SendMessageW(text, WM_SETFONT, reinterpret_cast<WPARAM>(text_font_.get()), TRUE);
     SendMessageW(text, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN,

@@ -39,11 +39,13 @@ LOGFONTW system_font(int dots_per_inch) noexcept {
     return font;
 }
 
-LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch) noexcept {
+LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch,
+                    BYTE pitch_and_family) noexcept {
     LOGFONTW font{};
     font.lfHeight = -MulDiv(hundredths, dots_per_inch, 7200);
     font.lfWeight = FW_NORMAL;
     font.lfCharSet = DEFAULT_CHARSET;
+    font.lfPitchAndFamily = pitch_and_family;
     std::wcsncpy(font.lfFaceName, name, std::size(font.lfFaceName) - 1);
     return font;
 }

@@ -68,8 +68,10 @@ class Selected {
 /// The description of the system's font for messages, for a display of that resolution.
 [[nodiscard]] LOGFONTW system_font(int dots_per_inch) noexcept;
 
-/// A font by name, in hundredths of a point; normal weight.
-[[nodiscard]] LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch) noexcept;
+/// A font by name, in hundredths of a point; normal weight. The pitch and family choose what stands
+/// in for it where the system does not have it.
+[[nodiscard]] LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch,
+                                  BYTE pitch_and_family = VARIABLE_PITCH | FF_SWISS) noexcept;
 
 [[nodiscard]] Font make_font(const LOGFONTW& description);
 
