@@ -26,8 +26,7 @@ void frmDialogo::create_controls() {
     constexpr DWORD text_box = WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL;
     // Columns of the fixed-pitch font stay columns; sentences of the other are wrapped.
     const DWORD lines = FuenteTT ? 0 : WS_HSCROLL | ES_AUTOHSCROLL;
-    give_dialog_keys(
-        add({L"EDIT", L"", text_box | lines, TxtMensaje, {}, WS_EX_CLIENTEDGE}));
+    give_dialog_keys(add({L"EDIT", L"", text_box | lines, TxtMensaje, {}, WS_EX_CLIENTEDGE}));
     HWND const base =
         add({picture_box_class, L"", 0, PictureBase, {0, 0, 0, strip_height}, WS_EX_CONTROLPARENT});
     add({L"BUTTON", L"Aceptar", WS_TABSTOP | BS_DEFPUSHBUTTON, OKButton, button}, base);
