@@ -56,9 +56,5 @@ bool clsFGen::BarraProgresoCancelada() {
     throw Failure(FailureNumber::action_not_supported);
 }
 
-void clsMensajes::MsgFormA(const std::wstring& /*strCaption*/, const std::wstring& /*strMensaje*/,
-                           const bool& /*BoFuenteTT*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
 
 }  // namespace kovrel
