@@ -49,8 +49,18 @@ void tell_order(const HostObject& messages, std::wstring_view message, const Hos
     focus(field);
 }
 
-/// A key for whatever window is active; it arrives when that window reads its input.
+/// A key for the active window; it arrives when that window reads its messages. Where the thread
+/// has no active window, whatever window is in front gets it.
 void send_key(WORD key) {
+    HWND target = GetFocus() != nullptr ? GetFocus() : GetActiveWindow();
+    if (target != nullptr) {
+        constexpr LPARAM once = 1;
+        constexpr auto released = static_cast<LPARAM>(0xC0000000);
+        const LPARAM scan_code = static_cast<LPARAM>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC)) << 16;
+        PostMessageW(target, WM_KEYDOWN, key, scan_code | once);
+        PostMessageW(target, WM_KEYUP, key, scan_code | once | released);
+        return;
+    }
     INPUT strokes[2]{};
     for (INPUT& stroke : strokes) {
         stroke.type = INPUT_KEYBOARD;

@@ -1,0 +1,224 @@
+// clsMensajes: the report of a connection's errors, and what the library says of itself.
+#include <gtest/gtest.h>
+
+#include "tests/automation/box_lines.h"
+#include "tests/automation/early.h"
+#include "tests/automation/test_folder.h"
+#include "tests/support/scripted_object.h"
+
+namespace kovrel::test {
+namespace {
+
+using Descriptions = std::vector<std::pair<std::int32_t, std::wstring>>;
+
+Variant object(const ComPtr<ScriptedObject>& held) {
+    return Variant(ComPtr<IDispatch>(held.get()));
+}
+
+ComPtr<ScriptedObject> make_errors(const Descriptions& descriptions) {
+    auto errors = ScriptedObject::make();
+    errors->property(L"Count", Variant(static_cast<std::int32_t>(descriptions.size())))
+        .method(L"Item", [descriptions](const auto& arguments) {
+            const auto& [number, description] =
+                descriptions.at(static_cast<std::size_t>(arguments.at(0).to_int32()));
+            auto error = ScriptedObject::make();
+            error->property(L"Number", Variant(number))
+                .property(L"Description", Variant(description));
+            return object(error);
+        });
+    return errors;
+}
+
+class DatabaseReport : public testing::Test {
+ protected:
+    DatabaseReport() { put(messages_.get(), L"AppOrigen", Variant(L"Gestión")); }
+
+    void report(const Variant& errors) {
+        EXPECT_EQ(call(messages_.get(), L"MensajeErroresADO", {L"Ha fallado.", errors}).result,
+                  S_OK);
+    }
+    std::int32_t count(const LateArgument& connection, bool tell) {
+        const Outcome outcome = call(messages_.get(), L"ExistenErroresADO", {connection, tell});
+        EXPECT_EQ(outcome.result, S_OK);
+        EXPECT_EQ(outcome.value.vt, VT_I2);
+        return outcome.value.iVal;
+    }
+
+    static std::string report_failure(const std::wstring& number_and_text) {
+        return narrow(L"16|Gestión|Error " + number_and_text +
+                      L") en procedimiento MensajeErroresADO de Módulo de clase clsMensajes.|1");
+    }
+    static std::string count_failure(const std::wstring& number_and_text) {
+        return narrow(L"16|Gestión|Error " + number_and_text +
+                      L") en procedimiento ExistenErroresADO del Módulo de clase clsMensajes.|1");
+    }
+
+    ComPtr<ScriptedObject> connection(const ComPtr<ScriptedObject>& errors) {
+        auto made = ScriptedObject::make();
+        made->property(L"Errors", object(errors));
+        return made;
+    }
+
+    ComPtr<IDispatch> messages_ = create(L"Kovrel.clsMensajes");
+};
+
+TEST_F(DatabaseReport, ListsEveryErrorOnALineOfItsOwn) {
+    const auto errors = make_errors({{-2147217900, L"Error de sintaxis"}, {3021, L""}});
+    BoxWatcher boxes({answer(IDOK, L"database_errors")});
+    report(object(errors));
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|Gestión|Ha fallado.\\r\\rNº Errores: 2\\r\t-2147217900 - Error de "
+                            L"sintaxis\\r\t3021 - |1")}));
+    EXPECT_EQ(errors->log(),
+              (Log{L"get Count", L"Item(0)", L"Item(0)", L"Item(1)", L"Item(1)", L"get Count"}));
+    EXPECT_EQ(errors->references(), 1U);
+}
+
+TEST_F(DatabaseReport, AnEmptyCollectionHasACountAlone) {
+    BoxWatcher boxes({answer(IDOK)});
+    report(object(make_errors({})));
+    EXPECT_EQ(lines_of(boxes), (Lines{narrow(L"16|Gestión|Ha fallado.\\r\\rNº Errores: 0|1")}));
+}
+
+TEST_F(DatabaseReport, CountsTheErrorsOfAConnection) {
+    const auto errors = make_errors({{1, L"uno"}, {2, L"dos"}});
+    const auto database = connection(errors);
+    {
+        BoxWatcher no_box;
+        EXPECT_EQ(count(object(database), false), 2);
+        EXPECT_EQ(call(messages_.get(), L"ExistenErroresADO", {object(database)}).value.iVal, 2);
+    }
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(count(object(database), true), 2);
+    EXPECT_EQ(count(object(database), true), 2);
+    const std::string box = narrow(
+        L"16|Gestión|Errores al acceder a la Base de Datos.\\r\\rNº Errores: 2\\r\t1 - uno\\r\t2 - "
+        L"dos|1");
+    EXPECT_EQ(lines_of(boxes), (Lines{box, box}));
+    EXPECT_EQ(errors->references(), 2U);  // the test's and the connection's
+    EXPECT_EQ(database->references(), 1U);
+}
+
+TEST_F(DatabaseReport, AConnectionWithoutErrorsShowsNothing) {
+    BoxWatcher no_box;
+    const auto database = connection(make_errors({}));
+    EXPECT_EQ(count(object(database), true), 0);
+    EXPECT_EQ(count(object(database), false), 0);
+}
+
+TEST_F(DatabaseReport, ObjectsThatLackAMemberAreReported) {
+    const auto empty = ScriptedObject::make();
+    auto half = make_errors({{1, L"x"}});
+    half->remove(L"Item");
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
+    report(object(empty));
+    report(object(half));
+    EXPECT_EQ(count(object(empty), true), 0);
+    // The count is known by then; only the report fails.
+    EXPECT_EQ(count(object(connection(half)), true), 1);
+    const std::wstring text = L"438\\r (El objeto no admite esta propiedad o método";
+    EXPECT_EQ(lines_of(boxes), (Lines{report_failure(text), report_failure(text),
+                                      count_failure(text), report_failure(text)}));
+    EXPECT_EQ(empty->references(), 1U);
+}
+
+TEST_F(DatabaseReport, FailuresOfTheObjectsKeepTheirNumbers) {
+    auto errors = ScriptedObject::make();
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
+    errors->fails(L"Count", {-2147217843, L"Sin permiso", DISP_E_EXCEPTION, 0});
+    report(object(errors));
+    errors->fails(L"Count", {0, L"Código", DISP_E_EXCEPTION, 3704});
+    report(object(errors));
+    errors->property(L"Count", Variant(L"muchos"));
+    report(object(errors));
+    errors->property(L"Count", Variant(std::int32_t{40000}));
+    report(object(errors));
+    EXPECT_EQ(count(object(connection(errors)), false), 0);
+    EXPECT_EQ(
+        lines_of(boxes),
+        (Lines{report_failure(L"-2147217843\\r (Sin permiso"), report_failure(L"3704\\r (Código"),
+               report_failure(L"13\\r (No coinciden los tipos"),
+               report_failure(L"6\\r (Desbordamiento"), count_failure(L"6\\r (Desbordamiento")}));
+}
+
+TEST_F(DatabaseReport, NoObjectAtAll) {
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    const Variant nothing{ComPtr<IDispatch>()};
+    report(nothing);
+    EXPECT_EQ(count(nothing, true), 0);
+    const std::wstring text = L"91\\r (Variable de objeto o bloque With no establecido";
+    EXPECT_EQ(lines_of(boxes), (Lines{report_failure(text), count_failure(text)}));
+}
+
+TEST_F(DatabaseReport, ObjectsThatReleaseThemselvesOrCallBack) {
+    const int before = ScriptedObject::alive();
+    auto errors = make_errors({});
+    ScriptedObject* const raw = errors.get();
+    errors->property(L"Count", [&](const auto&) {
+        errors = nullptr;
+        return Variant(std::int32_t{0});
+    });
+    {
+        BoxWatcher boxes({answer(IDOK)});
+        Variant argument = object(ComPtr<ScriptedObject>(raw));
+        report(argument);
+        argument = Variant();
+    }
+    EXPECT_EQ(ScriptedObject::alive(), before);
+
+    auto calling_back = make_errors({});
+    int depth = 0;
+    calling_back->property(L"Count", [&](const auto&) {
+        if (++depth == 1) report(object(make_errors({})));
+        return Variant(std::int32_t{0});
+    });
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    report(object(calling_back));
+    EXPECT_EQ(boxes.seen().size(), 2U);
+    EXPECT_EQ(calling_back->references(), 1U);
+}
+
+TEST_F(DatabaseReport, EarlyBound) {
+    using Report = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, IDispatch**);
+    using Count = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**, VARIANT_BOOL*, SHORT*);
+    const auto errors = make_errors({{7, L"siete"}});
+    const auto database = connection(errors);
+    IDispatch* raw_errors = errors.get();
+    IDispatch* raw_database = database.get();
+    BSTR text = SysAllocString(L"Aviso");
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(
+        early<Report>(messages_.get(), L"MensajeErroresADO")(messages_.get(), &text, &raw_errors),
+        S_OK);
+    SysFreeString(text);
+    VARIANT_BOOL tell = VARIANT_TRUE;
+    SHORT result = 0;
+    EXPECT_EQ(early<Count>(messages_.get(), L"ExistenErroresADO")(messages_.get(), &raw_database,
+                                                                  &tell, &result),
+              S_OK);
+    EXPECT_EQ(result, 1);
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|Gestión|Aviso\\r\\rNº Errores: 1\\r\t7 - siete|1"),
+                     narrow(L"16|Gestión|Errores al acceder a la Base de Datos.\\r\\rNº Errores: "
+                            L"1\\r\t7 - siete|1")}));
+}
+
+TEST_F(DatabaseReport, TheLibraryTellsItsVersionAndItsFile) {
+    BoxWatcher no_box;
+    EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiVersion")), L"1.0.0");
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(GetModuleHandleW(L"kovrel.dll"), path.data(), 32768));
+    const std::wstring folder = path.substr(0, path.rfind(L'\\') + 1);
+    EXPECT_EQ(narrow(text_of_result(get(messages_.get(), L"ArchiInformacion"))),
+              narrow(L"kovrel - Versión: 1.0.0 (" + folder + L"kovrel.dll)"));
+    using Get = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
+    Bstr text;
+    EXPECT_EQ(early<Get>(messages_.get(), L"ArchiVersion", INVOKE_PROPERTYGET)(messages_.get(),
+                                                                               text.put()),
+              S_OK);
+    EXPECT_EQ(text.view(), L"1.0.0");
+    EXPECT_EQ(put(messages_.get(), L"ArchiVersion", Variant(L"2")).result, DISP_E_MEMBERNOTFOUND);
+}
+
+}  // namespace
+}  // namespace kovrel::test

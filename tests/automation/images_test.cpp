@@ -1,0 +1,504 @@
+// clsADODBServices as hosts call it: files and pictures in fields, with the sizes of every chunk.
+#include <windows.h>
+#include <olectl.h>
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <numeric>
+#include <ocidl.h>
+
+#include "automation/safe_array.h"
+#include "tests/automation/box_lines.h"
+#include "tests/automation/early.h"
+#include "tests/automation/test_folder.h"
+#include "tests/support/ado_recordset.h"
+#include "tests/support/scripted_object.h"
+
+namespace kovrel::test {
+namespace {
+
+Variant bytes_of(std::string_view content) {
+    Variant array = new_byte_array(content.size());
+    const ArrayAccess<std::uint8_t> access(array.parray);
+    std::copy(content.begin(), content.end(), access.elements().begin());
+    return array;
+}
+
+std::string content_in(const Variant& array) {
+    const ArrayAccess<std::uint8_t> access(array_in(array, VT_UI1, 1));
+    return {access.elements().begin(), access.elements().end()};
+}
+
+Variant object(const ComPtr<ScriptedObject>& held) {
+    return Variant(ComPtr<IDispatch>(held.get()));
+}
+
+/// A field of a recordset: what is stored in it, whole or by chunks, is there to be compared.
+struct Field {
+    Field() {
+        object_->property(L"Value", Variant::null())
+            .property(
+                L"ActualSize",
+                [this](const auto&) { return Variant(static_cast<std::int32_t>(stored.size())); })
+            .method(L"AppendChunk",
+                    [this](const auto& arguments) {
+                        stored += content_in(arguments.at(0));
+                        return Variant();
+                    })
+            .method(L"GetChunk", [this](const auto& arguments) {
+                const auto size = static_cast<std::size_t>(arguments.at(0).to_int32());
+                const Variant chunk = bytes_of(std::string_view(stored).substr(read, size));
+                read += size;
+                return chunk;
+            });
+    }
+    [[nodiscard]] Variant argument() const { return object(object_); }
+    [[nodiscard]] std::string value() const { return content_in(object_->value(L"Value")); }
+
+    ComPtr<ScriptedObject> object_ = ScriptedObject::make();
+    std::string stored;
+    std::size_t read = 0;
+};
+
+std::wstring picture_file(const wchar_t* name) {
+    return std::wstring(KOVREL_TEST_PICTURES L"\\") + name;
+}
+
+std::wstring library_folder() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(GetModuleHandleW(L"kovrel.dll"), path.data(), 32768));
+    return path.substr(0, path.rfind(L'\\'));
+}
+
+std::vector<std::filesystem::path> temporary_files() {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(library_folder())) {
+        if (entry.path().extension() == L".tmp") files.push_back(entry.path());
+    }
+    return files;
+}
+
+void remove_temporary_files() {
+    for (const auto& file : temporary_files()) std::filesystem::remove(file);
+}
+
+/// Recognisable bytes.
+std::string content_of_size(std::size_t size) {
+    std::string content(size, '\0');
+    for (std::size_t index = 0; index < size; ++index) {
+        content[index] = static_cast<char>((index * 31 + index / 251) % 255 + 1);
+    }
+    return content;
+}
+
+class Images : public testing::Test {
+ protected:
+    Images() {
+        put(services_.get(), L"AppOrigen", Variant(L"Gestión"));
+        remove_temporary_files();
+    }
+    ~Images() override { remove_temporary_files(); }
+
+    void store(const Variant& field, const std::wstring& file) {
+        EXPECT_EQ(call(services_.get(), L"PutImageInField", {field, file}).result, S_OK);
+    }
+    void store_large(const Variant& field, const std::wstring& file) {
+        EXPECT_EQ(call(services_.get(), L"PutLargeImageInField", {field, file}).result, S_OK);
+    }
+    ComPtr<IPicture> load(const Variant& field, const wchar_t* member = L"GetImageFromField") {
+        const Outcome outcome = call(services_.get(), member, {field});
+        EXPECT_EQ(outcome.result, S_OK);
+        EXPECT_EQ(outcome.value.vt, VT_DISPATCH);
+        return ComPtr<IDispatch>(outcome.value.pdispVal).query<IPicture>();
+    }
+    std::wstring location(const Variant& records) {
+        return text_of_result(call(services_.get(), L"RecordLocation", {records, L"Registro "}));
+    }
+
+    /// Width and height in pixels, as near as the picture's own units tell.
+    static std::pair<long, long> size_of(const ComPtr<IPicture>& picture) {
+        OLE_XSIZE_HIMETRIC width = 0;
+        OLE_YSIZE_HIMETRIC height = 0;
+        if (picture) {
+            picture->get_Width(&width);
+            picture->get_Height(&height);
+        }
+        const auto pixels = [](long himetric) { return std::lround(himetric * 96 / 2540.0); };
+        return {pixels(width), pixels(height)};
+    }
+
+    static std::string failure_line(const std::wstring& number_and_text,
+                                    const std::wstring& procedure) {
+        return narrow(L"16|Gestión|Error " + number_and_text + L") en procedimiento " + procedure +
+                      L" del Módulo de clase clsADODBServices.|1");
+    }
+
+    TestFolder folder_;
+    ComPtr<IDispatch> services_ = create(L"Kovrel.clsADODBServices");
+};
+
+TEST_F(Images, AWholeFileIsStored) {
+    BoxWatcher no_box;
+    Field field;
+    for (const std::size_t size : {1U, 1000U, 1024U, 70'001U}) {
+        const std::string content = content_of_size(size);
+        store(field.argument(), folder_.write(L"año.bin", content));
+        EXPECT_EQ(field.value(), content);
+    }
+    EXPECT_EQ(field.object_->log().back(), L"put Value = [70001]");
+    EXPECT_EQ(field.object_->references(), 1U);
+}
+
+TEST_F(Images, AnEmptyFileIsAnEmptyArray) {
+    BoxWatcher no_box;
+    Field field;
+    store(field.argument(), folder_.write(L"vacío.bin"));
+    EXPECT_EQ(field.object_->log(), (Log{L"put Value = [0]"}));
+    EXPECT_EQ(field.object_->value(L"Value").vt, VT_ARRAY | VT_UI1);
+}
+
+TEST_F(Images, AFileThatCannotBeOpenedIsAFailureWithItsNumber) {
+    Field field;
+    const std::wstring used = folder_.write(L"en uso.bin", "x");
+    HANDLE lock = CreateFileW(used.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+    BoxWatcher boxes({answer(IDOK, L"image_missing_file"), answer(IDOK), answer(IDOK), answer(IDOK),
+                      answer(IDOK)});
+    store(field.argument(), folder_ / L"falta.bin");
+    store(field.argument(), folder_ / L"falta\\falta.bin");
+    store(field.argument(), folder_.path());
+    store(field.argument(), used);
+    store_large(field.argument(), folder_ / L"falta.bin");
+    CloseHandle(lock);
+    const std::wstring procedure = L"PutImageInField";
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{failure_line(L"53\\r (No se encontró el archivo", procedure),
+                     failure_line(L"76\\r (No se encontró la ruta de acceso", procedure),
+                     failure_line(L"75\\r (Error de acceso a la ruta o al archivo", procedure),
+                     failure_line(L"70\\r (Permiso denegado", procedure),
+                     failure_line(L"53\\r (No se encontró el archivo", L"PutLargeImageInField")}));
+    EXPECT_EQ(field.object_->log(), Log{});
+    EXPECT_FALSE(std::filesystem::exists(folder_ / L"falta.bin"));
+    EXPECT_EQ(content_of(used), "x");
+}
+
+TEST_F(Images, FieldsThatFail) {
+    const std::wstring file = folder_.write(L"a.bin", "contenido");
+    auto without_value = ScriptedObject::make();
+    Field failing;
+    failing.object_->fails(L"Value", failure(3251, L"El campo es de solo lectura"))
+        .fails(L"AppendChunk", bare_failure(E_NOTIMPL));
+    const Variant nothing{ComPtr<IDispatch>()};
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
+    store(object(without_value), file);
+    store(failing.argument(), file);
+    store(nothing, file);
+    store_large(failing.argument(), file);
+    const Lines lines = lines_of(boxes);
+    ASSERT_EQ(lines.size(), 4U);
+    EXPECT_EQ(lines[0], failure_line(L"438\\r (El objeto no admite esta propiedad o método",
+                                     L"PutImageInField"));
+    EXPECT_EQ(lines[1], failure_line(L"3251\\r (El campo es de solo lectura", L"PutImageInField"));
+    EXPECT_EQ(lines[2], failure_line(L"91\\r (Variable de objeto o bloque With no establecido",
+                                     L"PutImageInField"));
+    EXPECT_TRUE(lines[3].starts_with(narrow(L"16|Gestión|Error -2147467263\\r (")));
+    EXPECT_EQ(without_value->references(), 1U);
+    // Nothing holds the file any more.
+    EXPECT_TRUE(std::filesystem::remove(file));
+}
+
+TEST_F(Images, LargeFilesGoInChunksOfOneByteMore) {
+    BoxWatcher no_box;
+    const auto expect_chunks = [&](std::size_t size, const Log& calls, std::size_t stored) {
+        SCOPED_TRACE(size);
+        Field field;
+        const std::string content = content_of_size(size);
+        store_large(field.argument(), folder_.write(L"grande.bin", content));
+        EXPECT_EQ(field.object_->log(), calls);
+        EXPECT_EQ(field.stored.size(), stored);
+        EXPECT_EQ(field.stored.substr(0, size), content);
+        // What is past the end of the file is what the chunk's buffer held before.
+        const std::string extra = field.stored.substr(size);
+        const bool one_read = calls.size() <= 2;
+        EXPECT_EQ(extra, one_read ? std::string(stored - size, '\0')
+                                  : field.stored.substr(size - 1025, stored - size));
+    };
+    expect_chunks(0, {L"AppendChunk([1])"}, 1);
+    expect_chunks(1000, {L"AppendChunk([1001])"}, 1001);
+    expect_chunks(1023, {L"AppendChunk([1024])"}, 1024);
+    expect_chunks(1024, {L"AppendChunk([1])", L"AppendChunk([1025])"}, 1026);
+    expect_chunks(2047, {L"AppendChunk([1024])", L"AppendChunk([1025])"}, 2049);
+    expect_chunks(2048, {L"AppendChunk([1])", L"AppendChunk([1025])", L"AppendChunk([1025])"},
+                  2051);
+}
+
+TEST_F(Images, LargeFieldsAreReadInChunks) {
+    const std::string photo = content_of(picture_file(L"photo.jpg"));
+    ASSERT_GT(photo.size(), 4096U);
+    const auto expect_reads = [&](std::size_t padding) {
+        SCOPED_TRACE(padding);
+        Field field;
+        field.stored = photo + std::string(padding, '\0');
+        EXPECT_EQ(size_of(load(field.argument(), L"GetLargeImageFromField")),
+                  (std::pair<long, long>{320, 240}));
+        const std::size_t size = field.stored.size();
+        Log expected{L"get ActualSize", L"GetChunk(" + std::to_wstring(size % 1024) + L")"};
+        expected.resize(2 + size / 1024, L"GetChunk(1024)");
+        EXPECT_EQ(field.object_->log(), expected);
+        EXPECT_EQ(field.read, size);
+    };
+    BoxWatcher no_box;
+    expect_reads(0);
+    // A whole number of chunks: the first read asks for no bytes.
+    expect_reads(1024 - photo.size() % 1024);
+    EXPECT_TRUE(temporary_files().empty());
+}
+
+TEST_F(Images, AFieldMayGiveNothingWhereNoBytesAreAskedFor) {
+    BoxWatcher no_box;
+    Field field;
+    const std::string photo = content_of(picture_file(L"photo.jpg"));
+    field.stored = photo + std::string(1024 - photo.size() % 1024, '\0');
+    field.object_->method(L"GetChunk", [&](const auto& arguments) {
+        const auto size = static_cast<std::size_t>(arguments.at(0).to_int32());
+        if (size == 0) return Variant::null();
+        const Variant chunk = bytes_of(std::string_view(field.stored).substr(field.read, size));
+        field.read += size;
+        return chunk;
+    });
+    EXPECT_EQ(size_of(load(field.argument(), L"GetLargeImageFromField")),
+              (std::pair<long, long>{320, 240}));
+}
+
+TEST_F(Images, APhotographComesBackThroughBothPairs) {
+    BoxWatcher no_box;
+    const std::wstring file = picture_file(L"photo.jpg");
+    const std::string photo = content_of(file);
+    Field field;
+    store(field.argument(), file);
+    EXPECT_EQ(field.value(), photo);
+    EXPECT_EQ(size_of(load(field.argument())), (std::pair<long, long>{320, 240}));
+    store_large(field.argument(), file);
+    EXPECT_EQ(field.stored.size(), photo.size() + photo.size() / 1024 + 1);
+    EXPECT_EQ(field.stored.substr(0, photo.size()), photo);
+    EXPECT_EQ(size_of(load(field.argument(), L"GetLargeImageFromField")),
+              (std::pair<long, long>{320, 240}));
+    EXPECT_TRUE(temporary_files().empty());
+    RecordProperty("photo_bytes", static_cast<int>(photo.size()));
+    RecordProperty("large_bytes", static_cast<int>(field.stored.size()));
+}
+
+TEST_F(Images, EveryKindOfPictureIsLoaded) {
+    BoxWatcher no_box;
+    for (const auto& [name, type] :
+         {std::pair{L"photo.jpg", PICTYPE_BITMAP}, std::pair{L"photo.gif", PICTYPE_BITMAP},
+          std::pair{L"photo.bmp", PICTYPE_BITMAP}, std::pair{L"icon.ico", PICTYPE_ICON}}) {
+        SCOPED_TRACE(narrow(name));
+        Field field;
+        store(field.argument(), picture_file(name));
+        const auto picture = load(field.argument());
+        ASSERT_TRUE(picture);
+        short its_type = PICTYPE_NONE;
+        EXPECT_EQ(picture->get_Type(&its_type), S_OK);
+        EXPECT_EQ(its_type, type);
+    }
+    EXPECT_TRUE(temporary_files().empty());
+}
+
+TEST_F(Images, ContentsThatAreNoPictureHaveTheirOwnBox) {
+    Field field;
+    BoxWatcher boxes({answer(IDOK, L"image_invalid"), answer(IDOK)});
+    field.object_->property(L"Value", bytes_of("esto no es una imagen"));
+    EXPECT_FALSE(load(field.argument()));
+    field.object_->property(L"Value", bytes_of(""));
+    EXPECT_FALSE(load(field.argument()));
+    const std::string box = narrow(L"0|kovrel|ERROR  481: Imagen no válida|1");
+    EXPECT_EQ(lines_of(boxes), (Lines{box, box}));
+    EXPECT_TRUE(temporary_files().empty());
+}
+
+TEST_F(Images, OtherFailuresOfAReadingLeaveNoFileEither) {
+    auto empty = ScriptedObject::make();
+    Field field;
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
+    EXPECT_FALSE(load(field.argument()));
+    field.object_->property(L"Value", Variant(L"texto"));
+    EXPECT_FALSE(load(field.argument()));
+    field.object_->fails(L"Value", failure(3021, L"No hay registro activo"));
+    EXPECT_FALSE(load(field.argument()));
+    EXPECT_FALSE(load(object(empty)));
+    EXPECT_FALSE(load(Variant{ComPtr<IDispatch>()}));
+    EXPECT_EQ(
+        lines_of(boxes),
+        (Lines{narrow(L"0|kovrel|ERROR  94: Uso no válido de Null|1"),
+               narrow(L"0|kovrel|ERROR  13: No coinciden los tipos|1"),
+               narrow(L"0|kovrel|ERROR  3021: No hay registro activo|1"),
+               narrow(L"0|kovrel|ERROR  438: El objeto no admite esta propiedad o método|1"),
+               narrow(L"0|kovrel|ERROR  91: Variable de objeto o bloque With no establecido|1")}));
+    EXPECT_TRUE(temporary_files().empty());
+    EXPECT_EQ(empty->references(), 1U);
+}
+
+TEST_F(Images, ALargeFieldThatFailsEndsInTheStandardBox) {
+    Field field;
+    field.stored = "esto no es una imagen";
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
+    EXPECT_FALSE(load(field.argument(), L"GetLargeImageFromField"));
+    field.object_->method(L"GetChunk", [](const auto&) { return Variant::null(); });
+    EXPECT_FALSE(load(field.argument(), L"GetLargeImageFromField"));
+    field.object_->remove(L"ActualSize");
+    EXPECT_FALSE(load(field.argument(), L"GetLargeImageFromField"));
+    const std::wstring procedure = L"GetLargeImageFromField";
+    EXPECT_EQ(
+        lines_of(boxes),
+        (Lines{failure_line(L"481\\r (Imagen no válida", procedure),
+               failure_line(L"94\\r (Uso no válido de Null", procedure),
+               failure_line(L"438\\r (El objeto no admite esta propiedad o método", procedure)}));
+}
+
+TEST_F(Images, APictureIsStoredAndItsFileStays) {
+    BoxWatcher no_box;
+    Field source;
+    store(source.argument(), picture_file(L"photo.bmp"));
+    const auto picture = load(source.argument()).query<IDispatch>();
+    ASSERT_TRUE(picture);
+    Field target;
+    EXPECT_EQ(
+        call(services_.get(), L"PutPictureInField", {target.argument(), Variant(picture)}).result,
+        S_OK);
+    const auto files = temporary_files();
+    ASSERT_EQ(files.size(), 1U);
+    EXPECT_EQ(files[0].stem().wstring().size(), 8U);
+    EXPECT_EQ(files[0].wstring().find_first_not_of(L"0123456789", files[0].wstring().size() - 12),
+              files[0].wstring().size() - 4);
+    EXPECT_EQ(target.value(), content_of(files[0].wstring()));
+    EXPECT_EQ(size_of(load(target.argument())), (std::pair<long, long>{320, 240}));
+}
+
+TEST_F(Images, NoPictureToStore) {
+    Field field;
+    PICTDESC description{};
+    description.cbSizeofstruct = sizeof(description);
+    description.picType = PICTYPE_NONE;
+    ComPtr<IDispatch> none;
+    ASSERT_EQ(OleCreatePictureIndirect(&description, IID_IPictureDisp, TRUE, none.put_void()),
+              S_OK);
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(call(services_.get(), L"PutPictureInField",
+                   {field.argument(), Variant{ComPtr<IDispatch>()}})
+                  .result,
+              S_OK);
+    EXPECT_EQ(call(services_.get(), L"PutPictureInField", {field.argument(), Variant(none)}).result,
+              S_OK);
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{failure_line(L"91\\r (Variable de objeto o bloque With no establecido",
+                                  L"PutPictureInField"),
+                     failure_line(L"481\\r (Imagen no válida", L"PutPictureInField")}));
+    EXPECT_EQ(field.object_->log(), Log{});
+    EXPECT_TRUE(temporary_files().empty());
+}
+
+TEST_F(Images, WhatIsNoPictureIsRefusedByTheCall) {
+    Field field;
+    EXPECT_EQ(
+        call(services_.get(), L"PutPictureInField", {field.argument(), field.argument()}).result,
+        DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(call(services_.get(), L"PutImageInField", {L"campo", L"x"}).result,
+              DISP_E_TYPEMISMATCH);
+}
+
+TEST_F(Images, TheRecordLocation) {
+    BoxWatcher no_box;
+    auto records = ScriptedObject::make();
+    records->property(L"EOF", Variant(false))
+        .property(L"BOF", Variant(false))
+        .property(L"AbsolutePosition", Variant(std::int32_t{3}))
+        .property(L"RecordCount", Variant(std::int32_t{10}));
+    EXPECT_EQ(location(object(records)), L"Registro 3 de 10");
+    EXPECT_EQ(text_of_result(call(services_.get(), L"RecordLocation", {object(records)})),
+              L"3 de 10");
+    records->property(L"EOF", Variant(true));
+    EXPECT_EQ(location(object(records)), L"");
+    records->property(L"EOF", Variant(false)).property(L"BOF", Variant(true));
+    EXPECT_EQ(location(object(records)), L"");
+    records->property(L"BOF", Variant(false)).property(L"AbsolutePosition", Variant(L"x"));
+    EXPECT_EQ(location(object(records)), L"VOID");
+    records->fails(L"AbsolutePosition", failure(3251, L"No se puede"));
+    EXPECT_EQ(location(object(records)), L"VOID");
+    records->remove(L"EOF");
+    EXPECT_EQ(location(object(records)), L"VOID");
+    EXPECT_EQ(location(Variant{ComPtr<IDispatch>()}), L"VOID");
+    EXPECT_EQ(records->references(), 1U);
+}
+
+TEST_F(Images, FieldsThatReleaseThemselvesOrCallBack) {
+    const int before = ScriptedObject::alive();
+    {
+        BoxWatcher no_box;
+        auto field = ScriptedObject::make();
+        ScriptedObject* const raw = field.get();
+        field->property(
+            L"Value", [](const auto&) { return Variant(); },
+            [&](const auto&) {
+                field = nullptr;
+                return Variant();
+            });
+        Variant argument = object(ComPtr<ScriptedObject>(raw));
+        store(argument, folder_.write(L"a.bin", "x"));
+        argument = Variant();
+        EXPECT_EQ(ScriptedObject::alive(), before);
+    }
+    BoxWatcher no_box;
+    Field inner;
+    Field outer;
+    outer.object_->property(
+        L"Value", [](const auto&) { return Variant(); },
+        [&](const auto&) {
+            store(inner.argument(), folder_ / L"a.bin");
+            return Variant();
+        });
+    store(outer.argument(), folder_.write(L"a.bin", "interior"));
+    EXPECT_EQ(inner.value(), "interior");
+}
+
+TEST_F(Images, EarlyBound) {
+    using Store = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**, BSTR*);
+    using Load = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**, IPictureDisp**);
+    using StorePicture = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**, IPictureDisp**);
+    BoxWatcher no_box;
+    Field field;
+    IDispatch* raw = field.object_.get();
+    BSTR file = SysAllocString(picture_file(L"photo.gif").c_str());
+    EXPECT_EQ(early<Store>(services_.get(), L"PutImageInField")(services_.get(), &raw, &file),
+              S_OK);
+    EXPECT_EQ(early<Store>(services_.get(), L"PutLargeImageInField")(services_.get(), &raw, &file),
+              S_OK);
+    SysFreeString(file);
+    for (const wchar_t* const member : {L"GetImageFromField", L"GetLargeImageFromField"}) {
+        ComPtr<IPictureDisp> picture;
+        EXPECT_EQ(early<Load>(services_.get(), member)(services_.get(), &raw, picture.put()), S_OK);
+        ASSERT_TRUE(picture);
+        Field target;
+        IDispatch* raw_target = target.object_.get();
+        IPictureDisp* raw_picture = picture.get();
+        EXPECT_EQ(early<StorePicture>(services_.get(), L"PutPictureInField")(
+                      services_.get(), &raw_target, &raw_picture),
+                  S_OK);
+        EXPECT_GT(target.value().size(), 0U);
+    }
+}
+
+TEST_F(Images, ARealFieldOfARecordset) {
+    const auto recordset = make_recordset({{L"Foto", AdoType::long_binary, 1'000'000}});
+    if (!recordset) GTEST_SKIP() << "no ADO here";
+    BoxWatcher no_box;
+    const HostObject records(recordset);
+    records.call(L"AddNew");
+    const Variant field = records.element(L"Fields", 0);
+    store(field, picture_file(L"photo.jpg"));
+    EXPECT_EQ(content_in(HostObject(field).get(L"Value")), content_of(picture_file(L"photo.jpg")));
+    EXPECT_EQ(size_of(load(field)), (std::pair<long, long>{320, 240}));
+}
+
+}  // namespace
+}  // namespace kovrel::test

@@ -1,0 +1,341 @@
+// clsProfile as hosts call it: folders, path texts, INI values and the system's folder browser.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/automation/box_lines.h"
+#include "tests/automation/early.h"
+#include "tests/automation/test_folder.h"
+
+namespace kovrel::test {
+namespace {
+
+class Profile : public testing::Test {
+ protected:
+    Profile() { put(profile_.get(), L"AppOrigen", Variant(L"Gestión")); }
+
+    bool exists(const std::wstring& path) {
+        return flag(call(profile_.get(), L"ExisteCarpeta", {path}));
+    }
+    bool exists(const std::wstring& path, bool create, bool tell) {
+        return flag(call(profile_.get(), L"ExisteCarpeta", {path, create, tell}));
+    }
+    static bool flag(const Outcome& outcome) {
+        EXPECT_EQ(outcome.result, S_OK);
+        EXPECT_EQ(outcome.value.vt, VT_BOOL);
+        return outcome.value.boolVal != VARIANT_FALSE;
+    }
+    std::wstring folder_of(const std::wstring& path) {
+        return text_of_result(call(profile_.get(), L"RutadeArchivo", {path}));
+    }
+    static std::string question(const std::wstring& path, int pressed) {
+        return narrow(L"33|Gestión|" +
+                      escaped(L"La carpeta \"" + path + L"\" no existe.\r\r¿Desea crearla?") +
+                      L"|" + std::to_wstring(pressed));
+    }
+    static std::wstring escaped(const std::wstring& text) {
+        SeenBox box;
+        box.text = text;
+        const std::wstring line = as_line(box);
+        return line.substr(3, line.rfind(L'|') - 3);
+    }
+
+    TestFolder folder_;
+    ComPtr<IDispatch> profile_ = create(L"Kovrel.clsProfile");
+};
+
+TEST_F(Profile, AnExistingFolderIsThereWhateverTheFlags) {
+    BoxWatcher no_box;
+    for (const bool create : {false, true}) {
+        for (const bool tell : {false, true}) EXPECT_TRUE(exists(folder_.path(), create, tell));
+    }
+    EXPECT_TRUE(exists(folder_.path()));
+    EXPECT_TRUE(exists(folder_.path() + L"\\"));
+}
+
+TEST_F(Profile, AMissingFolderWithoutFlagsIsNotCreated) {
+    BoxWatcher no_box;
+    EXPECT_FALSE(exists(folder_ / L"nueva"));
+    EXPECT_FALSE(exists(folder_ / L"nueva", false, true));
+    EXPECT_FALSE(exists(folder_ / L"nueva\\"));
+    EXPECT_FALSE(std::filesystem::exists(folder_ / L"nueva"));
+}
+
+TEST_F(Profile, AMissingFolderIsCreatedAfterTheQuestion) {
+    const std::wstring path = folder_ / L"Año ñ";
+    BoxWatcher boxes({answer(IDOK, L"profile_create"), answer(IDOK)});
+    EXPECT_TRUE(exists(path, true, true));
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{question(path, 1), narrow(L"64|Gestión|Carpeta creada con éxito.|1")}));
+    EXPECT_TRUE(std::filesystem::is_directory(path));
+}
+
+TEST_F(Profile, AnyOtherAnswerLeavesItMissing) {
+    const std::wstring path = folder_ / L"nueva";
+    BoxWatcher boxes({answer(IDCANCEL)});
+    EXPECT_FALSE(exists(path, true, true));
+    EXPECT_EQ(lines_of(boxes), (Lines{question(path, 2)}));
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(Profile, ASilentCreationShowsNothing) {
+    BoxWatcher no_box;
+    EXPECT_TRUE(exists(folder_ / L"callada", true, false));
+    EXPECT_TRUE(std::filesystem::is_directory(folder_ / L"callada"));
+}
+
+TEST_F(Profile, AMissingParentEndsInTheErrorBox) {
+    const std::wstring path = folder_ / L"falta\\nueva";
+    const std::string box = narrow(
+        L"16|kovrel|Error 76\\r (No se encontró la ruta de acceso) en procedimiento ExisteCarpeta "
+        L"del Formulario frmOptions.|1");
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
+    EXPECT_FALSE(exists(path, true, true));
+    EXPECT_FALSE(exists(path, true, false));
+    EXPECT_EQ(lines_of(boxes), (Lines{question(path, 1), box, box}));
+}
+
+TEST_F(Profile, ADriveThatDoesNotExistIsAFailure) {
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_FALSE(exists(L"Q:\\carpeta", true, true));
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|kovrel|Error 68\\r (Dispositivo no disponible) en "
+                            L"procedimiento ExisteCarpeta del Formulario "
+                            L"frmOptions.|1")}));
+}
+
+TEST_F(Profile, AnUnlistedFolderThatIsThereCannotBeCreated) {
+    const std::wstring path = folder_ / L"oculta";
+    std::filesystem::create_directory(path);
+    ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
+    if ((GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_HIDDEN) == 0) {
+        GTEST_SKIP() << "the file system keeps no hidden attribute";
+    }
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_FALSE(exists(path));
+    EXPECT_FALSE(exists(path, true, false));
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|kovrel|Error 75\\r (Error de acceso a la ruta o al archivo) en "
+                            L"procedimiento ExisteCarpeta del Formulario frmOptions.|1")}));
+}
+
+TEST_F(Profile, AFileAndAMatchingNameCountAsListed) {
+    BoxWatcher no_box;
+    folder_.write(L"datos.txt", "x");
+    EXPECT_TRUE(exists(folder_ / L"datos.txt"));
+    EXPECT_TRUE(exists(folder_ / L"dat?s.*"));
+    EXPECT_FALSE(exists(folder_ / L"otr?s.*"));
+}
+
+TEST_F(Profile, LongAndForeignFoldersWork) {
+    BoxWatcher no_box;
+    std::wstring path = folder_ / L"\u03b1\u03b2\u03b3 \u4e2d\u6587";
+    EXPECT_TRUE(exists(path, true, false));
+    while (path.size() < 400) {
+        path += L"\\carpeta de nombre bastante largo";
+        EXPECT_TRUE(exists(path, true, false)) << path.size();
+        EXPECT_TRUE(exists(path, false, false));
+    }
+    EXPECT_FALSE(exists(path + L"\\falta", false, false));
+    EXPECT_EQ(folder_of(path + L"\\*"), path + L"\\*\\");
+}
+
+TEST_F(Profile, TheFolderOfAFile) {
+    BoxWatcher no_box;
+    const std::wstring file = folder_.write(L"Factura nº 1.txt", "x");
+    EXPECT_EQ(folder_of(file), folder_.path() + L"\\");
+    EXPECT_EQ(folder_of(folder_ / L"falta.txt"), folder_ / L"falta.txt\\");
+    // Folders are not listed: one gives itself back.
+    EXPECT_EQ(folder_of(folder_.path()), folder_.path() + L"\\");
+}
+
+TEST_F(Profile, APatternIsCutByTheNameItFinds) {
+    BoxWatcher boxes({answer(IDOK)});
+    folder_.write(L"abc.txt");
+    EXPECT_EQ(folder_of(folder_ / L"*.txt"),
+              (folder_ / L"*.txt").substr(0, (folder_ / L"*.txt").size() - 7) + L"\\");
+    folder_.write(std::wstring(200, L'z') + L".dat");
+    SetCurrentDirectoryW(folder_.path().c_str());
+    EXPECT_EQ(folder_of(L"z*"), L"");
+    SetCurrentDirectoryW(L"C:\\");
+    EXPECT_EQ(lines_of(boxes), (Lines{narrow(L"16|kovrel|Error 5\\r (Llamada a procedimiento o "
+                                             L"argumento no válidos) en procedimiento "
+                                             L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
+}
+
+TEST_F(Profile, Backslashes) {
+    BoxWatcher no_box;
+    const auto add = [&](const wchar_t* path) {
+        return text_of_result(call(profile_.get(), L"AñadirBackSlash", {path}));
+    };
+    const auto remove = [&](const wchar_t* path) {
+        return text_of_result(call(profile_.get(), L"QuitarBackSlash", {path}));
+    };
+    EXPECT_EQ(add(L""), L"");
+    EXPECT_EQ(add(L"C:\\Año"), L"C:\\Año\\");
+    EXPECT_EQ(add(L"C:\\"), L"C:\\");
+    EXPECT_EQ(add(L"C:/"), L"C:/\\");
+    EXPECT_EQ(remove(L""), L"");
+    EXPECT_EQ(remove(L"C:\\a\\\\"), L"C:\\a\\");
+    EXPECT_EQ(remove(L"\\"), L"");
+    EXPECT_EQ(remove(L"C:\\a"), L"C:\\a");
+}
+
+TEST_F(Profile, IniValuesAreWrittenAndRead) {
+    BoxWatcher no_box;
+    const std::wstring file = folder_ / L"opciones.ini";
+    const auto read = [&](const wchar_t* key) {
+        return text_of_result(call(profile_.get(), L"LeerIni", {file, L"Sección", key}));
+    };
+    const auto save = [&](const wchar_t* key, const std::wstring& value) {
+        EXPECT_EQ(call(profile_.get(), L"GuardarIni", {file, L"Sección", key, value}).result, S_OK);
+    };
+    EXPECT_EQ(read(L"falta"), L"");
+    save(L"Año", L"ñandú €");
+    EXPECT_EQ(read(L"Año"), L"ñandú €");
+    EXPECT_EQ(content_of(file).find("\xF1"
+                                    "and\xFA \x80") != std::string::npos,
+              true);
+    save(L"largo", std::wstring(300, L'x'));
+    EXPECT_EQ(read(L"largo"), std::wstring(254, L'x'));
+    save(L"justo", std::wstring(254, L'y'));
+    EXPECT_EQ(read(L"justo"), std::wstring(254, L'y'));
+    save(L"vacío", L"");
+    EXPECT_EQ(read(L"vacío"), L"");
+}
+
+TEST_F(Profile, DefaultsOfMissingIniValues) {
+    const std::wstring file = folder_ / L"falta.ini";
+    const auto read = [&](const LateArgument& otherwise) {
+        return text_of_result(call(profile_.get(), L"LeerIni", {file, L"a", L"b", otherwise}));
+    };
+    {
+        BoxWatcher no_box;
+        EXPECT_EQ(read(std::int16_t{5}), L"5");
+        EXPECT_EQ(read(1.5), L"1,5");
+        EXPECT_EQ(read(L"por defecto"), L"por defecto");
+        EXPECT_EQ(read(L""), L"");
+        EXPECT_EQ(read(LateArgument::missing()), L"");
+        EXPECT_EQ(read(Variant()), L"");
+        EXPECT_EQ(read(std::wstring(300, L'd')), std::wstring(254, L'd'));
+        EXPECT_EQ(read(L"\u03c9 omega"), read(L"\u03c9 omega"));
+    }
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(read(Variant::null()), L"");
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|kovrel|Error 94\\r (Uso no válido de Null) en procedimiento "
+                            L"LeerIni del Módulo clsProfile.|1")}));
+}
+
+TEST_F(Profile, TheCallersVariablesComeBackThroughTheCodePage) {
+    BoxWatcher no_box;
+    Variant file(folder_ / L"v.ini");
+    Variant section(L"\u4e2d");
+    Variant key(L"clave ñ");
+    Variant value(L"\u4e2d\u6587 ñ");
+    EXPECT_EQ(call(profile_.get(), L"GuardarIni",
+                   {LateArgument::variable(file), LateArgument::variable(section),
+                    LateArgument::variable(key), LateArgument::variable(value)})
+                  .result,
+              S_OK);
+    EXPECT_EQ(section.to_text(), L"?");
+    EXPECT_EQ(key.to_text(), L"clave ñ");
+    EXPECT_EQ(value.to_text(), L"?? ñ");
+    section = Variant(L"\u4e2d");
+    EXPECT_EQ(text_of_result(call(profile_.get(), L"LeerIni",
+                                  {LateArgument::variable(file), LateArgument::variable(section),
+                                   LateArgument::variable(key)})),
+              L"?? ñ");
+    EXPECT_EQ(section.to_text(), L"?");
+}
+
+TEST_F(Profile, AWriteThatFailsIsSilent) {
+    BoxWatcher no_box;
+    EXPECT_EQ(
+        call(profile_.get(), L"GuardarIni", {folder_ / L"falta\\x.ini", L"a", L"b", L"c"}).result,
+        S_OK);
+    EXPECT_FALSE(std::filesystem::exists(folder_ / L"falta"));
+}
+
+TEST_F(Profile, EarlyBound) {
+    using Exists =
+        HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, VARIANT_BOOL*, VARIANT_BOOL*, VARIANT_BOOL*);
+    using Text = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR, BSTR*);
+    using Read = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, BSTR*, BSTR*, VARIANT*, BSTR*);
+    using Save = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, BSTR*, BSTR*, BSTR*);
+    BoxWatcher no_box;
+    const Bstr path(folder_ / L"nueva");
+    BSTR raw = path.get();
+    VARIANT_BOOL create = VARIANT_TRUE;
+    VARIANT_BOOL tell = VARIANT_FALSE;
+    VARIANT_BOOL result = VARIANT_FALSE;
+    EXPECT_EQ(early<Exists>(profile_.get(), L"ExisteCarpeta")(profile_.get(), &raw, &create, &tell,
+                                                              &result),
+              S_OK);
+    EXPECT_EQ(result, VARIANT_TRUE);
+    Bstr text;
+    EXPECT_EQ(
+        early<Text>(profile_.get(), L"AñadirBackSlash")(profile_.get(), path.get(), text.put()),
+        S_OK);
+    EXPECT_EQ(text.view(), folder_ / L"nueva\\");
+    BSTR file = SysAllocString((folder_ / L"e.ini").c_str());
+    BSTR section = SysAllocString(L"\u03a9");
+    BSTR key = SysAllocString(L"k");
+    BSTR value = SysAllocString(L"valor");
+    EXPECT_EQ(
+        early<Save>(profile_.get(), L"GuardarIni")(profile_.get(), &file, &section, &key, &value),
+        S_OK);
+    Variant missing = Variant::missing();
+    EXPECT_EQ(early<Read>(profile_.get(), L"LeerIni")(profile_.get(), &file, &section, &key,
+                                                      &missing, text.put()),
+              S_OK);
+    EXPECT_EQ(text.view(), L"valor");
+    EXPECT_NE(text_of(section), L"\u03a9");
+    for (BSTR owned : {file, section, key, value}) SysFreeString(owned);
+}
+
+const WindowQuery browser{L"#32770", {}, 0};  // the system's folder browser
+
+void press(HWND dialog, int button) {
+    PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+}
+
+TEST_F(Profile, TheBrowserBeginsAtTheFolderGivenAndReturnsTheOneChosen) {
+    std::filesystem::create_directory(folder_ / L"Año");
+    // Wine's browser now and then opens on nothing at all: such a one is cancelled.
+    bool opened_on_folder = false;
+    for (int attempts = 0; attempts < 10 && !opened_on_folder; ++attempts) {
+        std::wstring prompt;
+        BoxWatcher windows({on_window(browser, [&](HWND dialog) {
+            opened_on_folder = wait_until(
+                [&] {
+                    HWND tree = find_control(dialog, L"SysTreeView32");
+                    return tree != nullptr && ask(tree, TVM_GETNEXTITEM, TVGN_CARET) != 0;
+                },
+                Milliseconds{2000});
+            for (const Control& control : controls_of(dialog)) {
+                const bool is_text = control.window_class == L"Static" && !control.text.empty();
+                if (is_text && prompt.empty()) prompt = control.text;
+            }
+            if (opened_on_folder) save_picture(dialog, picture_folder() / L"folder_browser.png");
+            press(dialog, opened_on_folder ? IDOK : IDCANCEL);
+        })});
+        const std::wstring chosen = text_of_result(
+            call(profile_.get(), L"BrowseForFolder", {0, L"Elija la carpeta ñ", folder_ / L"Año"}));
+        EXPECT_EQ(chosen, opened_on_folder ? folder_ / L"Año" : std::wstring());
+        EXPECT_EQ(prompt, L"Elija la carpeta ñ");
+    }
+    EXPECT_TRUE(opened_on_folder);
+}
+
+TEST_F(Profile, ACancelledBrowseIsEmpty) {
+    BoxWatcher windows({on_window(browser, [](HWND dialog) { press(dialog, IDCANCEL); }),
+                        on_window(browser, [](HWND dialog) { press(dialog, IDCANCEL); })});
+    EXPECT_EQ(text_of_result(call(profile_.get(), L"BrowseForFolder", {0, L""})), L"");
+    EXPECT_EQ(text_of_result(call(profile_.get(), L"BrowseForFolder", {0, L"x", L"Q:\\falta"})),
+              L"");
+}
+
+}  // namespace
+}  // namespace kovrel::test
