@@ -6,16 +6,15 @@ namespace kovrel {
 namespace {
 
 /// One context serves the process for as long as the library is in it.
-HANDLE own_context() noexcept {
+HANDLE own_context() {
     static HANDLE const context = [] {
-        wchar_t path[MAX_PATH];
+        const std::wstring path = own_module_path();
         ACTCTXW description{};
         description.cbSize = sizeof description;
         description.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
         description.hModule = own_module();
         description.lpResourceName = MAKEINTRESOURCEW(2);
-        const DWORD length = GetModuleFileNameW(own_module(), path, MAX_PATH);
-        description.lpSource = length < MAX_PATH ? path : nullptr;
+        description.lpSource = path.c_str();
         return CreateActCtxW(&description);
     }();
     return context;
@@ -23,7 +22,7 @@ HANDLE own_context() noexcept {
 
 }  // namespace
 
-VisualStyles::VisualStyles() noexcept {
+VisualStyles::VisualStyles() {
     HANDLE const context = own_context();
     active_ = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &cookie_) != FALSE;
 }

@@ -9,7 +9,7 @@ namespace kovrel {
 /// manifest asks for. Where the file has no such manifest, the host's choice stays.
 class VisualStyles {
  public:
-    VisualStyles() noexcept;
+    VisualStyles();
     VisualStyles(const VisualStyles&) = delete;
     VisualStyles& operator=(const VisualStyles&) = delete;
     ~VisualStyles();
