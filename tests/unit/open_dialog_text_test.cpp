@@ -1,7 +1,8 @@
 // Filters and buffers of the open-file dialog.
+#include "files/open_dialog_text.h"
+
 #include <gtest/gtest.h>
 
-#include "files/open_dialog_text.h"
 #include "runtime/failure.h"
 
 namespace kovrel {
