@@ -1,6 +1,5 @@
 // Members whose behaviour is not built yet: each answers failure 445.
 
-#include "dates/clsFFechas.h"
 #include "frame/clsFGen.h"
 #include "messages/clsMensajes.h"
 #include "numbers/clsCSQL.h"
@@ -8,11 +7,6 @@
 #include "zip/clsFZip.h"
 
 namespace kovrel {
-
-Date clsFFechas::PideFecha(const std::wstring& /*strMensaje*/, const std::wstring& /*strCaption*/,
-                           Date& /*DtFechaDefecto*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
 
 std::wstring clsFZip::GenerarZip(const std::wstring& /*strNombreFicheroZip*/,
                                  const std::wstring& /*strRutaSalida*/,
