@@ -1,8 +1,7 @@
 // The message dialog: a long text in a window of its own.
-#include <gmock/gmock.h>
-
 #include <algorithm>
 #include <functional>
+#include <gmock/gmock.h>
 
 #include "tests/automation/late.h"
 #include "tests/support/box_watcher.h"
@@ -24,11 +23,19 @@ void show_dialog(const std::wstring& caption, const std::wstring& text,
     EXPECT_EQ(outcome.result, S_OK);
 }
 
-HWND text_box(HWND dialog) { return find_control(dialog, L"Edit"); }
-HWND ok_button(HWND dialog) { return find_control(dialog, L"Button"); }
-HWND strip(HWND dialog) { return find_control(dialog, L"Kovrel.PictureBox"); }
+HWND text_box(HWND dialog) {
+    return find_control(dialog, L"Edit");
+}
+HWND ok_button(HWND dialog) {
+    return find_control(dialog, L"Button");
+}
+HWND strip(HWND dialog) {
+    return find_control(dialog, L"Kovrel.PictureBox");
+}
 
-void close_by_button(HWND dialog) { PostMessageW(ok_button(dialog), BM_CLICK, 0, 0); }
+void close_by_button(HWND dialog) {
+    PostMessageW(ok_button(dialog), BM_CLICK, 0, 0);
+}
 
 RECT bounds_in(HWND control, HWND parent) {
     RECT bounds{};
