@@ -80,7 +80,7 @@ bool cgsFileOpR::ShowOpen(Variant vFileName, Variant vTitle, Variant vFilter, co
             record.Flags = static_cast<DWORD>(Flags);
             record.lpstrDefExt = "0";
             record.lpTemplateName = "0";
-            static_assert(sizeof record == OPENFILENAME_SIZE_VERSION_400A);
+            static_assert(sizeof(void*) == 8 || sizeof record == 76);
             const bool multiple = (record.Flags & OFN_ALLOWMULTISELECT) != 0;
             if (GetOpenFileNameA(reinterpret_cast<OPENFILENAMEA*>(&record)) == FALSE) {
                 if (CancelError) note_cancelled();
