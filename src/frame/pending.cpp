@@ -26,10 +26,6 @@ void clsFGen::BarraProgreso(const ComPtr<IDispatch>& /*Picture*/,
     throw Failure(FailureNumber::action_not_supported);
 }
 
-Variant clsFGen::LanzaVerificadorNIFyCCC() {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
 bool clsFGen::BarraProgresoCancelada() {
     throw Failure(FailureNumber::action_not_supported);
 }

@@ -51,6 +51,7 @@ class Window : public std::enable_shared_from_this<Window> {
     void show_modal();
     void unload() noexcept;
     void set_caption(const std::wstring& caption);
+    [[nodiscard]] std::wstring caption() const { return caption_.value_or(design_.caption); }
 
  protected:
     explicit Window(const WindowDesign& design) noexcept : design_(design) {}
