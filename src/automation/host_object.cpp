@@ -137,6 +137,10 @@ Variant HostObject::get(std::wstring_view member, Arguments arguments) const {
     return invoke_reversed(id_of(member), DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments);
 }
 
+Variant HostObject::field(std::wstring_view member) const {
+    return invoke(id_of(member), DISPATCH_PROPERTYGET, nullptr, 0);
+}
+
 void HostObject::put(std::wstring_view member, const Variant& value) const {
     invoke(id_of(member), DISPATCH_PROPERTYPUT, &value, 1);
 }
