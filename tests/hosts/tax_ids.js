@@ -21,7 +21,7 @@ check("AppOrigen", general.AppOrigen, "Clientes");
 check("AppOrigen del catálogo", general.Mensajes.AppOrigen, "Clientes");
 check("NIF corregido", general.Verifica_NIF("12345678A"), "12345678Z");
 check("NIF sin mensajes", general.Verifica_NIF("12345678A", false), "12345678Z");
-check("NIE", general.Verifica_NIF("x-1234567-l", false), "X1234567LL");
+check("NIE", general.Verifica_NIF("x-1234567-l", false), "X1234567L");
 check("CIF", general.Verifica_NIF("B12345674"), "B12345674");
 check("LetraNIF", general.LetraNIF(12345678), "Z");
 check("DescripNIFCIF", general.DescripNIFCIF("Z"), "ERROR");
