@@ -1,35 +1,15 @@
 // cgsFileOpR's INI files and path texts, as hosts call them, with real files.
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 
 #include "tests/automation/every_way.h"
+#include "tests/automation/test_folder.h"
 
 namespace kovrel::test {
 namespace {
 
-/// Bytes of a file, as they are.
-std::string content_of(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 class Settings : public testing::TestWithParam<Way> {
  protected:
-    Settings() {
-        std::array<wchar_t, MAX_PATH> folder{};
-        GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
-        folder_ = std::filesystem::path(folder.data()) /
-                  (L"kovrel ñ " + std::to_wstring(GetCurrentProcessId()));
-        std::filesystem::create_directories(folder_);
-        file_ = folder_ / L"ajustes año.ini";
-    }
-    ~Settings() override {
-        SetFileAttributesW(file_.c_str(), FILE_ATTRIBUTE_NORMAL);
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-
     Answer call_for(const wchar_t* member, std::vector<Variant> arguments,
                     const std::vector<ExpectedBox>& boxes = {}) {
         return call_in(GetParam(), files_.get(), member, std::move(arguments), boxes);
@@ -56,11 +36,11 @@ class Settings : public testing::TestWithParam<Way> {
                   S_OK);
     }
 
-    [[nodiscard]] Variant file() const { return Variant(file_.wstring()); }
+    [[nodiscard]] Variant file() const { return Variant(file_); }
 
     ComPtr<IDispatch> files_ = create(L"Kovrel.cgsFileOpR");
-    std::filesystem::path folder_;
-    std::filesystem::path file_;
+    TestFolder folder_{L"Ajustes ñ"};
+    std::wstring file_ = folder_ / L"ajustes año.ini";
 };
 
 TEST_P(Settings, WhatIsSavedIsReadBack) {
@@ -148,7 +128,7 @@ TEST_P(Settings, WhatCannotBeWrittenIsLostSilently) {
     CloseHandle(held);
     // The file itself: what a later read gives may come from the system's memory of it.
     EXPECT_NE(content_of(file_).find("a=1"), std::string::npos);
-    const Variant nowhere((folder_ / L"no hay" / L"x.ini").wstring());
+    const Variant nowhere(folder_ / L"no hay\\x.ini");
     EXPECT_EQ(
         call_for(L"GuardarIni", {nowhere, Variant(L"a"), Variant(L"b"), Variant(L"c")}).result,
         S_OK);
