@@ -26,8 +26,7 @@ if(WIN32)
 endif()
 
 if(KOVREL_UB_TRAPS)
-  # Without alignment: script hosts pass variables that lie at any multiple of four bytes, which the
-  # processor reads as well.
+  # Script engines hand out their variables at multiples of four bytes, which the processor takes.
   target_compile_options(kovrel_compile INTERFACE -fsanitize=undefined -fno-sanitize=alignment
                                                   -fsanitize-undefined-trap-on-error)
 endif()

@@ -1,9 +1,8 @@
 // clsFFechas: calendar calculations. Five are guarded; failures of the others reach the host.
-#include <windows.h>
-
 #include "dates/calendar_rules.h"
 #include "dates/clsFFechas.h"
 #include "frame/application.h"
+#include "frame/clock.h"
 #include "frame/guarded.h"
 #include "frame/system_regional.h"
 #include "runtime/calendar.h"
@@ -13,12 +12,6 @@ namespace {
 
 Date date_of(std::int32_t day) {
     return Date{static_cast<double>(day)};
-}
-
-std::int32_t today() {
-    SYSTEMTIME now;
-    GetLocalTime(&now);
-    return day_count({now.wYear, now.wMonth, now.wDay});
 }
 
 }  // namespace

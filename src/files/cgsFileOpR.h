@@ -41,6 +41,9 @@ class cgsFileOpR {
                      std::wstring lpString);
     std::wstring AddBackSlash(std::wstring sPath);
     std::wstring QuitarBackSlash(std::wstring sPath);
+
+ private:
+    std::wstring system_filter_;  ///< as the dialog takes it; empty: every file
 };
 
 }  // namespace kovrel

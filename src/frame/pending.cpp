@@ -1,31 +1,9 @@
 // Members whose behaviour is not built yet: each answers failure 445.
 
-#include "dates/clsFFechas.h"
-#include "files/cgsFileOpR.h"
 #include "frame/clsFGen.h"
-#include "messages/clsMensajes.h"
-#include "numbers/clsCSQL.h"
 #include "runtime/failure.h"
 
 namespace kovrel {
-
-Date clsFFechas::PideFecha(const std::wstring& /*strMensaje*/, const std::wstring& /*strCaption*/,
-                           Date& /*DtFechaDefecto*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-bool cgsFileOpR::ShowOpen(Variant /*vFileName*/, Variant /*vTitle*/, Variant /*vFilter*/,
-                          const Variant& /*vFlags*/, Variant /*vhWnd*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-void cgsFileOpR::set_Action(const std::int16_t& /*value*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-void cgsFileOpR::set_Filter(std::wstring /*value*/) {
-    throw Failure(FailureNumber::action_not_supported);
-}
 
 void clsFGen::BarraProgresoInicia(std::wstring /*strCaption*/, std::wstring /*strMensaje*/,
                                   bool /*boBotones*/, std::int32_t /*lgAltoMensaje*/,
@@ -48,16 +26,7 @@ void clsFGen::BarraProgreso(const ComPtr<IDispatch>& /*Picture*/,
     throw Failure(FailureNumber::action_not_supported);
 }
 
-Variant clsFGen::LanzaVerificadorNIFyCCC() {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
 bool clsFGen::BarraProgresoCancelada() {
-    throw Failure(FailureNumber::action_not_supported);
-}
-
-void clsMensajes::MsgFormA(const std::wstring& /*strCaption*/, const std::wstring& /*strMensaje*/,
-                           const bool& /*BoFuenteTT*/) {
     throw Failure(FailureNumber::action_not_supported);
 }
 

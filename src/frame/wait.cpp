@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "frame/clock.h"
+#include "ui/modal.h"
 
 namespace kovrel {
 namespace {
@@ -26,24 +27,11 @@ class Hourglass {
 
 }  // namespace
 
-void run_pending_events() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-        if (message.message == WM_QUIT) {
-            // The host's own loop must see it.
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-}
-
 void wait_with_hourglass(float seconds) {
     const Hourglass hourglass;
     const double start = seconds_since_midnight();
     while (static_cast<float>(seconds_since_midnight() - start) < seconds) {
-        run_pending_events();
+        pump_events();
         hourglass.keep();
     }
 }

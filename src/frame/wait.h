@@ -4,9 +4,6 @@
 
 namespace kovrel {
 
-/// Lets every event that is pending for the thread run, once.
-void run_pending_events();
-
 /// Spins until so many seconds have passed, with the hourglass as the thread's mouse pointer. There
 /// is no correction for midnight: a wait that reaches it never ends.
 void wait_with_hourglass(float seconds);

@@ -33,6 +33,8 @@ constexpr std::array descriptions{
     Description{FailureNumber::path_not_found, L"No se encontró la ruta de acceso"},
     Description{FailureNumber::object_not_set, L"Variable de objeto o bloque With no establecido"},
     Description{FailureNumber::invalid_use_of_null, L"Uso no válido de Null"},
+    Description{FailureNumber::form_already_shown,
+                L"El formulario ya se muestra; no puede mostrarse de forma modal"},
     Description{FailureNumber::object_required, L"Se requiere un objeto"},
     Description{FailureNumber::cannot_create_object,
                 L"El componente ActiveX no puede crear el objeto"},
@@ -45,6 +47,7 @@ constexpr std::array descriptions{
     Description{FailureNumber::dll_function_not_found,
                 L"No se encontró la función DLL especificada"},
     Description{FailureNumber::invalid_picture, L"Imagen no válida"},
+    Description{FailureNumber::clipboard_unavailable, L"No se puede abrir el Portapapeles"},
 };
 
 }  // namespace

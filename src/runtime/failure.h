@@ -32,6 +32,7 @@ enum class FailureNumber : std::int32_t {
     path_not_found = 76,
     object_not_set = 91,
     invalid_use_of_null = 94,
+    form_already_shown = 400,
     object_required = 424,
     cannot_create_object = 429,
     member_not_found = 438,
@@ -41,6 +42,7 @@ enum class FailureNumber : std::int32_t {
     wrong_argument_count = 450,
     dll_function_not_found = 453,
     invalid_picture = 481,
+    clipboard_unavailable = 521,
 };
 
 /// A run-time failure: a number and a description, as the user and the host see them.

@@ -1,0 +1,151 @@
+#include "ui/drawn_icon.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <span>
+
+#include "runtime/failure.h"
+
+namespace kovrel {
+namespace {
+
+// Signs are designed on a square of 16 units.
+constexpr double design_size = 16;
+/// Samples for each pixel in each direction.
+constexpr int samples = 4;
+
+struct Point {
+    double x;
+    double y;
+};
+
+/// Colour with opacity; opacity 0 is nothing at all.
+struct Ink {
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+    double opacity = 0;
+};
+
+constexpr Ink clear{};
+constexpr Ink white{255, 255, 255, 1};
+constexpr Ink green{22, 132, 58, 1};
+constexpr Ink red{196, 32, 38, 1};
+constexpr Ink slate{74, 88, 104, 1};
+
+double distance_to_segment(Point point, Point from, Point to) {
+    const double dx = to.x - from.x;
+    const double dy = to.y - from.y;
+    const double along = std::clamp(
+        ((point.x - from.x) * dx + (point.y - from.y) * dy) / (dx * dx + dy * dy), 0.0, 1.0);
+    return std::hypot(point.x - from.x - along * dx, point.y - from.y - along * dy);
+}
+
+bool on_line(Point point, std::span<const Point> line, double width) {
+    for (std::size_t next = 1; next < line.size(); ++next) {
+        if (distance_to_segment(point, line[next - 1], line[next]) <= width / 2) return true;
+    }
+    return false;
+}
+
+bool in_check(Point point, double reach, double width) {
+    const std::array<Point, 3> line{{{8 - reach, 8 + reach * 0.1},
+                                     {8 - reach * 0.25, 8 + reach * 0.8},
+                                     {8 + reach, 8 - reach * 0.7}}};
+    return on_line(point, line, width);
+}
+
+bool in_cross(Point point, double reach, double width) {
+    const std::array<Point, 2> falling{{{8 - reach, 8 - reach}, {8 + reach, 8 + reach}}};
+    const std::array<Point, 2> rising{{{8 - reach, 8 + reach}, {8 + reach, 8 - reach}}};
+    return on_line(point, falling, width) || on_line(point, rising, width);
+}
+
+bool in_disc(Point point) {
+    return std::hypot(point.x - 8, point.y - 8) <= 7.5;
+}
+
+/// A sheet of paper with its outline; nothing outside it.
+Ink sheet(Point point, Point corner) {
+    const double x = point.x - corner.x;
+    const double y = point.y - corner.y;
+    constexpr double width = 9;
+    constexpr double height = 10;
+    constexpr double line = 1;
+    if (x < 0 || y < 0 || x > width || y > height) return clear;
+    const bool inside = x >= line && y >= line && x <= width - line && y <= height - line;
+    if (!inside) return slate;
+    const bool written =
+        x >= 2.5 && x <= width - 2.5 && (std::abs(y - 3.5) <= 0.5 || std::abs(y - 6.5) <= 0.5);
+    return written ? slate : white;
+}
+
+Ink ink_at(Sign sign, Point point) {
+    switch (sign) {
+        case Sign::accept:
+            return in_check(point, 6, 2.4) ? green : clear;
+        case Sign::reject:
+            return in_cross(point, 5, 2.4) ? red : clear;
+        case Sign::copy: {
+            const Ink front = sheet(point, {6, 5});
+            return front.opacity > 0 ? front : sheet(point, {1, 1});
+        }
+        case Sign::accepted:
+            if (in_check(point, 4, 1.8)) return white;
+            return in_disc(point) ? green : clear;
+        case Sign::rejected:
+            if (in_cross(point, 3, 1.8)) return white;
+            return in_disc(point) ? red : clear;
+    }
+    return clear;
+}
+
+/// Blue, green, red and opacity, from the lowest byte.
+std::uint32_t pixel(Sign sign, int column, int row, int size) {
+    Ink sum;
+    for (int step = 0; step < samples * samples; ++step) {
+        const double x = column + (step % samples + 0.5) / samples;
+        const double y = row + (step / samples + 0.5) / samples;
+        const Ink ink = ink_at(sign, {x * design_size / size, y * design_size / size});
+        sum.red += ink.red * ink.opacity;
+        sum.green += ink.green * ink.opacity;
+        sum.blue += ink.blue * ink.opacity;
+        sum.opacity += ink.opacity;
+    }
+    if (sum.opacity <= 0) return 0;
+    const auto byte = [](double value) { return static_cast<std::uint32_t>(std::lround(value)); };
+    constexpr double all = samples * samples;
+    return byte(sum.blue / sum.opacity) | byte(sum.green / sum.opacity) << 8U |
+           byte(sum.red / sum.opacity) << 16U | byte(sum.opacity / all * 255) << 24U;
+}
+
+}  // namespace
+
+Icon draw_sign(Sign sign, int size) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = size;
+    info.bmiHeader.biHeight = -size;  // rows from the top
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    const Bitmap colours(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const Bitmap mask(CreateBitmap(size, size, 1, 1, nullptr));
+    if (colours.get() == nullptr || mask.get() == nullptr) {
+        throw Failure(FailureNumber::out_of_memory);
+    }
+    auto* const pixels = static_cast<std::uint32_t*>(bits);
+    for (int row = 0; row < size; ++row) {
+        for (int column = 0; column < size; ++column) {
+            pixels[row * size + column] = pixel(sign, column, row, size);
+        }
+    }
+    ICONINFO description{TRUE, 0, 0, mask.get(), colours.get()};
+    Icon icon(CreateIconIndirect(&description));
+    if (icon.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
+    return icon;
+}
+
+}  // namespace kovrel

@@ -1,0 +1,59 @@
+#include "ui/gdi.h"
+
+#include <algorithm>
+#include <cwchar>
+
+#include "runtime/failure.h"
+
+namespace kovrel {
+namespace {
+
+/// Functions that the oldest supported systems do not have.
+template <class Function>
+Function user_function(const char* name) noexcept {
+    return reinterpret_cast<Function>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
+}
+
+int screen_dots_per_inch() noexcept {
+    HDC const screen = GetDC(nullptr);
+    const int result = GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+    return result > 0 ? result : USER_DEFAULT_SCREEN_DPI;
+}
+
+}  // namespace
+
+int dots_per_inch(HWND window) noexcept {
+    static const auto of_window = user_function<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
+    const int result = of_window != nullptr ? static_cast<int>(of_window(window)) : 0;
+    return result > 0 ? result : screen_dots_per_inch();
+}
+
+LOGFONTW system_font(int dots_per_inch) noexcept {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    LOGFONTW font = metrics.lfMessageFont;
+    font.lfHeight = MulDiv(font.lfHeight, dots_per_inch, screen_dots_per_inch());
+    return font;
+}
+
+LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch,
+                    BYTE pitch_and_family) noexcept {
+    LOGFONTW font{};
+    font.lfHeight = -MulDiv(hundredths, dots_per_inch, 7200);
+    font.lfWeight = FW_NORMAL;
+    font.lfCharSet = DEFAULT_CHARSET;
+    font.lfPitchAndFamily = pitch_and_family;
+    std::wcsncpy(font.lfFaceName, name, std::size(font.lfFaceName) - 1);
+    return font;
+}
+
+Font make_font(const LOGFONTW& description) {
+    Font font(CreateFontIndirectW(&description));
+    if (font.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
+    return font;
+}
+
+}  // namespace kovrel

@@ -1,0 +1,77 @@
+// Input masks: which characters a field takes, how many, and where it shows separators.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kovrel {
+
+/// What a masked field holds are its bare characters; what it shows has the separators as well.
+class Mask {
+ public:
+    enum class Accepts { digits, letters_and_digits };
+
+    /// The sizes of the groups between which the separator, which the mask must not accept, is
+    /// shown.
+    Mask(Accepts accepted, std::vector<std::size_t> groups, wchar_t separator = L' ')
+        : accepted_(accepted), groups_(std::move(groups)), separator_(separator) {
+        for (const std::size_t group : groups_) size_ += group;
+    }
+
+    /// Characters of a complete field, without the separators.
+    [[nodiscard]] std::size_t size() const noexcept { return size_; }
+    [[nodiscard]] wchar_t separator() const noexcept { return separator_; }
+
+    /// Digits and unaccented letters, as tax ids and account codes have them.
+    [[nodiscard]] bool accepts(wchar_t character) const noexcept {
+        if (character >= L'0' && character <= L'9') return true;
+        return accepted_ == Accepts::letters_and_digits &&
+               ((character >= L'A' && character <= L'Z') ||
+                (character >= L'a' && character <= L'z'));
+    }
+
+    /// The characters of a text that the mask accepts, as many as the field holds.
+    [[nodiscard]] std::wstring bare(std::wstring_view text) const {
+        std::wstring result;
+        for (const wchar_t character : text) {
+            if (result.size() < size_ && accepts(character)) result.push_back(character);
+        }
+        return result;
+    }
+
+    /// Any text as the field shows it.
+    [[nodiscard]] std::wstring shown(std::wstring_view text) const {
+        const std::wstring characters = bare(text);
+        std::wstring result;
+        std::size_t begin = 0;
+        for (const std::size_t group : groups_) {
+            if (begin >= characters.size()) break;
+            if (begin > 0) result.push_back(separator_);
+            result += characters.substr(begin, group);
+            begin += group;
+        }
+        return result;
+    }
+
+    /// Where the shown text has the caret once so many bare characters stand before it.
+    [[nodiscard]] std::size_t shown_position(std::wstring_view shown_text,
+                                             std::size_t bare_count) const noexcept {
+        std::size_t position = 0;
+        while (bare_count > 0 && position < shown_text.size()) {
+            if (accepts(shown_text[position])) --bare_count;
+            ++position;
+        }
+        return position;
+    }
+
+ private:
+    Accepts accepted_;
+    std::vector<std::size_t> groups_;
+    wchar_t separator_;
+    std::size_t size_ = 0;
+};
+
+}  // namespace kovrel

@@ -1,0 +1,82 @@
+#include "ui/modal.h"
+
+#include <optional>
+
+namespace kovrel {
+namespace {
+
+void dispatch(MSG& message) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+}
+
+struct Search {
+    HWND except;
+    std::vector<HWND>* found;
+};
+
+BOOL CALLBACK collect_enabled(HWND window, LPARAM parameter) {
+    const auto* search = reinterpret_cast<const Search*>(parameter);
+    if (window != search->except && IsWindowVisible(window) && IsWindowEnabled(window)) {
+        search->found->push_back(window);
+    }
+    return TRUE;
+}
+
+void pump(HWND window) {
+    MSG message;
+    while (PeekMessageW(&message, window, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            // It is for the host's own loop.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        dispatch(message);
+        if (window != nullptr && !IsWindow(window)) return;
+    }
+}
+
+}  // namespace
+
+void pump_events() {
+    pump(nullptr);
+}
+
+void pump_events_of(HWND window) {
+    pump(window);
+}
+
+ModalScope::ModalScope(HWND window) : active_(GetActiveWindow()), focus_(GetFocus()) {
+    const Search search{window, &disabled_};
+    EnumThreadWindows(GetCurrentThreadId(), collect_enabled, reinterpret_cast<LPARAM>(&search));
+    for (HWND other : disabled_) EnableWindow(other, FALSE);
+}
+
+void ModalScope::release() noexcept {
+    for (HWND other : disabled_) {
+        if (IsWindow(other)) EnableWindow(other, TRUE);
+    }
+    disabled_.clear();
+}
+
+void ModalScope::restore_focus() const noexcept {
+    if (active_ != nullptr && IsWindow(active_)) SetActiveWindow(active_);
+    if (focus_ != nullptr && IsWindow(focus_)) SetFocus(focus_);
+}
+
+void run_modal_loop(HWND window) {
+    std::optional<int> quit_code;
+    MSG message;
+    while (IsWindow(window) && IsWindowVisible(window)) {
+        const BOOL received = GetMessageW(&message, nullptr, 0, 0);
+        if (received == -1) break;
+        if (received == 0) {
+            quit_code = static_cast<int>(message.wParam);
+        } else if (!IsDialogMessageW(window, &message)) {
+            dispatch(message);
+        }
+    }
+    if (quit_code) PostQuitMessage(*quit_code);
+}
+
+}  // namespace kovrel

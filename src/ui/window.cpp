@@ -1,0 +1,395 @@
+#include "ui/window.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "automation/module.h"
+#include "runtime/failure.h"
+#include "ui/modal.h"
+#include "ui/visual_styles.h"
+
+namespace kovrel {
+namespace {
+
+// What a picture box asks its window for.
+constexpr UINT box_resized = WM_APP + 1;
+constexpr UINT box_paint = WM_APP + 2;
+
+struct Painting {
+    HDC context;
+    RECT bounds;
+};
+
+/// Classes belong to this module: another copy of the library in the process has its own.
+void register_class(const wchar_t* name, WNDPROC procedure) {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.lpfnWndProc = procedure;
+    description.hInstance = own_module();
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    description.lpszClassName = name;
+    if (RegisterClassExW(&description) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
+        throw Failure(FailureNumber::out_of_memory);
+    }
+}
+
+/// Succeeds with the last window of the class only.
+void unregister_class(const wchar_t* name) noexcept {
+    UnregisterClassW(name, own_module());
+}
+
+DWORD extended_style_of(HWND window) noexcept {
+    return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE));
+}
+
+DWORD style_of(HWND window) noexcept {
+    return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
+}
+
+HMENU control_menu(int id) noexcept {
+    return reinterpret_cast<HMENU>(static_cast<INT_PTR>(id));
+}
+
+}  // namespace
+
+bool Window::visible() const noexcept {
+    return handle_ != nullptr && IsWindowVisible(handle_) != FALSE;
+}
+
+void Window::load() {
+    if (loaded()) return;
+    const VisualStyles styles;
+    register_class(design_.window_class, &Window::procedure);
+    register_class(picture_box_class, &Window::picture_box);
+    const std::wstring caption = caption_.value_or(design_.caption);
+    self_ = shared_from_this();
+    if (CreateWindowExW(WS_EX_CONTROLPARENT, design_.window_class, caption.c_str(),
+                        design_.style | WS_CLIPCHILDREN, 0, 0, 0, 0, nullptr, nullptr, own_module(),
+                        this) == nullptr) {
+        self_.reset();
+        throw Failure(FailureNumber::out_of_memory);
+    }
+    try {
+        scale_ = Scale(dots_per_inch(handle_));
+        font_ = make_font(system_font(scale_.dots_per_inch()));
+        create_controls();
+        apply_scale();
+        resize_inner(design_.inner_width, design_.inner_height);
+        center_on_screen();
+        ready_ = true;
+        form_load();
+        for (const Placed& placed : std::vector(controls_)) {
+            if (placed.window_class == picture_box_class) picture_box_resized(placed.id);
+        }
+        form_resize();
+    } catch (...) {
+        unload();
+        throw;
+    }
+}
+
+void Window::show_modeless() {
+    load();
+    ShowWindow(handle_, SW_SHOW);
+    UpdateWindow(handle_);
+}
+
+void Window::show_modal() {
+    const auto alive = shared_from_this();
+    if (visible()) throw Failure(FailureNumber::form_already_shown);
+    load();
+    ModalScope scope(handle_);
+    modal_ = &scope;
+    HWND const window = handle_;
+    ShowWindow(window, SW_SHOW);
+    SetForegroundWindow(window);
+    run_modal_loop(window);
+    modal_ = nullptr;
+    scope.release();
+    scope.restore_focus();
+}
+
+void Window::unload() noexcept {
+    if (!loaded()) return;
+    // The host's windows take the keyboard back before this one goes: else another program would.
+    if (modal_ != nullptr) modal_->release();
+    DestroyWindow(handle_);
+    unregister_class(picture_box_class);
+    unregister_class(design_.window_class);
+}
+
+void Window::set_caption(const std::wstring& caption) {
+    caption_ = caption;
+    if (loaded()) SetWindowTextW(handle_, caption.c_str());
+}
+
+HWND Window::add(const ControlDesign& design, HWND parent) {
+    HWND const window = CreateWindowExW(design.extended_style, design.window_class, design.text,
+                                        design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0,
+                                        0, 0, 0, parent != nullptr ? parent : handle_,
+                                        control_menu(design.id), own_module(), nullptr);
+    if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
+    controls_.push_back({window, design.id, design.place, design.window_class});
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
+    SetWindowSubclass(window, &Window::watch_focus, 1, reinterpret_cast<DWORD_PTR>(this));
+    put_in_place(controls_.back());
+    return window;
+}
+
+Window::Placed* Window::find(int id) noexcept {
+    const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                    [id](const Placed& placed) { return placed.id == id; });
+    return found == controls_.end() ? nullptr : &*found;
+}
+
+HWND Window::control(int id) const noexcept {
+    const Placed* const placed = const_cast<Window*>(this)->find(id);
+    return placed == nullptr ? nullptr : placed->window;
+}
+
+const Place& Window::place(int id) const noexcept {
+    static const Place nowhere;
+    const Placed* const placed = const_cast<Window*>(this)->find(id);
+    return placed == nullptr ? nowhere : placed->place;
+}
+
+void Window::move(int id, const Place& place) {
+    Placed* const placed = find(id);
+    if (placed == nullptr) return;
+    placed->place = place;
+    put_in_place(*placed);
+}
+
+void Window::put_in_place(const Placed& placed) const noexcept {
+    // Edges are rounded, not sizes: neighbours that touch in twips touch on the screen.
+    const int left = scale_.pixels(placed.place.left);
+    const int top = scale_.pixels(placed.place.top);
+    const int right = scale_.pixels(placed.place.left + placed.place.width);
+    const int bottom = scale_.pixels(placed.place.top + placed.place.height);
+    SetWindowPos(placed.window, nullptr, left, top, std::max(right - left, 0),
+                 std::max(bottom - top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+Place Window::size_of(HWND window) const noexcept {
+    RECT bounds{};
+    GetWindowRect(window, &bounds);
+    return {scale_.twips(bounds.left), scale_.twips(bounds.top),
+            scale_.twips(bounds.right - bounds.left), scale_.twips(bounds.bottom - bounds.top)};
+}
+
+Place Window::inner_size_of(HWND window) const noexcept {
+    RECT bounds{};
+    GetClientRect(window, &bounds);
+    return {0, 0, scale_.twips(bounds.right), scale_.twips(bounds.bottom)};
+}
+
+void Window::resize_inner(double width, double height) {
+    RECT bounds{0, 0, scale_.pixels(width), scale_.pixels(height)};
+    AdjustWindowRectEx(&bounds, style_of(handle_), FALSE, extended_style_of(handle_));
+    SetWindowPos(handle_, nullptr, 0, 0, bounds.right - bounds.left, bounds.bottom - bounds.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Window::center_on_screen() {
+    HWND const active = GetActiveWindow();
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(
+        MonitorFromWindow(active != nullptr ? active : handle_, MONITOR_DEFAULTTOPRIMARY),
+        &monitor);
+    RECT bounds{};
+    GetWindowRect(handle_, &bounds);
+    const RECT& work = monitor.rcWork;
+    SetWindowPos(handle_, nullptr, (work.left + work.right - (bounds.right - bounds.left)) / 2,
+                 (work.top + work.bottom - (bounds.bottom - bounds.top)) / 2, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Window::set_tooltip(int id, const std::wstring& text) {
+    if (tooltips_ == nullptr) {
+        const VisualStyles styles;
+        tooltips_ =
+            CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                            WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
+                            CW_USEDEFAULT, CW_USEDEFAULT, handle_, nullptr, own_module(), nullptr);
+        SendMessageW(tooltips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(6000));
+    }
+    std::wstring shown = text;
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = handle_;
+    tool.uId = reinterpret_cast<UINT_PTR>(control(id));
+    tool.lpszText = shown.data();
+    SendMessageW(tooltips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    if (!text.empty()) SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void Window::focus_inside() {
+    HWND target = last_focus_;
+    if (target == nullptr || !IsChild(handle_, target) || !IsWindowEnabled(target) ||
+        !IsWindowVisible(target)) {
+        target = GetNextDlgTabItem(handle_, nullptr, FALSE);
+    }
+    const bool stops = target != nullptr && (style_of(target) & WS_TABSTOP) != 0;
+    SetFocus(stops ? target : handle_);
+}
+
+void Window::make_font_current() {
+    font_ = make_font(system_font(scale_.dots_per_inch()));
+    for (const Placed& placed : controls_) {
+        SendMessageW(placed.window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE);
+    }
+}
+
+void Window::rescale(int dots_per_inch, const RECT& bounds) {
+    scale_ = Scale(dots_per_inch);
+    make_font_current();
+    apply_scale();
+    for (const Placed& placed : controls_) put_in_place(placed);
+    SetWindowPos(handle_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+                 bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Window::command(int id, UINT code, bool from_control) {
+    if (id == IDCANCEL && !from_control) {
+        escape();
+    } else if (code == BN_CLICKED) {
+        clicked(id);
+    } else {
+        notified(id, code);
+    }
+}
+
+LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+        case WM_COMMAND:
+            command(LOWORD(wparam), HIWORD(wparam), find(LOWORD(wparam)) != nullptr);
+            return 0;
+        case WM_SIZE:
+            if (wparam != SIZE_MINIMIZED) form_resize();
+            return 0;
+        case box_resized:
+            picture_box_resized(static_cast<int>(wparam));
+            return 0;
+        case box_paint: {
+            const auto* painting = reinterpret_cast<const Painting*>(lparam);
+            paint_picture_box(static_cast<int>(wparam), painting->context, painting->bounds);
+            return 0;
+        }
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLOREDIT:
+            if (HBRUSH const brush =
+                    background_of(reinterpret_cast<HWND>(lparam), reinterpret_cast<HDC>(wparam))) {
+                return reinterpret_cast<LRESULT>(brush);
+            }
+            break;
+        case DM_GETDEFID:
+            return design_.default_button != 0 ? MAKELRESULT(design_.default_button, DC_HASDEFID)
+                                               : 0;
+        case WM_SETFOCUS:
+            focus_inside();
+            return 0;
+        case WM_ACTIVATE:
+            if (LOWORD(wparam) == WA_INACTIVE) {
+                lost_activation(reinterpret_cast<HWND>(lparam));
+            } else {
+                focus_inside();
+            }
+            return 0;
+        case WM_CLOSE:
+            closing();
+            return 0;
+        case WM_SHOWWINDOW:
+            // A modal loop looks again whether the window is still there.
+            PostMessageW(nullptr, WM_NULL, 0, 0);
+            break;
+        case WM_DPICHANGED:
+            rescale(HIWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
+            return 0;
+        case WM_SYSCOLORCHANGE:
+            apply_scale();
+            break;
+        case WM_DESTROY:
+            ready_ = false;
+            PostMessageW(nullptr, WM_NULL, 0, 0);
+            form_unload();
+            return 0;
+        default:
+            if (message >= first_posted && message < first_posted + 0x100) {
+                posted(message, static_cast<int>(wparam));
+                return 0;
+            }
+            break;
+    }
+    return DefWindowProcW(handle_, message, wparam, lparam);
+}
+
+LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_NCCREATE) {
+        auto* const created =
+            static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(lparam)->lpCreateParams);
+        created->handle_ = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+    }
+    auto* const self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+    if (message == WM_NCDESTROY) {
+        const std::shared_ptr<Window> last = std::move(self->self_);
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        self->handle_ = self->tooltips_ = self->last_focus_ = nullptr;
+        self->controls_.clear();
+        return DefWindowProcW(window, message, wparam, lparam);
+    }
+    if (!self->ready_ && message != WM_DESTROY) {
+        return DefWindowProcW(window, message, wparam, lparam);
+    }
+    const std::shared_ptr<Window> alive = self->weak_from_this().lock();
+    try {
+        return self->handle(message, wparam, lparam);
+    } catch (...) {
+        // An event without a handler of its own has nobody to tell; the host goes on.
+        return 0;
+    }
+}
+
+LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    HWND const parent = GetParent(window);
+    const auto id = static_cast<WPARAM>(GetDlgCtrlID(window));
+    switch (message) {
+        case WM_COMMAND:
+        case WM_NOTIFY:
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLOREDIT:
+        case WM_CTLCOLORBTN:
+            return SendMessageW(parent, message, wparam, lparam);
+        case WM_SIZE:
+            SendMessageW(parent, box_resized, id, 0);
+            return 0;
+        case WM_PAINT: {
+            PAINTSTRUCT paint;
+            Painting painting{BeginPaint(window, &paint), {}};
+            GetClientRect(window, &painting.bounds);
+            SendMessageW(parent, box_paint, id, reinterpret_cast<LPARAM>(&painting));
+            EndPaint(window, &paint);
+            return 0;
+        }
+        default:
+            return DefWindowProcW(window, message, wparam, lparam);
+    }
+}
+
+LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                     UINT_PTR /*id*/, DWORD_PTR owner) {
+    auto* const self = reinterpret_cast<Window*>(owner);
+    if (message == WM_SETFOCUS) self->last_focus_ = window;
+    const LRESULT result = DefSubclassProc(window, message, wparam, lparam);
+    if (message == WM_KILLFOCUS && self->ready_) {
+        self->focus_moved(window, reinterpret_cast<HWND>(wparam));
+    }
+    return result;
+}
+
+}  // namespace kovrel

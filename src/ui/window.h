@@ -1,0 +1,144 @@
+// What the library's windows have in common: loading and unloading, modal and modeless life,
+// controls placed in twips, and the keyboard.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/gdi.h"
+#include "ui/scale.h"
+
+namespace kovrel {
+
+/// What a window is by design.
+struct WindowDesign {
+    const wchar_t* window_class;
+    const wchar_t* caption;
+    DWORD style;
+    double inner_width;      ///< twips
+    double inner_height;     ///< twips
+    int default_button = 0;  ///< the control that the Enter key presses; 0: none
+};
+
+/// A picture box: it holds controls, tells the window when its size changes, and can be painted.
+inline constexpr const wchar_t* picture_box_class = L"Kovrel.PictureBox";
+
+class ModalScope;
+
+/// A window object outlives its window: its owner may read what it holds after it was unloaded,
+/// and it can be loaded again. While loaded it keeps itself alive. Failures inside an event never
+/// leave the window procedure; events with the standard handler show their own error box.
+class Window : public std::enable_shared_from_this<Window> {
+ public:
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+    virtual ~Window() = default;
+
+    [[nodiscard]] HWND handle() const noexcept { return handle_; }
+    [[nodiscard]] bool loaded() const noexcept { return handle_ != nullptr; }
+    [[nodiscard]] bool visible() const noexcept;
+
+    /// Makes the window and its controls, hidden; nothing when it is loaded already.
+    void load();
+    void show_modeless();
+    /// Returns once the window is unloaded or hidden. Until then no other window of the thread can
+    /// be used. Failure 400 when the window is on the screen already.
+    void show_modal();
+    void unload() noexcept;
+    void set_caption(const std::wstring& caption);
+    [[nodiscard]] std::wstring caption() const { return caption_.value_or(design_.caption); }
+
+ protected:
+    explicit Window(const WindowDesign& design) noexcept : design_(design) {}
+
+    [[nodiscard]] const Scale& scale() const noexcept { return scale_; }
+    [[nodiscard]] HFONT font() const noexcept { return font_.get(); }
+    [[nodiscard]] const WindowDesign& design() const noexcept { return design_; }
+
+    struct ControlDesign {
+        const wchar_t* window_class;
+        const wchar_t* text;
+        DWORD style;
+        int id;
+        Place place;
+        DWORD extended_style = 0;
+    };
+    /// A visible control in the window or in one of its picture boxes.
+    HWND add(const ControlDesign& control, HWND parent = nullptr);
+    [[nodiscard]] HWND control(int id) const noexcept;
+    void move(int id, const Place& place);
+    [[nodiscard]] const Place& place(int id) const noexcept;
+    /// Sizes in twips, as the display rounds them.
+    [[nodiscard]] Place size_of(HWND window) const noexcept;
+    [[nodiscard]] Place inner_size_of(HWND window) const noexcept;
+    /// The outer size that encloses an inner one.
+    void resize_inner(double width, double height);
+    void center_on_screen();
+    /// An absent tooltip is an empty text.
+    void set_tooltip(int id, const std::wstring& text);
+
+    // The events, in the order of a window's life.
+    virtual void create_controls() = 0;
+    /// Fonts and pictures; called again when the display's resolution changes.
+    virtual void apply_scale() {}
+    virtual void form_load() = 0;
+    virtual void form_resize() {}
+    virtual void picture_box_resized(int /*id*/) {}
+    virtual void paint_picture_box(int /*id*/, HDC /*context*/, const RECT& /*bounds*/) {}
+    virtual void clicked(int /*id*/) {}
+    virtual void notified(int /*id*/, UINT /*code*/) {}
+    /// The background of a control that shows a text, where it is not the window's own.
+    virtual HBRUSH background_of(HWND /*control*/, HDC /*context*/) { return nullptr; }
+    virtual void focus_moved(HWND /*from*/, HWND /*to*/) {}
+    virtual void lost_activation(HWND /*to*/) {}
+    virtual void posted(UINT /*message*/, int /*value*/) {}
+    /// The close box or Alt+F4.
+    virtual void closing() { unload(); }
+    /// The Esc key.
+    virtual void escape() { closing(); }
+    virtual void form_unload() {}
+
+    /// Messages that a window posts to itself.
+    static constexpr UINT first_posted = WM_APP + 0x100;
+
+ private:
+    friend class ModalScope;
+
+    struct Placed {
+        HWND window;
+        int id;
+        Place place;
+        const wchar_t* window_class;
+    };
+
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    static LRESULT CALLBACK picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    static LRESULT CALLBACK watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                        UINT_PTR id, DWORD_PTR owner);
+    LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void command(int id, UINT code, bool from_control);
+    void focus_inside();
+    void rescale(int dots_per_inch, const RECT& bounds);
+    void put_in_place(const Placed& placed) const noexcept;
+    void make_font_current();
+    [[nodiscard]] Placed* find(int id) noexcept;
+
+    const WindowDesign design_;
+    HWND handle_ = nullptr;
+    HWND tooltips_ = nullptr;
+    HWND last_focus_ = nullptr;
+    bool ready_ = false;  // events reach the window once its controls are there
+    Scale scale_;
+    Font font_;
+    std::vector<Placed> controls_;
+    std::optional<std::wstring> caption_;
+    ModalScope* modal_ = nullptr;
+    std::shared_ptr<Window> self_;  // while loaded
+};
+
+}  // namespace kovrel

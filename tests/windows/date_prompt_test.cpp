@@ -1,0 +1,272 @@
+// The date prompt: a question, a date field and one button.
+#include <windows.h>
+#include <commctrl.h>
+
+#include <functional>
+#include <gtest/gtest.h>
+
+#include "runtime/calendar.h"
+#include "tests/automation/box_lines.h"
+#include "tests/automation/early.h"
+
+namespace kovrel::test {
+namespace {
+
+constexpr const wchar_t* prompt_class = L"Kovrel.frmFECHA1";
+
+const WindowQuery prompt{prompt_class, {}, 0};
+
+HWND date_field(HWND window) {
+    return find_control(window, DATETIMEPICK_CLASSW);
+}
+HWND ok_button(HWND window) {
+    return find_control(window, L"Button");
+}
+void press_ok(HWND window) {
+    PostMessageW(ok_button(window), BM_CLICK, 0, 0);
+}
+
+double day(int year, int month, int day_of_month) {
+    return day_count({year, month, day_of_month});
+}
+
+double now_day() {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return day(now.wYear, now.wMonth, now.wDay);
+}
+
+class DatePrompt : public testing::Test {
+ protected:
+    double result_of(const Outcome& outcome) {
+        EXPECT_EQ(outcome.result, S_OK);
+        EXPECT_EQ(outcome.value.vt, VT_DATE);
+        return outcome.value.date;
+    }
+    double ask_date(const std::function<void(HWND)>& work,
+                    const std::vector<LateArgument>& arguments) {
+        BoxWatcher windows({on_window(prompt, work)});
+        return result_of(call(dates_.get(), L"PideFecha", arguments));
+    }
+
+    ComPtr<IDispatch> dates_ = create(L"Kovrel.clsFFechas");
+};
+
+// In front, with the keyboard in its date field.
+void come_to_front(HWND window) {
+    EXPECT_TRUE(bring_to_front(window));
+    EXPECT_TRUE(wait_until([&] { return focus_of(window) == date_field(window); }));
+}
+
+TEST_F(DatePrompt, ProposesTodayAndWritesItBack) {
+    Variant proposed(Date{0});
+    const double today = now_day();
+    const double chosen = ask_date(
+        [](HWND window) {
+            EXPECT_EQ(text_of(window), L"Fecha");
+            EXPECT_TRUE(find_control(window, L"Static", L"¿En qué fecha se cobró el recibo?"));
+            EXPECT_TRUE(find_control(window, L"Static", L"Fecha:"));
+            EXPECT_EQ(text_of(ok_button(window)), L"Aceptar");
+            const auto style = GetWindowLongW(ok_button(window), GWL_STYLE);
+            EXPECT_NE(style & BS_ICON, 0);
+            EXPECT_NE(ask(ok_button(window), BM_GETIMAGE, IMAGE_ICON), 0);
+            EXPECT_TRUE(save_picture(window, picture_folder() / L"date_prompt.png"));
+            press_ok(window);
+        },
+        {L"¿En qué fecha se cobró el recibo?", L"Fecha", LateArgument::variable(proposed)});
+    EXPECT_EQ(chosen, today);
+    EXPECT_EQ(proposed.to_date(), Date{today});
+}
+
+TEST_F(DatePrompt, OnlyTheQuestionIsNeeded) {
+    EXPECT_EQ(ask_date(
+                  [](HWND window) {
+                      EXPECT_EQ(text_of(window), L"Fecha");
+                      press_ok(window);
+                  },
+                  {L"¿Fecha?"}),
+              now_day());
+}
+
+TEST_F(DatePrompt, TheCaptionAndTheProposedDateAreTheHosts) {
+    Variant proposed(Date{day(1999, 12, 31)});
+    EXPECT_EQ(
+        ask_date(
+            [](HWND window) {
+                EXPECT_EQ(text_of(window), L"Baja del contrato");
+                press_ok(window);
+            },
+            {L"Escriba la fecha de baja", L"Baja del contrato", LateArgument::variable(proposed)}),
+        day(1999, 12, 31));
+    EXPECT_EQ(proposed.to_date(), Date{day(1999, 12, 31)});
+}
+
+TEST_F(DatePrompt, KeepsTheTimeOfAProposedDate) {
+    const double chosen =
+        ask_date(press_ok, {L"¿Cuándo?", L"Fecha", Variant(Date{day(2024, 2, 29) + 0.75})});
+    EXPECT_EQ(chosen, day(2024, 2, 29) + 0.75);
+}
+
+TEST_F(DatePrompt, AnEmptyCaptionStaysEmpty) {
+    ask_date(
+        [](HWND window) {
+            EXPECT_EQ(text_of(window), L"");
+            press_ok(window);
+        },
+        {L"¿Fecha?", L""});
+}
+
+TEST_F(DatePrompt, TheKeyboardAloneIsEnough) {
+    EXPECT_EQ(ask_date(
+                  [](HWND window) {
+                      come_to_front(window);
+                      EXPECT_EQ(tab_order(window),
+                                (std::vector<HWND>{date_field(window), ok_button(window)}));
+                      type_text(L"15");
+                      press_key(VK_RIGHT);
+                      type_text(L"08");
+                      press_key(VK_RIGHT);
+                      type_text(L"2023");
+                      press_key(VK_RETURN);
+                  },
+                  {L"¿Fecha de alta?", L"Alta", Variant(Date{day(2020, 1, 1)})}),
+              day(2023, 8, 15));
+}
+
+TEST_F(DatePrompt, AnEmptyFieldIsAskedForAgain) {
+    const double chosen = [&] {
+        HWND asked = nullptr;
+        BoxWatcher windows({on_window(prompt, [&](HWND window) {
+            asked = window;
+            EXPECT_TRUE(ask(date_field(window), DTM_SETSYSTEMTIME, GDT_NONE) != 0);
+            press_ok(window);
+            HWND const box = wait_for_window({L"#32770", L"kovrel", 0});
+            EXPECT_NE(box, nullptr);
+            auto seen = read_box(box);
+            EXPECT_TRUE(seen);
+            if (!seen) return;
+            EXPECT_EQ(as_line(*seen), L"48|kovrel|Por favor, escriba una fecha correctamente|0");
+            EXPECT_TRUE(save_picture(window, picture_folder() / L"date_prompt_empty.png"));
+            EXPECT_TRUE(answer_box(box, *seen, {IDOK, 0}));
+            EXPECT_TRUE(IsWindowVisible(window));
+            EXPECT_TRUE(wait_until([&] { return focus_of(window) == date_field(window); }));
+            const SYSTEMTIME valid{2025, 3, 0, 9, 0, 0, 0, 0};
+            ask(date_field(window), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&valid));
+            press_ok(window);
+        })});
+        return result_of(call(dates_.get(), L"PideFecha", {L"¿Fecha?"}));
+    }();
+    EXPECT_EQ(chosen, day(2025, 3, 9));
+}
+
+TEST_F(DatePrompt, TheDayThatMeansNoDateCannotBeChosen) {
+    EXPECT_EQ(ask_date(
+                  [](HWND window) {
+                      const SYSTEMTIME none{1899, 12, 0, 30, 0, 0, 0, 0};
+                      ask(date_field(window), DTM_SETSYSTEMTIME, GDT_VALID,
+                          reinterpret_cast<LPARAM>(&none));
+                      press_ok(window);
+                      HWND const box = wait_for_window({L"#32770", L"kovrel", 0});
+                      auto seen = read_box(box);
+                      EXPECT_TRUE(seen && answer_box(box, *seen, {IDOK, 0}));
+                      const SYSTEMTIME valid{1899, 12, 0, 31, 0, 0, 0, 0};
+                      ask(date_field(window), DTM_SETSYSTEMTIME, GDT_VALID,
+                          reinterpret_cast<LPARAM>(&valid));
+                      press_ok(window);
+                  },
+                  {L"¿Fecha?"}),
+              1);
+}
+
+TEST_F(DatePrompt, OnlyTheButtonClosesIt) {
+    ask_date(
+        [](HWND window) {
+            EXPECT_EQ(GetWindowLongW(window, GWL_STYLE) & WS_SYSMENU, 0);
+            come_to_front(window);
+            press_key(VK_ESCAPE);
+            ask(window, WM_NULL);
+            EXPECT_TRUE(IsWindowVisible(window));
+            ask(window, WM_SYSKEYDOWN, VK_F4, 1L << 29);
+            ask(window, WM_CLOSE);
+            ask(window, WM_SYSCOMMAND, SC_CLOSE);
+            EXPECT_TRUE(IsWindowVisible(window));
+            press_key(VK_TAB);
+            EXPECT_TRUE(wait_until([&] { return focus_of(window) == ok_button(window); }));
+            press_key(VK_SPACE);
+        },
+        {L"¿Fecha?"});
+}
+
+TEST_F(DatePrompt, TwoCallsInARow) {
+    ask_date(press_ok, {L"Primera pregunta", L"Una", Variant(Date{day(2001, 1, 1)})});
+    EXPECT_EQ(ask_date(
+                  [](HWND window) {
+                      EXPECT_EQ(text_of(window), L"Fecha");
+                      EXPECT_TRUE(find_control(window, L"Static", L"Segunda pregunta"));
+                      press_ok(window);
+                  },
+                  {L"Segunda pregunta"}),
+              now_day());
+}
+
+TEST_F(DatePrompt, ALongQuestionIsShownWhole) {
+    std::wstring question;
+    for (int part = 0; part < 6; ++part) {
+        question += L"El recibo se devolvió y se ha vuelto a presentar al cobro. ";
+    }
+    question += L"& ¿en qué fecha?";
+    ask_date(
+        [&](HWND window) {
+            HWND const label = find_control(window, L"Static", question);
+            RECT bounds{};
+            GetClientRect(label, &bounds);
+            EXPECT_GT(bounds.bottom, 60);
+            EXPECT_TRUE(save_picture(window, picture_folder() / L"date_prompt_long.png"));
+            press_ok(window);
+        },
+        {question, L"Fecha de cobro"});
+}
+
+TEST_F(DatePrompt, ADateThatTheFieldCannotShowIsReported) {
+    for (const double impossible : {day(1600, 12, 31), day(100, 1, 1), 5e6, -1e9}) {
+        BoxWatcher boxes({answer(IDOK)});
+        const Outcome outcome =
+            call(dates_.get(), L"PideFecha", {L"¿Fecha?", L"Fecha", Variant(Date{impossible})});
+        EXPECT_EQ(result_of(outcome), 0);
+        EXPECT_EQ(lines_of(boxes),
+                  Lines{"16|kovrel|Error 5\\r (Llamada a procedimiento o argumento no válidos) en "
+                        "procedimiento PideFecha del Módulo de clase clsFFechas.|1"});
+    }
+    EXPECT_TRUE(top_level_windows(prompt).empty());
+    // The next call begins afresh.
+    EXPECT_EQ(ask_date(press_ok, {L"¿Fecha?"}), now_day());
+}
+
+TEST_F(DatePrompt, EarlyBound) {
+    using Ask = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, BSTR*, DATE*, DATE*);
+    BoxWatcher windows({on_window(prompt, press_ok)});
+    Bstr question(L"¿Fecha?");
+    Bstr caption(L"Entrega");
+    BSTR raw_question = question.get();
+    BSTR raw_caption = caption.get();
+    DATE proposed = 0;
+    DATE chosen = 0;
+    EXPECT_EQ(early<Ask>(dates_.get(), L"PideFecha")(dates_.get(), &raw_question, &raw_caption,
+                                                     &proposed, &chosen),
+              S_OK);
+    EXPECT_EQ(chosen, now_day());
+    EXPECT_EQ(proposed, now_day());
+}
+
+TEST_F(DatePrompt, LeavesNothingBehind) {
+    const auto once = [&] { ask_date(press_ok, {L"¿Fecha?"}); };
+    once();
+    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    const DWORD windows_before = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    for (int round = 0; round < 10; ++round) once();
+    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
+    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows_before);
+}
+
+}  // namespace
+}  // namespace kovrel::test

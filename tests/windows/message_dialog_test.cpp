@@ -1,0 +1,313 @@
+// The message dialog: a long text in a window of its own.
+#include <algorithm>
+#include <functional>
+#include <gmock/gmock.h>
+
+#include "tests/automation/late.h"
+#include "tests/support/box_watcher.h"
+
+namespace kovrel::test {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr const wchar_t* dialog_class = L"Kovrel.frmDialogo";
+
+// Shows the dialog and works it from the watcher's thread; the work must close it.
+void show_dialog(const std::wstring& caption, const std::wstring& text,
+                 const std::function<void(HWND)>& work, bool proportional = false) {
+    const auto catalogue = create(L"Kovrel.clsMensajes");
+    ASSERT_TRUE(catalogue);
+    BoxWatcher windows({on_window({dialog_class, {}, 0}, work)});
+    const Outcome outcome = call(catalogue.get(), L"MsgFormA", {caption, text, proportional});
+    EXPECT_EQ(outcome.result, S_OK);
+}
+
+HWND text_box(HWND dialog) {
+    return find_control(dialog, L"Edit");
+}
+HWND ok_button(HWND dialog) {
+    return find_control(dialog, L"Button");
+}
+HWND strip(HWND dialog) {
+    return find_control(dialog, L"Kovrel.PictureBox");
+}
+
+void close_by_button(HWND dialog) {
+    PostMessageW(ok_button(dialog), BM_CLICK, 0, 0);
+}
+
+RECT bounds_in(HWND control, HWND parent) {
+    RECT bounds{};
+    GetWindowRect(control, &bounds);
+    MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&bounds), 2);
+    return bounds;
+}
+
+RECT inner(HWND window) {
+    RECT bounds{};
+    GetClientRect(window, &bounds);
+    return bounds;
+}
+
+LOGFONTW font_of(HWND control) {
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HFONT>(ask(control, WM_GETFONT)), sizeof font, &font);
+    return font;
+}
+
+// Outer size, and wait until the controls have followed.
+void resize_and_settle(HWND dialog, int width, int height) {
+    resize(dialog, width, height);
+    EXPECT_TRUE(wait_until([&] {
+        ask(dialog, WM_NULL);
+        return bounds_in(strip(dialog), dialog).bottom == inner(dialog).bottom;
+    }));
+}
+
+std::wstring long_text() {
+    std::wstring text = L"Línea   Concepto                    Importe";
+    for (int line = 1; line <= 60; ++line) {
+        std::wstring number = std::to_wstring(line);
+        text += L"\r" + std::wstring(5 - number.size(), L' ') + number +
+                L"   Cuota de mantenimiento       120,50 €";
+    }
+    return text;
+}
+
+TEST(MessageDialog, ShowsItsCaptionAndItsText) {
+    show_dialog(L"Resultado", L"Primera\rSegunda", [](HWND dialog) {
+        EXPECT_EQ(text_of(dialog), L"Resultado");
+        EXPECT_EQ(text_of(text_box(dialog)), L"Primera\r\nSegunda");
+        EXPECT_EQ(text_of(ok_button(dialog)), L"Aceptar");
+        EXPECT_EQ(GetWindow(dialog, GW_OWNER), nullptr);
+        close_by_button(dialog);
+    });
+}
+
+TEST(MessageDialog, AnEmptyCaptionIsInformation) {
+    show_dialog(L"", L"Texto", [](HWND dialog) {
+        EXPECT_EQ(text_of(dialog), L"Información");
+        close_by_button(dialog);
+    });
+}
+
+TEST(MessageDialog, LoneCarriageReturnsBreakLines) {
+    show_dialog(L"Líneas", L"uno\rdos\r\ntres\ncuatro\r\rseis", [](HWND dialog) {
+        EXPECT_EQ(ask(text_box(dialog), EM_GETLINECOUNT), 6);
+        EXPECT_EQ(text_of(text_box(dialog)), L"uno\r\ndos\r\ntres\r\ncuatro\r\n\r\nseis");
+        close_by_button(dialog);
+    });
+}
+
+TEST(MessageDialog, LongTextsScrollAndAreWhole) {
+    std::wstring text;
+    for (int line = 0; line < 4000; ++line) text += L"Una línea del informe número mil\r";
+    show_dialog(L"Informe", text, [&](HWND dialog) {
+        HWND const box = text_box(dialog);
+        EXPECT_EQ(ask(box, EM_GETLINECOUNT), 4001);
+        EXPECT_EQ(ask(box, WM_GETTEXTLENGTH), static_cast<LRESULT>(text.size() + 4000));
+        EXPECT_EQ(ask(box, EM_GETFIRSTVISIBLELINE), 0);
+        ask(box, WM_VSCROLL, SB_BOTTOM);
+        EXPECT_GT(ask(box, EM_GETFIRSTVISIBLELINE), 3900);
+        close_by_button(dialog);
+    });
+}
+
+TEST(MessageDialog, CourierWithoutTheFlag) {
+    show_dialog(L"Cuotas", long_text(), [](HWND dialog) {
+        const LOGFONTW font = font_of(text_box(dialog));
+        EXPECT_STREQ(font.lfFaceName, L"Courier");
+        EXPECT_EQ(font.lfHeight, -13);  // 9.75 points at 96 dots per inch
+        EXPECT_EQ(font.lfWeight, FW_NORMAL);
+        EXPECT_TRUE(save_picture(dialog, picture_folder() / L"dialog_courier.png"));
+        close_by_button(dialog);
+    });
+}
+
+TEST(MessageDialog, SansSerifWithTheFlagAndCourierAgainAfterIt) {
+    const std::wstring text =
+        L"No ha sido posible abrir la base de datos de contratos porque otra persona la está "
+        L"utilizando en modo exclusivo.\r\rEspere a que termine, o pida que la cierre, y vuelva a "
+        L"intentarlo. Si el problema continúa, avise al servicio técnico.";
+    show_dialog(
+        L"Apertura de la base de datos", text,
+        [](HWND dialog) {
+            const LOGFONTW font = font_of(text_box(dialog));
+            EXPECT_STREQ(font.lfFaceName, L"MS Sans Serif");
+            EXPECT_EQ(font.lfHeight, -13);
+            EXPECT_TRUE(save_picture(dialog, picture_folder() / L"dialog_sans_serif.png"));
+            close_by_button(dialog);
+        },
+        true);
+    show_dialog(L"", text, [](HWND dialog) {
+        EXPECT_STREQ(font_of(text_box(dialog)).lfFaceName, L"Courier");
+        EXPECT_EQ(text_of(dialog), L"Información");
+        close_by_button(dialog);
+    });
+}
+
+TEST(MessageDialog, AnOmittedFlagIsCourier) {
+    const auto catalogue = create(L"Kovrel.clsMensajes");
+    BoxWatcher windows({on_window({dialog_class, {}, 0}, [](HWND dialog) {
+        EXPECT_STREQ(font_of(text_box(dialog)).lfFaceName, L"Courier");
+        close_by_button(dialog);
+    })});
+    EXPECT_EQ(call(catalogue.get(), L"MsgFormA", {L"Aviso", L"Texto"}).result, S_OK);
+}
+
+TEST(MessageDialog, EnterEscAndTheCloseBoxCloseIt) {
+    for (const WORD key : std::initializer_list<WORD>{VK_RETURN, VK_ESCAPE, VK_SPACE}) {
+        show_dialog(L"Tecla", L"Texto", [key](HWND dialog) {
+            EXPECT_TRUE(bring_to_front(dialog));
+            // Space presses the button alone.
+            if (key == VK_SPACE) press_key(VK_TAB);
+            press_key(key);
+        });
+    }
+    show_dialog(L"Aspa", L"Texto", [](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); });
+}
+
+TEST(MessageDialog, TheKeyboardAloneSelectsAndCopies) {
+    show_dialog(L"Copia", L"Año 2026\rCuota", [](HWND dialog) {
+        EXPECT_TRUE(bring_to_front(dialog));
+        HWND const box = text_box(dialog);
+        EXPECT_THAT(tab_order(dialog), ElementsAre(box, ok_button(dialog)));
+        EXPECT_TRUE(wait_until([&] { return focus_of(dialog) == box; }));
+        press_key('A', Modifier::control);
+        EXPECT_TRUE(wait_until([&] { return HIWORD(ask(box, EM_GETSEL)) == 15; }));
+        press_key('C', Modifier::control);
+        EXPECT_TRUE(wait_until([] { return IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE; }));
+        std::wstring copied;
+        EXPECT_TRUE(wait_until([&] {
+            if (OpenClipboard(nullptr) == FALSE) return false;
+            HANDLE const data = GetClipboardData(CF_UNICODETEXT);
+            if (data != nullptr) {
+                copied = static_cast<const wchar_t*>(GlobalLock(data));
+                GlobalUnlock(data);
+            }
+            CloseClipboard();
+            return !copied.empty();
+        }));
+        EXPECT_EQ(copied, L"Año 2026\r\nCuota");
+        // The text can be read and not changed.
+        type_text(L"x");
+        press_key(VK_TAB);
+        EXPECT_TRUE(wait_until([&] { return focus_of(dialog) == ok_button(dialog); }));
+        EXPECT_EQ(text_of(box), L"Año 2026\r\nCuota");
+        press_key(VK_RETURN);
+    });
+}
+
+TEST(MessageDialog, TheTextBoxFillsAllButTheStripAtEverySize) {
+    show_dialog(L"Tamaños", long_text(), [](HWND dialog) {
+        const int strip_height = inner(strip(dialog)).bottom;
+        EXPECT_GT(strip_height, 0);
+        for (const auto& [width, height] :
+             std::initializer_list<std::pair<int, int>>{{500, 300}, {1200, 900}, {300, 200}}) {
+            resize_and_settle(dialog, width, height);
+            const RECT whole = inner(dialog);
+            const RECT box = bounds_in(text_box(dialog), dialog);
+            EXPECT_EQ(box.left, 0);
+            EXPECT_EQ(box.top, 0);
+            EXPECT_EQ(box.right, whole.right);
+            EXPECT_EQ(box.bottom, whole.bottom - strip_height);
+            const RECT base = bounds_in(strip(dialog), dialog);
+            EXPECT_EQ(base.left, 0);
+            EXPECT_EQ(base.right, whole.right);
+            EXPECT_EQ(base.bottom - base.top, strip_height);
+            const RECT button = bounds_in(ok_button(dialog), strip(dialog));
+            EXPECT_NEAR(button.left, whole.right - button.right, 1);
+        }
+        close_by_button(dialog);
+    });
+}
+
+TEST(MessageDialog, ASmallWindowHidesTheTextAndPinsTheButton) {
+    show_dialog(L"Mínima", long_text(), [](HWND dialog) {
+        resize_and_settle(dialog, 40, 40);
+        const RECT whole = inner(dialog);
+        const RECT button = bounds_in(ok_button(dialog), strip(dialog));
+        EXPECT_EQ(inner(text_box(dialog)).bottom, 0);
+        EXPECT_LT(whole.bottom, inner(strip(dialog)).bottom);
+        if (whole.right < button.right - button.left) {
+            EXPECT_EQ(button.left, 0);
+        }
+        // The window manager may not make it narrow enough: the rule is the same inside.
+        SetWindowPos(strip(dialog), nullptr, 0, 0, 30, 48, SWP_NOZORDER | SWP_NOACTIVATE);
+        EXPECT_EQ(bounds_in(ok_button(dialog), strip(dialog)).left, 0);
+        resize_and_settle(dialog, 600, 400);
+        EXPECT_GT(inner(text_box(dialog)).bottom, 200);
+        close_by_button(dialog);
+    });
+}
+
+// A window of a host, with a field that has the keyboard.
+class HostWindow {
+ public:
+    explicit HostWindow(const wchar_t* title)
+        : window_(CreateWindowExW(0, L"#32770", title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20,
+                                  300, 200, nullptr, nullptr, nullptr, nullptr)),
+          field_(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_BORDER, 10, 10, 200,
+                                 24, window_, nullptr, nullptr, nullptr)) {}
+    HostWindow(const HostWindow&) = delete;
+    HostWindow& operator=(const HostWindow&) = delete;
+    ~HostWindow() { DestroyWindow(window_); }
+    [[nodiscard]] HWND window() const { return window_; }
+    [[nodiscard]] HWND field() const { return field_; }
+
+ private:
+    HWND window_;
+    HWND field_;
+};
+
+TEST(MessageDialog, IsModalAndGivesTheFocusBack) {
+    const HostWindow first(L"Contratos");
+    const HostWindow second(L"Pagadores");
+    EnableWindow(second.window(), FALSE);
+    const HostWindow third(L"Facturas");
+    SetActiveWindow(first.window());
+    SetFocus(first.field());
+    show_dialog(L"Modal", L"Texto", [&](HWND dialog) {
+        EXPECT_TRUE(bring_to_front(dialog));
+        EXPECT_FALSE(IsWindowEnabled(first.window()));
+        EXPECT_FALSE(IsWindowEnabled(second.window()));
+        EXPECT_FALSE(IsWindowEnabled(third.window()));
+        press_key(VK_RETURN);
+    });
+    EXPECT_TRUE(IsWindowEnabled(first.window()));
+    EXPECT_FALSE(IsWindowEnabled(second.window()));
+    EXPECT_TRUE(IsWindowEnabled(third.window()));
+    EXPECT_EQ(GetActiveWindow(), first.window());
+    EXPECT_EQ(GetFocus(), first.field());
+}
+
+TEST(MessageDialog, ARequestToQuitReachesTheHostAfterIt) {
+    const auto catalogue = create(L"Kovrel.clsMensajes");
+    const DWORD thread = GetCurrentThreadId();
+    BoxWatcher windows({on_window({dialog_class, {}, 0}, [thread](HWND dialog) {
+        PostThreadMessageW(thread, WM_QUIT, 7, 0);
+        ask(dialog, WM_NULL);
+        EXPECT_TRUE(IsWindowVisible(dialog));
+        close_by_button(dialog);
+    })});
+    EXPECT_EQ(call(catalogue.get(), L"MsgFormA", {L"Fin", L"Texto"}).result, S_OK);
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) && message.message != WM_QUIT) {
+    }
+    EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+    EXPECT_EQ(message.wParam, 7U);
+}
+
+TEST(MessageDialog, LeavesNothingBehind) {
+    const auto once = [] { show_dialog(L"Uno", L"Texto", close_by_button); };
+    once();
+    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    const DWORD windows_before = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    for (int round = 0; round < 10; ++round) once();
+    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
+    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows_before);
+}
+
+}  // namespace
+}  // namespace kovrel::test
