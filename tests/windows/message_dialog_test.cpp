@@ -3,8 +3,10 @@
 #include <functional>
 #include <gmock/gmock.h>
 
+#include "tests/automation/box_lines.h"
+#include "tests/automation/import_patch.h"
 #include "tests/automation/late.h"
-#include "tests/support/box_watcher.h"
+#include "tests/windows/host_window.h"
 
 namespace kovrel::test {
 namespace {
@@ -242,24 +244,23 @@ TEST(MessageDialog, ASmallWindowHidesTheTextAndPinsTheButton) {
     });
 }
 
-// A window of a host, with a field that has the keyboard.
-class HostWindow {
- public:
-    explicit HostWindow(const wchar_t* title)
-        : window_(CreateWindowExW(0, L"#32770", title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20,
-                                  300, 200, nullptr, nullptr, nullptr, nullptr)),
-          field_(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_BORDER, 10, 10, 200,
-                                 24, window_, nullptr, nullptr, nullptr)) {}
-    HostWindow(const HostWindow&) = delete;
-    HostWindow& operator=(const HostWindow&) = delete;
-    ~HostWindow() { DestroyWindow(window_); }
-    [[nodiscard]] HWND window() const { return window_; }
-    [[nodiscard]] HWND field() const { return field_; }
+HFONT WINAPI third_font_fails(const LOGFONTW* description) {
+    static int fonts = 0;
+    return ++fonts == 3 ? nullptr : CreateFontIndirectW(description);
+}
 
- private:
-    HWND window_;
-    HWND field_;
-};
+TEST(MessageDialog, AFailureWhileItLoadsShowsTheBoxAndThenTheWindow) {
+    const auto catalogue = create(L"Kovrel.clsMensajes");
+    // The window's own font and the text's are made before; then the load handler sets the text's.
+    const ImportPatch patch(L"kovrel.dll", "CreateFontIndirectW",
+                            reinterpret_cast<void*>(&third_font_fails));
+    ASSERT_TRUE(patch.in_place());
+    BoxWatcher windows({answer(IDOK), on_window({dialog_class, {}, 0}, close_by_button)});
+    EXPECT_EQ(call(catalogue.get(), L"MsgFormA", {L"Aviso", L"Texto"}).result, S_OK);
+    EXPECT_THAT(lines_of(windows),
+                ElementsAre(narrow(L"16|kovrel|Error 7\\r (Memoria insuficiente) en procedimiento "
+                                   L"Form_Load del Formulario frmDialogo.|1")));
+}
 
 TEST(MessageDialog, IsModalAndGivesTheFocusBack) {
     const HostWindow first(L"Contratos");
