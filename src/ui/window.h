@@ -26,7 +26,7 @@ struct WindowDesign {
 };
 
 /// A picture box: it holds controls, tells the window when its size changes, and can be painted.
-inline constexpr const wchar_t* picture_box_class = L"Kovrel.PictureBox";
+inline constexpr wchar_t picture_box_class[] = L"Kovrel.PictureBox";
 
 class ModalScope;
 

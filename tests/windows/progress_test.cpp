@@ -2,7 +2,6 @@
 #include <chrono>
 #include <gmock/gmock.h>
 #include <iostream>
-#include <psapi.h>
 #include <thread>
 
 #include "tests/automation/box_lines.h"
@@ -10,6 +9,9 @@
 #include "tests/support/scripted_object.h"
 #include "tests/windows/host_window.h"
 #include "ui/picture_surface.h"
+
+// After the platform's main header, which the headers above bring.
+#include <psapi.h>
 
 namespace kovrel::test {
 namespace {
@@ -262,7 +264,6 @@ TEST_F(Progress, TheTextIsInvertedUnderTheBar) {
     const COLORREF color = RGB(0, 96, 32);
     start({L"Inversión", L"", false, 0, 0, -1, -1, static_cast<std::int32_t>(color)});
     HWND const window = only_window();
-    // The text of 50 is drawn by a bar that has no length, too: that of 0 after its digits.
     update(50);
     settle();
     const Pixels half = bar_pixels(window);
@@ -380,7 +381,7 @@ TEST_F(Progress, AHostsPictureIsDrawnInTheStatedOrder) {
              {Variant(picture.query<IDispatch>()), std::int32_t{37}});
         Log expected = expected_calls(L"37%", L"37");
         expected.insert(expected.begin(), L"Cls()");
-        if (!auto_redraw) expected.insert(expected.begin(), L"put AutoRedraw = True");
+        if (!auto_redraw) expected.insert(expected.begin(), L"put AutoRedraw = -1");
         expected.insert(expected.begin(), L"get AutoRedraw");
         EXPECT_EQ(picture->log(), expected);
         EXPECT_THAT(types, ElementsAre(VT_I2, VT_R4, VT_R4, VT_R4, VT_R4, VT_I4));
