@@ -18,9 +18,9 @@ constexpr Rgb cross{255, 255, 255};
 /// What covers a point of the unit square around the origin, -1 to 1: the disc, the cross on it, or
 /// nothing.
 const Rgb* covering(double x, double y) {
-    constexpr double radius = 0.9;
-    constexpr double reach = 0.62;
-    constexpr double half_width = 0.13;
+    constexpr double radius = 0.8;
+    constexpr double reach = 0.54;
+    constexpr double half_width = 0.12;
     if (std::hypot(x, y) > radius) return nullptr;
     const double along = std::abs(x + y) / std::sqrt(2);
     const double across = std::abs(x - y) / std::sqrt(2);
