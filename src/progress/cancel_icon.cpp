@@ -34,15 +34,18 @@ std::uint32_t pixel(int column, int row, int size) {
     int green = 0;
     int blue = 0;
     int covered = 0;
-    for (int sample = 0; sample < samples * samples; ++sample) {
-        const double x = column + (sample % samples + 0.5) / samples;
-        const double y = row + (sample / samples + 0.5) / samples;
-        const Rgb* const color = covering(2 * x / size - 1, 2 * y / size - 1);
-        if (color == nullptr) continue;
-        ++covered;
-        red += color->red;
-        green += color->green;
-        blue += color->blue;
+    constexpr double step = 1.0 / samples;
+    for (int line = 0; line < samples; ++line) {
+        for (int place = 0; place < samples; ++place) {
+            const double x = column + (place + 0.5) * step;
+            const double y = row + (line + 0.5) * step;
+            const Rgb* const color = covering(2 * x / size - 1, 2 * y / size - 1);
+            if (color == nullptr) continue;
+            ++covered;
+            red += color->red;
+            green += color->green;
+            blue += color->blue;
+        }
     }
     constexpr int all = samples * samples;
     const auto part = [](int sum) { return static_cast<std::uint32_t>((sum + all / 2) / all); };

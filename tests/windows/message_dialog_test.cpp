@@ -149,6 +149,24 @@ TEST(MessageDialog, SansSerifWithTheFlagAndCourierAgainAfterIt) {
     });
 }
 
+TEST(MessageDialog, GrowsWithTheDisplaysResolution) {
+    show_dialog(L"Cuotas", long_text(), [](HWND dialog) {
+        RECT next{};
+        GetWindowRect(dialog, &next);
+        next.right = next.left + (next.right - next.left) * 3 / 2;
+        next.bottom = next.top + (next.bottom - next.top) * 3 / 2;
+        const int strip_height = inner(strip(dialog)).bottom;
+        ask(dialog, WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&next));
+        EXPECT_EQ(inner(strip(dialog)).bottom, strip_height * 3 / 2);
+        EXPECT_EQ(font_of(text_box(dialog)).lfHeight, -20);
+        const RECT box = bounds_in(text_box(dialog), dialog);
+        EXPECT_EQ(box.right, inner(dialog).right);
+        EXPECT_EQ(box.bottom, bounds_in(strip(dialog), dialog).top);
+        EXPECT_TRUE(save_picture(dialog, picture_folder() / L"dialog_144.png"));
+        close_by_button(dialog);
+    });
+}
+
 TEST(MessageDialog, AnOmittedFlagIsCourier) {
     const auto catalogue = create(L"Kovrel.clsMensajes");
     BoxWatcher windows({on_window({dialog_class, {}, 0}, [](HWND dialog) {
