@@ -3,7 +3,9 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace kovrel {
 
@@ -47,6 +49,9 @@ class Icon {
  private:
     HICON handle_ = nullptr;
 };
+
+/// A square icon of 0xAARRGGBB pixels, top row first, colours multiplied by their opacity.
+[[nodiscard]] Icon make_icon(const std::vector<std::uint32_t>& pixels, int size);
 
 /// Puts an object into a device context for as long as it lives.
 class Selected {

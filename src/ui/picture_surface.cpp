@@ -230,4 +230,10 @@ void PictureSurface::Refresh() {
     UpdateWindow(viewer_);
 }
 
+PictureObject make_picture() {
+    auto object = create_instance<PictureSurface>();
+    auto* const base = reinterpret_cast<ObjectBase*>(object.get());
+    return {std::move(object), &static_cast<Object<PictureSurface>*>(base)->implementation()};
+}
+
 }  // namespace kovrel

@@ -91,4 +91,12 @@ class PictureSurface {
     float height_in_units_ = 0;  // 0: twips
 };
 
+/// A surface as its users by name see it, and as the window that shows it does.
+struct PictureObject {
+    ComPtr<IDispatch> object;
+    PictureSurface* surface;  ///< lives as long as the object
+};
+
+[[nodiscard]] PictureObject make_picture();
+
 }  // namespace kovrel

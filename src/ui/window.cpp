@@ -263,6 +263,20 @@ void Window::command(int id, UINT code, bool from_control) {
     }
 }
 
+/// The keys of a dialog that reach a control itself: in a modeless window, through the loop of a
+/// host that knows nothing of it.
+bool Window::pressed(WPARAM key) {
+    if (modal_ != nullptr) return false;
+    if (key == VK_ESCAPE) {
+        escape();
+    } else if (key == VK_RETURN && design_.default_button != 0) {
+        clicked(design_.default_button);
+    } else {
+        return false;
+    }
+    return true;
+}
+
 LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case WM_COMMAND:
@@ -385,6 +399,14 @@ LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, L
                                      UINT_PTR /*id*/, DWORD_PTR owner) {
     auto* const self = reinterpret_cast<Window*>(owner);
     if (message == WM_SETFOCUS) self->last_focus_ = window;
+    if (message == WM_KEYDOWN && self->ready_) {
+        const std::shared_ptr<Window> alive = self->weak_from_this().lock();
+        try {
+            if (self->pressed(wparam)) return 0;
+        } catch (...) {
+            return 0;
+        }
+    }
     const LRESULT result = DefSubclassProc(window, message, wparam, lparam);
     if (message == WM_KILLFOCUS && self->ready_) {
         self->focus_moved(window, reinterpret_cast<HWND>(wparam));
