@@ -127,6 +127,8 @@ bool frmFECHA1::FechaOk() const {
 void frmFECHA1::clicked(int id) {
     if (id != cmdOK) return;
     guarded({L") en procedimiento cmdOK_Click del Formulario frmFECHA1."}, [&] {
+        // Digits still being typed count once the field loses the focus.
+        SetFocus(control(cmdOK));
         if (FechaOk()) {
             chosen = *value();
             unload();

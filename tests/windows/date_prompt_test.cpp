@@ -19,11 +19,17 @@ const WindowQuery prompt{prompt_class, {}, 0};
 HWND date_field(HWND window) {
     return find_control(window, DATETIMEPICK_CLASSW);
 }
+// The date field may have buttons of its own.
 HWND ok_button(HWND window) {
-    return find_control(window, L"Button");
+    return find_control(window, 104);
 }
 void press_ok(HWND window) {
     PostMessageW(ok_button(window), BM_CLICK, 0, 0);
+}
+
+void set_field(HWND window, const SYSTEMTIME& value, WPARAM state = GDT_VALID) {
+    EXPECT_NE(ask(date_field(window), DTM_SETSYSTEMTIME, state, reinterpret_cast<LPARAM>(&value)),
+              0);
 }
 
 double day(int year, int month, int day_of_month) {
@@ -122,6 +128,8 @@ TEST_F(DatePrompt, TheKeyboardAloneIsEnough) {
                       come_to_front(window);
                       EXPECT_EQ(tab_order(window),
                                 (std::vector<HWND>{date_field(window), ok_button(window)}));
+                      // From the check box of the field to its day.
+                      press_key(VK_RIGHT);
                       type_text(L"15");
                       press_key(VK_RIGHT);
                       type_text(L"08");
@@ -138,20 +146,19 @@ TEST_F(DatePrompt, AnEmptyFieldIsAskedForAgain) {
         HWND asked = nullptr;
         BoxWatcher windows({on_window(prompt, [&](HWND window) {
             asked = window;
-            EXPECT_TRUE(ask(date_field(window), DTM_SETSYSTEMTIME, GDT_NONE) != 0);
+            set_field(window, {}, GDT_NONE);
             press_ok(window);
             HWND const box = wait_for_window({L"#32770", L"kovrel", 0});
             EXPECT_NE(box, nullptr);
-            auto seen = read_box(box);
-            EXPECT_TRUE(seen);
+            std::optional<SeenBox> seen;
+            EXPECT_TRUE(wait_until([&] { return (seen = read_box(box)).has_value(); }));
             if (!seen) return;
             EXPECT_EQ(as_line(*seen), L"48|kovrel|Por favor, escriba una fecha correctamente|0");
             EXPECT_TRUE(save_picture(window, picture_folder() / L"date_prompt_empty.png"));
             EXPECT_TRUE(answer_box(box, *seen, {IDOK, 0}));
             EXPECT_TRUE(IsWindowVisible(window));
             EXPECT_TRUE(wait_until([&] { return focus_of(window) == date_field(window); }));
-            const SYSTEMTIME valid{2025, 3, 0, 9, 0, 0, 0, 0};
-            ask(date_field(window), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&valid));
+            set_field(window, {2025, 3, 0, 9, 0, 0, 0, 0});
             press_ok(window);
         })});
         return result_of(call(dates_.get(), L"PideFecha", {L"¿Fecha?"}));
@@ -162,16 +169,13 @@ TEST_F(DatePrompt, AnEmptyFieldIsAskedForAgain) {
 TEST_F(DatePrompt, TheDayThatMeansNoDateCannotBeChosen) {
     EXPECT_EQ(ask_date(
                   [](HWND window) {
-                      const SYSTEMTIME none{1899, 12, 0, 30, 0, 0, 0, 0};
-                      ask(date_field(window), DTM_SETSYSTEMTIME, GDT_VALID,
-                          reinterpret_cast<LPARAM>(&none));
+                      set_field(window, {1899, 12, 0, 30, 0, 0, 0, 0});
                       press_ok(window);
                       HWND const box = wait_for_window({L"#32770", L"kovrel", 0});
-                      auto seen = read_box(box);
+                      std::optional<SeenBox> seen;
+                      EXPECT_TRUE(wait_until([&] { return (seen = read_box(box)).has_value(); }));
                       EXPECT_TRUE(seen && answer_box(box, *seen, {IDOK, 0}));
-                      const SYSTEMTIME valid{1899, 12, 0, 31, 0, 0, 0, 0};
-                      ask(date_field(window), DTM_SETSYSTEMTIME, GDT_VALID,
-                          reinterpret_cast<LPARAM>(&valid));
+                      set_field(window, {1899, 12, 0, 31, 0, 0, 0, 0});
                       press_ok(window);
                   },
                   {L"¿Fecha?"}),

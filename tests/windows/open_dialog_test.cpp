@@ -213,7 +213,9 @@ TEST_F(OpenDialog, TheActionOneShowsIt) {
     }
     EXPECT_EQ(read(L"FileName"), folder_ / L"dos.txt");
     BoxWatcher no_window;
-    for (const std::int16_t action : {0, 2, -1, 3}) set(L"Action", Variant(action));
+    for (const int action : {0, 2, -1, 3}) {
+        set(L"Action", Variant(static_cast<std::int16_t>(action)));
+    }
 }
 
 TEST_F(OpenDialog, TheOwnerIsDisabledMeanwhile) {
