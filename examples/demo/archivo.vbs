@@ -2,7 +2,7 @@
 '   cscript //nologo archivo.vbs CARPETA NOMBRE ARCHIVO...
 Option Explicit
 
-Dim compresor, nombres(), n
+Dim compresor, nombres, n
 Set compresor = CreateObject("Kovrel.clsFZip")
 compresor.AppOrigen = "Demostración"
 ReDim nombres(WScript.Arguments.Count - 3)

@@ -7,6 +7,7 @@
 
 #include "automation/boundary.h"
 #include "automation/module.h"
+#include "automation/record_sizes.h"
 
 namespace kovrel {
 namespace {
@@ -258,6 +259,13 @@ class LibraryWriter {
 
 void write_type_library(const LibraryInfo& library, const std::wstring& path, SYSKIND system) {
     LibraryWriter(library, path, system).write();
+    // Types lie in the file in the order in which they were begun.
+    std::vector<RecordSize> sizes;
+    const std::uint32_t pointer_size = system == SYS_WIN64 ? 8 : 4;
+    for (const RecordInfo* record : library.records) {
+        sizes.push_back({library.enumerations.size() + sizes.size(), record->size * pointer_size});
+    }
+    write_record_sizes(path, sizes);
 }
 
 HRESULT own_type_info(const GUID& id, ITypeInfo** result) noexcept {
