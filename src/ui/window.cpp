@@ -289,6 +289,10 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         case DM_GETDEFID:
             return design_.default_button != 0 ? MAKELRESULT(design_.default_button, DC_HASDEFID)
                                                : 0;
+        case WM_NEXTDLGCTL:
+            // An access key of a label: the control is named, not the direction.
+            if (LOWORD(lparam) != FALSE) SetFocus(reinterpret_cast<HWND>(wparam));
+            return 0;
         case WM_SETFOCUS:
             focus_inside();
             return 0;
