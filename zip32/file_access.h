@@ -24,7 +24,8 @@ struct FileStatus {
     std::uint32_t attributes = 0;
 };
 
-/// What an entry made here says about its origin ("version made by"): 2.0 and DOS (0) or Unix (3).
+/// What an entry made here says about its origin ("version made by"): 2.0 and Windows (10) or Unix
+/// (3).
 [[nodiscard]] std::uint16_t made_by_this_system() noexcept;
 
 /// The status of a regular file or folder; nothing when there is none of that name (nor for

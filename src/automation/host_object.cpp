@@ -1,5 +1,7 @@
 #include "automation/host_object.h"
 
+#include <dispex.h>
+
 #include <vector>
 
 #include "automation/bstr.h"
@@ -84,7 +86,14 @@ DISPID HostObject::id_of(std::wstring_view member) const {
     std::wstring name(member);
     LPOLESTR names = name.data();
     DISPID id = DISPID_UNKNOWN;
-    const HRESULT result = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
+    HRESULT result = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
+    if (result == E_NOTIMPL) {
+        // Wine's script engine tells the names of its own objects' members here only.
+        const auto extended = object_.query<IDispatchEx>();
+        if (extended) {
+            result = extended->GetDispID(Bstr(name).get(), fdexNameCaseInsensitive, &id);
+        }
+    }
     if (FAILED(result)) raise(result);
     ids_.emplace(std::move(name), id);
     return id;
@@ -126,6 +135,10 @@ Variant HostObject::invoke_reversed(DISPID id, WORD flags, Arguments arguments) 
 
 Variant HostObject::get(std::wstring_view member, Arguments arguments) const {
     return invoke_reversed(id_of(member), DISPATCH_PROPERTYGET | DISPATCH_METHOD, arguments);
+}
+
+Variant HostObject::field(std::wstring_view member) const {
+    return invoke(id_of(member), DISPATCH_PROPERTYGET, nullptr, 0);
 }
 
 void HostObject::put(std::wstring_view member, const Variant& value) const {

@@ -26,6 +26,8 @@ class HostObject {
     using Arguments = std::initializer_list<Variant>;
 
     [[nodiscard]] Variant get(std::wstring_view member, Arguments arguments = {}) const;
+    /// The value of a field. Script hosts may take `get` for a call of what the field holds.
+    [[nodiscard]] Variant field(std::wstring_view member) const;
     void put(std::wstring_view member, const Variant& value) const;
     /// Sets a property to an object by reference ("Set" in the hosts that know the difference).
     void put_object(std::wstring_view member, const Variant& value) const;

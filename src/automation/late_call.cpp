@@ -91,11 +91,11 @@ std::vector<std::wstring> texts_of_array(SAFEARRAY* array, VARTYPE element) {
 /// The texts of a script's array object, whose elements are members named by their index.
 std::vector<std::wstring> texts_of_object(IDispatch* object, std::uint32_t limit) {
     const HostObject array(object);
-    const std::int32_t length = array.get(L"length").to_int32();
+    const std::int32_t length = array.field(L"length").to_int32();
     if (length < 0 || static_cast<std::uint32_t>(length) > limit) throw BadValue{DISP_E_BADINDEX};
     std::vector<std::wstring> texts;
     for (std::int32_t index = 0; index < length; ++index) {
-        texts.push_back(array.get(std::to_wstring(index)).to_text_or_empty());
+        texts.push_back(array.field(std::to_wstring(index)).to_text_or_empty());
     }
     return texts;
 }

@@ -80,7 +80,8 @@ bool cgsFileOpR::ShowOpen(Variant vFileName, Variant vTitle, Variant vFilter, co
             record.Flags = static_cast<DWORD>(Flags);
             record.lpstrDefExt = "0";
             record.lpTemplateName = "0";
-            static_assert(sizeof(void*) == 8 || sizeof record == 76);
+            // The published sizes of this version of the record.
+            static_assert(sizeof record == (sizeof(void*) == 4 ? 76 : 136));
             const bool multiple = (record.Flags & OFN_ALLOWMULTISELECT) != 0;
             if (GetOpenFileNameA(reinterpret_cast<OPENFILENAMEA*>(&record)) == FALSE) {
                 if (CancelError) note_cancelled();

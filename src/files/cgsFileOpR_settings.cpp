@@ -56,7 +56,7 @@ std::wstring cgsFileOpR::QuitarCaracterEx(std::wstring sValor, std::wstring sCar
     return guarded<std::wstring>(
         {L") en procedimiento QuitarCaracterEx del Módulo de clase cgsFileOpR."},
         [&](std::wstring& result) {
-            if (sPoner.is_missing()) {
+            if (sPoner.is_missing() || sCaracter.empty()) {
                 result = replace_text(sValor, sCaracter, std::nullopt);
             } else {
                 const std::wstring replacement = sPoner.to_text();

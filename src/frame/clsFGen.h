@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "automation/class_info.h"
 #include "automation/com_ptr.h"
@@ -12,12 +14,16 @@
 namespace kovrel {
 
 class clsMensajes;
+class frmBarraProgreso;
 
 class clsFGen {
  public:
     static const ClassInfo& class_info();
 
     clsFGen();
+    clsFGen(const clsFGen&) = delete;
+    clsFGen& operator=(const clsFGen&) = delete;
+    ~clsFGen();
 
     [[nodiscard]] InstanceOf<clsMensajes> get_Mensajes() const;
     void set_Mensajes(InstanceOf<clsMensajes> messages);
@@ -73,6 +79,7 @@ class clsFGen {
                                   const std::int32_t& xInternal);
     std::wstring ConvEurosALetra(const double& dblNumero);
     std::wstring DescripNIFCIF(std::wstring strLetra);
+    /// True once the user has pressed cancel in the window that updates go to.
     bool BarraProgresoCancelada();
 
  private:
@@ -82,6 +89,10 @@ class clsFGen {
 
     InstanceOf<clsMensajes> messages_;
     std::wstring name_;
+    /// The window that updates go to; it stays here, closed, after the user has canceled.
+    std::shared_ptr<frmBarraProgreso> progress_window_;
+    /// Every window opened that may still be there.
+    std::vector<std::weak_ptr<frmBarraProgreso>> progress_windows_;
 };
 
 }  // namespace kovrel

@@ -26,16 +26,17 @@ void frmDialogo::create_controls() {
     constexpr DWORD text_box = WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL;
     // Columns of the fixed-pitch font stay columns; sentences of the other are wrapped.
     const DWORD lines = FuenteTT ? 0 : WS_HSCROLL | ES_AUTOHSCROLL;
-    give_dialog_keys(
-        add({L"EDIT", L"", text_box | lines, TxtMensaje, {}, WS_EX_CLIENTEDGE}));
+    give_dialog_keys(add({L"EDIT", L"", text_box | lines, TxtMensaje, {}, WS_EX_CLIENTEDGE}));
     HWND const base =
         add({picture_box_class, L"", 0, PictureBase, {0, 0, 0, strip_height}, WS_EX_CONTROLPARENT});
     add({L"BUTTON", L"Aceptar", WS_TABSTOP | BS_DEFPUSHBUTTON, OKButton, button}, base);
 }
 
 void frmDialogo::apply_scale() {
-    text_font_ = make_font(named_font(FuenteTT ? L"MS Sans Serif" : L"Courier", font_size,
-                                      scale().dots_per_inch()));
+    const int resolution = scale().dots_per_inch();
+    text_font_ = make_font(
+        FuenteTT ? named_font(L"MS Sans Serif", font_size, resolution)
+                 : named_font(L"Courier", font_size, resolution, FIXED_PITCH | FF_MODERN));
     HWND const text = control(TxtMensaje);
     SendMessageW(text, WM_SETFONT, reinterpret_cast<WPARAM>(text_font_.get()), TRUE);
     SendMessageW(text, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN,

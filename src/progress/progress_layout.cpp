@@ -1,13 +1,17 @@
 #include "progress/progress_layout.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace kovrel {
 
 std::int32_t fitted_window_height(const ProgressHeights& heights, bool base_visible) {
-    constexpr std::int32_t spare = 80;
-    const std::int32_t frame = heights.window - heights.inner;
-    return frame + heights.header + heights.bar + (base_visible ? heights.base : 0) + spare;
+    constexpr std::int64_t spare = 80;
+    const std::int64_t frame = std::int64_t{heights.window} - heights.inner;
+    const std::int64_t areas =
+        std::int64_t{heights.header} + heights.bar + (base_visible ? heights.base : 0);
+    constexpr std::int64_t limit = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::clamp(frame + areas + spare, -limit, limit));
 }
 
 ProgressRectangle header_label_place(const ProgressRectangle& header_inner) {

@@ -14,7 +14,8 @@ struct ProgressHeights {
     std::int32_t base;  ///< the button area, whether it is shown or not
 };
 
-/// The window's outer height that fits the areas it shows, with 80 twips to spare.
+/// The window's outer height that fits the areas it shows, with 80 twips to spare; cut to what a
+/// 32-bit number holds.
 [[nodiscard]] std::int32_t fitted_window_height(const ProgressHeights& heights, bool base_visible);
 
 /// The inner rectangle of the header, and the place of its label, in twips.

@@ -39,11 +39,13 @@ LOGFONTW system_font(int dots_per_inch) noexcept {
     return font;
 }
 
-LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch) noexcept {
+LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch,
+                    BYTE pitch_and_family) noexcept {
     LOGFONTW font{};
     font.lfHeight = -MulDiv(hundredths, dots_per_inch, 7200);
     font.lfWeight = FW_NORMAL;
     font.lfCharSet = DEFAULT_CHARSET;
+    font.lfPitchAndFamily = pitch_and_family;
     std::wcsncpy(font.lfFaceName, name, std::size(font.lfFaceName) - 1);
     return font;
 }
@@ -52,6 +54,24 @@ Font make_font(const LOGFONTW& description) {
     Font font(CreateFontIndirectW(&description));
     if (font.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
     return font;
+}
+
+Icon make_icon(const std::vector<std::uint32_t>& pixels, int size) {
+    // Systems without opacity in icons show what the mask lets through.
+    const auto row_bytes = static_cast<std::size_t>((size + 15) / 16 * 2);
+    std::vector<std::uint8_t> mask(row_bytes * static_cast<std::size_t>(size));
+    for (std::size_t index = 0; index < pixels.size(); ++index) {
+        const auto columns = static_cast<std::size_t>(size);
+        if (pixels[index] >> 24 != 0) continue;
+        auto& byte = mask[index / columns * row_bytes + index % columns / 8];
+        byte = static_cast<std::uint8_t>(byte | 0x80U >> (index % columns % 8));
+    }
+    const Bitmap color(CreateBitmap(size, size, 1, 32, pixels.data()));
+    const Bitmap shape(CreateBitmap(size, size, 1, 1, mask.data()));
+    ICONINFO description{TRUE, 0, 0, shape.get(), color.get()};
+    Icon icon(CreateIconIndirect(&description));
+    if (icon.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
+    return icon;
 }
 
 }  // namespace kovrel

@@ -3,7 +3,9 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace kovrel {
 
@@ -48,6 +50,9 @@ class Icon {
     HICON handle_ = nullptr;
 };
 
+/// A square icon of 0xAARRGGBB pixels, top row first, colours multiplied by their opacity.
+[[nodiscard]] Icon make_icon(const std::vector<std::uint32_t>& pixels, int size);
+
 /// Puts an object into a device context for as long as it lives.
 class Selected {
  public:
@@ -68,8 +73,10 @@ class Selected {
 /// The description of the system's font for messages, for a display of that resolution.
 [[nodiscard]] LOGFONTW system_font(int dots_per_inch) noexcept;
 
-/// A font by name, in hundredths of a point; normal weight.
-[[nodiscard]] LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch) noexcept;
+/// A font by name, in hundredths of a point; normal weight. The pitch and family choose what stands
+/// in for it where the system does not have it.
+[[nodiscard]] LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch,
+                                  BYTE pitch_and_family = VARIABLE_PITCH | FF_SWISS) noexcept;
 
 [[nodiscard]] Font make_font(const LOGFONTW& description);
 

@@ -31,7 +31,7 @@ void pump(HWND window) {
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
-        dispatch(message);
+        if (window == nullptr || !IsDialogMessageW(window, &message)) dispatch(message);
         if (window != nullptr && !IsWindow(window)) return;
     }
 }

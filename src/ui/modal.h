@@ -10,7 +10,7 @@ namespace kovrel {
 /// Dispatches the events that wait in the thread's queue, and returns.
 void pump_events();
 
-/// Dispatches the waiting events of one window and its controls alone.
+/// Dispatches the waiting events of one window and its controls alone, with a dialog's keyboard.
 void pump_events_of(HWND window);
 
 /// Disables every other visible window of the thread; release gives them, and the focus, back.

@@ -1,7 +1,8 @@
 #include "ui/window.h"
 
-#include <algorithm>
 #include <commctrl.h>
+
+#include <algorithm>
 
 #include "automation/module.h"
 #include "runtime/failure.h"
@@ -125,11 +126,10 @@ void Window::set_caption(const std::wstring& caption) {
 }
 
 HWND Window::add(const ControlDesign& design, HWND parent) {
-    HWND const window =
-        CreateWindowExW(design.extended_style, design.window_class, design.text,
-                        design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
-                        parent != nullptr ? parent : handle_, control_menu(design.id), own_module(),
-                        nullptr);
+    HWND const window = CreateWindowExW(design.extended_style, design.window_class, design.text,
+                                        design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0,
+                                        0, 0, 0, parent != nullptr ? parent : handle_,
+                                        control_menu(design.id), own_module(), nullptr);
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
     controls_.push_back({window, design.id, design.place, design.window_class});
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
@@ -210,10 +210,10 @@ void Window::center_on_screen() {
 void Window::set_tooltip(int id, const std::wstring& text) {
     if (tooltips_ == nullptr) {
         const VisualStyles styles;
-        tooltips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                                    WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
-                                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, handle_, nullptr,
-                                    own_module(), nullptr);
+        tooltips_ =
+            CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                            WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
+                            CW_USEDEFAULT, CW_USEDEFAULT, handle_, nullptr, own_module(), nullptr);
         SendMessageW(tooltips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(6000));
     }
     std::wstring shown = text;
@@ -263,6 +263,20 @@ void Window::command(int id, UINT code, bool from_control) {
     }
 }
 
+/// The keys of a dialog that reach a control itself: in a modeless window, through the loop of a
+/// host that knows nothing of it.
+bool Window::pressed(WPARAM key) {
+    if (modal_ != nullptr) return false;
+    if (key == VK_ESCAPE) {
+        escape();
+    } else if (key == VK_RETURN && design_.default_button != 0) {
+        clicked(design_.default_button);
+    } else {
+        return false;
+    }
+    return true;
+}
+
 LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case WM_COMMAND:
@@ -281,8 +295,8 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         }
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLOREDIT:
-            if (HBRUSH const brush = background_of(reinterpret_cast<HWND>(lparam),
-                                                   reinterpret_cast<HDC>(wparam))) {
+            if (HBRUSH const brush =
+                    background_of(reinterpret_cast<HWND>(lparam), reinterpret_cast<HDC>(wparam))) {
                 return reinterpret_cast<LRESULT>(brush);
             }
             break;
@@ -389,6 +403,14 @@ LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, L
                                      UINT_PTR /*id*/, DWORD_PTR owner) {
     auto* const self = reinterpret_cast<Window*>(owner);
     if (message == WM_SETFOCUS) self->last_focus_ = window;
+    if (message == WM_KEYDOWN && self->ready_) {
+        const std::shared_ptr<Window> alive = self->weak_from_this().lock();
+        try {
+            if (self->pressed(wparam)) return 0;
+        } catch (...) {
+            return 0;
+        }
+    }
     const LRESULT result = DefSubclassProc(window, message, wparam, lparam);
     if (message == WM_KILLFOCUS && self->ready_) {
         self->focus_moved(window, reinterpret_cast<HWND>(wparam));

@@ -26,7 +26,7 @@ struct WindowDesign {
 };
 
 /// A picture box: it holds controls, tells the window when its size changes, and can be painted.
-inline constexpr const wchar_t* picture_box_class = L"Kovrel.PictureBox";
+inline constexpr wchar_t picture_box_class[] = L"Kovrel.PictureBox";
 
 class ModalScope;
 
@@ -122,6 +122,7 @@ class Window : public std::enable_shared_from_this<Window> {
                                         UINT_PTR id, DWORD_PTR owner);
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
     void command(int id, UINT code, bool from_control);
+    bool pressed(WPARAM key);
     void focus_inside();
     void rescale(int dots_per_inch, const RECT& bounds);
     void put_in_place(const Placed& placed) const noexcept;

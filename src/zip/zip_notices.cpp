@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "files/path_text.h"
-
 namespace kovrel {
 
 Notice archive_needs_a_name() {
@@ -30,12 +28,6 @@ Notice archive_will_be_replaced(std::wstring title) {
 
 Notice no_files_to_archive(std::wstring title) {
     return {L"No hay fichero para comprimir.", NoticeStyle::exclamation, std::move(title)};
-}
-
-std::wstring archive_path(std::wstring_view folder, std::wstring_view file_name) {
-    std::wstring path = add_backslash(folder);
-    path += file_name;
-    return path;
 }
 
 std::size_t count_file_names(std::span<const std::wstring> names) noexcept {

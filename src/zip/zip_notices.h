@@ -1,4 +1,4 @@
-// What the user is told before an archive is made, and the rules for its path and its files.
+// What the user is told before an archive is made, and how its files are counted.
 #pragma once
 
 #include <cstddef>
@@ -16,9 +16,6 @@ namespace kovrel {
 /// An existing archive is about to be replaced; the user can only take note.
 [[nodiscard]] Notice archive_will_be_replaced(std::wstring title);
 [[nodiscard]] Notice no_files_to_archive(std::wstring title);
-
-/// The path of an archive in a folder; without a folder, relative to the current one.
-[[nodiscard]] std::wstring archive_path(std::wstring_view folder, std::wstring_view file_name);
 
 /// The number of names before the first empty one.
 [[nodiscard]] std::size_t count_file_names(std::span<const std::wstring> names) noexcept;

@@ -475,18 +475,30 @@ TEST_F(Validators, EarlyBound) {
 
 class HostFields : public Validators {
  protected:
-    /// Types into a field as the user does and waits until it shows the text.
+    /// Types into a field as the user does and waits until it shows the text. Keys that come while
+    /// the window manager is still moving the keyboard to the form are lost: they are typed again.
     void type(const HostControl& field, const std::wstring& text, const std::wstring& shown) {
-        ASSERT_TRUE(bring_to_front(form_.window()));
-        SetFocus(field.window);
-        type_text(text);
-        EXPECT_TRUE(pump_until([&] { return field.text() == shown; })) << narrow(field.text());
+        const std::wstring before = field.text();
+        bool arrived = false;
+        for (int attempts = 0; attempts < 5 && !arrived; ++attempts) {
+            ASSERT_TRUE(bring_to_front(form_.window()));
+            field.set_text(before);
+            SetFocus(field.window);
+            press_key(VK_END);
+            type_text(text);
+            arrived = pump_until([&] { return field.text() == shown; }, Milliseconds{4000});
+        }
+        EXPECT_TRUE(arrived) << narrow(field.text());
     }
     static Variant argument(const HostControl& field) {
         return Variant(ComPtr<IDispatch>(field.dispatch()));
     }
+    /// The window manager may give the keyboard to nobody when a box has closed: the form comes to
+    /// the front first, as a click of the user's would bring it.
     void expect_focus(const HostControl& field) {
-        EXPECT_TRUE(pump_until([&] { return GetFocus() == field.window; }));
+        EXPECT_TRUE(bring_to_front(form_.window()));
+        EXPECT_TRUE(pump_until([&] { return GetFocus() == field.window; }))
+            << "the focus is on " << narrow(class_of(GetFocus()));
     }
 
     HostForm form_{L"Clientes"};
@@ -502,7 +514,6 @@ TEST_F(HostFields, TheFocusGoesBackToAnEmptyField) {
     expect_pass(L"Requerido", {argument(name)});
     expect_boxes(L"LongitudExacta", {argument(post_code), false}, {wrong_box(L"Código postal")});
     expect_focus(post_code);
-    press_key(VK_END);
     type(post_code, L"15", L"28001");  // the control itself takes no more
     expect_pass(L"LongitudExacta", {argument(post_code), false});
     EXPECT_TRUE(save_picture(form_.window(), picture_folder() / L"host_form.png"));

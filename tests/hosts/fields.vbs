@@ -62,6 +62,16 @@ Class RecordField
     Public Value
 End Class
 
+Class RecordFields
+    Public Row
+    Public Default Property Get Item(index)
+        Dim made
+        Set made = New RecordField
+        made.Value = "fila " & Row & " campo " & index
+        Set Item = made
+    End Property
+End Class
+
 Class Records
     Public RecordCount
     Public Bookmark
@@ -86,11 +96,9 @@ Class Records
     Public Property Get AbsolutePosition()
         AbsolutePosition = Row + 1
     End Property
-    Public Property Get Fields(index)
-        Dim made
-        Set made = New RecordField
-        made.Value = "fila " & Row & " campo " & index
-        Set Fields = made
+    Public Property Get Fields()
+        Set Fields = New RecordFields
+        Fields.Row = Row
     End Property
     Public Function GetRows(howMany)
         Dim cells(1, 2), i

@@ -13,10 +13,18 @@ constexpr int label_width = 150;
 constexpr int field_width = 230;
 constexpr const wchar_t* form_class = L"KovrelHostForm";
 
+/// A form that becomes active again gives the focus back to the field that had it, unless a field
+/// has been given it in the meantime.
+LRESULT CALLBACK form_procedure(HWND form, UINT message, WPARAM wparam, LPARAM lparam) {
+    const bool activated = message == WM_ACTIVATE && LOWORD(wparam) != WA_INACTIVE;
+    if (activated && IsChild(form, GetFocus())) return 0;
+    return DefDlgProcW(form, message, wparam, lparam);
+}
+
 void register_form_class() {
     WNDCLASSEXW info{};
     info.cbSize = sizeof(info);
-    info.lpfnWndProc = DefDlgProcW;
+    info.lpfnWndProc = &form_procedure;
     info.cbWndExtra = DLGWINDOWEXTRA;
     info.hInstance = GetModuleHandleW(nullptr);
     info.hCursor = LoadCursorW(nullptr, IDC_ARROW);

@@ -43,12 +43,6 @@ TEST(ZipNotices, OnlyTheFirstIsUnderTheLibrarysTitle) {
               (Notice{L"No hay fichero para comprimir.", NoticeStyle::exclamation, L"Copias"}));
 }
 
-TEST(ZipRules, ArchivePath) {
-    EXPECT_EQ(archive_path(L"C:\\copias", L"a.zip"), L"C:\\copias\\a.zip");
-    EXPECT_EQ(archive_path(L"C:\\copias\\", L"a.zip"), L"C:\\copias\\a.zip");
-    EXPECT_EQ(archive_path(L"", L"a.zip"), L"a.zip");
-}
-
 TEST(ZipRules, TheFirstEmptyNameEndsTheList) {
     std::array<std::wstring, 100> names;
     EXPECT_EQ(count_file_names(names), 0U);

@@ -25,6 +25,13 @@ TEST(ProgressLayout, TheWindowFitsItsVisibleAreas) {
     EXPECT_EQ(fitted_window_height({0, 0, 0, 0, 600}, false), 80);
 }
 
+TEST(ProgressLayout, ImpossibleHeightsAreCut) {
+    constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
+    EXPECT_EQ(fitted_window_height({3000, 2600, most, 450, 600}, true), most);
+    EXPECT_EQ(fitted_window_height({least, most, least, least, least}, true), -most);
+}
+
 TEST(ProgressLayout, TheLabelLeavesAMarginAboveAndBelow) {
     EXPECT_EQ(header_label_place({0, 0, 5000, 700}), (ProgressRectangle{0, 40, 5000, 620}));
     EXPECT_EQ(header_label_place({15, 30, 4970, 640}), (ProgressRectangle{15, 70, 4970, 560}));

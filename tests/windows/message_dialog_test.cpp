@@ -3,8 +3,10 @@
 #include <functional>
 #include <gmock/gmock.h>
 
+#include "tests/automation/box_lines.h"
+#include "tests/automation/import_patch.h"
 #include "tests/automation/late.h"
-#include "tests/support/box_watcher.h"
+#include "tests/windows/host_window.h"
 
 namespace kovrel::test {
 namespace {
@@ -147,6 +149,24 @@ TEST(MessageDialog, SansSerifWithTheFlagAndCourierAgainAfterIt) {
     });
 }
 
+TEST(MessageDialog, GrowsWithTheDisplaysResolution) {
+    show_dialog(L"Cuotas", long_text(), [](HWND dialog) {
+        RECT next{};
+        GetWindowRect(dialog, &next);
+        next.right = next.left + (next.right - next.left) * 3 / 2;
+        next.bottom = next.top + (next.bottom - next.top) * 3 / 2;
+        const int strip_height = inner(strip(dialog)).bottom;
+        ask(dialog, WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&next));
+        EXPECT_EQ(inner(strip(dialog)).bottom, strip_height * 3 / 2);
+        EXPECT_EQ(font_of(text_box(dialog)).lfHeight, -20);
+        const RECT box = bounds_in(text_box(dialog), dialog);
+        EXPECT_EQ(box.right, inner(dialog).right);
+        EXPECT_EQ(box.bottom, bounds_in(strip(dialog), dialog).top);
+        EXPECT_TRUE(save_picture(dialog, picture_folder() / L"dialog_144.png"));
+        close_by_button(dialog);
+    });
+}
+
 TEST(MessageDialog, AnOmittedFlagIsCourier) {
     const auto catalogue = create(L"Kovrel.clsMensajes");
     BoxWatcher windows({on_window({dialog_class, {}, 0}, [](HWND dialog) {
@@ -242,24 +262,23 @@ TEST(MessageDialog, ASmallWindowHidesTheTextAndPinsTheButton) {
     });
 }
 
-// A window of a host, with a field that has the keyboard.
-class HostWindow {
- public:
-    explicit HostWindow(const wchar_t* title)
-        : window_(CreateWindowExW(0, L"#32770", title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20,
-                                  300, 200, nullptr, nullptr, nullptr, nullptr)),
-          field_(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_BORDER, 10, 10, 200,
-                                 24, window_, nullptr, nullptr, nullptr)) {}
-    HostWindow(const HostWindow&) = delete;
-    HostWindow& operator=(const HostWindow&) = delete;
-    ~HostWindow() { DestroyWindow(window_); }
-    [[nodiscard]] HWND window() const { return window_; }
-    [[nodiscard]] HWND field() const { return field_; }
+HFONT WINAPI third_font_fails(const LOGFONTW* description) {
+    static int fonts = 0;
+    return ++fonts == 3 ? nullptr : CreateFontIndirectW(description);
+}
 
- private:
-    HWND window_;
-    HWND field_;
-};
+TEST(MessageDialog, AFailureWhileItLoadsShowsTheBoxAndThenTheWindow) {
+    const auto catalogue = create(L"Kovrel.clsMensajes");
+    // The window's own font and the text's are made before; then the load handler sets the text's.
+    const ImportPatch patch(L"kovrel.dll", "CreateFontIndirectW",
+                            reinterpret_cast<void*>(&third_font_fails));
+    ASSERT_TRUE(patch.in_place());
+    BoxWatcher windows({answer(IDOK), on_window({dialog_class, {}, 0}, close_by_button)});
+    EXPECT_EQ(call(catalogue.get(), L"MsgFormA", {L"Aviso", L"Texto"}).result, S_OK);
+    EXPECT_THAT(lines_of(windows),
+                ElementsAre(narrow(L"16|kovrel|Error 7\\r (Memoria insuficiente) en procedimiento "
+                                   L"Form_Load del Formulario frmDialogo.|1")));
+}
 
 TEST(MessageDialog, IsModalAndGivesTheFocusBack) {
     const HostWindow first(L"Contratos");

@@ -79,6 +79,7 @@ std::vector<PlainEntry> read_plain(const std::string& archive) {
             break;
         }
         PlainEntry entry;
+        entry.made_by = static_cast<std::uint16_t>(number(archive, at + 4, 2));
         entry.flags = static_cast<std::uint16_t>(number(archive, at + 8, 2));
         entry.method = static_cast<std::uint16_t>(number(archive, at + 10, 2));
         entry.time = static_cast<std::uint16_t>(number(archive, at + 12, 2));

@@ -13,6 +13,7 @@ struct PlainEntry {
     std::string data;
     std::string extra;
     std::string comment;
+    std::uint16_t made_by = 0;
     std::uint16_t flags = 0;
     std::uint16_t method = 0;
     std::uint16_t date = 0;

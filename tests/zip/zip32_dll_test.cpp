@@ -118,7 +118,11 @@ TEST_F(Zip32Dll, PacksFilesWithAccentedNames) {
     const std::string text = test::compressible(300'000, 1);
     EXPECT_EQ(pack({folder.write("Año/señal.txt", text), folder.write("b.txt", "2")}), 0);
     EXPECT_THAT(names(), ElementsAre("señal.txt", "b.txt"));
-    EXPECT_TRUE(test::read_plain(folder.read("á.zip"))[0].data == text);
+    const PlainEntry first = test::read_plain(folder.read("á.zip"))[0];
+    EXPECT_TRUE(first.data == text);
+    // Readers look at both to know what the name is written in.
+    EXPECT_EQ(first.made_by, 10 << 8 | 20);
+    EXPECT_EQ(first.flags, 1 << 11);
     EXPECT_THAT(printed, IsEmpty());
     EXPECT_THAT(served, ElementsAre("se\xF1"
                                     "al.txt 300000",

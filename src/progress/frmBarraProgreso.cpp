@@ -1,0 +1,227 @@
+#include "progress/frmBarraProgreso.h"
+
+#include <cmath>
+#include <cwchar>
+
+#include "frame/guarded.h"
+#include "progress/cancel_icon.h"
+#include "progress/progress_layout.h"
+#include "ui/modal.h"
+
+namespace kovrel {
+namespace {
+
+// The design, in twips.
+constexpr double inner_width = 6000;
+constexpr double margin = 180;
+constexpr double area_width = inner_width - 2 * margin;
+constexpr double header_height = 690;
+constexpr double bar_height = 375;
+constexpr double base_height = 810;
+constexpr double button_width = 1740;
+constexpr double button_height = 600;
+constexpr double icon_size = 480;
+
+constexpr COLORREF bar_background = RGB(255, 255, 255);
+
+std::int32_t whole(double twips) {
+    return static_cast<std::int32_t>(std::lround(twips));
+}
+
+bool is_progress_window(HWND window) noexcept {
+    wchar_t name[64] = {};
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    return std::wcscmp(name, frmBarraProgreso::window_class) == 0;
+}
+
+/// A box or window that keeps its owner from being used.
+bool is_modal(HWND window) noexcept {
+    HWND const owner = GetWindow(window, GW_OWNER);
+    return owner != nullptr && IsWindowEnabled(owner) == FALSE;
+}
+
+bool another_program_in_front() noexcept {
+    DWORD process = 0;
+    HWND const front = GetForegroundWindow();
+    return front != nullptr && GetWindowThreadProcessId(front, &process) != 0 &&
+           process != GetCurrentProcessId();
+}
+
+}  // namespace
+
+// No close box: the host closes the window when its work is done.
+frmBarraProgreso::frmBarraProgreso()
+    : Window({window_class, L" Progreso del proceso...", WS_POPUP | WS_CAPTION, inner_width,
+              header_height + bar_height, cmdCancel}) {}
+
+void frmBarraProgreso::create_controls() {
+    HWND const header =
+        add({picture_box_class, L"", 0, PictureCab, {margin, 0, area_width, header_height}});
+    add({L"STATIC", L"", SS_LEFT | SS_NOPREFIX, lbl_mensaje, {}}, header);
+    add({picture_box_class, L"", WS_BORDER, PictureBarra, {margin, 0, area_width, bar_height}});
+    HWND const base = add({picture_box_class,
+                           L"",
+                           0,
+                           PictureBase,
+                           {0, 0, inner_width, base_height},
+                           WS_EX_CONTROLPARENT});
+    add({L"BUTTON",
+         L"Cancelar",
+         WS_TABSTOP | BS_DEFPUSHBUTTON,
+         cmdCancel,
+         {0, (base_height - button_height) / 2, button_width, button_height}},
+        base);
+}
+
+void frmBarraProgreso::apply_scale() {
+    const int size = scale().pixels(icon_size);
+    Icon icon = make_icon(cancel_icon(size), size);
+    SendMessageW(control(cmdCancel), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+    icon_ = std::move(icon);
+    LOGFONTW font = system_font(scale().dots_per_inch());
+    // Smoothed edges would turn into other colours where the bar inverts them.
+    font.lfQuality = NONANTIALIASED_QUALITY;
+    font.lfWeight = FW_BOLD;
+    bar_.surface->set_font(font);
+    bar_.surface->set_back_color(bar_background);
+}
+
+void frmBarraProgreso::form_load() {
+    guarded({L") en procedimiento Form_Load del Formulario frmBarraProgreso."}, [&] {
+        canceled_ = false;
+        if (!strCaption.empty()) set_caption(strCaption);
+        if (!strMensaje.empty()) SetWindowTextW(control(lbl_mensaje), strMensaje.c_str());
+        if (lgAltoMensaje != 0) {
+            Place header = place(PictureCab);
+            header.height = lgAltoMensaje;
+            move(PictureCab, header);
+        }
+        RECT bounds{};
+        GetWindowRect(handle(), &bounds);
+        const int width = lgAnchoFrm != 0 ? scale().pixels(lgAnchoFrm) : bounds.right - bounds.left;
+        SetWindowPos(handle(), nullptr, 0, 0, width, bounds.bottom - bounds.top,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        bar_.surface->set_viewer(control(PictureBarra));
+        bar_.surface->set_ForeColor(lgForeColor != -1
+                                        ? lgForeColor
+                                        : static_cast<std::int32_t>(GetSysColor(COLOR_HIGHLIGHT)));
+        ShowWindow(control(PictureBase), boBotones ? SW_SHOWNA : SW_HIDE);
+        stack_areas();
+        fit_height();
+        center_on_screen();
+        GetWindowRect(handle(), &bounds);
+        SetWindowPos(handle(), nullptr,
+                     lgLeftFrm != -1 ? scale().pixels(lgLeftFrm) : static_cast<int>(bounds.left),
+                     lgTopFrm != -1 ? scale().pixels(lgTopFrm) : static_cast<int>(bounds.top), 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    });
+}
+
+void frmBarraProgreso::stack_areas() {
+    double top = 0;
+    for (const int area : {PictureCab, PictureBarra, PictureBase}) {
+        Place next = place(area);
+        next.top = top;
+        move(area, next);
+        top += next.height;
+    }
+}
+
+void frmBarraProgreso::fit_height() {
+    const ProgressHeights heights{
+        whole(size_of(handle()).height), whole(inner_size_of(handle()).height),
+        whole(place(PictureCab).height), whole(place(PictureBarra).height),
+        whole(place(PictureBase).height)};
+    RECT bounds{};
+    GetWindowRect(handle(), &bounds);
+    SetWindowPos(handle(), nullptr, 0, 0, bounds.right - bounds.left,
+                 scale().pixels(fitted_window_height(heights, boBotones)),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void frmBarraProgreso::picture_box_resized(int id) {
+    if (id == PictureCab) {
+        const Place inner = inner_size_of(control(PictureCab));
+        const ProgressRectangle label =
+            header_label_place({0, 0, whole(inner.width), whole(inner.height)});
+        move(lbl_mensaje, {static_cast<double>(label.left), static_cast<double>(label.top),
+                           static_cast<double>(label.width), static_cast<double>(label.height)});
+    } else if (id == PictureBase) {
+        Place button = place(cmdCancel);
+        button.left = cancel_button_left(whole(inner_size_of(control(PictureBase)).width),
+                                         whole(button.width));
+        move(cmdCancel, button);
+    } else if (id == PictureBarra) {
+        RECT inner{};
+        GetClientRect(control(PictureBarra), &inner);
+        bar_.surface->resize(inner.right, inner.bottom, scale());
+    }
+}
+
+void frmBarraProgreso::paint_picture_box(int id, HDC context, const RECT& /*bounds*/) {
+    if (id == PictureBarra) bar_.surface->paint(context);
+}
+
+void frmBarraProgreso::clicked(int id) {
+    if (id != cmdCancel || !boBotones) return;
+    canceled_ = true;
+    unload();
+}
+
+void frmBarraProgreso::take_focus() const noexcept {
+    if (!visible() || IsWindowEnabled(handle()) == FALSE || GetActiveWindow() == handle() ||
+        another_program_in_front()) {
+        return;
+    }
+    SetFocus(handle());
+}
+
+void frmBarraProgreso::lost_activation(HWND to) {
+    // Windows of other programs and threads have the keyboard as long as the user leaves it there;
+    // so have the boxes that the host shows, and a second window like this one, which would take
+    // it back in turn.
+    if (to == nullptr || GetWindowThreadProcessId(to, nullptr) != GetCurrentThreadId()) return;
+    if (is_modal(to) || is_progress_window(to)) return;
+    // The other window is still in the middle of becoming the active one.
+    PostMessageW(handle(), first_posted, 0, 0);
+}
+
+void frmBarraProgreso::posted(UINT /*message*/, int /*value*/) {
+    guarded({L") en procedimiento Form_LostFocus del Formulario frmBarraProgreso."},
+            [&] { take_focus(); });
+}
+
+/// Esc, Alt+F4 and the like: the same as the button, where there is one.
+void frmBarraProgreso::closing() {
+    clicked(cmdCancel);
+}
+
+void frmBarraProgreso::set_message(const std::wstring& message) {
+    HWND const label = control(lbl_mensaje);
+    std::wstring shown(static_cast<std::size_t>(GetWindowTextLengthW(label)), L'\0');
+    GetWindowTextW(label, shown.data(), static_cast<int>(shown.size() + 1));
+    if (shown == message) return;
+    SetWindowTextW(label, message.c_str());
+    UpdateWindow(label);
+}
+
+void frmBarraProgreso::catch_up() {
+    if (!loaded()) return;
+    RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    pump_events_of(handle());
+}
+
+void frmBarraProgreso::form_unload() {
+    guarded({L") en procedimiento Form_Unload del Formulario frmBarraProgreso."}, [&] {
+        bar_.surface->set_viewer(nullptr);
+        strCaption.clear();
+        strMensaje.clear();
+        boBotones = false;
+        lgAltoMensaje = 0;
+        lgAnchoFrm = 0;
+        lgTopFrm = -1;
+        lgLeftFrm = -1;
+    });
+}
+
+}  // namespace kovrel

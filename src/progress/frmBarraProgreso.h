@@ -1,0 +1,64 @@
+// The progress window: a message, a bar drawn on a picture and, when it is asked for, a button that
+// records the user's wish to cancel.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "ui/picture_surface.h"
+#include "ui/window.h"
+
+namespace kovrel {
+
+class frmBarraProgreso final : public Window {
+ public:
+    enum Control : int { PictureCab = 101, lbl_mensaje, PictureBarra, PictureBase, cmdCancel };
+    static constexpr const wchar_t* window_class = L"Kovrel.frmBarraProgreso";
+
+    frmBarraProgreso();
+
+    // Written before the window is shown; unloading clears all but the colour. Twips.
+    std::wstring strCaption;         ///< empty: the design's
+    std::wstring strMensaje;         ///< empty: the design's
+    bool boBotones = false;          ///< the cancel button is there
+    std::int32_t lgAltoMensaje = 0;  ///< height of the header; 0: the design's
+    std::int32_t lgAnchoFrm = 0;     ///< outer width; 0: the design's
+    std::int32_t lgTopFrm = -1;      ///< -1: centred on the screen
+    std::int32_t lgLeftFrm = -1;     ///< -1: centred on the screen
+    std::int32_t lgForeColor = -1;   ///< colour of the bar and its text; -1: the system's highlight
+
+    /// True once the user has pressed the button; loading the window again makes it false.
+    [[nodiscard]] bool canceled() const noexcept { return canceled_; }
+
+    /// Gives the window the keyboard, unless another program has it or a modal box disables the
+    /// window.
+    void take_focus() const noexcept;
+    /// Shows a message at once.
+    void set_message(const std::wstring& message);
+    /// The picture that the bar is drawn on.
+    [[nodiscard]] const ComPtr<IDispatch>& bar() const noexcept { return bar_.object; }
+    /// Paints what waits to be painted, and lets the window have its mouse and its keyboard, while
+    /// the host keeps the thread busy. The window may be unloaded afterwards.
+    void catch_up();
+
+ private:
+    void create_controls() override;
+    void apply_scale() override;
+    void form_load() override;
+    void picture_box_resized(int id) override;
+    void paint_picture_box(int id, HDC context, const RECT& bounds) override;
+    void clicked(int id) override;
+    void lost_activation(HWND to) override;
+    void posted(UINT message, int value) override;
+    void closing() override;
+    void form_unload() override;
+
+    void stack_areas();
+    void fit_height();
+
+    PictureObject bar_ = make_picture();
+    Icon icon_;
+    bool canceled_ = false;
+};
+
+}  // namespace kovrel

@@ -1,0 +1,239 @@
+#include "ui/picture_surface.h"
+
+#include <olectl.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "automation/declare.h"
+#include "runtime/failure.h"
+
+namespace kovrel {
+namespace {
+
+constexpr ClassIdentity identity{
+    L"Kovrel",
+    L"PictureSurface",
+    {0xeb54d031, 0x1a7f, 0x4638, {0xa7, 0x61, 0x58, 0x15, 0x98, 0x66, 0xbd, 0x35}},
+    {0x55c68102, 0x6175, 0x40ee, {0x9c, 0x40, 0xb6, 0x87, 0x84, 0x76, 0x01, 0x48}},
+};
+
+COLORREF resolved(std::int32_t color) noexcept {
+    COLORREF result = 0;
+    const HRESULT outcome = OleTranslateColor(static_cast<OLE_COLOR>(color), nullptr, &result);
+    return SUCCEEDED(outcome) ? result : static_cast<COLORREF>(color) & 0xFFFFFFU;
+}
+
+int nearest_pixel(double pixels) noexcept {
+    if (std::isnan(pixels)) return 0;
+    return static_cast<int>(
+        std::clamp<double>(std::round(pixels), -Scale::pixel_limit, Scale::pixel_limit));
+}
+
+float checked_scale(float length) {
+    if (!std::isfinite(length) || length == 0) throw Failure(FailureNumber::invalid_argument);
+    return length;
+}
+
+}  // namespace
+
+/// A device context on the picture, with its font.
+class PictureSurface::Drawing {
+ public:
+    explicit Drawing(const PictureSurface& surface) : context_(CreateCompatibleDC(nullptr)) {
+        if (context_ == nullptr) throw Failure(FailureNumber::out_of_memory);
+        bitmap_ = SelectObject(context_, surface.bitmap_.get());
+        HGDIOBJ const font = surface.font_.get();
+        SelectObject(context_, font != nullptr ? font : GetStockObject(DEFAULT_GUI_FONT));
+    }
+    Drawing(const Drawing&) = delete;
+    Drawing& operator=(const Drawing&) = delete;
+    ~Drawing() {
+        SelectObject(context_, bitmap_);
+        DeleteDC(context_);
+    }
+    [[nodiscard]] HDC context() const noexcept { return context_; }
+
+ private:
+    HDC context_;
+    HGDIOBJ bitmap_ = nullptr;
+};
+
+const ClassInfo& PictureSurface::class_info() {
+    static const ClassInfo info =
+        declare<PictureSurface>(identity, L"Imagen en la que se dibuja.")
+            .field<&PictureSurface::AutoRedraw>(L"AutoRedraw", L"Si se muestra con Refresh.")
+            .property<&PictureSurface::get_DrawMode, &PictureSurface::set_DrawMode>(
+                L"DrawMode", L"Modo de la pluma.")
+            .property<&PictureSurface::get_ScaleWidth, &PictureSurface::set_ScaleWidth>(
+                L"ScaleWidth", L"Unidades de su ancho.")
+            .property<&PictureSurface::get_ScaleHeight, &PictureSurface::set_ScaleHeight>(
+                L"ScaleHeight", L"Unidades de su alto.")
+            .field<&PictureSurface::CurrentX>(L"CurrentX", L"Izquierda del siguiente texto.")
+            .field<&PictureSurface::CurrentY>(L"CurrentY", L"Borde superior del siguiente texto.")
+            .property<&PictureSurface::get_ForeColor, &PictureSurface::set_ForeColor>(
+                L"ForeColor", L"Color de textos y líneas.")
+            .method<&PictureSurface::Cls>(L"Cls", L"Borra la imagen.")
+            .method<&PictureSurface::TextWidth>(L"TextWidth", {L"Text"}, L"Ancho de un texto.")
+            .method<&PictureSurface::TextHeight>(L"TextHeight", {L"Text"}, L"Alto de un texto.")
+            .method<&PictureSurface::Print>(L"Print", {L"Text"}, L"Escribe un texto.")
+            .method<&PictureSurface::Line>(L"Line",
+                                           {L"Flags", L"X1", L"Y1", L"X2", L"Y2", L"Color"},
+                                           L"Dibuja una línea o un rectángulo.")
+            .method<&PictureSurface::Refresh>(L"Refresh", L"Muestra lo dibujado.")
+            .done();
+    return info;
+}
+
+PictureSurface::PictureSurface() {
+    resize(1, 1, Scale());
+}
+
+void PictureSurface::resize(int width, int height, const Scale& scale) {
+    size_ = {std::clamp(width, 1, Scale::pixel_limit), std::clamp(height, 1, Scale::pixel_limit)};
+    scale_ = scale;
+    BITMAPINFO form{};
+    form.bmiHeader.biSize = sizeof form.bmiHeader;
+    form.bmiHeader.biWidth = size_.cx;
+    form.bmiHeader.biHeight = -size_.cy;
+    form.bmiHeader.biPlanes = 1;
+    form.bmiHeader.biBitCount = 32;
+    void* bits = nullptr;
+    bitmap_ = Bitmap(CreateDIBSection(nullptr, &form, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (bitmap_.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
+    Cls();
+}
+
+void PictureSurface::set_font(const LOGFONTW& font) {
+    font_ = make_font(font);
+}
+
+void PictureSurface::paint(HDC context) const noexcept {
+    HDC const source = CreateCompatibleDC(context);
+    if (source == nullptr) return;
+    HGDIOBJ const previous = SelectObject(source, bitmap_.get());
+    BitBlt(context, 0, 0, size_.cx, size_.cy, source, 0, 0, SRCCOPY);
+    SelectObject(source, previous);
+    DeleteDC(source);
+}
+
+void PictureSurface::set_DrawMode(std::int16_t mode) {
+    if (mode < R2_BLACK || mode > R2_WHITE) throw Failure(FailureNumber::invalid_argument);
+    draw_mode_ = mode;
+}
+
+float PictureSurface::get_ScaleWidth() const {
+    return width_in_units_ != 0 ? width_in_units_ : scale_.twips(size_.cx);
+}
+
+void PictureSurface::set_ScaleWidth(float width) {
+    width_in_units_ = checked_scale(width);
+}
+
+float PictureSurface::get_ScaleHeight() const {
+    return height_in_units_ != 0 ? height_in_units_ : scale_.twips(size_.cy);
+}
+
+void PictureSurface::set_ScaleHeight(float height) {
+    height_in_units_ = checked_scale(height);
+}
+
+int PictureSurface::pixel_x(float x) const noexcept {
+    return nearest_pixel(static_cast<double>(x) * size_.cx / get_ScaleWidth());
+}
+
+int PictureSurface::pixel_y(float y) const noexcept {
+    return nearest_pixel(static_cast<double>(y) * size_.cy / get_ScaleHeight());
+}
+
+SIZE PictureSurface::text_size(const std::wstring& text) const {
+    const Drawing drawing(*this);
+    SIZE size{};
+    GetTextExtentPoint32W(drawing.context(), text.c_str(), static_cast<int>(text.size()), &size);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(drawing.context(), &metrics);
+    size.cy = metrics.tmHeight;
+    return size;
+}
+
+float PictureSurface::TextWidth(const std::wstring& text) {
+    return static_cast<float>(text_size(text).cx) * get_ScaleWidth() / static_cast<float>(size_.cx);
+}
+
+float PictureSurface::TextHeight(const std::wstring& text) {
+    return static_cast<float>(text_size(text).cy) * get_ScaleHeight() /
+           static_cast<float>(size_.cy);
+}
+
+void PictureSurface::Cls() {
+    const Drawing drawing(*this);
+    const RECT whole{0, 0, size_.cx, size_.cy};
+    SetBkColor(drawing.context(), back_color_);
+    ExtTextOutW(drawing.context(), 0, 0, ETO_OPAQUE, &whole, nullptr, 0, nullptr);
+    CurrentX = 0;
+    CurrentY = 0;
+    drawn();
+}
+
+void PictureSurface::Print(const std::wstring& text) {
+    {
+        const Drawing drawing(*this);
+        SetBkMode(drawing.context(), TRANSPARENT);
+        SetTextColor(drawing.context(), resolved(fore_color_));
+        TextOutW(drawing.context(), pixel_x(CurrentX), pixel_y(CurrentY), text.c_str(),
+                 static_cast<int>(text.size()));
+    }
+    CurrentX = 0;
+    CurrentY += TextHeight(text);
+    drawn();
+}
+
+void PictureSurface::Line(std::int16_t options, float x1, float y1, float x2, float y2,
+                          std::int32_t color) {
+    const auto [left, right] = std::minmax({pixel_x(x1), pixel_x(x2)});
+    const auto [top, bottom] = std::minmax({pixel_y(y1), pixel_y(y2)});
+    const COLORREF pen_color = resolved(color != 0 ? color : fore_color_);
+    {
+        const Drawing drawing(*this);
+        HDC const context = drawing.context();
+        SetROP2(context, draw_mode_);
+        if ((options & box) == 0) {
+            const GdiObject<HPEN> pen(CreatePen(PS_SOLID, 1, pen_color));
+            const Selected pen_in_use(context, pen.get());
+            MoveToEx(context, pixel_x(x1), pixel_y(y1), nullptr);
+            LineTo(context, pixel_x(x2), pixel_y(y2));
+        } else if ((options & filled) == 0) {
+            const GdiObject<HPEN> pen(CreatePen(PS_SOLID, 1, pen_color));
+            const Selected pen_in_use(context, pen.get());
+            const Selected hollow(context, GetStockObject(NULL_BRUSH));
+            Rectangle(context, left, top, right, bottom);
+        } else if (left < right && top < bottom) {
+            const GdiObject<HBRUSH> brush(CreateSolidBrush(pen_color));
+            const Selected brush_in_use(context, brush.get());
+            const Selected no_outline(context, GetStockObject(NULL_PEN));
+            // Without an outline a rectangle ends one pixel before its right and bottom edges.
+            Rectangle(context, left, top, right + 1, bottom + 1);
+        }
+    }
+    CurrentX = x2;
+    CurrentY = y2;
+    drawn();
+}
+
+void PictureSurface::drawn() {
+    if (!AutoRedraw) Refresh();
+}
+
+void PictureSurface::Refresh() {
+    if (viewer_ == nullptr) return;
+    InvalidateRect(viewer_, nullptr, FALSE);
+    UpdateWindow(viewer_);
+}
+
+PictureObject make_picture() {
+    auto object = create_instance<PictureSurface>();
+    auto* const base = reinterpret_cast<ObjectBase*>(object.get());
+    return {std::move(object), &static_cast<Object<PictureSurface>*>(base)->implementation()};
+}
+
+}  // namespace kovrel

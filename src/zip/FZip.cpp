@@ -1,0 +1,109 @@
+#include "zip/FZip.h"
+
+#include <array>
+#include <cstddef>
+
+#include "files/ansi_text.h"
+#include "files/clsProfile.h"
+#include "files/file_system.h"
+#include "frame/application.h"
+#include "frame/guarded.h"
+#include "frame/wait.h"
+#include "zip/zip_library.h"
+#include "zip/zip_notices.h"
+
+namespace kovrel::FZip {
+namespace {
+
+/// What the DLL has to say is not shown.
+int __stdcall on_message(char* /*text*/, unsigned long /*length*/) {
+    return 0;
+}
+
+/// Nothing is encrypted.
+int __stdcall on_password(char* /*room*/, int /*size*/, const char* /*prompt*/,
+                          const char* /*name*/) {
+    return 0;
+}
+
+/// Serves for comments, of which none is written, and for each entry packed, which is to go on.
+int __stdcall on_comment(const char* /*text*/, unsigned long /*length*/) {
+    return 0;
+}
+
+ZpCallbacks callbacks() {
+    ZpCallbacks result{};
+    result.print = &on_message;
+    result.password = &on_password;
+    // With one parameter or two: a DLL that is not asked for comments never calls it.
+    result.comment = reinterpret_cast<ZpComment>(reinterpret_cast<void (*)()>(&on_comment));
+    result.service = &on_comment;
+    return result;
+}
+
+ZpOptions options() {
+    ZpOptions result{};
+    result.no_folder_entries = 1;
+    result.verbose = 1;
+    result.quiet = 1;
+    result.junk_folders = 1;
+    result.date = "";
+    return result;
+}
+
+/// The DLL's answers are not looked at: whether there is an archive tells how it went.
+void pack(const std::wstring& archive, const ZIPnames& names, std::size_t count) {
+    const std::string path = to_ansi(archive);
+    std::array<std::string, ZIPnames::size> texts;
+    std::array<const char*, ZIPnames::size> list{};
+    for (std::size_t index = 0; index < list.size(); ++index) {
+        texts[index] = to_ansi(names.texts[index]);
+        list[index] = texts[index].c_str();
+    }
+    // The DLL keeps addresses of these until it is told otherwise: it goes first.
+    const ZpCallbacks record = callbacks();
+    const ZpOptions choices = options();
+    const ZipLibrary library;
+    library.init(&record);
+    library.set_options(&choices);
+    library.archive(static_cast<int>(count), path.c_str(), list.data());
+}
+
+std::wstring path_in(const std::wstring& folder, const std::wstring& file_name) {
+    if (folder.empty()) return file_name;
+    clsProfile profile;
+    return profile.AñadirBackSlash(folder) + file_name;
+}
+
+bool file_exists(const std::wstring& path) {
+    return !first_listed(path, Listing::files).empty();
+}
+
+}  // namespace
+
+std::wstring GenerarZipA(const std::wstring& file_name, const std::wstring& folder,
+                         const ZIPnames& names, const std::wstring& title) {
+    return guarded<std::wstring>(
+        {L") en procedimiento GenerarZipA del Módulo fZip."}, [&](std::wstring& result) {
+            if (file_name.empty()) {
+                show(archive_needs_a_name());
+                return;
+            }
+            if (!folder.empty() && first_listed(folder, Listing::files_and_folders).empty()) {
+                show(output_folder_missing(title, folder));
+                return;
+            }
+            const std::wstring path = path_in(folder, file_name);
+            if (file_exists(path)) show(archive_will_be_replaced(title));
+            const std::size_t count = count_file_names(names.texts);
+            if (count == 0) {
+                show(no_files_to_archive(title));
+                return;
+            }
+            pack(path, names, count);
+            wait_with_hourglass(0.5F);
+            if (file_exists(path)) result = path;
+        });
+}
+
+}  // namespace kovrel::FZip

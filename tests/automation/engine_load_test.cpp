@@ -1,0 +1,91 @@
+// The library as a module: loaded and unloaded over and over, instances made and released over and
+// over, with nothing growing.
+#include <gtest/gtest.h>
+#include <windows.h>
+#include <psapi.h>
+
+#include "tests/automation/late.h"
+
+namespace kovrel::test {
+namespace {
+
+constexpr const wchar_t* library_path = KOVREL_LIBRARY;
+constexpr int load_rounds = 3'000;
+
+using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
+
+template <class Function>
+Function entry(HMODULE module, const char* name) {
+    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
+}
+
+DWORD handles() {
+    DWORD count = 0;
+    GetProcessHandleCount(GetCurrentProcess(), &count);
+    return count;
+}
+
+SIZE_T private_bytes() {
+    PROCESS_MEMORY_COUNTERS counters{};
+    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return counters.PagefileUsage;
+}
+
+// Before any test that uses the library and so makes it stay.
+TEST(ALoadedLibrary, LeavesTheProcessWhenItWasNotUsed) {
+    for (int round = 0; round < load_rounds; ++round) {
+        const HMODULE module = LoadLibraryW(library_path);
+        ASSERT_NE(module, nullptr) << "round " << round;
+        ASSERT_EQ(entry<CanUnloadNow>(module, "DllCanUnloadNow")(), S_OK);
+        ASSERT_NE(FreeLibrary(module), FALSE);
+    }
+    EXPECT_EQ(GetModuleHandleW(L"kovrel.dll"), nullptr);
+}
+
+TEST(AUsedLibrary, SurvivesEveryUnloadingWithItsFailures) {
+    CLSID class_id{};
+    ASSERT_EQ(CLSIDFromProgID(L"Kovrel.clsFFechas", &class_id), S_OK);
+    const DWORD handles_before = handles();
+    for (int round = 0; round < load_rounds; ++round) {
+        const HMODULE module = LoadLibraryW(library_path);
+        ASSERT_NE(module, nullptr) << "round " << round;
+        {
+            ComPtr<IClassFactory> factory;
+            ASSERT_EQ(entry<GetClassObject>(module, "DllGetClassObject")(
+                          class_id, IID_IClassFactory, factory.put_void()),
+                      S_OK);
+            ComPtr<IDispatch> dates;
+            ASSERT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, dates.put_void()), S_OK);
+            // A failure inside: month -1 is no month.
+            ASSERT_EQ(call(dates.get(), L"primerdia_mesanterior", {0, 2024}).error,
+                      static_cast<HRESULT>(0x800A000D));
+        }
+        ASSERT_EQ(entry<CanUnloadNow>(module, "DllCanUnloadNow")(), S_OK);
+        FreeLibrary(module);
+    }
+    EXPECT_LE(handles(), handles_before + 20);
+}
+
+TEST(AUsedLibrary, GivesEverythingBackThatAHundredThousandCallsTook) {
+    const auto round = [] {
+        const auto general = create(L"Kovrel.clsFGen");
+        Variant variable(L"12.345.678-Z");
+        call(general.get(), L"QuitaCaracteresyEspacios", {LateArgument::variable(variable)});
+        EXPECT_EQ(text_of_result(call(general.get(), L"Verifica_NIF", {variable, false})),
+                  L"12345678Z");
+        put(general.get(), L"AppOrigen", Variant(L"Un nombre largo de aplicación"));
+    };
+    constexpr int warm_up = 1'000;
+    constexpr int rounds = 25'000;  // four calls each
+    for (int index = 0; index < warm_up; ++index) round();
+    const DWORD handles_before = handles();
+    const SIZE_T bytes_before = private_bytes();
+    for (int index = 0; index < rounds; ++index) round();
+    EXPECT_LE(handles(), handles_before);
+    constexpr SIZE_T slack = 512 * 1024;  // a leak of one text a round would be ten times that
+    EXPECT_LE(private_bytes(), bytes_before + slack);
+}
+
+}  // namespace
+}  // namespace kovrel::test

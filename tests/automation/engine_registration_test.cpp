@@ -1,0 +1,181 @@
+// Registration: what is written, for whom, and that removal leaves nothing behind. The library
+// registered here is one of the tests' own, so that the real one stays as it is.
+#include <gtest/gtest.h>
+#include <map>
+
+#include "automation/registration.h"
+#include "runtime/failure.h"
+#include "tests/automation/late.h"
+#include "tests/automation/sample.h"
+
+namespace kovrel::test {
+namespace {
+
+const LibraryInfo& sample_library() {
+    static const LibraryInfo info{
+        .name = L"Prueba",
+        .help = L"Biblioteca de prueba",
+        .id = {0x7c1d6c52, 0x4d2f, 0x4a1c, {0x9f, 0x60, 0x1b, 0x0d, 0x3e, 0x55, 0x10, 0x04}},
+        .major = 3,
+        .minor = 2,
+        .classes = {&Sample::class_info()},
+        .enumerations = {},
+        .records = {}};
+    return info;
+}
+
+constexpr const wchar_t* class_key = L"CLSID\\{7C1D6C52-4D2F-4A1C-9F60-1B0D3E551001}";
+constexpr const wchar_t* interface_key = L"Interface\\{7C1D6C52-4D2F-4A1C-9F60-1B0D3E551002}";
+constexpr const wchar_t* library_key = L"TypeLib\\{7C1D6C52-4D2F-4A1C-9F60-1B0D3E551004}";
+constexpr const wchar_t* module_path = L"C:\\Archivos Ñ\\prueba.dll";
+constexpr bool is_64_bit = sizeof(void*) == 8;
+
+using Snapshot = std::map<std::wstring, std::wstring>;
+
+void read_tree(HKEY key, const std::wstring& path, Snapshot& snapshot) {
+    for (DWORD index = 0;; ++index) {
+        wchar_t name[512] = {};
+        DWORD name_size = 512;
+        BYTE data[2048] = {};
+        DWORD data_size = sizeof data - sizeof(wchar_t);
+        const LSTATUS status =
+            RegEnumValueW(key, index, name, &name_size, nullptr, nullptr, data, &data_size);
+        if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA) break;
+        snapshot[path + L"|" + name] = reinterpret_cast<const wchar_t*>(data);
+    }
+    for (DWORD index = 0;; ++index) {
+        wchar_t name[512] = {};
+        DWORD size = 512;
+        if (RegEnumKeyExW(key, index, name, &size, nullptr, nullptr, nullptr, nullptr) !=
+            ERROR_SUCCESS) {
+            break;
+        }
+        HKEY child = nullptr;
+        if (RegOpenKeyExW(key, name, 0, KEY_READ, &child) != ERROR_SUCCESS) continue;
+        snapshot[path + L"\\" + name] = L"";
+        read_tree(child, path + L"\\" + name, snapshot);
+        RegCloseKey(child);
+    }
+}
+
+Snapshot snapshot_of(HKEY root) {
+    Snapshot snapshot;
+    HKEY classes = nullptr;
+    if (RegOpenKeyExW(root, L"Software\\Classes", 0, KEY_READ, &classes) == ERROR_SUCCESS) {
+        read_tree(classes, L"", snapshot);
+        RegCloseKey(classes);
+    }
+    return snapshot;
+}
+
+std::wstring value(HKEY root, const std::wstring& key, const wchar_t* name = nullptr) {
+    wchar_t text[512] = {};
+    DWORD size = sizeof text;
+    const std::wstring path = L"Software\\Classes\\" + key;
+    const LSTATUS status =
+        RegGetValueW(root, path.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &size);
+    return status == ERROR_SUCCESS ? text : L"(none)";
+}
+
+class Registration : public testing::TestWithParam<RegistrationScope> {
+ protected:
+    [[nodiscard]] static HKEY root() {
+        return GetParam() == RegistrationScope::machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+    }
+};
+
+TEST_P(Registration, WritesEveryKeyAndLeavesNothing) {
+    const Snapshot before = snapshot_of(root());
+    register_library(sample_library(), module_path, GetParam());
+
+    const std::wstring class_path = class_key;
+    EXPECT_EQ(value(root(), class_path + L"\\InprocServer32"), module_path);
+    EXPECT_EQ(value(root(), class_path + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
+    EXPECT_EQ(value(root(), class_path + L"\\ProgID"), L"Prueba.Sample");
+    EXPECT_EQ(value(root(), class_path + L"\\TypeLib"), L"{7C1D6C52-4D2F-4A1C-9F60-1B0D3E551004}");
+    EXPECT_EQ(value(root(), class_path + L"\\Version"), L"3.2");
+    EXPECT_EQ(value(root(), L"Prueba.Sample\\CLSID"), L"{7C1D6C52-4D2F-4A1C-9F60-1B0D3E551001}");
+    EXPECT_EQ(value(root(), interface_key), L"_Sample");
+    EXPECT_EQ(value(root(), std::wstring(interface_key) + L"\\ProxyStubClsid32"),
+              L"{00020424-0000-0000-C000-000000000046}");
+    const std::wstring version = std::wstring(library_key) + L"\\3.2";
+    EXPECT_EQ(value(root(), version), L"Biblioteca de prueba");
+    EXPECT_EQ(value(root(), version + (is_64_bit ? L"\\0\\win64" : L"\\0\\win32")), module_path);
+    EXPECT_EQ(value(root(), version + L"\\HELPDIR"), L"C:\\Archivos Ñ");
+
+    // The class is found by its name through the platform.
+    CLSID id{};
+    EXPECT_EQ(CLSIDFromProgID(L"Prueba.Sample", &id), S_OK);
+    EXPECT_TRUE(IsEqualCLSID(id, Sample::class_info().class_id));
+
+    unregister_library(sample_library(), GetParam());
+    EXPECT_EQ(snapshot_of(root()), before);
+}
+
+TEST_P(Registration, TwiceIsAsOnceAndRemovingNothingIsNoFailure) {
+    const Snapshot before = snapshot_of(root());
+    register_library(sample_library(), L"C:\\vieja.dll", GetParam());
+    register_library(sample_library(), module_path, GetParam());
+    EXPECT_EQ(value(root(), std::wstring(class_key) + L"\\InprocServer32"), module_path);
+    unregister_library(sample_library(), GetParam());
+    unregister_library(sample_library(), GetParam());
+    EXPECT_EQ(snapshot_of(root()), before);
+}
+
+TEST_P(Registration, TheOtherBitnessKeepsWhatBothShare) {
+    const Snapshot before = snapshot_of(root());
+    constexpr REGSAM other_view = is_64_bit ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    const std::wstring other = L"Software\\Classes\\" + std::wstring(class_key);
+    register_library(sample_library(), module_path, GetParam());
+    HKEY key = nullptr;
+    ASSERT_EQ(RegCreateKeyExW(root(), (other + L"\\InprocServer32").c_str(), 0, nullptr, 0,
+                              KEY_WRITE | other_view, nullptr, &key, nullptr),
+              ERROR_SUCCESS);
+    RegCloseKey(key);
+
+    unregister_library(sample_library(), GetParam());
+    EXPECT_EQ(value(root(), L"Prueba.Sample\\CLSID"), L"{7C1D6C52-4D2F-4A1C-9F60-1B0D3E551001}");
+    EXPECT_EQ(value(root(), std::wstring(library_key) + L"\\3.2"), L"Biblioteca de prueba");
+
+    RegDeleteKeyExW(root(), (other + L"\\InprocServer32").c_str(), other_view, 0);
+    RegDeleteKeyExW(root(), other.c_str(), other_view, 0);
+    unregister_library(sample_library(), GetParam());
+    EXPECT_EQ(snapshot_of(root()), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scopes, Registration,
+                         testing::Values(RegistrationScope::machine, RegistrationScope::user));
+
+TEST(RegistrationForTheMachine, TakesTheUsersOwnAway) {
+    register_library(sample_library(), L"C:\\vieja.dll", RegistrationScope::user);
+    register_library(sample_library(), module_path);
+    EXPECT_EQ(value(HKEY_LOCAL_MACHINE, L"Prueba.Sample\\CLSID"),
+              L"{7C1D6C52-4D2F-4A1C-9F60-1B0D3E551001}");
+    EXPECT_EQ(value(HKEY_CURRENT_USER, L"Prueba.Sample\\CLSID"), L"(none)");
+    unregister_library(sample_library(), RegistrationScope::machine);
+}
+
+TEST(RegistrationWithoutRights, IsTheUsersAlone) {
+    // Seen through a handle that may only be read, the machine's keys refuse every write.
+    HKEY read_only = nullptr;
+    ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, nullptr, 0, KEY_READ, &read_only), ERROR_SUCCESS);
+    ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, read_only), ERROR_SUCCESS);
+    HKEY probe = nullptr;
+    const LSTATUS refused = RegCreateKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\Prueba.Sample",
+                                            0, nullptr, 0, KEY_SET_VALUE, nullptr, &probe, nullptr);
+    if (refused == ERROR_SUCCESS) RegCloseKey(probe);
+    if (refused == ERROR_ACCESS_DENIED) register_library(sample_library(), module_path);
+    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+    RegCloseKey(read_only);
+    if (refused != ERROR_ACCESS_DENIED) {
+        RegDeleteKeyW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\Prueba.Sample");
+        GTEST_SKIP() << "this platform writes through read-only handles";
+    }
+    EXPECT_EQ(value(HKEY_CURRENT_USER, L"Prueba.Sample\\CLSID"),
+              L"{7C1D6C52-4D2F-4A1C-9F60-1B0D3E551001}");
+    EXPECT_EQ(value(HKEY_LOCAL_MACHINE, L"Prueba.Sample\\CLSID"), L"(none)");
+    unregister_library(sample_library(), RegistrationScope::user);
+}
+
+}  // namespace
+}  // namespace kovrel::test

@@ -1,0 +1,28 @@
+// Counts the calls that the library makes to a function of the system's and lets none through: for
+// what leaves no trace that a test could read, like the beep.
+#pragma once
+
+#include <windows.h>
+
+namespace kovrel::test {
+
+/// Puts `replacement` where a loaded module keeps the address of an imported function, for as long
+/// as it lives.
+class ImportPatch {
+ public:
+    ImportPatch(const wchar_t* module, const char* function, void* replacement);
+    ImportPatch(const ImportPatch&) = delete;
+    ImportPatch& operator=(const ImportPatch&) = delete;
+    ~ImportPatch();
+
+    /// False when the module does not import the function by its name.
+    [[nodiscard]] bool in_place() const { return entry_ != nullptr; }
+
+ private:
+    void* put(void* address);
+
+    void** entry_ = nullptr;
+    void* original_ = nullptr;
+};
+
+}  // namespace kovrel::test

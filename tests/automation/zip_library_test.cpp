@@ -1,0 +1,178 @@
+// Where zip32.dll is looked for, and what the user is told when it is not there or no good. Copies
+// of the library that nobody has registered, each in a folder of its own, stand for installations.
+#include "tests/automation/zip_test.h"
+
+namespace kovrel::test {
+
+using testing::ElementsAre;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const wchar_t* missing = L"Error 53\r (No se encontró el archivo)";
+constexpr const wchar_t* not_loaded = L"Error 48\r (Error al cargar el archivo DLL)";
+constexpr const wchar_t* no_entry = L"Error 453\r (No se encontró la función DLL especificada)";
+
+/// A system DLL that this process cannot load.
+constexpr const wchar_t* other_bitness = sizeof(void*) == 8
+                                             ? L"C:\\windows\\syswow64\\version.dll"
+                                             : L"C:\\windows\\sysnative\\version.dll";
+
+/// A copy of the library. It stays loaded to the process's end, so that only the next run can take
+/// its folder away.
+class Installation {
+ public:
+    explicit Installation(const std::string& name)
+        : folder_(fs::path(KOVREL_INSTALLATIONS) / name) {
+        fs::remove_all(folder_);
+        fs::create_directories(folder_);
+        fs::copy_file(KOVREL_LIBRARY, folder_ / "kovrel.dll");
+    }
+
+    [[nodiscard]] fs::path zip32() const { return folder_ / "zip32.dll"; }
+
+    [[nodiscard]] ComPtr<IDispatch> create_zip() const {
+        using GetClassObject = HRESULT(STDMETHODCALLTYPE*)(REFCLSID, REFIID, void**);
+        ComPtr<IDispatch> instance;
+        CLSID class_id{};
+        const HMODULE module = LoadLibraryW((folder_ / "kovrel.dll").c_str());
+        EXPECT_NE(module, nullptr);
+        if (module == nullptr || FAILED(CLSIDFromProgID(L"Kovrel.clsFZip", &class_id))) {
+            return instance;
+        }
+        const auto get_class_object = reinterpret_cast<GetClassObject>(
+            reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
+        ComPtr<IClassFactory> factory;
+        if (SUCCEEDED(get_class_object(class_id, IID_IClassFactory, factory.put_void()))) {
+            factory->CreateInstance(nullptr, IID_IDispatch, instance.put_void());
+        }
+        return instance;
+    }
+
+ private:
+    fs::path folder_;
+};
+
+/// A file in the system folder, for the length of a scope.
+class SystemFile {
+ public:
+    SystemFile(const fs::path& source, const wchar_t* name) {
+        std::wstring folder(MAX_PATH, L'\0');
+        folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
+        path_ = fs::path(folder) / name;
+        fs::copy_file(source, path_);
+    }
+    SystemFile(const SystemFile&) = delete;
+    SystemFile& operator=(const SystemFile&) = delete;
+    ~SystemFile() {
+        std::error_code ignored;
+        EXPECT_TRUE(fs::remove(path_, ignored));
+    }
+
+ private:
+    fs::path path_;
+};
+
+class ZipDll : public Archives {
+ protected:
+    /// Calls and expects the standard error box and no archive.
+    void expect_failure(const Installation& installation, const std::wstring& text) {
+        zip_ = installation.create_zip();
+        ASSERT_TRUE(zip_);
+        put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
+        const std::wstring input = file("a.txt", "1");
+        BoxWatcher boxes({answer(IDOK)});
+        EXPECT_EQ(generate(L"a.zip", {input}), L"");
+        ASSERT_EQ(boxes.seen().size(), 1U);
+        EXPECT_EQ(narrow(boxes.seen()[0].text),
+                  narrow(text + L" en procedimiento GenerarZipA del Módulo fZip."));
+        EXPECT_EQ(boxes.seen()[0].style, 16);
+        EXPECT_EQ(boxes.seen()[0].title, L"kovrel");
+        EXPECT_FALSE(folder_.exists("a.zip"));
+    }
+};
+
+TEST_F(ZipDll, Missing) {
+    expect_failure(Installation("missing"), missing);
+}
+
+TEST_F(ZipDll, IsNotTakenFromTheCurrentFolderNorTheSearchPath) {
+    const Installation installation("elsewhere");
+    const fs::path before = fs::current_path();
+    const fs::path good = fs::path(KOVREL_LIBRARY).parent_path();
+    ASSERT_TRUE(fs::exists(good / "zip32.dll"));
+    std::wstring path(32767, L'\0');
+    path.resize(GetEnvironmentVariableW(L"PATH", path.data(), static_cast<DWORD>(path.size())));
+    SetEnvironmentVariableW(L"PATH", (good.wstring() + L";" + path).c_str());
+    fs::current_path(good);
+    expect_failure(installation, missing);
+    fs::current_path(before);
+    SetEnvironmentVariableW(L"PATH", path.c_str());
+}
+
+TEST_F(ZipDll, NotToldBeforeTheChecks) {
+    zip_ = Installation("checks").create_zip();
+    ASSERT_TRUE(zip_);
+    expect_refusal(L"", folder(), {L"a"}, L"Debe indicar un nombre de fichero correcto.",
+                   L"kovrel");
+    expect_refusal(L"a.zip", folder(), {}, L"No hay fichero para comprimir.", L"");
+}
+
+TEST_F(ZipDll, NoDll) {
+    const Installation installation("text");
+    std::ofstream(installation.zip32()) << "no es una DLL";
+    expect_failure(installation, not_loaded);
+}
+
+TEST_F(ZipDll, AFolderOfItsName) {
+    const Installation installation("folder");
+    fs::create_directory(installation.zip32());
+    expect_failure(installation, missing);
+}
+
+TEST_F(ZipDll, OfTheOtherBitness) {
+    if (!fs::exists(other_bitness)) GTEST_SKIP() << "this system has one bitness only";
+    const Installation installation("bitness");
+    fs::copy_file(other_bitness, installation.zip32());
+    expect_failure(installation, not_loaded);
+}
+
+TEST_F(ZipDll, WithoutTheEntryPoints) {
+    const Installation installation("entries");
+    fs::copy_file(KOVREL_OTHER_DLL, installation.zip32());
+    expect_failure(installation, no_entry);
+    // It was let go again, so that a better one can take its place.
+    EXPECT_TRUE(fs::remove(installation.zip32()));
+}
+
+// What the system folder holds lacks the entry points: that tells that it was loaded.
+TEST_F(ZipDll, IsTakenFromTheSystemFolderNext) {
+    const SystemFile system(KOVREL_OTHER_DLL, L"zip32.dll");
+    expect_failure(Installation("system"), no_entry);
+    const Installation unusable("system_after_text");
+    std::ofstream(unusable.zip32()) << "no es una DLL";
+    expect_failure(unusable, no_entry);
+}
+
+TEST_F(ZipDll, BesideTheLibraryComesFirst) {
+    const SystemFile system(KOVREL_OTHER_DLL, L"zip32.dll");
+    const Installation complete("complete");
+    fs::copy_file(KOVREL_ZIP_LIBRARY, complete.zip32());
+    zip_ = complete.create_zip();
+    ASSERT_TRUE(zip_);
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
+    EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
+}
+
+TEST_F(ZipDll, CanBeAddedLater) {
+    const Installation installation("later");
+    expect_failure(installation, missing);
+    fs::copy_file(KOVREL_ZIP_LIBRARY, installation.zip32());
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {path("a.txt")}), path("a.zip"));
+}
+
+}  // namespace
+}  // namespace kovrel::test

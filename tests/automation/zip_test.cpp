@@ -1,0 +1,428 @@
+// clsFZip.GenerarZip as hosts call it: every box, every way to pass the list, and what is in the
+// archives afterwards.
+#include "tests/automation/zip_test.h"
+
+namespace kovrel::test {
+
+using testing::ElementsAre;
+
+Variant list_of(const std::vector<std::wstring>& names, VARTYPE element, LONG first) {
+    Variant list;
+    list.vt = VT_ARRAY | element;
+    list.parray = SafeArrayCreateVector(element, first, static_cast<ULONG>(names.size()));
+    for (const std::wstring& name : names) {
+        if (element == VT_BSTR) {
+            SafeArrayPutElement(list.parray, &first, Bstr(name).get());
+        } else {
+            Variant value(name);
+            SafeArrayPutElement(list.parray, &first, &value);
+        }
+        ++first;
+    }
+    return list;
+}
+
+void Archives::expect_refusal(const std::wstring& name, const std::wstring& folder,
+                              const std::vector<std::wstring>& names, const wchar_t* text,
+                              const wchar_t* title) {
+    const std::size_t before = folder_.count();
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(generate(name, folder, names), L"");
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(text));
+    EXPECT_EQ(narrow(boxes.seen()[0].title), narrow(title));
+    EXPECT_EQ(boxes.seen()[0].style, 48);
+    EXPECT_EQ(folder_.count(), before);
+}
+
+std::vector<std::string> Archives::entries(const std::string& archive) {
+    std::vector<std::string> names;
+    for (const auto& entry : zip::test::read_plain(folder_.read(archive))) {
+        EXPECT_TRUE(entry.readable) << entry.name;
+        names.push_back(entry.name);
+    }
+    return names;
+}
+
+std::string Archives::content(const std::string& archive, const std::string& entry) {
+    for (const auto& found : zip::test::read_plain(folder_.read(archive))) {
+        if (found.name == entry) return found.data;
+    }
+    ADD_FAILURE() << "no entry " << entry;
+    return {};
+}
+
+namespace {
+
+constexpr const wchar_t* nothing_to_pack = L"No hay fichero para comprimir.";
+
+/// Opens a file so that nobody else can, for the length of a scope.
+class Lock {
+ public:
+    explicit Lock(const std::wstring& path, DWORD shared = 0)
+        : handle_(
+              CreateFileW(path.c_str(), GENERIC_READ, shared, nullptr, OPEN_EXISTING, 0, nullptr)) {
+        EXPECT_NE(handle_, INVALID_HANDLE_VALUE);
+    }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    ~Lock() { CloseHandle(handle_); }
+
+ private:
+    HANDLE handle_;
+};
+
+/// Another current folder, for the length of a scope.
+class InFolder {
+ public:
+    explicit InFolder(const std::wstring& folder) : before_(std::filesystem::current_path()) {
+        std::filesystem::current_path(folder);
+    }
+    InFolder(const InFolder&) = delete;
+    InFolder& operator=(const InFolder&) = delete;
+    ~InFolder() { std::filesystem::current_path(before_); }
+
+ private:
+    std::filesystem::path before_;
+};
+
+/// Runs a function in the thread's message loop after a while.
+class Later {
+ public:
+    Later(UINT milliseconds, std::function<void()> action) {
+        action_ = std::move(action);
+        timer_ = SetTimer(nullptr, 0, milliseconds, &run);
+    }
+    Later(const Later&) = delete;
+    Later& operator=(const Later&) = delete;
+    ~Later() { KillTimer(nullptr, timer_); }
+
+ private:
+    static void CALLBACK run(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+        KillTimer(nullptr, timer);
+        std::exchange(action_, nullptr)();
+    }
+    static inline std::function<void()> action_;
+    UINT_PTR timer_;
+};
+
+TEST_F(Archives, ANameIsNeededBeforeAnythingElse) {
+    put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
+    const wchar_t* const text = L"Debe indicar un nombre de fichero correcto.";
+    expect_refusal(L"", folder(), {file("a.txt", "1")}, text, L"kovrel");
+    expect_refusal(L"", folder() + L"\\no está", {}, text, L"kovrel");
+    expect_refusal(L"", L"", {}, text, L"kovrel");
+}
+
+TEST_F(Archives, TheFolderMustBeThere) {
+    const std::wstring missing = folder() + L"\\no está";
+    const auto text = [](const std::wstring& named) {
+        return L"La carpeta de salida \"" + named +
+               L"\" no existe. Debe indicar una carpeta válida donde guardar el fichero "
+               L"comprimido.";
+    };
+    expect_refusal(L"a.zip", missing, {file("a.txt", "1")}, text(missing).c_str(), L"");
+    put(zip_.get(), L"AppOrigen", Variant(L"Gestión Ñ"));
+    // As passed, and told before an empty list.
+    expect_refusal(L"a.zip", missing + L"\\", {}, text(missing + L"\\").c_str(), L"Gestión Ñ");
+    expect_refusal(L"a.zip", L"no/hay", {}, text(L"no/hay").c_str(), L"Gestión Ñ");
+}
+
+TEST_F(Archives, AFolderOnADriveThatIsNotThere) {
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(generate(L"a.zip", L"Q:\\copias", {file("a.txt", "1")}), L"");
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_THAT(narrow(boxes.seen()[0].text), testing::StartsWith("Error 68\r ("));
+    EXPECT_THAT(narrow(boxes.seen()[0].text),
+                testing::EndsWith(narrow(L") en procedimiento GenerarZipA del Módulo fZip.")));
+    EXPECT_EQ(boxes.seen()[0].style, 16);
+    EXPECT_EQ(boxes.seen()[0].title, L"kovrel");
+}
+
+TEST_F(Archives, AFileIsNeeded) {
+    put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
+    expect_refusal(L"a.zip", folder(), {}, nothing_to_pack, L"Copias");
+    expect_refusal(L"a.zip", folder(), {L"", file("b.txt", "2")}, nothing_to_pack, L"Copias");
+    expect_refusal(L"a.zip", L"", {L""}, nothing_to_pack, L"Copias");
+}
+
+TEST_F(Archives, AnExistingOneIsToldBeforeAnEmptyList) {
+    file("a.zip", "no es un zip");
+    put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
+    BoxWatcher boxes({answer(IDOK), answer_key(VK_ESCAPE)});
+    EXPECT_EQ(generate(L"a.zip", {}), L"");
+    ASSERT_EQ(boxes.seen().size(), 2U);
+    EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(replaced_text));
+    EXPECT_EQ(boxes.seen()[0].style, 48);
+    EXPECT_EQ(boxes.seen()[0].title, L"Copias");
+    EXPECT_EQ(narrow(boxes.seen()[1].text), narrow(nothing_to_pack));
+    EXPECT_EQ(folder_.read("a.zip"), "no es un zip");
+}
+
+TEST_F(Archives, OneFile) {
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("d/a.txt", "contenido")}), path("a.zip"));
+    EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
+    EXPECT_EQ(content("a.zip", "a.txt"), "contenido");
+    EXPECT_EQ(folder_.count(), 2U);
+}
+
+TEST_F(Archives, ABackslashAtTheFoldersEndStays) {
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", folder() + L"\\", {file("a.txt", "1")}), path("a.zip"));
+    EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
+}
+
+TEST_F(Archives, WithoutAFolderInTheCurrentOne) {
+    const InFolder here(folder());
+    file("d/b.txt", "2");
+    file("a.txt", "1");
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", L"", {L"a.txt", L"d\\b.txt"}), L"a.zip");
+    EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt", "b.txt"));
+}
+
+TEST_F(Archives, AHundredFilesButNotAHundredAndOne) {
+    std::vector<std::wstring> files;
+    std::vector<std::string> names;
+    for (int i = 0; i < 100; ++i) {
+        names.push_back("archivo " + std::to_string(i) + ".txt");
+        files.push_back(file("d/" + names.back(), std::to_string(i)));
+    }
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", files), path("a.zip"));
+    EXPECT_EQ(entries("a.zip"), names);
+    EXPECT_EQ(content("a.zip", "archivo 99.txt"), "99");
+    files.emplace_back();
+    EXPECT_EQ(call(zip_.get(), L"GenerarZip", {L"b.zip", folder(), list_of(files)}).result,
+              DISP_E_BADINDEX);
+}
+
+TEST_F(Archives, TheFirstEmptyNameEndsTheList) {
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1"), L"", file("b.txt", "2")}), path("a.zip"));
+    EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
+}
+
+TEST_F(Archives, MissingEmptyReadOnlyAndLockedFiles) {
+    const std::wstring read_only = file("lectura.txt", "fija");
+    const std::wstring locked = file("cerrado.txt", "x");
+    const std::wstring shared = file("compartido.txt", "y");
+    SetFileAttributesW(read_only.c_str(), FILE_ATTRIBUTE_READONLY);
+    {
+        BoxWatcher no_box;
+        const Lock lock(locked);
+        const Lock reader(shared, FILE_SHARE_READ);
+        EXPECT_EQ(generate(L"a.zip",
+                           {path("no está.txt"), file("vacío.txt", ""), read_only, locked, shared}),
+                  path("a.zip"));
+        EXPECT_THAT(entries("a.zip"), ElementsAre("vacío.txt", "lectura.txt", "compartido.txt"));
+        EXPECT_EQ(content("a.zip", "vacío.txt"), "");
+        EXPECT_EQ(content("a.zip", "lectura.txt"), "fija");
+        // None that can be packed: no archive, and nobody is told.
+        EXPECT_EQ(generate(L"b.zip", {path("no está.txt")}), L"");
+        EXPECT_EQ(generate(L"b.zip", {locked}), L"");
+        EXPECT_FALSE(folder_.exists("b.zip"));
+    }
+    SetFileAttributesW(read_only.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(Archives, AFolderInTheListIsNotPacked) {
+    file("d/a.txt", "1");
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {path("d")}), L"");
+    EXPECT_EQ(generate(L"a.zip", {path("d"), path("d/a.txt")}), path("a.zip"));
+    EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
+}
+
+TEST_F(Archives, TwoFilesOfOneNameMakeNone) {
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("d/a.txt", "1"), file("e/A.TXT", "2")}), L"");
+    EXPECT_FALSE(folder_.exists("a.zip"));
+}
+
+TEST_F(Archives, AnExistingOneIsUpdated) {
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "viejo"), file("b.txt", "queda")}), path("a.zip"));
+    put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
+    BoxWatcher boxes({answer_key(VK_ESCAPE)});  // OK is all that there is to answer
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "nuevo"), file("c.txt", "3")}), path("a.zip"));
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(replaced_text));
+    EXPECT_EQ(boxes.seen()[0].style, 48);
+    EXPECT_EQ(boxes.seen()[0].title, L"Copias");
+    EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt", "b.txt", "c.txt"));
+    EXPECT_EQ(content("a.zip", "a.txt"), "nuevo");
+    EXPECT_EQ(content("a.zip", "b.txt"), "queda");
+}
+
+TEST_F(Archives, AnExistingFileCountsHoweverThePackingWent) {
+    file("a.zip", "no es un zip");
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
+    EXPECT_EQ(folder_.read("a.zip"), "no es un zip");
+}
+
+TEST_F(Archives, AFolderOfTheArchivesNameIsNoFile) {
+    file("a.zip/d.txt", "1");
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), L"");
+    EXPECT_EQ(folder_.count(), 2U);
+}
+
+TEST_F(Archives, AccentedNamesAndFolders) {
+    const std::string text = zip::test::compressible(300'000, 7);
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"Camión nº 1 – 5 €.zip",
+                       {file("Año/señal ñ.txt", text), file("ÁÉÍÓÚ ¿qué/Ü.txt", "ü")}),
+              path("Camión nº 1 – 5 €.zip"));
+    EXPECT_THAT(entries("Camión nº 1 – 5 €.zip"), ElementsAre("señal ñ.txt", "Ü.txt"));
+    EXPECT_EQ(content("Camión nº 1 – 5 €.zip", "señal ñ.txt"), text);
+    EXPECT_EQ(generate(L"á.zip", path("Año"), {path("Año/señal ñ.txt")}), path("Año") + L"\\á.zip");
+}
+
+TEST_F(Archives, NamesThatTheCodePageLacks) {
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("文.txt", "1"), file("b.txt", "2")}), path("a.zip"));
+    EXPECT_THAT(entries("a.zip"), ElementsAre("b.txt"));
+    EXPECT_EQ(generate(L"文.zip", {path("b.txt")}), L"");
+}
+
+TEST_F(Archives, ArraysOfEveryKind) {
+    const std::vector<std::wstring> files{file("a.txt", "1"), file("b.txt", "2")};
+    Variant variants = list_of(files);
+    Variant texts = list_of(files, VT_BSTR);
+    Variant from_one = list_of(files, VT_BSTR, 1);
+    Variant typed;
+    typed.vt = VT_BYREF | VT_ARRAY | VT_BSTR;
+    typed.pparray = &texts.parray;
+    const std::vector<LateArgument> lists{variants,
+                                          texts,
+                                          from_one,
+                                          LateArgument::variable(variants),
+                                          LateArgument::variable(texts),
+                                          LateArgument::variable(typed)};
+    BoxWatcher no_box;
+    for (std::size_t index = 0; index < lists.size(); ++index) {
+        const std::string name = std::to_string(index) + ".zip";
+        EXPECT_EQ(
+            text_of_result(call(zip_.get(), L"GenerarZip", {wide(name), folder(), lists[index]})),
+            path(name));
+        EXPECT_THAT(entries(name), ElementsAre("a.txt", "b.txt"));
+    }
+}
+
+TEST_F(Archives, NamedArguments) {
+    BoxWatcher no_box;
+    const Outcome outcome = invoke(zip_.get(), L"generarzip", DISPATCH_METHOD,
+                                   {list_of({file("a.txt", "1")}), L"a.zip", folder()},
+                                   {L"NombresFicheros1", L"strNombreFicheroZip", L"strRutaSalida"});
+    EXPECT_EQ(text_of_result(outcome), path("a.zip"));
+}
+
+TEST_F(Archives, TheRecordEarlyBound) {
+    using Record = std::array<BSTR, 100>;
+    using Generate = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, BSTR*, Record*, BSTR*);
+    const auto generate = early<Generate>(zip_.get(), L"GenerarZip");
+    ASSERT_NE(generate, nullptr);
+    Bstr name(L"a.zip");
+    BSTR raw_name = name.get();
+    Bstr where(folder());
+    BSTR raw_where = where.get();
+    std::vector<Bstr> texts;
+    for (int i = 0; i < 100; ++i) {
+        texts.emplace_back(file("d/" + std::to_string(i), std::to_string(i)));
+    }
+    for (const std::size_t count : {std::size_t{1}, std::size_t{2}, std::size_t{100}}) {
+        Record record{};
+        for (std::size_t index = 0; index < count; ++index) record[index] = texts[index].get();
+        DeleteFileW(path("a.zip").c_str());
+        BoxWatcher no_box;
+        Bstr result;
+        EXPECT_EQ(generate(zip_.get(), &raw_name, &raw_where, &record, result.put()), S_OK);
+        EXPECT_EQ(result.view(), path("a.zip"));
+        EXPECT_EQ(entries("a.zip").size(), count);
+    }
+    Record hole{};
+    hole[1] = texts[1].get();
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    Bstr result;
+    EXPECT_EQ(generate(zip_.get(), &raw_name, &raw_where, &hole, result.put()), S_OK);
+    EXPECT_EQ(result.view(), L"");
+    ASSERT_EQ(boxes.seen().size(), 2U);
+    EXPECT_EQ(narrow(boxes.seen()[1].text), narrow(nothing_to_pack));
+    EXPECT_EQ(generate(zip_.get(), &raw_name, &raw_where, nullptr, result.put()), E_POINTER);
+}
+
+TEST_F(Archives, TheRecordLateBound) {
+    ComPtr<ITypeLib> library;
+    UINT place = 0;
+    ASSERT_EQ(interface_of(zip_.get())->GetContainingTypeLib(library.put(), &place), S_OK);
+    ComPtr<ITypeInfo> type;
+    MEMBERID member = 0;
+    USHORT found = 1;
+    wchar_t name[] = L"ZIPnames";
+    ASSERT_EQ(library->FindName(name, 0, type.put(), &member, &found), S_OK);
+    ASSERT_EQ(found, 1U);
+    ComPtr<IRecordInfo> info;
+    ASSERT_EQ(GetRecordInfoFromTypeInfo(type.get(), info.put()), S_OK);
+
+    std::array<BSTR, 100> record{};
+    const Bstr text(file("a.txt", "1"));
+    record[0] = text.get();
+    VARIANT value{};
+    value.vt = VT_BYREF | VT_RECORD;
+    value.pvRecord = record.data();
+    value.pRecInfo = info.get();
+    BoxWatcher no_box;
+    EXPECT_EQ(text_of_result(call(zip_.get(), L"GenerarZip", {L"a.zip", folder(), value})),
+              path("a.zip"));
+    EXPECT_EQ(text_of_result(call(zip_.get(), L"GenerarZip",
+                                  {L"b.zip", folder(), LateArgument::variable(value)})),
+              path("b.zip"));
+    EXPECT_THAT(entries("b.zip"), ElementsAre("a.txt"));
+}
+
+TEST_F(Archives, HalfASecondInWhichEventsRun) {
+    bool ran = false;
+    const Later event(50, [&] { ran = true; });
+    BoxWatcher no_box;
+    const ULONGLONG start = GetTickCount64();
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
+    EXPECT_GE(GetTickCount64() - start, 480U);
+    EXPECT_TRUE(ran);
+}
+
+TEST_F(Archives, WhatIsThereAfterTheWaitCounts) {
+    const Later event(50, [&] { EXPECT_TRUE(DeleteFileW(path("a.zip").c_str())); });
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), L"");
+}
+
+TEST_F(Archives, AnotherOneMadeDuringTheWait) {
+    std::wstring inner;
+    const Later event(50, [&] { inner = generate(L"b.zip", {file("b.txt", "2")}); });
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
+    EXPECT_EQ(inner, path("b.zip"));
+    EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
+    EXPECT_THAT(entries("b.zip"), ElementsAre("b.txt"));
+}
+
+TEST_F(Archives, TheHostLetsGoDuringTheWait) {
+    const DISPID member = id_of(zip_.get(), L"GenerarZip");
+    Variant list = list_of({file("a.txt", "1")});
+    Variant name(L"a.zip");
+    Variant where(folder());
+    VARIANT reversed[] = {list, where, name};
+    DISPPARAMS parameters{reversed, nullptr, 3, 0};
+    IDispatch* const object = zip_.detach();
+    const Later event(50, [&] { object->Release(); });
+    Variant result;
+    EXPECT_EQ(object->Invoke(member, IID_NULL, 0, DISPATCH_METHOD, &parameters, &result, nullptr,
+                             nullptr),
+              S_OK);
+    EXPECT_EQ(text_of(result.bstrVal), path("a.zip"));
+}
+
+}  // namespace
+}  // namespace kovrel::test
