@@ -93,8 +93,14 @@ void frmNIFCCC::create_controls() {
         set_tooltip(id, text);
     };
     const auto add_frame = [&](double top, int id, const wchar_t* caption) {
-        // Below the controls that it encloses, which would be painted over.
-        add({L"BUTTON", caption, BS_GROUPBOX, id, {margin, top, frame_width, frame_height}});
+        // Below the controls that it encloses, and above the window's own background, which it
+        // does not paint.
+        add({L"BUTTON",
+             caption,
+             BS_GROUPBOX,
+             id,
+             {margin, top, frame_width, frame_height},
+             WS_EX_TRANSPARENT});
     };
 
     tax_id_ = std::make_unique<MaskedEdit>(
@@ -124,7 +130,7 @@ void frmNIFCCC::create_controls() {
 void frmNIFCCC::apply_scale() {
     accepted_ = draw_sign(Sign::accepted, scale().pixels(mark_size));
     refused_ = draw_sign(Sign::rejected, scale().pixels(mark_size));
-    heading_ = draw_sign(Sign::accepted, scale().pixels(heading_picture));
+    heading_ = draw_sign(Sign::papers, scale().pixels(heading_picture));
     LOGFONTW bold = system_font(scale().dots_per_inch());
     bold.lfWeight = FW_BOLD;
     heading_font_ = make_font(bold);

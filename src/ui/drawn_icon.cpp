@@ -86,9 +86,7 @@ Ink ink_at(Sign sign, Point point) {
     switch (sign) {
         case Sign::accept:
             return in_check(point, 6, 2.4) ? green : clear;
-        case Sign::reject:
-            return in_cross(point, 5, 2.4) ? red : clear;
-        case Sign::copy: {
+        case Sign::papers: {
             const Ink front = sheet(point, {6, 5});
             return front.opacity > 0 ? front : sheet(point, {1, 1});
         }

@@ -8,8 +8,7 @@ namespace kovrel {
 
 enum class Sign {
     accept,    ///< a green check mark
-    reject,    ///< a red cross
-    copy,      ///< two sheets of paper
+    papers,    ///< two sheets of paper
     accepted,  ///< a check mark in a green disc
     rejected,  ///< a cross in a red disc
 };

@@ -303,6 +303,11 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         case DM_GETDEFID:
             return design_.default_button != 0 ? MAKELRESULT(design_.default_button, DC_HASDEFID)
                                                : 0;
+        case WM_NEXTDLGCTL:
+            // A label's access key: to the label itself, and on from there.
+            SetFocus(LOWORD(lparam) != FALSE ? reinterpret_cast<HWND>(wparam)
+                                             : GetNextDlgTabItem(handle_, GetFocus(), wparam != 0));
+            return 0;
         case WM_SETFOCUS:
             focus_inside();
             return 0;
