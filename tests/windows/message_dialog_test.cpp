@@ -207,7 +207,7 @@ TEST(MessageDialog, TheKeyboardAloneSelectsAndCopies) {
                 GlobalUnlock(data);
             }
             CloseClipboard();
-            return !copied.empty();
+            return copied == L"Año 2026\r\nCuota";  // and no more what another test left
         }));
         EXPECT_EQ(copied, L"Año 2026\r\nCuota");
         // The text can be read and not changed.
