@@ -1,8 +1,9 @@
 // The library as a module: loaded and unloaded over and over, instances made and released over and
 // over, with nothing growing.
-#include <gtest/gtest.h>
 #include <windows.h>
 #include <psapi.h>
+
+#include <gtest/gtest.h>
 
 #include "tests/automation/late.h"
 
