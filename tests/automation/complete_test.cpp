@@ -1,0 +1,101 @@
+// Every member of every class does something: none answers that the object does not support it.
+#include <atomic>
+#include <gtest/gtest.h>
+#include <set>
+#include <thread>
+
+#include "tests/automation/early.h"
+#include "tests/support/box_watcher.h"
+
+namespace kovrel::test {
+namespace {
+
+constexpr HRESULT action_not_supported = static_cast<HRESULT>(0x800A01BD);  // 445
+
+/// Answers whatever box of this process appears, as the members called here show many.
+class AnyBox {
+ public:
+    AnyBox() : thread_([this] { answer_all(); }) {}
+    AnyBox(const AnyBox&) = delete;
+    AnyBox& operator=(const AnyBox&) = delete;
+    ~AnyBox() {
+        stop_ = true;
+        thread_.join();
+    }
+
+ private:
+    void answer_all() const {
+        while (!stop_) {
+            for (HWND window : top_level_windows({L"#32770", {}, GetCurrentProcessId()})) {
+                if (auto box = read_box(window)) answer_box(window, *box, {});
+            }
+            Sleep(1);
+        }
+    }
+
+    std::atomic<bool> stop_ = false;
+    std::thread thread_;
+};
+
+/// A harmless value of a parameter's type.
+Variant value_for(const ELEMDESC& parameter) {
+    const TYPEDESC* type = &parameter.tdesc;
+    while (type->vt == VT_PTR) type = type->lptdesc;
+    switch (type->vt) {
+        case VT_BSTR:
+            return Variant(L"x");
+        case VT_VARIANT:
+            return Variant();
+        case VT_DISPATCH:
+        case VT_USERDEFINED:
+            return Variant(ComPtr<IDispatch>());
+        default:
+            return Variant(0);
+    }
+}
+
+TEST(EveryMember, IsBuilt) {
+    // These open windows of their own, which their own tests work.
+    const std::set<std::wstring> windows{L"MsgFormA", L"PideFecha", L"LanzaVerificadorNIFyCCC",
+                                         L"ShowOpen", L"BrowseForFolder"};
+    const AnyBox boxes;
+    std::size_t called = 0;
+    for (const wchar_t* const prog_id :
+         {L"Kovrel.clsFGen", L"Kovrel.clsFFechas", L"Kovrel.clsCSQL", L"Kovrel.clsMensajes",
+          L"Kovrel.cgsFileOpR", L"Kovrel.clsProfile", L"Kovrel.clsADODBServices",
+          L"Kovrel.clsFZip"}) {
+        const auto instance = create(prog_id);
+        ASSERT_TRUE(instance);
+        const auto info = interface_of(instance.get());
+        TYPEATTR* attributes = nullptr;
+        info->GetTypeAttr(&attributes);
+        const UINT count = attributes->cFuncs;
+        info->ReleaseTypeAttr(attributes);
+        for (UINT index = 0; index < count; ++index) {
+            FUNCDESC* function = nullptr;
+            ASSERT_EQ(info->GetFuncDesc(index, &function), S_OK);
+            Bstr raw_name;
+            UINT names = 0;
+            info->GetNames(function->memid, raw_name.put(), 1, &names);
+            const std::wstring name(raw_name.view());
+            std::vector<LateArgument> arguments;
+            for (SHORT at = 0; at < function->cParams; ++at) {
+                const ELEMDESC& parameter = function->lprgelemdescParam[at];
+                const bool result = (parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0;
+                if (!result) arguments.emplace_back(value_for(parameter));
+            }
+            const auto kind = static_cast<WORD>(function->invkind);
+            info->ReleaseFuncDesc(function);
+            // The catalogue stays the one that shows this class's messages.
+            if (windows.count(name) != 0 || kind == DISPATCH_PROPERTYPUTREF) continue;
+            const Outcome outcome = invoke(instance.get(), name, kind, arguments);
+            EXPECT_NE(outcome.error, action_not_supported) << narrow(name);
+            EXPECT_NE(outcome.result, DISP_E_MEMBERNOTFOUND) << narrow(name);
+            ++called;
+        }
+    }
+    EXPECT_GT(called, 140U);
+}
+
+}  // namespace
+}  // namespace kovrel::test
