@@ -24,7 +24,7 @@ Function Mensajes(registro)
     Mensajes = 0
     Set flujo = archivos.OpenTextFile(registro, 1)
     Do Until flujo.AtEndOfStream
-        flujo.SkipLine
+        flujo.ReadLine
         Mensajes = Mensajes + 1
     Loop
     flujo.Close

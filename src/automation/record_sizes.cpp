@@ -1,9 +1,7 @@
 #include "automation/record_sizes.h"
 
-#include <array>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
+#include <cstdio>
+#include <memory>
 
 #include "runtime/failure.h"
 
@@ -21,31 +19,39 @@ constexpr std::size_t instance_size_at = 0x50;
 
 class TypeLibraryFile {
  public:
-    explicit TypeLibraryFile(const std::wstring& path)
-        : file_(std::filesystem::path(path), std::ios::binary | std::ios::in | std::ios::out) {
-        if (number_at(0) != signature) throw Failure(FailureNumber::device_io);
+    explicit TypeLibraryFile(const std::wstring& path) : file_(_wfopen(path.c_str(), L"r+b")) {
+        if (!file_ || number_at(0) != signature) throw Failure(FailureNumber::device_io);
     }
 
     [[nodiscard]] std::uint32_t number_at(std::size_t offset) {
-        std::array<char, sizeof(std::uint32_t)> bytes{};
-        file_.seekg(static_cast<std::streamoff>(offset));
-        file_.read(bytes.data(), bytes.size());
-        if (!file_) throw Failure(FailureNumber::device_io);
         std::uint32_t number = 0;
-        std::memcpy(&number, bytes.data(), bytes.size());
+        seek(offset);
+        if (std::fread(&number, sizeof number, 1, file_.get()) != 1) {
+            throw Failure(FailureNumber::device_io);
+        }
         return number;
     }
 
     void put(std::size_t offset, std::uint32_t number) {
-        std::array<char, sizeof number> bytes{};
-        std::memcpy(bytes.data(), &number, bytes.size());
-        file_.seekp(static_cast<std::streamoff>(offset));
-        file_.write(bytes.data(), bytes.size());
-        if (!file_.flush()) throw Failure(FailureNumber::device_io);
+        seek(offset);
+        if (std::fwrite(&number, sizeof number, 1, file_.get()) != 1 ||
+            std::fflush(file_.get()) != 0) {
+            throw Failure(FailureNumber::device_io);
+        }
     }
 
  private:
-    std::fstream file_;
+    struct Close {
+        void operator()(std::FILE* file) const noexcept { std::fclose(file); }
+    };
+
+    void seek(std::size_t offset) {
+        if (std::fseek(file_.get(), static_cast<long>(offset), SEEK_SET) != 0) {
+            throw Failure(FailureNumber::device_io);
+        }
+    }
+
+    std::unique_ptr<std::FILE, Close> file_;
 };
 
 }  // namespace

@@ -58,6 +58,6 @@ inline constexpr NumberPattern no_zero{0, 0};        ///< "###": nothing at all 
 /// (16 or 32 bits, signed unless "&" follows), blanks, tabs and line ends are passed over
 /// anywhere. 0 when the text begins with no number; past the range of a double, or of 32 bits
 /// after a prefix, an overflow (failure 6).
-[[nodiscard]] double leading_number(std::wstring_view given);
+[[nodiscard]] double leading_number(std::wstring_view text);
 
 }  // namespace kovrel
