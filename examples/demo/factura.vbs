@@ -19,7 +19,7 @@ WScript.Echo "IVA (21 %):      " & general.redondeoa2(cuota)
 WScript.Echo "Total:           " & general.redondeoa2(total)
 WScript.Echo "En letra:        " & general.ConvEurosALetra(CDbl(general.redondeoa2(total)))
 WScript.Echo "En una frase:    " & general.ConvNumeroALetra("factura 1001 del día 21 de marzo")
-WScript.Echo
+WScript.Echo ""
 
 Dim cuenta
 cuenta = "20850103920300731702"
@@ -29,7 +29,7 @@ WScript.Echo "Dígitos:         " & _
     general.DC(general.Banco_CC(cuenta), general.Sucursal_CC(cuenta), general.Cuenta_CC(cuenta))
 WScript.Echo "Es correcta:     " & general.Verifica_CC(cuenta)
 WScript.Echo "Titular:         " & general.DescripNIFCIF("B")
-WScript.Echo
+WScript.Echo ""
 
 Dim dia, columna, linea
 WScript.Echo fechas.mes_letra(3) & " DE 2024, " & fechas.SemanasMes(2024, 3) & " semanas"
@@ -43,12 +43,12 @@ For dia = 1 To fechas.Dias_Mes(3, 2024)
     End If
 Next
 WScript.Echo fechas.SemanaDel(DateSerial(2024, 3, 15))
-WScript.Echo
+WScript.Echo ""
 
 WScript.Echo "INSERT INTO FACTURAS (CLIENTE, FECHA, TOTAL, PAGADA) VALUES (" & _
     sql.Conv_String("Hermanos Núñez, S.L.") & ", " & sql.Conv_Date_Date(DateSerial(2024, 3, 15)) & _
     ", " & sql.Conv_Double(total) & ", " & sql.Conv_Boolean(False) & ")"
-WScript.Echo
+WScript.Echo ""
 
 Dim opciones
 opciones = archivo.AddBackSlash(carpeta) & "opciones.ini"
