@@ -14,14 +14,6 @@ namespace {
 
 std::atomic<LONG> server_locks{0};
 
-/// One run-time failure costs a thread-local slot at every unload of a statically linked module,
-/// and a host that loads and unloads it a thousand times dies of it. So it stays once it is used.
-void stay_loaded() noexcept {
-    HMODULE pinned = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                       reinterpret_cast<const wchar_t*>(&stay_loaded), &pinned);
-}
-
 class ClassFactory final : public IClassFactory {
  public:
     explicit ClassFactory(const ClassInfo& info) noexcept : info_(info) { ++server_locks; }
@@ -72,6 +64,14 @@ class ClassFactory final : public IClassFactory {
 };
 
 }  // namespace
+
+// One run-time failure costs a thread-local slot at every unload of a statically linked module, and
+// a host that loads and unloads it a thousand times dies of it. So it stays once it is used.
+void stay_loaded() noexcept {
+    HMODULE pinned = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<const wchar_t*>(&stay_loaded), &pinned);
+}
 
 HRESULT get_class_object(const LibraryInfo& library, REFCLSID class_id, REFIID interface_id,
                          void** result) noexcept {

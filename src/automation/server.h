@@ -11,6 +11,9 @@ namespace kovrel {
 HRESULT get_class_object(const LibraryInfo& library, REFCLSID class_id, REFIID interface_id,
                          void** result) noexcept;
 
+/// Keeps the module in the process until its end, whatever its users give back.
+void stay_loaded() noexcept;
+
 /// S_OK when no instance and no lock is left.
 [[nodiscard]] HRESULT can_unload_now() noexcept;
 

@@ -38,4 +38,13 @@ HRESULT STDAPICALLTYPE DllUnregisterServer() {
     return with_library(&kovrel::unregister_server);
 }
 
+#ifndef _WIN64
+// The 32-bit run time takes a thread-local slot whenever the library is loaded and does not give it
+// back, used or not; there it stays from its first loading on.
+BOOL WINAPI DllMain(HINSTANCE /*module*/, DWORD reason, void* /*reserved*/) {
+    if (reason == DLL_PROCESS_ATTACH) kovrel::stay_loaded();
+    return TRUE;
+}
+#endif
+
 }  // extern "C"
