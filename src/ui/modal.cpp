@@ -23,7 +23,7 @@ BOOL CALLBACK collect_enabled(HWND window, LPARAM parameter) {
     return TRUE;
 }
 
-void pump(HWND window) {
+void pump(HWND window, void (*after_each)()) {
     MSG message;
     while (PeekMessageW(&message, window, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
@@ -32,18 +32,19 @@ void pump(HWND window) {
             return;
         }
         if (window == nullptr || !IsDialogMessageW(window, &message)) dispatch(message);
+        if (after_each != nullptr) after_each();
         if (window != nullptr && !IsWindow(window)) return;
     }
 }
 
 }  // namespace
 
-void pump_events() {
-    pump(nullptr);
+void pump_events(void (*after_each)()) {
+    pump(nullptr, after_each);
 }
 
 void pump_events_of(HWND window) {
-    pump(window);
+    pump(window, nullptr);
 }
 
 ModalScope::ModalScope(HWND window) : active_(GetActiveWindow()), focus_(GetFocus()) {

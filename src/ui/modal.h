@@ -7,8 +7,9 @@
 
 namespace kovrel {
 
-/// Dispatches the events that wait in the thread's queue, and returns.
-void pump_events();
+/// Dispatches the events that wait in the thread's queue, and returns; `after_each` runs after
+/// every one of them.
+void pump_events(void (*after_each)() = nullptr);
 
 /// Dispatches the waiting events of one window and its controls alone, with a dialog's keyboard.
 void pump_events_of(HWND window);
