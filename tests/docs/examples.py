@@ -29,6 +29,8 @@ BOX = re.compile(r'muestra \((?P<icon>[^,]+), "(?P<title>[^"]*)"\) (?P<text>.*?)
                  r"(?: — se pulsa (?P<button>\w+))?$")
 STEP = re.compile(r'se pulsa (?P<action>\w+) en la ventana "(?P<title>[^"]*)"$'
                   r'|se cierra la ventana "(?P<closed>[^"]*)"$')
+# Captions that the system of the tests gives its own windows, for those that users see.
+CAPTIONS = {"Buscar carpeta": "Explorar carpeta"}
 DATE = re.compile(r"(\d\d)/(\d\d)/(\d{4})$")
 
 
@@ -69,6 +71,7 @@ def blocks(document):
 class VBScript:
     comment = "'"
     extension = "vbs"
+    end = "WScript.Quit"
     prologue = """Dim KvCount, KvWrong
 KvCount = 0
 KvWrong = 0
@@ -122,8 +125,7 @@ End Sub
 
     @classmethod
     def check(cls, place, found, wanted):
-        return f"KvCheck {cls.quoted(place)}, ({found}), {cls.value(wanted)}" if not \
-            found.isidentifier() else f"KvCheck {cls.quoted(place)}, {found}, {cls.value(wanted)}"
+        return f"KvCheck {cls.quoted(place)}, {found}, {cls.value(wanted)}"
 
     @staticmethod
     def path(text):
@@ -133,6 +135,7 @@ End Sub
 class JScript:
     comment = "//"
     extension = "js"
+    end = "WScript.Quit();"
     prologue = """var KvCount = 0, KvWrong = 0;
 function KvCheck(where, found, wanted) {
   if (typeof found === typeof wanted && found === wanted) {
@@ -181,13 +184,16 @@ class Script:
     boxes: list = field(default_factory=list)
     steps: list = field(default_factory=list)
     checks: int = 0
+    examples: list = field(default_factory=list)  # the place and the lines of each
 
     def add(self, block, place):
         """Adds an example; True when it states something."""
         before = self.checks + len(self.boxes) + len(self.steps)
+        first = len(self.lines)
         self.lines.append(self.language.begin(place))
         for line in block.text.splitlines():
             self._add_line(self._moved(line), line, place)
+        self.examples.append((place, self.lines[first:]))
         return self.checks + len(self.boxes) + len(self.steps) > before
 
     def text(self):
@@ -231,7 +237,8 @@ class Script:
             self.boxes.append(f"{STYLES[box['icon']]}|{box['title']}|{text}|{button}")
         elif step := STEP.match(comment):
             action = step["action"] or "cerrar"
-            self.steps.append(f"{step['title'] or step['closed'] or ''}|{action}")
+            title = step["title"] or step["closed"]
+            self.steps.append(f"{CAPTIONS.get(title, title)}|{action}")
         elif "→" in comment:
             expression, _, value = comment.partition(" → ")
             self._check(place, expression, value)

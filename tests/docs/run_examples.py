@@ -58,7 +58,8 @@ def run(script, name, work, tools):
         steps.write_text("\n".join(script.steps) + "\n", encoding="utf-8")
         helper = subprocess.Popen([wine, windows_path(worker), windows_path(steps),
                                    str(LIMIT_SECONDS)])
-    result = subprocess.run(command, check=False)
+    result = subprocess.run(command, check=False, stdout=subprocess.PIPE, text=True)
+    print(result.stdout, end="", flush=True)
     if helper is not None:
         try:
             if helper.wait(timeout=10) != 0:
@@ -69,6 +70,21 @@ def run(script, name, work, tools):
             print(f"FAILED: not every window of {name} has come")
             return False
     return result.returncode == 0
+
+
+def find_unreadable(script, work, tools):
+    """Names the examples that the host cannot read: it does not say so, and runs nothing."""
+    wine = tools[1]
+    for place, lines in script.examples:
+        alone = Script(script.language, script.folder)
+        # What stands behind the end is read, but not run.
+        alone.lines = [script.language.begin(place), script.language.end, *lines]
+        file = work / f"alone.{script.language.extension}"
+        file.write_bytes(alone.text().encode("cp1252", errors="ignore"))
+        command = [wine, "C:\\windows\\system32\\cscript.exe", "//nologo", windows_path(file)]
+        result = subprocess.run(command, check=False, stdout=subprocess.PIPE)
+        if b"ejemplo" not in result.stdout:
+            print(f"FAILED: {place} cannot be read")
 
 
 def class_script(document, class_name, folder):
@@ -95,7 +111,10 @@ def main():
         if mode == "class":
             fill(work / "e")
             script = class_script(document, class_name, windows_path(work / "e"))
-            return 0 if run(script, class_name, work, tools) else 1
+            if run(script, class_name, work, tools):
+                return 0
+            find_unreadable(script, work, tools)
+            return 1
         good = 0
         for index, block in enumerate(blocks(document)):
             if block.language not in LANGUAGES or block.place in NOT_RUN:

@@ -37,6 +37,28 @@ std::wstring wide(const std::string& text) {
     return result;
 }
 
+/// True for the library's windows and the system's dialogs, all of which have more than the text
+/// and buttons of a message box. Those are box_answerer's, and may have the same title.
+bool is_no_message_box(HWND window) {
+    return kovrel::test::class_of(window) != L"#32770" ||
+           kovrel::test::find_control(window, L"Edit") != nullptr ||
+           kovrel::test::find_control(window, L"SysTreeView32") != nullptr;
+}
+
+/// A window with the title that is no message box.
+HWND wait_for(const std::wstring& title, Milliseconds limit) {
+    HWND found = nullptr;
+    kovrel::test::wait_until(
+        [&] {
+            for (HWND window : kovrel::test::top_level_windows({{}, title, 0})) {
+                if (is_no_message_box(window)) found = window;
+            }
+            return found != nullptr;
+        },
+        limit);
+    return found;
+}
+
 /// False when the window has no such way to close.
 bool work(HWND window, const std::string& action) {
     if (action == "cerrar") return PostMessageW(window, WM_CLOSE, 0, 0) != FALSE;
@@ -61,7 +83,7 @@ int main(int count, char** arguments) {
     for (std::string line; std::getline(steps, line);) {
         const std::size_t bar = line.rfind('|');
         const std::string title = line.substr(0, bar);
-        HWND const window = kovrel::test::wait_for_window({{}, wide(title), 0}, limit);
+        HWND const window = wait_for(wide(title), limit);
         if (window == nullptr) {
             std::fprintf(stderr, "the window \"%s\" has not come\n", title.c_str());
             return 1;
