@@ -12,6 +12,7 @@ In an example, "→" states a value and "muestra" a message box (vbscript; javas
 A value is an expression of the language, a date as dd/mm/yyyy, or a text with ⏎ for code 13.
 """
 import re
+import unicodedata
 from dataclasses import dataclass, field
 
 EXAMPLE_FOLDER = "C:\\Ejemplo"
@@ -190,6 +191,8 @@ class Script:
         """Adds an example; True when it states something."""
         before = self.checks + len(self.boxes) + len(self.steps)
         first = len(self.lines)
+        # What a host prints may be in any code page.
+        place = unicodedata.normalize("NFD", place).encode("ascii", "ignore").decode("ascii")
         self.lines.append(self.language.begin(place))
         for line in block.text.splitlines():
             self._add_line(self._moved(line), line, place)
