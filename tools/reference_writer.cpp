@@ -30,7 +30,7 @@ std::ifstream open(const std::filesystem::path& file) {
 /// One paragraph or list under its own name.
 std::string field(const std::string& name, const std::string& text) {
     const bool list = text.front() == '-';
-    return "**" + name + ".**" + (list ? "\n\n" : " ") + text + "\n\n";
+    return "**" + name + ":**" + (list ? "\n\n" : " ") + text + "\n\n";
 }
 
 std::string fenced(const std::string& language, const std::string& text) {

@@ -4,7 +4,8 @@
     check_documents.py SOURCE_FOLDER
 
 The calls of the examples in languages without a host here name members that exist, with as many
-arguments as they take; the error boxes described are those of the sources; links lead somewhere.
+arguments as they take; the error boxes described are those of the sources, and so are the texts of
+the messages, unless an example shows them; links lead somewhere.
 """
 import pathlib
 import re
@@ -88,10 +89,31 @@ def check_calls(name, document, classes):
     return calls
 
 
-def check_error_boxes(reference, source):
+def literals(source):
+    """The sources with their adjacent texts joined, written as the documents write them."""
+    code = "\n".join(file.read_text(encoding="utf-8")
+                     for pattern in ("*.cpp", "*.h") for file in source.rglob(pattern))
+    code = re.sub(r'(?<!\\)"\s*\n\s*L"', "", code)
+    return code.replace('\\"', '"').replace("\\r", "⏎")
+
+
+def check_messages(reference, code):
+    """Every piece of a message is a text of the sources, or of a box that an example shows."""
+    shown = "\n".join(re.findall(r"^' muestra (.*)$", reference, re.M))
+    pieces = 0
+    for messages in re.findall(r"\n\*\*Mensajes:\*\*(.*?)\n\*\*Fallos:", reference, re.S):
+        for span in re.findall(r"`([^`]+)`", messages):
+            for piece in span.split("⏎"):
+                if " " not in piece.strip():
+                    continue
+                pieces += 1
+                if piece not in code and piece not in shown:
+                    problems.append(f"no message says \"{piece}\"")
+    return pieces
+
+
+def check_error_boxes(reference, code):
     """Every procedure named as an error box's is the end of one in the sources."""
-    code = "".join(file.read_text(encoding="utf-8") for file in source.rglob("*.cpp"))
-    code = re.sub(r'"\s*\n\s*L"', "", code)
     described = set(re.findall(r"\(\*descripción\*\) (en procedimiento [^»]*)»", reference))
     for text in sorted(described):
         if f'L") {text}"' not in code:
@@ -120,13 +142,16 @@ def main():
     classes = signatures(reference)
     calls = sum(check_calls(name, (root / name).read_text(encoding="utf-8"), classes)
                 for name in ("docs/guia.md", "README.md"))
-    boxes = check_error_boxes(reference, root / "src")
+    code = literals(root / "src")
+    boxes = check_error_boxes(reference, code)
+    messages = check_messages(reference, code)
     links = sum(check_links(root / name)
                 for name in ("docs/guia.md", "docs/referencia.md", "README.md"))
-    print(f"{len(classes)} classes, {calls} calls, {boxes} error boxes, {links} links")
+    print(f"{len(classes)} classes, {calls} calls, {boxes} error boxes, "
+          f"{messages} pieces of messages, {links} links")
     for problem in problems:
         print("FAILED:", problem)
-    return 1 if problems or not (classes and calls and boxes and links) else 0
+    return 1 if problems or not (classes and calls and boxes and messages) else 0
 
 
 if __name__ == "__main__":
