@@ -1,11 +1,12 @@
 // Writes the type library from the declarations: type_library_writer FILE x86_64|i686
+#include "automation/type_library_writer.h"
+
 #include <windows.h>
 
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
 
-#include "automation/type_library.h"
 #include "frame/library.h"
 #include "runtime/failure.h"
 
