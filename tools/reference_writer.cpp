@@ -127,7 +127,8 @@ std::string enumeration_page(const EnumInfo& info) {
     page += "| nombre | valor | significado |\n|---|---|---|\n";
     for (const EnumInfo::Value& value : info.values) {
         char number[32];
-        std::snprintf(number, sizeof number, "%ld (&H%lX)", static_cast<long>(value.value),
+        // Without the last sign Basic would take &H8000 for a negative number.
+        std::snprintf(number, sizeof number, "%ld (&H%lX&)", static_cast<long>(value.value),
                       static_cast<unsigned long>(value.value));
         page += "| `" + utf8(value.name) + "` | " + number + " | " + utf8(value.help) + " |\n";
     }
