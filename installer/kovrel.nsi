@@ -37,6 +37,7 @@ Var OlderVersion
 Var OlderKeptFolder
 Var Message
 
+!define MUI_CUSTOMFUNCTION_UNABORT un.RemoveOwnCopy
 !insertmacro MUI_PAGE_WELCOME
 Page custom ShowScopePage LeaveScopePage
 !insertmacro MUI_PAGE_DIRECTORY

@@ -26,6 +26,12 @@ Function un.onInit
     ${EndIf}
 FunctionEnd
 
+!macro RemoveEmptyClassKeys
+    DeleteRegKey /ifempty HKCU "Software\Classes\CLSID"
+    DeleteRegKey /ifempty HKCU "Software\Classes\Interface"
+    DeleteRegKey /ifempty HKCU "Software\Classes\TypeLib"
+!macroend
+
 ; Codes 3 and 4 of regsvr32 say that the file is no library any more. It has nothing to say about
 ; its registration then, and must not keep the rest from being removed.
 Function un.UnregisterOrFail
@@ -57,4 +63,36 @@ Section un.Kovrel
     StrCpy $0 $INSTDIR
     Call un.RemoveFolders
     DeleteRegKey SHCTX "${ENTRY}"
+    ${If} $Scope == user
+        Call un.RemoveEmptyKeys
+    ${EndIf}
 SectionEnd
+
+; A user's part of the registry may have had none of these before.
+Function un.RemoveEmptyKeys
+    DeleteRegKey /ifempty HKCU "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+    !insertmacro RemoveEmptyClassKeys
+    SetRegView 32
+    !insertmacro RemoveEmptyClassKeys
+    SetRegView lastused
+FunctionEnd
+
+; An uninstaller runs from a copy of itself in a folder "~nsu..." of the temporary ones, which nobody
+; removes but this: a command that waits until the copy has ended, and tries twice.
+Function un.RemoveOwnCopy
+    StrCpy $0 "$TEMP\~nsu"
+    StrLen $1 $0
+    StrCpy $1 $EXEDIR $1
+    ${If} $0 == $1
+        SetOutPath $TEMP
+        ExecShell "" "$SYSDIR\cmd.exe" '/d /c ping -n 2 127.0.0.1 >nul & rd /s /q "$EXEDIR" & ping -n 5 127.0.0.1 >nul & rd /s /q "$EXEDIR"' SW_HIDE
+    ${EndIf}
+FunctionEnd
+
+Function un.onUninstSuccess
+    Call un.RemoveOwnCopy
+FunctionEnd
+
+Function un.onUninstFailed
+    Call un.RemoveOwnCopy
+FunctionEnd
