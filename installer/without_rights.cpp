@@ -1,8 +1,11 @@
-// Runs a program as a user without administrator rights: without_rights PROGRAM [ARGUMENT...].
-// Ends with the program's exit code. For Wine, where every user is an administrator and the keys of
-// the machine are everybody's to write: they are closed to all but administrators first (until Wine
-// ends), then the program runs with the administrators' group taken from it.
+// Makes Wine treat a user as one without administrator rights.
+//   without_rights LIBRARY.tlb                        closes the machine's keys of its classes
+//   without_rights LIBRARY.tlb PROGRAM [ARGUMENT...]  then runs a program as such a user
+// Ends with the program's exit code. In Wine every user is an administrator, and the right to make
+// a key is not looked at, only the rights to one that is there. So the keys of the library's
+// classes are made beforehand, open to administrators only; they last until Wine ends.
 #include <windows.h>
+#include <oleauto.h>
 
 #include <array>
 #include <cstdio>
@@ -13,46 +16,65 @@ namespace {
 
 constexpr int cannot_run = 250;
 
-constexpr std::array machine_keys = {
-    L"Software",
-    L"Software\\Classes",
-    L"Software\\Classes\\CLSID",
-    L"Software\\Classes\\Interface",
-    L"Software\\Classes\\TypeLib",
-    L"Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall",
-};
-
-bool failed(const char* what) {
-    std::fprintf(stderr, "without_rights: %s: error %lu\n", what, GetLastError());
+bool failed(const char* what, LONG error) {
+    std::fprintf(stderr, "without_rights: %s: error 0x%lX\n", what,
+                 static_cast<unsigned long>(error));
     return false;
 }
 
-bool protect(const wchar_t* path, REGSAM view, PSECURITY_DESCRIPTOR rights) {
-    HKEY key = nullptr;
-    LSTATUS status = RegOpenKeyExW(HKEY_LOCAL_MACHINE, path, 0, WRITE_DAC | view, &key);
-    if (status == ERROR_FILE_NOT_FOUND) return true;
-    if (status == ERROR_SUCCESS) {
-        status = RegSetKeySecurity(key, DACL_SECURITY_INFORMATION, rights);
-        RegCloseKey(key);
-    }
-    SetLastError(static_cast<DWORD>(status));
-    return status == ERROR_SUCCESS || failed("a key of the machine cannot be protected");
+bool failed(const char* what) {
+    return failed(what, static_cast<LONG>(GetLastError()));
 }
 
-bool protect_machine_keys() {
-    // Administrators and the system may do everything, everybody may read.
+bool close_class_key(const GUID& id, PSECURITY_DESCRIPTOR rights) {
+    std::array<wchar_t, 39> text{};
+    StringFromGUID2(id, text.data(), static_cast<int>(text.size()));
+    const std::wstring path = std::wstring(L"Software\\Classes\\CLSID\\") + text.data();
+    for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
+        HKEY key = nullptr;
+        LSTATUS status =
+            RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
+                            WRITE_DAC | view, nullptr, &key, nullptr);
+        if (status == ERROR_SUCCESS) {
+            status = RegSetKeySecurity(key, DACL_SECURITY_INFORMATION, rights);
+            RegCloseKey(key);
+        }
+        if (status != ERROR_SUCCESS) return failed("a class's key cannot be closed", status);
+    }
+    return true;
+}
+
+bool close_class_keys(ITypeLib& library, PSECURITY_DESCRIPTOR rights) {
+    for (UINT index = 0; index < library.GetTypeInfoCount(); ++index) {
+        TYPEKIND kind{};
+        ITypeInfo* info = nullptr;
+        TYPEATTR* attributes = nullptr;
+        if (FAILED(library.GetTypeInfoType(index, &kind)) || kind != TKIND_COCLASS) continue;
+        if (FAILED(library.GetTypeInfo(index, &info))) return failed("a class is missing", 0);
+        bool done = SUCCEEDED(info->GetTypeAttr(&attributes));
+        if (done) {
+            done = close_class_key(attributes->guid, rights);
+            info->ReleaseTypeAttr(attributes);
+        }
+        info->Release();
+        if (!done) return false;
+    }
+    return true;
+}
+
+bool close_class_keys(const wchar_t* type_library) {
     PSECURITY_DESCRIPTOR rights = nullptr;
+    // Administrators and the system may do everything, everybody may read.
     if (ConvertStringSecurityDescriptorToSecurityDescriptorW(
             L"D:(A;;KA;;;BA)(A;;KA;;;SY)(A;;KR;;;WD)", SDDL_REVISION_1, &rights, nullptr) ==
         FALSE) {
         return failed("the rights cannot be described");
     }
-    bool done = true;
-    for (const wchar_t* path : machine_keys) {
-        for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
-            done = protect(path, static_cast<REGSAM>(view), rights) && done;
-        }
-    }
+    ITypeLib* library = nullptr;
+    const HRESULT loaded = LoadTypeLibEx(type_library, REGKIND_NONE, &library);
+    if (FAILED(loaded)) return failed("the type library cannot be read", loaded);
+    const bool done = close_class_keys(*library, rights);
+    library->Release();
     LocalFree(rights);
     return done;
 }
@@ -74,29 +96,20 @@ HANDLE token_without_administrators() {
     return token;
 }
 
-/// The command line from the first argument on, quoted as it was given.
-std::wstring rest_of_command_line() {
-    const wchar_t* text = GetCommandLineW();
+/// A command line after its first word, quoted as it was given.
+const wchar_t* after_first_word(const wchar_t* text) {
     bool quoted = false;
     for (; *text != L'\0' && (quoted || *text != L' '); ++text) quoted = quoted != (*text == L'"');
     while (*text == L' ') ++text;
     return text;
 }
 
-}  // namespace
-
-int main() {
-    std::wstring command = rest_of_command_line();
-    if (command.empty() || !protect_machine_keys()) return cannot_run;
-    HANDLE token = token_without_administrators();
-    if (token == nullptr) return cannot_run;
+int run(HANDLE token, std::wstring command) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    const BOOL started = CreateProcessAsUserW(token, nullptr, command.data(), nullptr, nullptr,
-                                              TRUE, 0, nullptr, nullptr, &startup, &process);
-    CloseHandle(token);
-    if (started == FALSE) {
+    if (CreateProcessAsUserW(token, nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                             nullptr, &startup, &process) == FALSE) {
         failed("the program cannot be started");
         return cannot_run;
     }
@@ -106,4 +119,16 @@ int main() {
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
     return static_cast<int>(code);
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    if (count < 2 || !close_class_keys(arguments[1])) return cannot_run;
+    if (count == 2) return 0;
+    HANDLE token = token_without_administrators();
+    if (token == nullptr) return cannot_run;
+    const int code = run(token, after_first_word(after_first_word(GetCommandLineW())));
+    CloseHandle(token);
+    return code;
 }
