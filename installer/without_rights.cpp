@@ -64,10 +64,9 @@ bool close_class_keys(ITypeLib& library, PSECURITY_DESCRIPTOR rights) {
 
 bool close_class_keys(const wchar_t* type_library) {
     PSECURITY_DESCRIPTOR rights = nullptr;
-    // Administrators and the system may do everything, everybody may read.
+    // Not even to be read by others: Wine lets whoever may read a key delete it.
     if (ConvertStringSecurityDescriptorToSecurityDescriptorW(
-            L"D:(A;;KA;;;BA)(A;;KA;;;SY)(A;;KR;;;WD)", SDDL_REVISION_1, &rights, nullptr) ==
-        FALSE) {
+            L"D:(A;;KA;;;BA)(A;;KA;;;SY)", SDDL_REVISION_1, &rights, nullptr) == FALSE) {
         return failed("the rights cannot be described");
     }
     ITypeLib* library = nullptr;
