@@ -75,6 +75,7 @@ Function un.RemoveEmptyKeys
     SetRegView 32
     !insertmacro RemoveEmptyClassKeys
     SetRegView lastused
+    DeleteRegKey /ifempty HKCU "Software\Classes"
 FunctionEnd
 
 ; An uninstaller runs from a copy of itself in a folder "~nsu..." of the temporary ones, which nobody
