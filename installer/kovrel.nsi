@@ -38,6 +38,7 @@ Var OlderKeptFolder
 Var Message
 
 !define MUI_CUSTOMFUNCTION_UNABORT un.RemoveOwnCopy
+!define MUI_WELCOMEPAGE_TEXT $(Welcome)
 !insertmacro MUI_PAGE_WELCOME
 Page custom ShowScopePage LeaveScopePage
 !insertmacro MUI_PAGE_DIRECTORY

@@ -5,14 +5,18 @@
 !macroend
 !define Text "!insertmacro Text"
 
+${Text} Welcome \
+    "This program installs Kovrel ${VERSION}, a library of utilities for database applications in Spanish, for 32-bit and 64-bit programs.$\r$\n$\r$\nAn older version is replaced. Before you go on, close the programs that use it.$\r$\n$\r$\n$_CLICK" \
+    "Este programa instala Kovrel ${VERSION}, una biblioteca de utilidades para aplicaciones de base de datos en español, para programas de 32 y de 64 bits.$\r$\n$\r$\nSi hay una versión anterior, la reemplaza. Antes de continuar, cierre los programas que la usan.$\r$\n$\r$\n$_CLICK"
+
 ${Text} ScopeTitle "Who is it for?" "¿Para quién se instala?"
 ${Text} ScopeSubtitle "Choose who may use Kovrel on this computer." \
     "Elija quién podrá usar Kovrel en este equipo."
 ${Text} ScopeIntro "Programs of the users chosen here will find Kovrel." \
     "Encontrarán Kovrel los programas de los usuarios que elija aquí."
 ${Text} ScopeUser "&Only for me" "&Solo para mí"
-${Text} ScopeUserHint "No administrator rights are needed. Programs that run as administrator do not see it." \
-    "No hacen falta permisos de administrador. Los programas que se ejecutan como administrador no la ven."
+${Text} ScopeUserHint "No administrator rights are needed. Programs that run as administrator will not find Kovrel." \
+    "No hacen falta permisos de administrador. Los programas que se ejecutan como administrador no encontrarán Kovrel."
 ${Text} ScopeAll "For &all users" "Para &todos los usuarios"
 ${Text} ScopeAllHint "Administrator rights are needed: Windows will ask for them." \
     "Hacen falta permisos de administrador: Windows los pedirá."
