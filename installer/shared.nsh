@@ -1,7 +1,7 @@
 ; What installing and removing share: regsvr32, files in use, folders. Each function is there twice,
 ; since an uninstaller may only call functions whose names begin with "un.".
 
-; How setup and uninstaller end, besides 0 (done), 1 (cancelled by the user) and 2 (other failure).
+; How setup and uninstaller end, besides 0 (done) and 1 (cancelled by the user).
 !define EXIT_NEEDS_ADMINISTRATOR 3
 !define EXIT_IN_USE 4
 !define EXIT_REGISTRATION 5

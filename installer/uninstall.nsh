@@ -20,6 +20,7 @@ Function un.onInit
             ${OrIf} ${Errors}
                 MessageBox MB_ICONSTOP $(NeedsAdministrator) /SD IDOK
             ${EndIf}
+            Call un.RemoveOwnCopy
             SetErrorLevel ${EXIT_NEEDS_ADMINISTRATOR}
             Quit
         ${EndIf}
