@@ -148,10 +148,13 @@ class HeaderWriter {
 
  private:
     void write_enumeration(const EnumInfo& info) {
-        out_ << L"// Where the platform's headers define macros of these names, the macros, which "
-                L"have\n"
-                L"// the same values, stay what the names mean: "
-             << info.name << L"{first | second} works either way.\n";
+        out_ << L"// The names lose nothing to the platform's macros of the same names and values, "
+                L"which\n"
+                L"// are set aside for the declaration. Where <commdlg.h> is included too, write "
+                L"them\n"
+                L"// without "
+             << library_.name << L"::, as in static_cast<" << library_.name << L"::" << info.name
+             << L">(OFN_EXPLORER | OFN_HIDEREADONLY).\n";
         for (const EnumInfo::Value& value : info.values) {
             out_ << L"#pragma push_macro(\"" << value.name << L"\")\n#undef " << value.name
                  << L'\n';
