@@ -114,6 +114,11 @@ std::wstring prefix(MemberKind kind) {
     return L"";
 }
 
+/// The new value of a property has no name of its own.
+const wchar_t* name_of(const ParameterInfo& parameter) {
+    return parameter.name != nullptr ? parameter.name : L"value";
+}
+
 std::wstring parameter_text(const ParameterInfo& parameter) {
     std::wstring text = parameter.by_reference ? L"/* [in, out" : L"/* [in";
     if (parameter.optional) text += L", optional";
@@ -122,8 +127,7 @@ std::wstring parameter_text(const ParameterInfo& parameter) {
     }
     text += L"] */ " + type_name(parameter.type);
     if (parameter.by_reference) text += L'*';
-    // The new value of a property has no name of its own.
-    return text + L' ' + (parameter.name != nullptr ? parameter.name : L"value");
+    return text + L' ' + name_of(parameter);
 }
 
 class HeaderWriter {
@@ -186,8 +190,16 @@ class HeaderWriter {
     }
 
     void write_member(const MemberInfo& member) {
-        out_ << L"    /// " << member.help << L"\n    virtual HRESULT STDMETHODCALLTYPE "
-             << prefix(member.kind) << member.name << L'(';
+        out_ << L"    /// " << member.help << L'\n';
+        const wchar_t* before = L"    /// Puede cambiar: ";
+        for (const ParameterInfo& parameter : member.parameters) {
+            if (!parameter.written_back) continue;
+            out_ << before << name_of(parameter);
+            before = L", ";
+        }
+        if (*before == L',') out_ << L".\n";
+        out_ << L"    virtual HRESULT STDMETHODCALLTYPE " << prefix(member.kind) << member.name
+             << L'(';
         const wchar_t* separator = L"\n        ";
         for (const ParameterInfo& parameter : member.parameters) {
             out_ << separator << parameter_text(parameter);
