@@ -7,7 +7,7 @@
 #include <fstream>
 #include <string_view>
 
-#include "automation/type_library.h"
+#include "automation/type_library_writer.h"
 #include "frame/library.h"
 #include "runtime/failure.h"
 #include "tools/header_writer.h"

@@ -74,7 +74,9 @@ struct MemberInfo {
     std::vector<ParameterInfo> parameters;
     TypeRef result;
     Slot slot = nullptr;  ///< early-bound entry of the vtable
-    void (*invoke)(void* implementation, LateCall& call) = nullptr;  ///< late-bound entry
+    Slot call = nullptr;  ///< calls the member function itself
+    /// Late-bound entry: what the late call holds crosses to and from `call`.
+    void (*late)(void* implementation, Slot call, LateCall& late_call) = nullptr;
 };
 
 enum class Instancing : std::uint8_t {

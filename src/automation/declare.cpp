@@ -9,12 +9,14 @@ void complete(ParameterInfo& info, const Parameter& parameter) {
     info.optional = parameter.optional;
     if (!parameter.optional) return;
     const VARTYPE type = info.type.type;
-    const auto typed = [type](const Variant& value) {
-        return type == VT_VARIANT ? value : value.as(type);
+    const auto typed = [type](const Default& value) {
+        return type == VT_VARIANT ? value.value() : value.value().as(type);
     };
-    if (parameter.declared_default) info.declared_default = typed(*parameter.declared_default);
-    if (parameter.when_missing) {
-        info.when_missing = typed(*parameter.when_missing);
+    if (parameter.declared_default.type != VT_EMPTY) {
+        info.declared_default = typed(parameter.declared_default);
+    }
+    if (parameter.when_missing.type != VT_EMPTY) {
+        info.when_missing = typed(parameter.when_missing);
     } else if (type == VT_VARIANT) {
         info.when_missing = Variant::missing();
     } else {
@@ -24,18 +26,19 @@ void complete(ParameterInfo& info, const Parameter& parameter) {
 
 }  // namespace
 
-Parameter optional(const wchar_t* name, Variant default_value, Variant when_missing) {
-    Parameter result(name);
-    result.optional = true;
-    result.declared_default = std::move(default_value);
-    result.when_missing = std::move(when_missing);
-    return result;
-}
-
-Parameter optional(const wchar_t* name) {
-    Parameter result(name);
-    result.optional = true;
-    return result;
+Variant Default::value() const {
+    switch (type) {
+        case VT_BOOL:
+            return Variant(number != VARIANT_FALSE);
+        case VT_I2:
+            return Variant(static_cast<std::int16_t>(number));
+        case VT_BSTR:
+            return Variant(text);
+        case VT_DATE:
+            return Variant(Date{static_cast<double>(number)});
+        default:
+            return Variant(number);
+    }
 }
 
 DeclarationBase::DeclarationBase(const ClassIdentity& identity, Instancing instancing,
@@ -45,7 +48,7 @@ DeclarationBase::DeclarationBase(const ClassIdentity& identity, Instancing insta
     info_.instancing = instancing;
     info_.class_id = identity.class_id;
     info_.interface_id = identity.interface_id;
-    info_.prog_id = std::wstring(identity.library) + L'.' + identity.name;
+    info_.prog_id = std::wstring(identity.type_library) + L'.' + identity.name;
     info_.interface_name = std::wstring(L"_") + identity.name;
     info_.vtable = ObjectBase::dispatch_slots();
 }
@@ -68,7 +71,8 @@ void DeclarationBase::add(const EntryInfo& entry, MemberKind kind, const wchar_t
     }
     if (entry.result != nullptr) member.result = entry.result();
     member.slot = entry.slot;
-    member.invoke = entry.invoke;
+    member.call = entry.call;
+    member.late = entry.late;
     info_.vtable.push_back(entry.slot);
     *entry.declared = &member;
 }

@@ -19,39 +19,67 @@
 
 namespace kovrel {
 
-/// Parameters that the host may leave out. The plain form has a default that the type library
-/// declares and that a missing argument counts as.
+/// A default as it stands in a declaration; the parameter's own type is given to it later.
+struct Default {
+    constexpr Default() = default;
+    // NOLINTBEGIN(google-explicit-constructor): a declaration gives the plain values.
+    constexpr Default(bool value) : type(VT_BOOL), number(value ? VARIANT_TRUE : VARIANT_FALSE) {}
+    constexpr Default(std::int16_t value) : type(VT_I2), number(value) {}
+    constexpr Default(std::int32_t value) : type(VT_I4), number(value) {}
+    constexpr Default(const wchar_t* value) : type(VT_BSTR), text(value) {}
+    // NOLINTEND(google-explicit-constructor)
+    /// A date without a time of day.
+    static constexpr Default day(std::int32_t days) {
+        Default result(days);
+        result.type = VT_DATE;
+        return result;
+    }
+
+    [[nodiscard]] Variant value() const;
+
+    VARTYPE type = VT_EMPTY;  ///< VT_EMPTY: no default
+    std::int32_t number = 0;
+    const wchar_t* text = nullptr;
+};
+
+/// A parameter by its name; see optional() for those that the host may leave out.
 struct Parameter {
-    Parameter(const wchar_t* its_name) : name(its_name) {}  // NOLINT(google-explicit-constructor)
+    constexpr Parameter(const wchar_t* its_name)  // NOLINT(google-explicit-constructor)
+        : name(its_name) {}
 
     const wchar_t* name;
     bool optional = false;
-    std::optional<Variant> declared_default;
-    std::optional<Variant> when_missing;
+    Default declared_default{};
+    Default when_missing{};
 };
-
-[[nodiscard]] Parameter optional(const wchar_t* name, Variant default_value, Variant when_missing);
-
-template <class Value>
-[[nodiscard]] Parameter optional(const wchar_t* name, Value default_value) {
-    return optional(name, Variant(default_value), Variant(default_value));
-}
 
 /// An optional parameter whose declared default, which compilers pass, differs from what the member
 /// takes an omitted argument for.
-template <class Value>
-[[nodiscard]] Parameter optional(const wchar_t* name, Value default_value, Value when_missing) {
-    return optional(name, Variant(default_value), Variant(when_missing));
+[[nodiscard]] constexpr Parameter optional(const wchar_t* name, Default default_value,
+                                           Default when_missing) {
+    Parameter result(name);
+    result.optional = true;
+    result.declared_default = default_value;
+    result.when_missing = when_missing;
+    return result;
+}
+
+/// An optional parameter with a default that the type library declares and that an omitted argument
+/// counts as.
+[[nodiscard]] constexpr Parameter optional(const wchar_t* name, Default default_value) {
+    return optional(name, default_value, default_value);
 }
 
 /// An optional parameter without a default: a variant stays recognisable as missing, any other type
 /// takes its zero value.
-[[nodiscard]] Parameter optional(const wchar_t* name);
+[[nodiscard]] constexpr Parameter optional(const wchar_t* name) {
+    return optional(name, Default());
+}
 
 /// What hosts know a class by, for ever.
 struct ClassIdentity {
-    const wchar_t* library;  ///< the first part of the ProgID
-    const wchar_t* name;     ///< the second part; with an underscore in front, the interface's name
+    const wchar_t* type_library;  ///< its name is the first part of the ProgID
+    const wchar_t* name;  ///< the second part; with an underscore in front, the interface's name
     GUID class_id;
     GUID interface_id;
 };

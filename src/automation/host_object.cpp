@@ -14,6 +14,20 @@ namespace {
 /// value would be followed for ever.
 constexpr int default_value_depth = 16;
 
+/// The system's own text for an HRESULT, without its closing line break.
+std::wstring system_text(HRESULT result) {
+    wchar_t* text = nullptr;
+    const DWORD length = FormatMessageW(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, static_cast<DWORD>(result), 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+    std::wstring description(text == nullptr ? L"" : text, length);
+    LocalFree(text);
+    while (!description.empty() && (description.back() == L'\r' || description.back() == L'\n')) {
+        description.pop_back();
+    }
+    return description;
+}
+
 /// The exception record that a failed call filled, freed at the end.
 class ExceptionRecord {
  public:
@@ -33,27 +47,17 @@ class ExceptionRecord {
         if (HRESULT_FACILITY(number) == FACILITY_CONTROL && number < 0)
             number = HRESULT_CODE(number);
         std::wstring description(text_of(record_.bstrDescription));
-        if (description.empty()) description = failure_description(number);
+        if (number == 0) number = E_FAIL;
+        if (description.empty()) {
+            description =
+                number < 0 ? system_text(number) : std::wstring(failure_description(number));
+        }
         throw Failure(number, std::move(description));
     }
 
  private:
     EXCEPINFO record_{};
 };
-
-/// The system's own text for an HRESULT, without its closing line break.
-std::wstring system_text(HRESULT result) {
-    wchar_t* text = nullptr;
-    const DWORD length = FormatMessageW(
-        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-        nullptr, static_cast<DWORD>(result), 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
-    std::wstring description(text == nullptr ? L"" : text, length);
-    LocalFree(text);
-    while (!description.empty() && (description.back() == L'\r' || description.back() == L'\n')) {
-        description.pop_back();
-    }
-    return description;
-}
 
 [[noreturn]] void raise(HRESULT result) {
     if (result == DISP_E_UNKNOWNNAME || result == DISP_E_MEMBERNOTFOUND) {

@@ -6,6 +6,7 @@
 #include "automation/bstr.h"
 #include "automation/host_object.h"
 #include "runtime/failure.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 namespace {
@@ -95,7 +96,7 @@ std::vector<std::wstring> texts_of_object(IDispatch* object, std::uint32_t limit
     if (length < 0 || static_cast<std::uint32_t>(length) > limit) throw BadValue{DISP_E_BADINDEX};
     std::vector<std::wstring> texts;
     for (std::int32_t index = 0; index < length; ++index) {
-        texts.push_back(array.field(std::to_wstring(index)).to_text_or_empty());
+        texts.push_back(array.field(decimal_text(index)).to_text_or_empty());
     }
     return texts;
 }

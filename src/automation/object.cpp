@@ -6,6 +6,19 @@
 namespace kovrel {
 namespace {
 
+/// Keeps an instance alive while one of its members runs: a host may let go of it from an event
+/// that the member lets through.
+class KeepAlive {
+ public:
+    explicit KeepAlive(ObjectBase& object) noexcept : object_(object) { object_.add_ref(); }
+    KeepAlive(const KeepAlive&) = delete;
+    KeepAlive& operator=(const KeepAlive&) = delete;
+    ~KeepAlive() { object_.release(); }
+
+ private:
+    ObjectBase& object_;
+};
+
 std::atomic<ULONG> objects{0};
 
 /// The late-bound entry that a call's flags ask for; null when the member has none such.
@@ -149,7 +162,7 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
     try {
         if (result != nullptr) VariantInit(result);
         LateCall call(*entry, *parameters, result);
-        entry->invoke(self->implementation_, call);
+        entry->late(self->implementation_, entry->call, call);
         return S_OK;
     } catch (const CallError& error) {
         if (bad_argument != nullptr) *bad_argument = error.argument;
@@ -158,6 +171,11 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
         fill(exception, current_failure(), *self->info_);
         return DISP_E_EXCEPTION;
     }
+}
+
+HRESULT ObjectBase::run(void (*body)(void*), void* context) noexcept {
+    const KeepAlive alive(*this);
+    return run_at_boundary(info_->prog_id.c_str(), body, context);
 }
 
 std::vector<Slot> ObjectBase::dispatch_slots() {

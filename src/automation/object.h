@@ -26,10 +26,16 @@ class ObjectBase {
     ObjectBase& operator=(const ObjectBase&) = delete;
 
     [[nodiscard]] const ClassInfo& info() const noexcept { return *info_; }
+    /// The instance of the public class, as the class's own members see it.
+    [[nodiscard]] void* implementation() const noexcept { return implementation_; }
     [[nodiscard]] IDispatch* dispatch() noexcept { return reinterpret_cast<IDispatch*>(this); }
 
     ULONG add_ref() noexcept;
     ULONG release() noexcept;
+
+    /// Runs one early-bound call at the boundary, with the instance kept alive meanwhile: a host
+    /// may let go of it from an event that the member lets through.
+    HRESULT run(void (*body)(void*), void* context) noexcept;
 
     /// The seven entries in front of every class's vtable.
     [[nodiscard]] static std::vector<Slot> dispatch_slots();
@@ -85,19 +91,6 @@ class ObjectBase {
     void* implementation_;
     ErrorSupport error_support_;
     ClassInfoProvider class_info_provider_;
-};
-
-/// Keeps an instance alive while one of its members runs: a host may let go of it from an event
-/// that the member lets through.
-class KeepAlive {
- public:
-    explicit KeepAlive(ObjectBase& object) noexcept : object_(object) { object_.add_ref(); }
-    KeepAlive(const KeepAlive&) = delete;
-    KeepAlive& operator=(const KeepAlive&) = delete;
-    ~KeepAlive() { object_.release(); }
-
- private:
-    ObjectBase& object_;
 };
 
 /// An instance of the class whose members are those of `Class`.

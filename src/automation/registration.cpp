@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "runtime/failure.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 namespace {
@@ -122,7 +123,7 @@ std::wstring text_of_guid(const GUID& id) {
 }
 
 std::wstring version_of(const LibraryInfo& library) {
-    return std::to_wstring(library.major) + L"." + std::to_wstring(library.minor);
+    return decimal_text(library.major) + L"." + decimal_text(library.minor);
 }
 
 void register_library(const LibraryInfo& library, const std::wstring& module_path,

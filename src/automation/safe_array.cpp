@@ -19,8 +19,8 @@ Variant owning(SAFEARRAY* array, VARTYPE element) {
 
 }  // namespace
 
-Variant new_byte_array(std::size_t size) {
-    if (size > static_cast<std::size_t>(std::numeric_limits<LONG>::max())) throw std::bad_alloc();
+Variant new_byte_array(std::uint64_t size) {
+    if (size > std::uint64_t{std::numeric_limits<LONG>::max()}) throw std::bad_alloc();
     return owning(SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(size)), VT_UI1);
 }
 

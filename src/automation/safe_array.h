@@ -12,8 +12,9 @@
 
 namespace kovrel {
 
-/// A new array of bytes, all 0, indexed from 0.
-[[nodiscard]] Variant new_byte_array(std::size_t size);
+/// A new array of bytes, all 0, indexed from 0. Memory exhaustion past 2 GB, which is all that an
+/// array takes.
+[[nodiscard]] Variant new_byte_array(std::uint64_t size);
 
 /// A new two-dimensional array of empty values, both indexes from 0. Failure 9 for a negative
 /// number of either.

@@ -103,54 +103,40 @@ struct EntryInfo {
     std::span<const PassedType> parameters;
     TypeRef (*result)() = nullptr;  ///< null: a procedure
     Slot slot = nullptr;
-    void (*invoke)(void* implementation, LateCall& call) = nullptr;
+    Slot call = nullptr;
+    void (*late)(void* implementation, Slot call, LateCall& late_call) = nullptr;
     const MemberInfo** declared = nullptr;  ///< where the thunk looks its declaration up
 };
 
-template <class Class, auto Member, class Result, class... Parameters>
-struct BasicThunk {
-    static constexpr std::size_t arity = sizeof...(Parameters);
-    static_assert(arity <= max_parameters);
-    using Returned = Result;
-    using Arguments = std::tuple<Argument<Parameters>...>;
-    using Indexes = std::index_sequence_for<Parameters...>;
+/// How arguments and results cross, for all the members that share a signature: which member it is
+/// comes as a function that calls it, so that the library holds one copy of this a signature.
+template <class Result, class... Parameters>
+class Crossing {
+ public:
+    using Member = Result (*)(void* implementation, Parameters... parameters);
 
-    /// The vtable slot. `Out` is nothing for a procedure, else a pointer to the raw result.
+    /// `out` is nothing for a procedure, else a pointer to the raw result.
     template <class... Out>
-    static HRESULT STDMETHODCALLTYPE slot(ObjectBase* self, RawOf<Parameters>... raw, Out... out) {
+    [[gnu::noinline]] static HRESULT early(ObjectBase* self, Member member,
+                                           const MemberInfo& declared, RawOf<Parameters>... raw,
+                                           Out... out) {
         if (((out == nullptr) || ...)) return E_POINTER;
         ((*out = {}), ...);
         if ((is_null(raw) || ...)) return E_POINTER;
-        const KeepAlive alive(*self);
-        return boundary(self->info().prog_id.c_str(), [&] {
-            auto& target = static_cast<Object<Class>*>(self)->implementation();
-            early(target, Indexes{}, raw..., out...);
-        });
+        auto body = [&] {
+            call_early(self->implementation(), member, declared, Indexes{}, raw..., out...);
+        };
+        return self->run([](void* context) { (*static_cast<decltype(body)*>(context))(); }, &body);
     }
 
-    static Slot slot_address() {
-        if constexpr (std::is_void_v<Result>) {
-            return reinterpret_cast<Slot>(&slot<>);
-        } else {
-            return reinterpret_cast<Slot>(&slot<typename NativeOf<Result>::Raw*>);
-        }
-    }
-
-    /// What the declaration needs to know.
-    static EntryInfo entry() {
-        static constexpr std::array<PassedType, arity> parameters{PassedType{
-            &NativeOf<Parameters>::type, by_reference<Parameters>, written_back<Parameters>}...};
-        EntryInfo info{.parameters = parameters, .slot = slot_address(), .invoke = &invoke};
-        if constexpr (!std::is_void_v<Result>) info.result = &NativeOf<Result>::type;
-        info.declared = &declared_member<Class, Member>;
-        return info;
-    }
-
-    static void invoke(void* implementation, LateCall& call) {
-        late(*static_cast<Class*>(implementation), call, Indexes{});
+    static void late(void* implementation, Slot member, LateCall& call) {
+        call_late(implementation, reinterpret_cast<Member>(member), call, Indexes{});
     }
 
  private:
+    using Arguments = std::tuple<Argument<Parameters>...>;
+    using Indexes = std::index_sequence_for<Parameters...>;
+
     template <class Raw>
     static bool is_null(Raw /*raw*/) noexcept {
         return false;
@@ -165,7 +151,7 @@ struct BasicThunk {
 
     /// A variant that the caller left out counts as its parameter's default, as in a late call.
     template <class Parameter>
-    static auto from_raw(RawOf<Parameter> raw, std::size_t index) {
+    static auto from_raw(RawOf<Parameter> raw, const MemberInfo& declared, std::size_t index) {
         auto value = [&] {
             if constexpr (by_reference<Parameter>) {
                 return NativeOf<Parameter>::from_raw(*raw);
@@ -174,7 +160,7 @@ struct BasicThunk {
             }
         }();
         if constexpr (std::is_same_v<decltype(value), Variant>) {
-            const ParameterInfo& parameter = declared_member<Class, Member>->parameters[index];
+            const ParameterInfo& parameter = declared.parameters[index];
             if (value.is_missing() && parameter.optional) value = parameter.when_missing;
         } else {
             (void)index;
@@ -183,17 +169,18 @@ struct BasicThunk {
     }
 
     template <std::size_t... Index, class... Out>
-    static void early(Class& target, std::index_sequence<Index...> /*indexes*/,
-                      RawOf<Parameters>... raw, Out... out) {
-        Arguments arguments{Argument<Parameters>(from_raw<Parameters>(raw, Index))...};
+    static void call_early(void* implementation, Member member, const MemberInfo& declared,
+                           std::index_sequence<Index...> /*indexes*/, RawOf<Parameters>... raw,
+                           Out... out) {
+        Arguments arguments{Argument<Parameters>(from_raw<Parameters>(raw, declared, Index))...};
         const auto store = [&] { (std::get<Index>(arguments).store(raw), ...); };
         run(
             [&] {
                 if constexpr (std::is_void_v<Result>) {
-                    std::invoke(Member, target, std::get<Index>(arguments).pass()...);
+                    member(implementation, std::get<Index>(arguments).pass()...);
                 } else {
                     ((*out = NativeOf<Result>::to_raw(
-                          std::invoke(Member, target, std::get<Index>(arguments).pass()...))),
+                          member(implementation, std::get<Index>(arguments).pass()...))),
                      ...);
                 }
             },
@@ -201,16 +188,17 @@ struct BasicThunk {
     }
 
     template <std::size_t... Index>
-    static void late(Class& target, LateCall& call, std::index_sequence<Index...> /*indexes*/) {
+    static void call_late(void* implementation, Member member, LateCall& call,
+                          std::index_sequence<Index...> /*indexes*/) {
         Arguments arguments{Argument<Parameters>(NativeOf<Parameters>::from_call(call, Index))...};
         const auto store = [&] { (std::get<Index>(arguments).store(call, Index), ...); };
         run(
             [&] {
                 if constexpr (std::is_void_v<Result>) {
-                    std::invoke(Member, target, std::get<Index>(arguments).pass()...);
+                    member(implementation, std::get<Index>(arguments).pass()...);
                 } else {
                     call.set_result(NativeOf<Result>::to_variant(
-                        std::invoke(Member, target, std::get<Index>(arguments).pass()...)));
+                        member(implementation, std::get<Index>(arguments).pass()...)));
                 }
             },
             store);
@@ -226,6 +214,54 @@ struct BasicThunk {
             throw;
         }
         store();
+    }
+};
+
+template <class Class, auto Member, class Result, class... Parameters>
+struct BasicThunk {
+    static constexpr std::size_t arity = sizeof...(Parameters);
+    static_assert(arity <= max_parameters);
+    using Shared = Crossing<Result, Parameters...>;
+
+    static Result call(void* implementation, Parameters... parameters) {
+        return std::invoke(Member, *static_cast<Class*>(implementation),
+                           std::forward<Parameters>(parameters)...);
+    }
+
+    /// The vtable slot.
+    template <class... Out>
+    static HRESULT STDMETHODCALLTYPE slot(ObjectBase* self, RawOf<Parameters>... raw, Out... out) {
+        return Shared::early(self, &call, *declared_member<Class, Member>, raw..., out...);
+    }
+
+    static Slot slot_address() {
+        if constexpr (std::is_void_v<Result>) {
+            return reinterpret_cast<Slot>(&slot<>);
+        } else {
+            return reinterpret_cast<Slot>(&slot<typename NativeOf<Result>::Raw*>);
+        }
+    }
+
+    /// What the declaration needs to know.
+    static const EntryInfo& entry() {
+        static constexpr std::array<PassedType, arity> parameters{PassedType{
+            &NativeOf<Parameters>::type, by_reference<Parameters>, written_back<Parameters>}...};
+        static const EntryInfo info{.parameters = parameters,
+                                    .result = result_type(),
+                                    .slot = slot_address(),
+                                    .call = reinterpret_cast<Slot>(&call),
+                                    .late = &Shared::late,
+                                    .declared = &declared_member<Class, Member>};
+        return info;
+    }
+
+ private:
+    static constexpr auto result_type() -> TypeRef (*)() {
+        if constexpr (std::is_void_v<Result>) {
+            return nullptr;
+        } else {
+            return &NativeOf<Result>::type;
+        }
     }
 };
 

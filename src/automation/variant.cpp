@@ -137,8 +137,10 @@ Variant Variant::as(VARTYPE type) const {
     if (vt == VT_DISPATCH && type != VT_UNKNOWN)
         return HostObject(pdispVal).default_value().as(type);
     Variant result;
+    // A boolean reads as the user's own words for true and false, as where texts are joined.
+    const USHORT flags = vt == VT_BOOL && type == VT_BSTR ? VARIANT_LOCALBOOL : 0;
     const HRESULT outcome =
-        VariantChangeTypeEx(&result, const_cast<Variant*>(this), LOCALE_USER_DEFAULT, 0, type);
+        VariantChangeTypeEx(&result, const_cast<Variant*>(this), LOCALE_USER_DEFAULT, flags, type);
     if (FAILED(outcome)) throw_conversion_failure(outcome);
     return result;
 }
@@ -148,6 +150,7 @@ std::wstring Variant::to_text() const {
 }
 
 std::wstring Variant::to_text_or_empty() const {
+    if (vt == VT_DISPATCH) return HostObject(pdispVal).default_value().to_text_or_empty();
     return is_null() || is_empty() ? std::wstring() : to_text();
 }
 

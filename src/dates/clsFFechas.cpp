@@ -65,7 +65,7 @@ const ClassInfo& clsFFechas::class_info() {
             .method<&clsFFechas::PideFecha>(
                 L"PideFecha",
                 {L"strMensaje", optional(L"strCaption", L"Fecha"),
-                 optional(L"DtFechaDefecto", Date{})},
+                 optional(L"DtFechaDefecto", Default::day(0))},
                 L"Pide una fecha al usuario en una ventana; una fecha propuesta 0 se sustituye por "
                 L"la de hoy, también en la variable recibida.")
             .done();

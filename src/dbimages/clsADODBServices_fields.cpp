@@ -54,7 +54,7 @@ void clsADODBServices::PutImageInField(const ComPtr<IDispatch>& f, const std::ws
         L") en procedimiento PutImageInField del Módulo de clase clsADODBServices.", &app_origen()};
     guarded(handler, [&] {
         BinaryFile file = BinaryFile::open(File);
-        const Variant bytes = new_byte_array(static_cast<std::size_t>(file.size()));
+        const Variant bytes = new_byte_array(file.size());
         {
             const ArrayAccess<std::uint8_t> access(bytes.parray);
             file.read(access.elements().data(), access.elements().size());
@@ -73,11 +73,12 @@ ComPtr<IPictureDisp> clsADODBServices::GetImageFromField(const ComPtr<IDispatch>
         write_bytes(file, HostObject(f).get(L"Value"));
         file.close();
         picture = load_picture(path);
+        delete_file(path);
     } catch (...) {
         const Failure failure = current_failure();
         attempt([&] { show(picture_failure(failure.number(), failure.description())); });
+        attempt([&] { delete_file(path); });
     }
-    delete_file(path);
     return picture;
 }
 

@@ -4,6 +4,7 @@
 
 #include "files/path_text.h"
 #include "runtime/number_format.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 namespace {
@@ -14,9 +15,9 @@ constexpr std::int64_t chunk_size = 1024;
 
 std::wstring record_location(std::wstring_view text, std::int64_t position, std::int64_t count) {
     std::wstring result(text);
-    result += std::to_wstring(position);
+    result += decimal_text(position);
     result += L" de ";
-    result += std::to_wstring(count);
+    result += decimal_text(count);
     return result;
 }
 
@@ -38,7 +39,7 @@ std::wstring temporary_file_name(std::wstring_view folder, double random) {
 
 Notice picture_failure(std::int32_t number, std::wstring_view description) {
     std::wstring text = L"ERROR  ";
-    text += std::to_wstring(number);
+    text += decimal_text(number);
     text += L": ";
     text += description;
     return {std::move(text), NoticeStyle::plain, {}};

@@ -126,12 +126,8 @@ void create_folder(const std::wstring& path) {
     if (!CreateDirectoryW(unlimited(path).c_str(), nullptr)) raise(GetLastError());
 }
 
-bool delete_file(const std::wstring& path) noexcept {
-    try {
-        return DeleteFileW(unlimited(path).c_str()) != FALSE;
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
+void delete_file(const std::wstring& path) {
+    if (!DeleteFileW(unlimited(path).c_str())) raise(GetLastError());
 }
 
 BinaryFile BinaryFile::open(const std::wstring& path) {

@@ -25,8 +25,8 @@ enum class Listing { files, files_and_folders };
 /// Creates one folder; its parent must be there.
 void create_folder(const std::wstring& path);
 
-/// False when the file was not deleted.
-bool delete_file(const std::wstring& path) noexcept;
+/// Deletes one file.
+void delete_file(const std::wstring& path);
 
 /// An open file, closed at the end at the latest.
 class BinaryFile {

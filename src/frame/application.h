@@ -3,13 +3,14 @@
 
 #include <cstdint>
 
+#include "frame/version.h"
 #include "runtime/notice.h"
 
 namespace kovrel {
 
 /// The library's application title: that of every standard error box and of every notice that has
 /// no title of its own.
-inline constexpr const wchar_t* application_title = L"kovrel";
+inline constexpr const wchar_t* application_title = L"" KOVREL_TITLE;
 
 /// Shows a notice in a modal message box and waits for the answer: the published button codes
 /// (1 OK, 2 Cancel, 6 Yes, 7 No). The box belongs to the thread's active window; without one it

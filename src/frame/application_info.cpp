@@ -52,8 +52,8 @@ std::wstring product_name(const VersionResource& version) {
     };
     const auto& translation = version.at<Translation>(L"\\VarFileInfo\\Translation");
     std::array<wchar_t, 64> path{};
-    std::swprintf(path.data(), path.size(), L"\\StringFileInfo\\%04X%04X\\ProductName",
-                  translation.language, translation.code_page);
+    wsprintfW(path.data(), L"\\StringFileInfo\\%04X%04X\\ProductName", translation.language,
+              translation.code_page);
     return {&version.at<wchar_t>(path.data())};
 }
 

@@ -1,6 +1,7 @@
 #include "frame/guarded.h"
 
 #include "frame/application.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 
@@ -8,7 +9,7 @@ void show_failure(const Failure& failure, const Handler& handler) noexcept {
     try {
         Notice notice;
         notice.style = NoticeStyle::critical;
-        notice.text = L"Error " + std::to_wstring(failure.number()) + L"\r (";
+        notice.text = L"Error " + decimal_text(failure.number()) + L"\r (";
         notice.text += failure.description();
         notice.text += handler.trailing;
         if (handler.title != nullptr) notice.title = *handler.title;

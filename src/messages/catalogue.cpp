@@ -152,7 +152,7 @@ Notice record_not_found(std::wstring title) {
 
 Notice ask_for_next_record(std::wstring title, std::int16_t total, std::int16_t current) {
     return question(std::move(title),
-                    join({L"Registro ", std::to_wstring(current), L" de ", std::to_wstring(total),
+                    join({L"Registro ", decimal_text(current), L" de ", decimal_text(total),
                           L" registros encontrados.\r\r¿Ir al siguiente?"}));
 }
 

@@ -3,22 +3,22 @@
 #include <utility>
 
 #include "files/path_text.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 
 Notice database_error_report(std::wstring title, std::wstring_view introduction,
                              const std::vector<DatabaseError>& errors, std::int32_t count) {
     std::wstring text(introduction);
-    text += L"\r\rNº Errores: " + std::to_wstring(count);
+    text += L"\r\rNº Errores: " + decimal_text(count);
     for (const auto& error : errors) {
-        text += L"\r\t" + std::to_wstring(error.number) + L" - " + error.description;
+        text += L"\r\t" + decimal_text(error.number) + L" - " + error.description;
     }
     return {std::move(text), NoticeStyle::critical, std::move(title)};
 }
 
 std::wstring version_text(std::int16_t major, std::int16_t minor, std::int16_t revision) {
-    return std::to_wstring(major) + L'.' + std::to_wstring(minor) + L'.' +
-           std::to_wstring(revision);
+    return decimal_text(major) + L'.' + decimal_text(minor) + L'.' + decimal_text(revision);
 }
 
 std::wstring identification_text(std::wstring_view title, std::wstring_view version,

@@ -23,6 +23,9 @@ class clsCSQL : public AppOrigen {
     std::wstring Conv_String(const std::wstring& StrCadena);
 
  private:
+    /// What Conv_Double and Conv_DoubleDeDouble share.
+    void convert_to_cents(const Variant& number, std::wstring& result);
+
     /// Its own, which never learns the host's name.
     clsFGen general_;
 };

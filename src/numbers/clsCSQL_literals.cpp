@@ -18,22 +18,21 @@ std::wstring literal_of_day(double date) {
 
 std::wstring clsCSQL::Conv_Double(const Variant& Numero) {
     return guarded<std::wstring>({L") en procedimiento Conv_Double del Módulo de clase clsCSQL."},
-                                 [&](std::wstring& result) {
-                                     if (Numero.is_numeric()) {
-                                         result = sql_number(
-                                             general_.redondeoa2(Variant(Numero.to_double())), 2);
-                                     } else {
-                                         show(sql_needs_a_number(app_origen()));
-                                     }
-                                 });
+                                 [&](std::wstring& result) { convert_to_cents(Numero, result); });
 }
 
 std::wstring clsCSQL::Conv_DoubleDeDouble(const double& Numero) {
     return guarded<std::wstring>(
         {L") en procedimiento Conv_DoubleDeDouble del Módulo de clase clsCSQL."},
-        [&](std::wstring& result) {
-            result = sql_number(general_.redondeoa2(Variant(Numero)), 2);
-        });
+        [&](std::wstring& result) { convert_to_cents(Variant(Numero), result); });
+}
+
+void clsCSQL::convert_to_cents(const Variant& number, std::wstring& result) {
+    if (number.is_numeric()) {
+        result = sql_number(general_.redondeoa2(Variant(number.to_double())), 2);
+    } else {
+        show(sql_needs_a_number(app_origen()));
+    }
 }
 
 std::wstring clsCSQL::Conv_Double4(const Variant& Numero) {

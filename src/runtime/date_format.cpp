@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "runtime/calendar.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 namespace {
@@ -16,7 +17,7 @@ constexpr std::array<std::wstring_view, 12> month_names{
     L"julio", L"agosto",  L"septiembre", L"octubre", L"noviembre", L"diciembre"};
 
 std::wstring padded(int number, std::size_t width) {
-    std::wstring digits = std::to_wstring(number);
+    std::wstring digits = decimal_text(number);
     if (digits.size() < width) digits.insert(0, width - digits.size(), L'0');
     return digits;
 }

@@ -5,11 +5,11 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <iterator>
 #include <limits>
 #include <utility>
+#include <vector>
 
 #include "runtime/failure.h"
 #include "runtime/text.h"
@@ -48,29 +48,51 @@ void round_to(Decimal& number, std::ptrdiff_t count) {
     }
 }
 
-/// A finite number in `count` significant digits of scientific notation: sign, digits, exponent.
-Decimal scientific(double value, int count) {
-    std::array<char, 64> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), "%.*e", count - 1, value);
-    const std::string_view text(buffer.data());
-    const auto mark = text.find('e');
+/// All the digits of a finite number: a fraction of two is one of ten with as many places.
+Decimal exact(double value) {
+    constexpr int mantissa_bits = std::numeric_limits<double>::digits;
+    int exponent = 0;
+    const double fraction = std::frexp(std::abs(value), &exponent);
+    auto mantissa = static_cast<std::uint64_t>(std::ldexp(fraction, mantissa_bits));
+    exponent -= mantissa_bits;
+    for (; exponent < 0 && mantissa != 0 && mantissa % 2 == 0; ++exponent) mantissa /= 2;
+
+    // Groups of nine digits, the lowest first.
+    constexpr std::uint64_t group = 1'000'000'000;
+    constexpr int group_digits = 9;
+    std::vector<std::uint64_t> groups;
+    for (; mantissa != 0; mantissa /= group) groups.push_back(mantissa % group);
+    const auto multiply = [&groups](std::uint64_t factor) {
+        std::uint64_t carry = 0;
+        for (std::uint64_t& digits : groups) {
+            carry += digits * factor;
+            digits = carry % group;
+            carry /= group;
+        }
+        if (carry != 0) groups.push_back(carry);
+    };
+    const std::uint64_t base = exponent < 0 ? 5 : 2;
+    for (int left = std::abs(exponent); left > 0;) {
+        std::uint64_t factor = 1;
+        for (; left > 0 && factor < group / base; --left) factor *= base;
+        multiply(factor);
+    }
+
     Decimal number;
-    number.negative = text.front() == '-';
-    // Whatever the C library's locale puts between the digits, it is not one.
-    std::copy_if(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(mark),
-                 std::back_inserter(number.digits),
-                 [](char character) { return character >= '0' && character <= '9'; });
-    number.point = std::strtol(buffer.data() + mark + 1, nullptr, 10) + 1;
+    number.negative = std::signbit(value);
+    for (auto digits = groups.rbegin(); digits != groups.rend(); ++digits) {
+        const std::string text = std::to_string(*digits);
+        if (!number.digits.empty()) number.digits.append(group_digits - text.size(), '0');
+        number.digits += text;
+    }
+    if (number.digits.empty()) return {.negative = false, .digits = "0", .point = 1};
+    number.point = static_cast<std::ptrdiff_t>(number.digits.size()) + std::min(exponent, 0);
     return number;
 }
 
 Decimal to_decimal(double value) {
     if (!std::isfinite(value)) throw Failure(FailureNumber::overflow);
-    // 17 digits tell on which side of a half the 15-digit rounding lies, unless the last two read
-    // "50": then the value is a half or next to one, and 41 digits tell which (no double other
-    // than a true half comes that near to one).
-    Decimal number = scientific(value, significant_digits + 2);
-    if (number.digits.compare(significant_digits, 2, "50") == 0) number = scientific(value, 41);
+    Decimal number = exact(value);
     round_to(number, significant_digits);
     return number;
 }
@@ -164,7 +186,9 @@ double to_double(std::string_view text) {
         exponent -= static_cast<long long>(mantissa.size() - point - 1);
     }
     digits.append("e").append(std::to_string(exponent));
-    return std::strtod(digits.c_str(), nullptr);
+    // Of the C library's readings this is the one that the system brings along; all of them give
+    // an infinity past the range.
+    return std::atof(digits.c_str());
 }
 
 /// Reads the digits after &H or &O.
@@ -252,7 +276,7 @@ std::wstring number_to_text(double value, wchar_t decimal_separator) {
     text += exponent < 0 ? L"E-" : L"E+";
     exponent = std::abs(exponent);
     if (exponent < 10) text.push_back(L'0');
-    return text + std::to_wstring(exponent);
+    return text + decimal_text(exponent);
 }
 
 std::optional<double> plain_number(std::wstring_view text, wchar_t decimal_separator) {

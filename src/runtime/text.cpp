@@ -5,6 +5,11 @@
 
 namespace kovrel {
 
+std::wstring decimal_text(std::int64_t number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
 std::wstring_view trim_left(std::wstring_view text) noexcept {
     const auto first = text.find_first_not_of(L' ');
     return first == std::wstring_view::npos ? std::wstring_view{} : text.substr(first);

@@ -1,6 +1,7 @@
 // Small operations on texts that several subsystems share.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,9 @@ namespace kovrel {
 [[nodiscard]] constexpr bool is_digit(wchar_t character) noexcept {
     return character >= L'0' && character <= L'9';
 }
+
+/// A whole number in decimal digits, with a "-" in front when negative.
+[[nodiscard]] std::wstring decimal_text(std::int64_t number);
 
 /// The text without the blanks (character 32 only) at its beginning, or at both ends.
 [[nodiscard]] std::wstring_view trim_left(std::wstring_view text) noexcept;

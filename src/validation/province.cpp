@@ -6,6 +6,7 @@
 
 #include "runtime/conversion.h"
 #include "runtime/failure.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 constexpr std::size_t postal_code_length = 5;
 
 std::wstring five_digits(std::int16_t number) {
-    std::wstring digits = std::to_wstring(std::abs(number));
+    std::wstring digits = decimal_text(std::abs(number));
     digits.insert(0, postal_code_length - digits.size(), L'0');
     if (number < 0) digits.insert(0, 1, L'-');
     return digits;

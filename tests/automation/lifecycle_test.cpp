@@ -1,4 +1,4 @@
-// Creation and release, the host's name, and the defaults that omitted arguments take.
+// Creation and release, the host's name and the catalogue that can be replaced.
 #include <gtest/gtest.h>
 
 #include "tests/automation/early.h"
