@@ -33,11 +33,14 @@ place_in_dist() {
 make_dist() {
     local arch=$1 built="$build/$1/bin" out="$root/dist/$1" file name
     build_preset "$arch"
-    mkdir -p "$out"
+    mkdir -p "$out" "$root/dist/include"
     for file in "$built/kovrel.dll" "$built/kovrel.tlb"; do
         [ -f "$file" ] || die "the build of $arch left no ${file##*/}"
     done
-    for file in "$built"/*.dll "$built/kovrel.tlb"; do
+    # The same for both.
+    cp "$build/$arch/include/kovrel.h" "$root/dist/include/kovrel.h.new"
+    place_in_dist "$root/dist/include/kovrel.h.new" "$root/dist/include/kovrel.h"
+    for file in "$built"/*.dll "$built/kovrel.tlb" "$built/Kovrel.Assembly.manifest"; do
         name=${file##*/}
         cp "$file" "$out/$name.new"
         case "$name" in *.dll) "$(dist_tool "$arch" strip)" "$out/$name.new" ;; esac

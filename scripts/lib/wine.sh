@@ -105,6 +105,9 @@ create_prefix() {
         { cat "$build/wineboot.log" >&2; die "the Wine prefix could not be created"; }
     repair_ado
     wineserver -w
+    # The registry before any library is registered, for what must work without.
+    mkdir "$prefix/.unregistered"
+    cp "$prefix"/*.reg "$prefix/.unregistered/"
     prefix_recipe >"$prefix/.recipe"
 }
 

@@ -10,8 +10,6 @@ namespace kovrel {
 namespace {
 
 constexpr std::wstring_view classes_root = L"Software\\Classes\\";
-/// The platform's own marshaler for interfaces that a type library describes.
-constexpr std::wstring_view type_library_marshaler = L"{00020424-0000-0000-C000-000000000046}";
 
 constexpr bool is_64_bit = sizeof(void*) == 8;
 constexpr REGSAM other_view = is_64_bit ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
@@ -28,16 +26,6 @@ struct Keys {
     std::vector<std::wstring> own_trees;
     std::vector<std::wstring> shared_trees;
 };
-
-std::wstring text_of_guid(const GUID& id) {
-    std::array<wchar_t, 39> text{};
-    StringFromGUID2(id, text.data(), static_cast<int>(text.size()));
-    return text.data();
-}
-
-std::wstring version_of(const LibraryInfo& library) {
-    return decimal_text(library.major) + L"." + decimal_text(library.minor);
-}
 
 std::wstring key_of_class(const ClassInfo& info) {
     return L"CLSID\\" + text_of_guid(info.class_id);
@@ -127,6 +115,16 @@ bool other_bitness_registered(const LibraryInfo& library, RegistrationScope scop
 }
 
 }  // namespace
+
+std::wstring text_of_guid(const GUID& id) {
+    std::array<wchar_t, 39> text{};
+    StringFromGUID2(id, text.data(), static_cast<int>(text.size()));
+    return text.data();
+}
+
+std::wstring version_of(const LibraryInfo& library) {
+    return decimal_text(library.major) + L"." + decimal_text(library.minor);
+}
 
 void register_library(const LibraryInfo& library, const std::wstring& module_path,
                       RegistrationScope scope) {

@@ -4,10 +4,21 @@
 #include <windows.h>
 
 #include <string>
+#include <string_view>
 
 #include "automation/class_info.h"
 
 namespace kovrel {
+
+/// The platform's own marshaler for interfaces that a type library describes.
+inline constexpr std::wstring_view type_library_marshaler =
+    L"{00020424-0000-0000-C000-000000000046}";
+
+/// An identifier as the registry spells it, in braces.
+[[nodiscard]] std::wstring text_of_guid(const GUID& id);
+
+/// The type library's version as the registry spells it: "1.0".
+[[nodiscard]] std::wstring version_of(const LibraryInfo& library);
 
 /// Whose registry a registration goes to.
 enum class RegistrationScope : std::uint8_t {

@@ -2,9 +2,7 @@
 
 namespace kovrel::test {
 
-ComPtr<ITypeInfo> interface_of(IDispatch* object) {
-    ComPtr<ITypeInfo> info;
-    if (FAILED(object->GetTypeInfo(0, LOCALE_NEUTRAL, info.put()))) return info;
+ComPtr<ITypeInfo> vtable_side_of(const ComPtr<ITypeInfo>& info) {
     TYPEATTR* attributes = nullptr;
     info->GetTypeAttr(&attributes);
     const bool dispatch_side = attributes->typekind == TKIND_DISPATCH;
@@ -18,6 +16,12 @@ ComPtr<ITypeInfo> interface_of(IDispatch* object) {
         return info;
     }
     return vtable_side;
+}
+
+ComPtr<ITypeInfo> interface_of(IDispatch* object) {
+    ComPtr<ITypeInfo> info;
+    if (FAILED(object->GetTypeInfo(0, LOCALE_NEUTRAL, info.put()))) return info;
+    return vtable_side_of(info);
 }
 
 std::ptrdiff_t vtable_offset(IDispatch* object, const std::wstring& member, INVOKEKIND kind) {

@@ -6,6 +6,9 @@
 
 namespace kovrel::test {
 
+/// The side of a dual interface's description that has the vtable entries.
+ComPtr<ITypeInfo> vtable_side_of(const ComPtr<ITypeInfo>& info);
+
 /// The description of an instance's own interface, its vtable entries included.
 ComPtr<ITypeInfo> interface_of(IDispatch* object);
 

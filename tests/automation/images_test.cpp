@@ -4,12 +4,13 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <kovrel.h>
 #include <numeric>
 #include <ocidl.h>
 
 #include "automation/safe_array.h"
 #include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
+#include "tests/automation/late.h"
 #include "tests/automation/test_folder.h"
 #include "tests/support/ado_recordset.h"
 #include "tests/support/scripted_object.h"
@@ -462,28 +463,24 @@ TEST_F(Images, FieldsThatReleaseThemselvesOrCallBack) {
 }
 
 TEST_F(Images, EarlyBound) {
-    using Store = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**, BSTR*);
-    using Load = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**, IPictureDisp**);
-    using StorePicture = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**, IPictureDisp**);
+    const auto services = services_.query<Kovrel::_clsADODBServices>();
+    ASSERT_TRUE(services);
     BoxWatcher no_box;
     Field field;
     IDispatch* raw = field.object_.get();
     BSTR file = SysAllocString(picture_file(L"photo.gif").c_str());
-    EXPECT_EQ(early<Store>(services_.get(), L"PutImageInField")(services_.get(), &raw, &file),
-              S_OK);
-    EXPECT_EQ(early<Store>(services_.get(), L"PutLargeImageInField")(services_.get(), &raw, &file),
-              S_OK);
+    EXPECT_EQ(services->PutImageInField(&raw, &file), S_OK);
+    EXPECT_EQ(services->PutLargeImageInField(&raw, &file), S_OK);
     SysFreeString(file);
-    for (const wchar_t* const member : {L"GetImageFromField", L"GetLargeImageFromField"}) {
+    for (const auto member : {&Kovrel::_clsADODBServices::GetImageFromField,
+                              &Kovrel::_clsADODBServices::GetLargeImageFromField}) {
         ComPtr<IPictureDisp> picture;
-        EXPECT_EQ(early<Load>(services_.get(), member)(services_.get(), &raw, picture.put()), S_OK);
+        EXPECT_EQ((services.get()->*member)(&raw, picture.put()), S_OK);
         ASSERT_TRUE(picture);
         Field target;
         IDispatch* raw_target = target.object_.get();
         IPictureDisp* raw_picture = picture.get();
-        EXPECT_EQ(early<StorePicture>(services_.get(), L"PutPictureInField")(
-                      services_.get(), &raw_target, &raw_picture),
-                  S_OK);
+        EXPECT_EQ(services->PutPictureInField(&raw_target, &raw_picture), S_OK);
         EXPECT_GT(target.value().size(), 0U);
     }
 }

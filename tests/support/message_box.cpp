@@ -64,7 +64,6 @@ std::optional<SeenBox> read_box(HWND window) {
     }
     SeenBox box;
     box.title = text_of(window);
-    bool has_text = false;
     int icon = 0;
     std::vector<Control> buttons;
     for (const Control& control : controls_of(window)) {
@@ -77,13 +76,13 @@ std::optional<SeenBox> read_box(HWND window) {
                 icon = icon_style(control.window);
             } else {
                 box.text = control.text;
-                has_text = true;
             }
         } else {
             return std::nullopt;  // a dialog of another kind
         }
     }
-    if (!has_text || buttons.empty()) return std::nullopt;
+    // A box on its way has no text yet, and one of a busy process does not tell it.
+    if (box.text.empty() || buttons.empty()) return std::nullopt;
     std::sort(buttons.begin(), buttons.end(), [](const Control& left, const Control& right) {
         return left.bounds.left < right.bounds.left;
     });

@@ -1,0 +1,68 @@
+#include "tools/manifest_writer.h"
+
+#include <sstream>
+
+#include "automation/registration.h"
+
+namespace kovrel {
+namespace {
+
+std::wstring quoted(std::wstring_view value) {
+    std::wstring result = L"\"";
+    for (const wchar_t character : value) {
+        switch (character) {
+            case L'&':
+                result += L"&amp;";
+                break;
+            case L'<':
+                result += L"&lt;";
+                break;
+            case L'"':
+                result += L"&quot;";
+                break;
+            default:
+                result += character;
+        }
+    }
+    return result + L'"';
+}
+
+void write_class(std::wostream& out, const LibraryInfo& library, const ClassInfo& info) {
+    out << L"    <comClass clsid=" << quoted(text_of_guid(info.class_id))  //
+        << L" progid=" << quoted(info.prog_id)                             //
+        << L" threadingModel=\"Apartment\"\n              tlbid="          //
+        << quoted(text_of_guid(library.id))                                //
+        << L"\n              description=" << quoted(info.help) << L"/>\n";
+}
+
+void write_interface(std::wostream& out, const LibraryInfo& library, const ClassInfo& info) {
+    out << L"  <comInterfaceExternalProxyStub name=" << quoted(info.interface_name)
+        << L"\n      iid=" << quoted(text_of_guid(info.interface_id)) << L" tlbid="
+        << quoted(text_of_guid(library.id)) << L"\n      proxyStubClsid32="
+        << quoted(type_library_marshaler) << L"/>\n";
+}
+
+}  // namespace
+
+std::wstring manifest_text(const LibraryInfo& library, bool is_64_bit) {
+    std::wostringstream out;
+    const std::wstring version = version_of(library);
+    out << L"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+           L"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"
+           L"  <assemblyIdentity type=\"win32\" name="
+        << quoted(std::wstring(library.name) + L".Assembly")
+        // An application names just one version, so this one stays where the interface does.
+        << L" version=" << quoted(version + L".0.0")
+        << L"\n                    processorArchitecture=" << quoted(is_64_bit ? L"amd64" : L"x86")
+        << L"/>\n"
+           L"  <file name=\"kovrel.dll\">\n";
+    for (const ClassInfo* info : library.classes) write_class(out, library, *info);
+    out << L"    <typelib tlbid=" << quoted(text_of_guid(library.id)) << L" version="
+        << quoted(version) << L" helpdir=\"\"/>\n"
+        << L"  </file>\n";
+    for (const ClassInfo* info : library.classes) write_interface(out, library, *info);
+    out << L"</assembly>\n";
+    return out.str();
+}
+
+}  // namespace kovrel
