@@ -138,6 +138,8 @@ void CustomerForm::field_left(int id) {
     const bool elsewhere = now == nullptr || !IsChild(window_, now);
     const bool back = now == field || IsChild(field, now);
     if (busy_ || elsewhere || back || now == GetDlgItem(window_, IDCANCEL)) return;
+    // What an unfolded list has left selected.
+    SendMessageW(fields_.at(IDC_PAYMENT).window, CB_SETEDITSEL, 0, MAKELPARAM(-1, 0));
     accepts(id);
 }
 
