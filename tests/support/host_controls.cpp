@@ -106,60 +106,14 @@ bool HostControl::is_dropped_down() const {
     return SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0) != 0;
 }
 
-HostForm::HostForm(const std::wstring& title) {
-    register_form_class();
-    INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_DATE_CLASSES};
-    InitCommonControlsEx(&controls);
-    window_ = CreateWindowExW(0, form_class, title.c_str(), WS_OVERLAPPEDWINDOW | WS_VISIBLE, 80,
-                              80, 460, 360, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-}
-
-HostForm::~HostForm() {
-    DestroyWindow(window_);
-}
-
-HWND HostForm::add(const wchar_t* window_class, DWORD style, const std::wstring& name, int height) {
-    auto* const font = GetStockObject(DEFAULT_GUI_FONT);
-    const auto create = [&](const wchar_t* of_class, DWORD of_style, const wchar_t* text, int left,
-                            int width, int its_height) {
-        HWND control = CreateWindowExW(0, of_class, text, WS_CHILD | WS_VISIBLE | of_style, left,
-                                       next_top_, width, its_height, window_, nullptr,
-                                       GetModuleHandleW(nullptr), nullptr);
-        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-        return control;
-    };
-    create(L"STATIC", SS_LEFT, name.c_str(), 12, label_width, 22);
-    HWND field =
-        create(window_class, WS_TABSTOP | style, L"", 12 + label_width, field_width, height);
-    next_top_ += row_height;
-    return field;
-}
-
-HostControl HostForm::add_text(const std::wstring& name, int max_length) {
-    HWND window = add(L"EDIT", WS_BORDER | ES_AUTOHSCROLL, name, 24);
+HostControl wrap_text(HWND window, const std::wstring& name, int max_length) {
     if (max_length > 0) SendMessageW(window, EM_SETLIMITTEXT, static_cast<WPARAM>(max_length), 0);
     auto object = make_control(window, name);
     object->property(L"MaxLength", Variant(static_cast<std::int32_t>(max_length)));
     return {window, std::move(object)};
 }
 
-HostControl HostForm::add_masked_date(const std::wstring& name) {
-    HostControl control = add_text(name, 10);
-    control.set_text(L"__/__/____");
-    return control;
-}
-
-HostControl HostForm::add_date_picker(const std::wstring& name) {
-    HWND window = add(DATETIMEPICK_CLASSW, DTS_SHORTDATEFORMAT | DTS_SHOWNONE, name, 24);
-    auto object = make_control(window, name);
-    object->property(L"Value", [window](const auto&) { return picked_date(window); })
-        .default_member(L"Value");
-    return {window, std::move(object)};
-}
-
-HostControl HostForm::add_combo(const std::wstring& name, const std::vector<std::wstring>& items) {
-    HWND window = add(L"COMBOBOX", CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL, name, 160);
-    for (const std::wstring& item : items) add_item(window, item);
+HostControl wrap_combo(HWND window, const std::wstring& name) {
     auto object = make_control(window, name);
     object
         ->property(L"Value",
@@ -200,6 +154,60 @@ HostControl HostForm::add_combo(const std::wstring& name, const std::vector<std:
                 })
         .default_member(L"Value");
     return {window, std::move(object)};
+}
+
+HostForm::HostForm(const std::wstring& title) {
+    register_form_class();
+    INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_DATE_CLASSES};
+    InitCommonControlsEx(&controls);
+    window_ = CreateWindowExW(0, form_class, title.c_str(), WS_OVERLAPPEDWINDOW | WS_VISIBLE, 80,
+                              80, 460, 360, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+}
+
+HostForm::~HostForm() {
+    DestroyWindow(window_);
+}
+
+HWND HostForm::add(const wchar_t* window_class, DWORD style, const std::wstring& name, int height) {
+    auto* const font = GetStockObject(DEFAULT_GUI_FONT);
+    const auto create = [&](const wchar_t* of_class, DWORD of_style, const wchar_t* text, int left,
+                            int width, int its_height) {
+        HWND control = CreateWindowExW(0, of_class, text, WS_CHILD | WS_VISIBLE | of_style, left,
+                                       next_top_, width, its_height, window_, nullptr,
+                                       GetModuleHandleW(nullptr), nullptr);
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+        return control;
+    };
+    create(L"STATIC", SS_LEFT, name.c_str(), 12, label_width, 22);
+    HWND field =
+        create(window_class, WS_TABSTOP | style, L"", 12 + label_width, field_width, height);
+    next_top_ += row_height;
+    return field;
+}
+
+HostControl HostForm::add_text(const std::wstring& name, int max_length) {
+    HWND window = add(L"EDIT", WS_BORDER | ES_AUTOHSCROLL, name, 24);
+    return wrap_text(window, name, max_length);
+}
+
+HostControl HostForm::add_masked_date(const std::wstring& name) {
+    HostControl control = add_text(name, 10);
+    control.set_text(L"__/__/____");
+    return control;
+}
+
+HostControl HostForm::add_date_picker(const std::wstring& name) {
+    HWND window = add(DATETIMEPICK_CLASSW, DTS_SHORTDATEFORMAT | DTS_SHOWNONE, name, 24);
+    auto object = make_control(window, name);
+    object->property(L"Value", [window](const auto&) { return picked_date(window); })
+        .default_member(L"Value");
+    return {window, std::move(object)};
+}
+
+HostControl HostForm::add_combo(const std::wstring& name, const std::vector<std::wstring>& items) {
+    HWND window = add(L"COMBOBOX", CBS_DROPDOWN | CBS_AUTOHSCROLL | WS_VSCROLL, name, 160);
+    for (const std::wstring& item : items) add_item(window, item);
+    return wrap_combo(window, name);
 }
 
 }  // namespace kovrel::test

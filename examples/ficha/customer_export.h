@@ -1,0 +1,23 @@
+// The export of a customer: a sheet of text and the photograph in an archive, with progress that
+// the user can cancel.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "customer_record.h"
+#include "library.h"
+
+namespace ficha {
+
+struct ExportJob {
+    std::filesystem::path folder;
+    std::vector<CustomerRecord::Value> values;
+    std::filesystem::path photograph;  ///< empty: none
+};
+
+/// Tells the user how it ended: the archive and what it contains, a cancel, or what went wrong.
+void export_customer(const Library& library, const ExportJob& job);
+
+}  // namespace ficha

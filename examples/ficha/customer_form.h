@@ -1,0 +1,83 @@
+// The customer form: a dialog whose fields are checked by the library as they are left.
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "customer_record.h"
+#include "key_filter.h"
+#include "library.h"
+#include "photograph.h"
+#include "tests/support/host_controls.h"
+
+namespace ficha {
+
+class CustomerForm {
+ public:
+    /// Exports go to that folder.
+    CustomerForm(const Library& library, std::filesystem::path folder);
+
+    /// Returns when the user closes the form.
+    void run();
+
+ private:
+    /// While it lives, the library is showing something: what happens to the focus is no news, and
+    /// no command is taken.
+    class Busy {
+     public:
+        explicit Busy(CustomerForm& form)
+            : busy_(form.busy_), before_(std::exchange(busy_, true)) {}
+        Busy(const Busy&) = delete;
+        Busy& operator=(const Busy&) = delete;
+        ~Busy() { busy_ = before_; }
+
+     private:
+        bool& busy_;
+        bool before_;
+    };
+
+    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    bool handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void load();
+    void add_text(int id, const wchar_t* name, int max_length, const wchar_t* hint = L"");
+    void command(int id);
+    void field_left(int id);
+
+    // Checks (customer_checks.cpp): false when the user has been told of a mistake.
+    bool accepts(int id);
+    bool accepts_all();
+    bool passes(const wchar_t* validator, kovrel::HostObject::Arguments arguments);
+    bool correct_tax_id();
+    bool show_province();
+    bool check_account();
+    bool show_balance();
+
+    // Buttons.
+    void ask_date(int field, const wchar_t* question);
+    void ask_photograph();
+    bool save();
+    void export_record();
+
+    [[nodiscard]] std::wstring text(int id) const { return fields_.at(id).text(); }
+    [[nodiscard]] kovrel::Variant object(int id) const;
+    void set_label(int id, const std::wstring& text);
+    void go_to(int id);
+
+    const Library& library_;
+    const std::filesystem::path folder_;
+    CustomerRecord record_;
+    Photograph photograph_;
+    std::filesystem::path photograph_file_;
+    HWND window_ = nullptr;
+    std::map<int, kovrel::test::HostControl> fields_;
+    std::vector<std::unique_ptr<KeyFilter>> filters_;
+    bool busy_ = false;
+};
+
+}  // namespace ficha
