@@ -456,6 +456,7 @@ TEST_F(ZipUpdate, MoreThan65535Entries) {
     append_directory_end(bytes, {count, directory.size(), offset, ""}, bytes.size());
     folder.write("a.zip", {bytes.begin(), bytes.end()});
     ASSERT_EQ(pack({folder.write("f", "1")}), ZipCode::ok);
+    EXPECT_EQ(names().size(), count + 1);
     const ArchiveReader reader(folder / "a.zip");
     ASSERT_EQ(reader.entries().size(), count + 1);
     EXPECT_EQ(reader.entries().front().central.name, "e0");
