@@ -48,7 +48,7 @@ DeclarationBase::DeclarationBase(const ClassIdentity& identity, Instancing insta
     info_.instancing = instancing;
     info_.class_id = identity.class_id;
     info_.interface_id = identity.interface_id;
-    info_.prog_id = std::wstring(identity.library) + L'.' + identity.name;
+    info_.prog_id = std::wstring(identity.type_library) + L'.' + identity.name;
     info_.interface_name = std::wstring(L"_") + identity.name;
     info_.vtable = ObjectBase::dispatch_slots();
 }

@@ -78,8 +78,8 @@ struct Parameter {
 
 /// What hosts know a class by, for ever.
 struct ClassIdentity {
-    const wchar_t* library;  ///< the first part of the ProgID
-    const wchar_t* name;     ///< the second part; with an underscore in front, the interface's name
+    const wchar_t* type_library;  ///< its name is the first part of the ProgID
+    const wchar_t* name;  ///< the second part; with an underscore in front, the interface's name
     GUID class_id;
     GUID interface_id;
 };

@@ -95,6 +95,8 @@ std::optional<SeenBox> read_box(HWND window) {
         }
         box.buttons.push_back({button.id, without_access_key(button.text)});
     }
+    // A dialog still in the making can look like a box, but a box has a default button.
+    if (box.default_button == 0) return std::nullopt;
     const int set = button_set_style(box.buttons);
     if (icon < 0 || set < 0) return std::nullopt;
     box.style = icon + set + default_place * MB_DEFBUTTON2;

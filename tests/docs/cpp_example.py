@@ -1,0 +1,33 @@
+#!/usr/bin/env python3
+"""The C++ example of a document.
+
+    cpp_example.py extract DOCUMENT FILE       writes it as a source file
+    cpp_example.py check DOCUMENT COMMAND...   runs the program; its lines must be those stated
+"""
+import pathlib
+import re
+import subprocess
+import sys
+
+from examples import blocks
+
+
+def main():
+    action, document, *rest = sys.argv[1:]
+    text = pathlib.Path(document).read_text(encoding="utf-8")
+    found = [block.text for block in blocks(text) if block.language == "cpp"]
+    if len(found) != 1:
+        sys.exit(f"{len(found)} C++ examples instead of one")
+    if action == "extract":
+        pathlib.Path(rest[0]).write_text(found[0] + "\n", encoding="utf-8")
+        return 0
+    stated = re.findall(r"// → (.*)$", found[0], re.M)
+    result = subprocess.run(rest, check=False, stdout=subprocess.PIPE, text=True)
+    printed = result.stdout.splitlines()
+    if result.returncode != 0 or printed != stated or not stated:
+        sys.exit(f"FAILED: code {result.returncode}, {printed} instead of {stated}")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,189 @@
+// Writes the reference from the declarations and the hand-written notes:
+//
+//     reference_writer FOLDER_OF_NOTES FILE
+//
+// FOLDER_OF_NOTES holds the opening text, referencia.md, and one file a class.
+#include <windows.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+
+#include "frame/library.h"
+#include "reference_writer_notes.h"
+#include "reference_writer_signature.h"
+
+namespace {
+
+using namespace kovrel;
+using namespace kovrel::reference;
+
+std::ifstream open(const std::filesystem::path& file) {
+    std::ifstream input(file, std::ios::binary);
+    if (!input) throw NotesError(utf8(file.filename().wstring()) + " cannot be read");
+    return input;
+}
+
+/// One paragraph or list under its own name.
+std::string field(const std::string& name, const std::string& text) {
+    const bool list = text.front() == '-';
+    return "**" + name + ":**" + (list ? "\n\n" : " ") + text + "\n\n";
+}
+
+std::string fenced(const std::string& language, const std::string& text) {
+    return "```" + language + "\n" + text + "```\n\n";
+}
+
+/// The members of a class with the accessors of each, in interface order.
+std::vector<Accessors> members_of(const ClassInfo& info) {
+    std::vector<Accessors> members;
+    for (const MemberInfo& member : info.members) {
+        if (members.empty() || members.back().front()->id != member.id) members.emplace_back();
+        members.back().push_back(&member);
+    }
+    return members;
+}
+
+std::string anchor_of(const ClassInfo& info, const std::string& member) {
+    return utf8(info.name) + "." + member;
+}
+
+std::string written_back(const MemberInfo& member) {
+    std::string names;
+    for (const ParameterInfo& parameter : member.parameters) {
+        if (!parameter.written_back) continue;
+        names += (names.empty() ? "`" : ", `") + utf8(parameter.name) + "`";
+    }
+    return names.empty() ? "" : field("Escribe en sus parámetros", names + ".");
+}
+
+std::string when_omitted(const MemberInfo& member) {
+    std::string text;
+    for (const ParameterInfo& parameter : member.parameters) {
+        if (!parameter.declared_default ||
+            parameter.declared_default->same_as(parameter.when_missing)) {
+            continue;
+        }
+        text += (text.empty() ? "" : " ");
+        text += "`" + utf8(parameter.name) + "` está declarado con el valor `" +
+                literal(*parameter.declared_default) +
+                "`, que es el que ponen los compiladores; en una llamada por nombre (VBScript, "
+                "JScript, PowerShell…) que lo omite cuenta como `" +
+                literal(parameter.when_missing) + "`.";
+    }
+    return text.empty() ? "" : field("Si se omite", text);
+}
+
+std::string member_page(const ClassInfo& info, const Accessors& accessors,
+                        const MemberNotes& notes) {
+    const MemberInfo& member = *accessors.front();
+    const std::string anchor = anchor_of(info, notes.name);
+    std::string page = "<a id=\"" + anchor + "\"></a>\n\n### " + notes.name + "\n\n";
+    page += "*" + kind_of(accessors) + ".* " + utf8(member.help) + "\n\n";
+    page += fenced("vb", signature_of(accessors));
+    page += written_back(member) + when_omitted(member);
+    page += field("Notas", notes.remarks) + field("Mensajes", notes.messages);
+    page += field("Fallos", failures_text(notes.failures, anchor));
+    return page + fenced("vbscript", notes.example);
+}
+
+std::string class_page(const ClassInfo& info, const ClassNotes& notes) {
+    const std::string name = utf8(info.name);
+    std::map<std::string, const MemberNotes*> by_name;
+    for (const MemberNotes& member : notes.members) by_name[member.name] = &member;
+    std::string page = "## " + name + "\n\n" + utf8(info.help) + "\n\n";
+    page += "ProgID `" + utf8(info.prog_id) + "`, interfaz `" + utf8(info.interface_name) + "`. ";
+    page += info.instancing == Instancing::global
+                ? "Clase global: con una referencia a la biblioteca, sus miembros se pueden llamar "
+                  "sin crear una instancia; también se puede crear.\n\n"
+                : "Clase que se crea.\n\n";
+    if (notes.text.empty() || notes.preparation.empty()) {
+        throw NotesError(name + ".md: the class has no text or no example");
+    }
+    page += notes.text + "\n\n" + fenced("vbscript", notes.preparation);
+
+    std::string index = "| miembro | para qué |\n|---|---|\n";
+    std::string members;
+    for (const Accessors& accessors : members_of(info)) {
+        const std::string member = utf8(accessors.front()->name);
+        const auto found = by_name.find(member);
+        if (found == by_name.end()) throw NotesError(name + ".md: nothing about " + member);
+        index += "| [" + member + "](#" + anchor_of(info, member) + ") | " +
+                 utf8(accessors.front()->help) + " |\n";
+        members += member_page(info, accessors, *found->second);
+        by_name.erase(found);
+    }
+    if (!by_name.empty()) {
+        throw NotesError(name + ".md: there is no member " + by_name.begin()->first);
+    }
+    return page + index + "\n" + members;
+}
+
+std::string enumeration_page(const EnumInfo& info) {
+    std::string page = "## " + utf8(info.name) + "\n\n*Enumeración.* " + utf8(info.help) + "\n\n";
+    page += "| nombre | valor | significado |\n|---|---|---|\n";
+    for (const EnumInfo::Value& value : info.values) {
+        char number[32];
+        // Without the last sign Basic would take &H8000 for a negative number.
+        std::snprintf(number, sizeof number, "%ld (&H%lX&)", static_cast<long>(value.value),
+                      static_cast<unsigned long>(value.value));
+        page += "| `" + utf8(value.name) + "` | " + number + " | " + utf8(value.help) + " |\n";
+    }
+    return page + "\n";
+}
+
+std::string record_page(const RecordInfo& info) {
+    return "## " + utf8(info.name) + "\n\n*Registro.* " + utf8(info.help) + "\n\n" +
+           fenced("vb", "Type " + utf8(info.name) + "\n    " + utf8(info.field) + "(0 To " +
+                            std::to_string(info.size - 1) + ") As String\nEnd Type\n");
+}
+
+std::string whole_page(const std::filesystem::path& notes) {
+    std::ifstream opening = open(notes / L"referencia.md");
+    std::string page{std::istreambuf_iterator<char>(opening), {}};
+    page += "\n";
+    for (const ClassInfo* info : library().classes) {
+        std::ifstream input = open(notes / (std::wstring(info->name) + L".md"));
+        page += class_page(*info, parse_notes(input, utf8(info->name) + ".md"));
+    }
+    for (const EnumInfo* info : library().enumerations) page += enumeration_page(*info);
+    for (const RecordInfo* info : library().records) page += record_page(*info);
+    page.pop_back();  // a file ends with one line feed
+    return page;
+}
+
+/// A file of notes for a class that does not exist is a class that lost its pages.
+void check_files(const std::filesystem::path& notes) {
+    std::set<std::wstring> expected{L"referencia.md"};
+    for (const ClassInfo* info : library().classes) {
+        expected.insert(std::wstring(info->name) + L".md");
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(notes)) {
+        const std::wstring name = entry.path().filename().wstring();
+        if (!expected.contains(name)) throw NotesError("there is no class for " + utf8(name));
+    }
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    if (count != 3) {
+        std::fputs("usage: reference_writer FOLDER_OF_NOTES FILE\n", stderr);
+        return 2;
+    }
+    try {
+        check_files(arguments[1]);
+        const std::string page = whole_page(arguments[1]);
+        std::ofstream output(std::filesystem::path(arguments[2]), std::ios::binary);
+        output << page;
+        output.close();
+        if (!output) throw std::runtime_error("the reference cannot be written");
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "reference_writer: %s\n", error.what());
+        return 1;
+    }
+}
