@@ -6,6 +6,7 @@
 #include <span>
 #include <thread>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "archive_reader.h"
 #include "archive_writer.h"
@@ -24,6 +25,10 @@ constexpr unsigned most_threads = 16;
 struct Step {
     const OldEntry* old = nullptr;
     const Input* input = nullptr;
+    // A further entry of the name that the file replaces: it goes once the file is packed.
+    bool is_duplicate = false;
+
+    [[nodiscard]] bool packs() const { return input != nullptr && !is_duplicate; }
 };
 
 unsigned thread_count(const UpdateOptions& options) {
@@ -54,35 +59,76 @@ bool is_wanted(const Input& input, const OldEntry* old, Selection selection) {
                           : old->central.modified < input.status.modified;
 }
 
-// Old entries keep their places; a file that replaces one takes its place, new ones follow.
-// An old name that occurs several times is replaced once, and its other entries go.
-std::vector<Step> plan_steps(std::span<const OldEntry> old, const std::vector<Input>& inputs,
-                             Selection selection) {
+// The entry that a file replaces.
+struct Target {
+    const OldEntry* entry = nullptr;
+    std::string name;
+};
+
+using Targets = std::unordered_map<const Input*, Target>;
+
+// An old entry beside the file that is the same to the system, if there is one.
+struct Pairing {
+    const Input* input = nullptr;
+    std::string name;  // the entry's, in UTF-8
+};
+
+std::vector<Pairing> pair_with_inputs(std::span<const OldEntry> old,
+                                      const std::vector<Input>& inputs) {
     std::unordered_map<std::string, const Input*> by_key;
     for (const Input& input : inputs) {
         by_key.emplace(name_key(input.name), &input);
     }
-    std::vector<Step> steps;
-    std::unordered_map<const Input*, bool> placed;  // true: its old entry was replaced
+    std::vector<Pairing> pairings;
+    pairings.reserve(old.size());
     for (const OldEntry& entry : old) {
         const CentralEntry& central = entry.central;
-        const auto found = by_key.find(
-            name_key(entry_name_utf8(central.name, central.flags, central.made_by, central.extra)));
-        if (found == by_key.end()) {
-            steps.push_back({&entry, nullptr});
+        std::string name =
+            entry_name_utf8(central.name, central.flags, central.made_by, central.extra);
+        const auto found = by_key.find(name_key(name));
+        pairings.push_back(found == by_key.end() ? Pairing{}
+                                                 : Pairing{found->second, std::move(name)});
+    }
+    return pairings;
+}
+
+// An archive from another system may hold names that differ in capitals alone: the very name comes
+// before the first that Windows takes for the same file.
+Targets choose_targets(std::span<const OldEntry> old, const std::vector<Pairing>& pairings) {
+    Targets targets;
+    for (std::size_t i = 0; i < old.size(); ++i) {
+        const auto& [input, name] = pairings[i];
+        if (input == nullptr) {
             continue;
         }
-        const Input* input = found->second;
-        const auto [place, is_first] =
-            placed.try_emplace(input, is_wanted(*input, &entry, selection));
-        if (is_first) {
-            steps.push_back({&entry, place->second ? input : nullptr});
-        } else if (!place->second) {
-            steps.push_back({&entry, nullptr});
+        Target& target = targets[input];
+        if (target.entry == nullptr || (name == input->name && target.name != name)) {
+            target = {&old[i], name};
         }
     }
+    return targets;
+}
+
+// Old entries keep their places; a file that replaces one takes its place, new ones follow.
+// Readers would find the last entry of a name that occurs several times, so the others go too.
+std::vector<Step> plan_steps(std::span<const OldEntry> old, const std::vector<Input>& inputs,
+                             Selection selection) {
+    const std::vector<Pairing> pairings = pair_with_inputs(old, inputs);
+    const Targets targets = choose_targets(old, pairings);
+    std::vector<Step> steps;
+    for (std::size_t i = 0; i < old.size(); ++i) {
+        Step step{&old[i]};
+        if (const auto& [input, name] = pairings[i]; input != nullptr) {
+            const Target& target = targets.at(input);
+            if (name == target.name && is_wanted(*input, target.entry, selection)) {
+                step.input = input;
+                step.is_duplicate = target.entry != step.old;
+            }
+        }
+        steps.push_back(step);
+    }
     for (const Input& input : inputs) {
-        if (!placed.contains(&input) && is_wanted(input, nullptr, selection)) {
+        if (!targets.contains(&input) && is_wanted(input, nullptr, selection)) {
             steps.push_back({nullptr, &input});
         }
     }
@@ -105,7 +151,7 @@ class Update {
             old ? std::span(old->entries()) : std::span<const OldEntry>();
         const std::vector<Step> steps = plan_steps(old_entries, inputs, options_.selection);
         if (std::none_of(steps.begin(), steps.end(),
-                         [](const Step& step) { return step.input != nullptr; })) {
+                         [](const Step& step) { return step.packs(); })) {
             throw ZipError(ZipCode::nothing_to_do, "nothing to do: " + archive_path_);
         }
 
@@ -125,7 +171,7 @@ class Update {
         if (options_.move) {
             remove_packed();
         }
-        return all_opened_ ? ZipCode::ok : ZipCode::cannot_open_file;
+        return unopened_.empty() ? ZipCode::ok : ZipCode::cannot_open_file;
     }
 
  private:
@@ -139,22 +185,27 @@ class Update {
                        ArchiveWriter& writer) {
         std::vector<std::string> paths;
         for (const Step& step : steps) {
-            if (step.input != nullptr && !step.input->status.folder) {
+            if (step.packs() && !step.input->status.folder) {
                 paths.push_back(step.input->path);
             }
         }
         WorkerPool pool(thread_count(options_), options_.level);
         PieceFeeder feeder(std::move(paths), pool);
         for (const Step& step : steps) {
-            if (step.input != nullptr && add(step, feeder, writer)) {
+            if (step.packs() && add(step, feeder, writer)) {
                 report(step, writer.last_entry());
-            } else if (step.old != nullptr) {
+            } else if (step.old != nullptr && stays(step)) {
                 writer.copy_entry(*old, *step.old);
             }
         }
     }
 
-    // False when the file cannot be opened; an old entry of its name is then kept.
+    // A duplicate stands after the entry that is replaced, so it is known whether that worked.
+    [[nodiscard]] bool stays(const Step& step) const {
+        return !step.is_duplicate || unopened_.contains(step.input);
+    }
+
+    // False when the file cannot be opened; the old entries of its name are then kept.
     bool add(const Step& step, PieceFeeder& feeder, ArchiveWriter& writer) {
         const Input& input = *step.input;
         CentralEntry entry = ArchiveWriter::new_entry(input.name, input.status);
@@ -164,7 +215,7 @@ class Update {
             writer.add_file(std::move(entry), *file, feeder, options_.level);
         } else {
             tell("warning: could not open for reading: " + input.path);
-            all_opened_ = false;
+            unopened_.insert(&input);
             return false;
         }
         packed_.push_back(&input);
@@ -193,7 +244,7 @@ class Update {
     const UpdateOptions& options_;
     const UpdateEvents& events_;
     std::vector<const Input*> packed_;
-    bool all_opened_ = true;
+    std::unordered_set<const Input*> unopened_;
 };
 
 }  // namespace

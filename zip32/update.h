@@ -49,8 +49,11 @@ struct UpdateEvents {
 ///   is killed leaves its working file (zi and eight digits, .tmp) beside it.
 /// - Its bytes depend on the files, the old archive, the options and the system's time zone, never
 ///   on the number of threads.
+/// - A file replaces the entry of exactly its name, failing that the first whose name is the same
+///   file's to the system (on Windows, whatever the capitals). Of several entries of the name that
+///   is replaced one remains; entries that differ from it in capitals stay.
 /// - A name that leads to no file is a warning; no file at all is nothing_to_do. A file that
-///   cannot be opened is left out (an entry of its name stays) and the answer, with the archive
+///   cannot be opened is left out (the entries of its name stay) and the answer, with the archive
 ///   complete, is cannot_open_file.
 /// - Two files of the same entry name are bad_parameters before anything is written; one file named
 ///   twice is packed once. The archive itself is never packed into itself.

@@ -109,9 +109,8 @@ TEST_F(Profile, AnUnlistedFolderThatIsThereCannotBeCreated) {
     const std::wstring path = folder_ / L"oculta";
     std::filesystem::create_directory(path);
     ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
-    if ((GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_HIDDEN) == 0) {
-        GTEST_SKIP() << "the file system keeps no hidden attribute";
-    }
+    ASSERT_NE(GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U)
+        << "the file system keeps no hidden attribute";
     BoxWatcher boxes({answer(IDOK)});
     EXPECT_FALSE(exists(path));
     EXPECT_FALSE(exists(path, true, false));

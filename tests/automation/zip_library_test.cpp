@@ -1,6 +1,5 @@
-// Where zip32.dll is looked for, and what the user is told when it is not there or no good. Copies
-// of the library that nobody has registered, each in a folder of its own, stand for installations.
-#include "tests/automation/zip_test.h"
+// Where zip32.dll is looked for, and what the user is told when it is not there or no good.
+#include "tests/automation/zip_installation.h"
 
 namespace kovrel::test {
 
@@ -18,41 +17,6 @@ constexpr const wchar_t* no_entry = L"Error 453\r (No se encontró la función D
 constexpr const wchar_t* other_bitness = sizeof(void*) == 8
                                              ? L"C:\\windows\\syswow64\\version.dll"
                                              : L"C:\\windows\\sysnative\\version.dll";
-
-/// A copy of the library. It stays loaded to the process's end, so that only the next run can take
-/// its folder away.
-class Installation {
- public:
-    explicit Installation(const std::string& name)
-        : folder_(fs::path(KOVREL_INSTALLATIONS) / name) {
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-        fs::copy_file(KOVREL_LIBRARY, folder_ / "kovrel.dll");
-    }
-
-    [[nodiscard]] fs::path zip32() const { return folder_ / "zip32.dll"; }
-
-    [[nodiscard]] ComPtr<IDispatch> create_zip() const {
-        using GetClassObject = HRESULT(STDMETHODCALLTYPE*)(REFCLSID, REFIID, void**);
-        ComPtr<IDispatch> instance;
-        CLSID class_id{};
-        const HMODULE module = LoadLibraryW((folder_ / "kovrel.dll").c_str());
-        EXPECT_NE(module, nullptr);
-        if (module == nullptr || FAILED(CLSIDFromProgID(L"Kovrel.clsFZip", &class_id))) {
-            return instance;
-        }
-        const auto get_class_object = reinterpret_cast<GetClassObject>(
-            reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
-        ComPtr<IClassFactory> factory;
-        if (SUCCEEDED(get_class_object(class_id, IID_IClassFactory, factory.put_void()))) {
-            factory->CreateInstance(nullptr, IID_IDispatch, instance.put_void());
-        }
-        return instance;
-    }
-
- private:
-    fs::path folder_;
-};
 
 /// A file in the system folder, for the length of a scope.
 class SystemFile {
@@ -132,6 +96,7 @@ TEST_F(ZipDll, AFolderOfItsName) {
 }
 
 TEST_F(ZipDll, OfTheOtherBitness) {
+    // A test of its own for ctest, which lists it as skipped then.
     if (!fs::exists(other_bitness)) GTEST_SKIP() << "this system has one bitness only";
     const Installation installation("bitness");
     fs::copy_file(other_bitness, installation.zip32());

@@ -22,6 +22,26 @@ Variant list_of(const std::vector<std::wstring>& names, VARTYPE element, LONG fi
     return list;
 }
 
+std::wstring Archives::generate_early(const std::wstring& name, const std::wstring& folder,
+                                      const std::vector<std::wstring>& names) {
+    const auto generate = early<GenerateEarly>(zip_.get(), L"GenerarZip");
+    const Bstr name_text(name);
+    const Bstr folder_text(folder);
+    std::vector<Bstr> texts;
+    for (const std::wstring& text : names) texts.emplace_back(text);
+    NamesRecord record{};
+    for (std::size_t i = 0; i < texts.size(); ++i) record.at(i) = texts[i].get();
+    BSTR raw_name = name_text.get();
+    BSTR raw_folder = folder_text.get();
+    Bstr result;
+    EXPECT_NE(generate, nullptr);
+    EXPECT_EQ(generate(zip_.get(), &raw_name, &raw_folder, &record, result.put()), S_OK);
+    // The arguments are only read.
+    EXPECT_EQ(raw_name, name_text.get());
+    EXPECT_EQ(raw_folder, folder_text.get());
+    return std::wstring(result.view());
+}
+
 void Archives::expect_refusal(const std::wstring& name, const std::wstring& folder,
                               const std::vector<std::wstring>& names, const wchar_t* text,
                               const wchar_t* title) {
@@ -320,37 +340,44 @@ TEST_F(Archives, NamedArguments) {
 }
 
 TEST_F(Archives, TheRecordEarlyBound) {
-    using Record = std::array<BSTR, 100>;
-    using Generate = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, BSTR*, Record*, BSTR*);
-    const auto generate = early<Generate>(zip_.get(), L"GenerarZip");
-    ASSERT_NE(generate, nullptr);
-    Bstr name(L"a.zip");
-    BSTR raw_name = name.get();
-    Bstr where(folder());
-    BSTR raw_where = where.get();
-    std::vector<Bstr> texts;
+    with_record_ = true;
+    std::vector<std::wstring> files;
     for (int i = 0; i < 100; ++i) {
-        texts.emplace_back(file("d/" + std::to_string(i), std::to_string(i)));
+        files.push_back(file("d/" + std::to_string(i), std::to_string(i)));
     }
+    BoxWatcher no_box;
     for (const std::size_t count : {std::size_t{1}, std::size_t{2}, std::size_t{100}}) {
-        Record record{};
-        for (std::size_t index = 0; index < count; ++index) record[index] = texts[index].get();
         DeleteFileW(path("a.zip").c_str());
-        BoxWatcher no_box;
-        Bstr result;
-        EXPECT_EQ(generate(zip_.get(), &raw_name, &raw_where, &record, result.put()), S_OK);
-        EXPECT_EQ(result.view(), path("a.zip"));
+        EXPECT_EQ(generate(L"a.zip", {files.data(), files.data() + count}), path("a.zip"));
         EXPECT_EQ(entries("a.zip").size(), count);
     }
-    Record hole{};
-    hole[1] = texts[1].get();
-    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    BSTR nothing = nullptr;
     Bstr result;
-    EXPECT_EQ(generate(zip_.get(), &raw_name, &raw_where, &hole, result.put()), S_OK);
-    EXPECT_EQ(result.view(), L"");
-    ASSERT_EQ(boxes.seen().size(), 2U);
-    EXPECT_EQ(narrow(boxes.seen()[1].text), narrow(nothing_to_pack));
-    EXPECT_EQ(generate(zip_.get(), &raw_name, &raw_where, nullptr, result.put()), E_POINTER);
+    EXPECT_EQ(early<GenerateEarly>(zip_.get(), L"GenerarZip")(zip_.get(), &nothing, &nothing,
+                                                              nullptr, result.put()),
+              E_POINTER);
+}
+
+TEST_F(Archives, EveryCheckEarlyBound) {
+    with_record_ = true;
+    put(zip_.get(), L"AppOrigen", Variant(L"Gestión Ñ"));
+    const std::wstring input = file("a.txt", "nuevo");
+    expect_refusal(L"", folder(), {input}, L"Debe indicar un nombre de fichero correcto.",
+                   L"kovrel");
+    const std::wstring missing = folder() + L"\\no está";
+    const std::wstring text =
+        L"La carpeta de salida \"" + missing +
+        L"\" no existe. Debe indicar una carpeta válida donde guardar el fichero comprimido.";
+    expect_refusal(L"a.zip", missing, {input}, text.c_str(), L"Gestión Ñ");
+    expect_refusal(L"a.zip", folder(), {L"", input}, nothing_to_pack, L"Gestión Ñ");
+    file("a.zip", "");
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(generate(L"a.zip", {input}), path("a.zip"));
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(replaced_text));
+    EXPECT_EQ(boxes.seen()[0].style, 48);
+    EXPECT_EQ(narrow(boxes.seen()[0].title), narrow(L"Gestión Ñ"));
+    EXPECT_EQ(content("a.zip", "a.txt"), "nuevo");
 }
 
 TEST_F(Archives, TheRecordLateBound) {
@@ -382,14 +409,16 @@ TEST_F(Archives, TheRecordLateBound) {
     EXPECT_THAT(entries("b.zip"), ElementsAre("a.txt"));
 }
 
-TEST_F(Archives, HalfASecondInWhichEventsRun) {
-    bool ran = false;
-    const Later event(50, [&] { ran = true; });
+TEST_F(Archives, HalfASecondInWhichEventsRunUnderTheHourglass) {
+    HCURSOR during = nullptr;
+    SetCursor(LoadCursorW(nullptr, IDC_CROSS));
+    const Later event(50, [&] { during = GetCursor(); });
     BoxWatcher no_box;
     const ULONGLONG start = GetTickCount64();
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
     EXPECT_GE(GetTickCount64() - start, 480U);
-    EXPECT_TRUE(ran);
+    EXPECT_EQ(during, LoadCursorW(nullptr, IDC_WAIT));
+    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
 }
 
 TEST_F(Archives, WhatIsThereAfterTheWaitCounts) {

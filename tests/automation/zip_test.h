@@ -15,6 +15,10 @@ inline std::wstring wide(const std::string& utf8) {
     return zip::test::from_utf8(utf8).wstring();
 }
 
+/// The record of names and the member that takes it, as compiled hosts declare them.
+using NamesRecord = std::array<BSTR, 100>;
+using GenerateEarly = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, BSTR*, NamesRecord*, BSTR*);
+
 /// An array of variants or texts, as hosts without the record pass the names.
 Variant list_of(const std::vector<std::wstring>& names, VARTYPE element = VT_VARIANT,
                 LONG first = 0);
@@ -35,8 +39,12 @@ class Archives : public testing::Test {
     }
     std::wstring generate(const std::wstring& name, const std::wstring& folder,
                           const std::vector<std::wstring>& names) {
+        if (with_record_) return generate_early(name, folder, names);
         return text_of_result(call(zip_.get(), L"GenerarZip", {name, folder, list_of(names)}));
     }
+    /// Through the vtable, with the record, as compiled hosts do.
+    std::wstring generate_early(const std::wstring& name, const std::wstring& folder,
+                                const std::vector<std::wstring>& names);
 
     /// The same, expecting just one box, of an exclamation mark and an OK button, and no archive.
     void expect_refusal(const std::wstring& name, const std::wstring& folder,
@@ -47,6 +55,7 @@ class Archives : public testing::Test {
     std::vector<std::string> entries(const std::string& archive);
     std::string content(const std::string& archive, const std::string& entry);
 
+    bool with_record_ = false;  // whether lists go as records, not as arrays
     zip::test::TestFolder folder_;
     ComPtr<IDispatch> zip_ = create(L"Kovrel.clsFZip");
 };

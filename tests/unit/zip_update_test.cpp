@@ -3,6 +3,7 @@
 #include <zlib.h>
 
 #include "archive_reader.h"
+#include "tests/zip/made_archive.h"
 #include "tests/zip/plain_reader.h"
 #include "tests/zip/test_folder.h"
 #include "update.h"
@@ -373,6 +374,37 @@ TEST_F(ZipUpdate, OldNamesInTheirCodePageAreFound) {
     EXPECT_THAT(names(), ElementsAre("año"));
 }
 
+TEST_F(ZipUpdate, OfSeveralEntriesOfTheNameOneRemains) {
+    folder.write("a.zip", test::made_on_unix({{"f", "1"}, {"g", "2"}, {"f", "3"}, {"g", "4"}}));
+    ASSERT_EQ(pack({folder.write("f", "nuevo")}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("f", "g", "g"));
+    EXPECT_EQ(data_of("f"), "nuevo");
+    EXPECT_EQ(entries()[1].data, "2");
+    EXPECT_EQ(entries()[2].data, "4");
+}
+
+TEST_F(ZipUpdate, EntriesThatAreNotReplacedKeepTheirDuplicates) {
+    folder.write("a.zip", test::made_on_unix({{"f", "1"}, {"f", "2"}}));
+    const auto past = std::filesystem::file_time_type::clock::now() - std::chrono::years(30);
+    std::filesystem::last_write_time(from_utf8(folder.write("f", "nuevo")), past);
+    options.selection = Selection::newer_or_new;
+    ASSERT_EQ(pack({folder / "f", folder.write("h", "3")}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("f", "f", "h"));
+}
+
+// Where capitals make no difference, they still tell which entry is meant.
+TEST_F(ZipUpdate, NamesThatDifferInCapitalsAlone) {
+    folder.write("a.zip", test::made_on_unix({{"README", "1"}, {"readme", "2"}, {"LEEME", "3"}}));
+    ASSERT_EQ(pack({folder.write("readme", "nuevo")}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("README", "readme", "LEEME"));
+    EXPECT_EQ(data_of("README"), "1");
+    EXPECT_EQ(data_of("readme"), "nuevo");
+    ASSERT_EQ(pack({folder.write("x/README", "otro")}), ZipCode::ok);
+    EXPECT_EQ(data_of("README"), "otro");
+    EXPECT_EQ(data_of("readme"), "nuevo");
+    EXPECT_EQ(names().size(), 3U);
+}
+
 TEST_F(ZipUpdate, EntriesThatOverlapAreRefused) {
     Bytes bytes;
     CentralEntry entry;
@@ -424,6 +456,7 @@ TEST_F(ZipUpdate, MoreThan65535Entries) {
     append_directory_end(bytes, {count, directory.size(), offset, ""}, bytes.size());
     folder.write("a.zip", {bytes.begin(), bytes.end()});
     ASSERT_EQ(pack({folder.write("f", "1")}), ZipCode::ok);
+    EXPECT_EQ(names().size(), count + 1);
     const ArchiveReader reader(folder / "a.zip");
     ASSERT_EQ(reader.entries().size(), count + 1);
     EXPECT_EQ(reader.entries().front().central.name, "e0");

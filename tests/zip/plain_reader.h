@@ -1,5 +1,5 @@
 // A reader of archives for tests, written apart from the engine's: it trusts nothing but the
-// central directory (without ZIP64), and unpacks what it finds there.
+// central directory, ZIP64 forms included, and unpacks what it finds there.
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Archives of the engine, judged by programs that others wrote: unzip, zip, Python's zipfile,
 bsdtar and 7-Zip. Contents must be equal byte for byte, and accented names right in each.
-Usage: verify_archives.py ZIP_CLI"""
+Usage: verify_archives.py COMMAND...; zip_cli, or the emulator and a program that calls the DLL."""
 import os
 import random
 import shutil
@@ -10,7 +10,8 @@ import sys
 import tempfile
 import zipfile
 
-CLI = sys.argv[1]
+MAKER = sys.argv[1:]
+ON_WINDOWS = MAKER[-1].endswith(".exe")
 ENVIRONMENT = {**os.environ, "LC_ALL": "C.UTF-8", "LANG": "C.UTF-8"}
 PROGRAMS = ("zipfile", "unzip", "bsdtar", "7z")
 rng = random.Random(5)
@@ -21,17 +22,28 @@ FILES = {
     "vacio.dat": b"",
     "una letra": b"a",
     "Año ñandú ÁÉÍÓÚ çü.txt": "señal".encode(),
-    "€ 日本 Ω.txt": b"1234567890" * 100,
+    # Windows callers name files in the ANSI code page.
+    "€ – œ.txt" if ON_WINDOWS else "€ 日本 Ω.txt": b"1234567890" * 100,
     "pieza.bin": b"0123456789abcdef" * (262_144 // 16),
 }
 
 
-def run(*command, stdout=subprocess.PIPE, code=0):
-    done = subprocess.run(command, stdout=stdout, stderr=subprocess.STDOUT, env=ENVIRONMENT)
-    output = (done.stdout or b"").decode("utf-8", "replace")
-    if done.returncode != code:
-        sys.exit(f"{' '.join(command)}: status {done.returncode} instead of {code}\n{output}")
+def run(*command, environment=None):
+    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          env=environment or ENVIRONMENT)
+    output = done.stdout.decode("utf-8", "replace")
+    if done.returncode != 0:
+        sys.exit(f"{' '.join(command)}: status {done.returncode}\n{output}")
     return output
+
+
+def pack(archive, *paths, level=None):
+    def named(path):
+        return "Z:" + path.replace("/", "\\") if ON_WINDOWS else path
+
+    switches = [] if level is None else ["-" + level]
+    # The emulator takes the code page from the user's own locale.
+    run(*MAKER, *switches, named(archive), *map(named, paths), environment=os.environ)
 
 
 def expect(condition, text):
@@ -77,6 +89,15 @@ def judge(archive, expected, work):
     print(f"{os.path.basename(archive)}: {len(listed)} entries verified by five programs")
 
 
+def expect_origin(archive, names):
+    """What readers go by to know how names are written: the system, and the mark of UTF-8."""
+    with zipfile.ZipFile(archive) as opened:
+        for name in names:
+            entry = opened.getinfo(name)
+            expect(entry.create_system == (10 if ON_WINDOWS else 3), f"the system of {name}")
+            expect(bool(entry.flag_bits & 1 << 11) != name.isascii(), f"the mark of {name}")
+
+
 def main():
     with tempfile.TemporaryDirectory(prefix="kovrel_verify") as work:
         source = os.path.join(work, "origen")
@@ -88,7 +109,8 @@ def main():
 
         for level in "0169":
             archive = os.path.join(work, f"nivel{level}.zip")
-            run(CLI, "-" + level, archive, *paths)
+            pack(archive, *paths, level=level)
+            expect_origin(archive, FILES)
             judge(archive, dict.fromkeys(PROGRAMS, FILES), work)
 
         # Archives that others made, updated here: what is not replaced stays as it was.
@@ -108,7 +130,8 @@ def main():
             archive = os.path.join(work, f"de_{maker}.zip")
             make(archive)
             before = views(archive, work)
-            run(CLI, archive, *(os.path.join(other, name) for name in changed))
+            pack(archive, *(os.path.join(other, name) for name in changed))
+            expect_origin(archive, changed)
             judge(archive, {program: {**found, **changed} for program, found in before.items()},
                   work)
     return 0

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <gmock/gmock.h>
 
+#include "made_archive.h"
 #include "plain_reader.h"
 #include "test_folder.h"
 #include "wide_text.h"
@@ -91,6 +92,14 @@ class Zip32Dll : public testing::Test {
         for (const PlainEntry& entry : test::read_plain(folder.read("á.zip"))) {
             EXPECT_TRUE(entry.readable);
             result.push_back(entry.name);
+        }
+        return result;
+    }
+
+    std::vector<std::string> contents() {
+        std::vector<std::string> result;
+        for (const PlainEntry& entry : test::read_plain(folder.read("á.zip"))) {
+            result.push_back(entry.name + "=" + entry.data);
         }
         return result;
     }
@@ -210,6 +219,34 @@ TEST_F(Zip32Dll, NamesThatDifferInCapitalsAreOneFile) {
     EXPECT_EQ(pack({folder.write("x/ñANDÚ.TXT", "2")}), 0);
     EXPECT_THAT(names(), ElementsAre("ñANDÚ.TXT"));
     EXPECT_EQ(pack({folder / "Ñandú.txt", folder / "x/ñANDÚ.TXT"}), 16);
+}
+
+TEST_F(Zip32Dll, EntriesThatDifferInCapitalsAreNotLost) {
+    folder.write("á.zip", test::made_on_unix({{"README", "1"}, {"readme", "2"}, {"b", "3"}}));
+    EXPECT_EQ(pack({folder.write("readme", "nuevo")}), 0);
+    EXPECT_THAT(contents(), ElementsAre("README=1", "readme=nuevo", "b=3"));
+    // Neither has exactly this name: the first one gives its place.
+    EXPECT_EQ(pack({folder.write("x/Readme", "otro")}), 0);
+    EXPECT_THAT(contents(), ElementsAre("Readme=otro", "readme=nuevo", "b=3"));
+}
+
+TEST_F(Zip32Dll, DuplicatesOfAReplacedEntryGo) {
+    folder.write("á.zip", test::made_on_unix({{"F", "1"}, {"f", "2"}, {"F", "3"}, {"f", "4"}}));
+    EXPECT_EQ(pack({folder.write("F", "nuevo")}), 0);
+    EXPECT_THAT(contents(), ElementsAre("F=nuevo", "f=2", "f=4"));
+}
+
+TEST_F(Zip32Dll, DuplicatesOfALockedFilesEntryStay) {
+    folder.write("á.zip", test::made_on_unix({{"f", "1"}, {"g", "2"}, {"f", "3"}, {"F", "4"}}));
+    const std::string file = folder.write("f", "nuevo");
+    const HANDLE lock = CreateFileW(utf16_from_utf8(file).c_str(), GENERIC_READ, 0, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(lock, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(pack({file, folder.write("h", "5")}), 18);
+    EXPECT_THAT(contents(), ElementsAre("f=1", "g=2", "f=3", "F=4", "h=5"));
+    CloseHandle(lock);
+    EXPECT_EQ(pack({file}), 0);
+    EXPECT_THAT(contents(), ElementsAre("f=nuevo", "g=2", "F=4", "h=5"));
 }
 
 TEST_F(Zip32Dll, TimesAreLocal) {

@@ -1,0 +1,44 @@
+// Copies of the library that nobody has registered, each in a folder of its own, stand for
+// installations with another zip32.dll beside them or none.
+#pragma once
+
+#include "tests/automation/zip_test.h"
+
+namespace kovrel::test {
+
+/// A copy of the library. It stays loaded to the process's end, so that only the next run can take
+/// its folder away.
+class Installation {
+ public:
+    explicit Installation(const std::string& name)
+        : folder_(std::filesystem::path(KOVREL_INSTALLATIONS) / name) {
+        std::filesystem::remove_all(folder_);
+        std::filesystem::create_directories(folder_);
+        std::filesystem::copy_file(KOVREL_LIBRARY, folder_ / "kovrel.dll");
+    }
+
+    [[nodiscard]] std::filesystem::path zip32() const { return folder_ / "zip32.dll"; }
+
+    [[nodiscard]] ComPtr<IDispatch> create_zip() const {
+        using GetClassObject = HRESULT(STDMETHODCALLTYPE*)(REFCLSID, REFIID, void**);
+        ComPtr<IDispatch> instance;
+        CLSID class_id{};
+        const HMODULE module = LoadLibraryW((folder_ / "kovrel.dll").c_str());
+        EXPECT_NE(module, nullptr);
+        if (module == nullptr || FAILED(CLSIDFromProgID(L"Kovrel.clsFZip", &class_id))) {
+            return instance;
+        }
+        const auto get_class_object = reinterpret_cast<GetClassObject>(
+            reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
+        ComPtr<IClassFactory> factory;
+        if (SUCCEEDED(get_class_object(class_id, IID_IClassFactory, factory.put_void()))) {
+            factory->CreateInstance(nullptr, IID_IDispatch, instance.put_void());
+        }
+        return instance;
+    }
+
+ private:
+    std::filesystem::path folder_;
+};
+
+}  // namespace kovrel::test

@@ -1,0 +1,154 @@
+// What GenerarZip hands over to whatever zip32.dll lies beside the library, and what it makes of
+// the answers: nothing.
+#include "tests/automation/zip_spy.h"
+
+#include "tests/automation/zip_installation.h"
+#include "zip32/wide_text.h"
+
+namespace kovrel::test {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+
+std::string ansi(const std::wstring& text) {
+    return zip::ansi_from_utf8(zip::test::utf8(std::filesystem::path(text)));
+}
+
+class ZipSpy : public Archives {
+ protected:
+    // One folder for all: the library's copy stays loaded from test to test.
+    static const Installation& installation() {
+        static const Installation made = [] {
+            Installation with_spy("spy");
+            std::filesystem::copy_file(KOVREL_ZIP_SPY, with_spy.zip32());
+            return with_spy;
+        }();
+        return made;
+    }
+
+    void SetUp() override {
+        zip_ = installation().create_zip();
+        ASSERT_TRUE(zip_);
+        // The library lets it go after each call; what it has seen must stay.
+        spy_ = LoadLibraryW(installation().zip32().c_str());
+        ASSERT_NE(spy_, nullptr);
+        const auto get = reinterpret_cast<GetZipSpyRecord>(
+            reinterpret_cast<void*>(GetProcAddress(spy_, "zip_spy_record")));
+        ASSERT_NE(get, nullptr);
+        seen_ = get();
+        *seen_ = {};
+    }
+    void TearDown() override { FreeLibrary(spy_); }
+
+    HMODULE spy_ = nullptr;
+    ZipSpyRecord* seen_ = nullptr;
+};
+
+TEST_F(ZipSpy, ThreeCallsInTheirOrder) {
+    BoxWatcher no_box;
+    for (const bool with_record : {false, true}) {
+        with_record_ = with_record;
+        *seen_ = {};
+        seen_->makes_archive = true;
+        DeleteFileW(path("a.zip").c_str());
+        EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
+        EXPECT_STREQ(seen_->calls, "ioa");
+    }
+}
+
+TEST_F(ZipSpy, FourCallbacksThatAnswerZero) {
+    seen_->print_answers[0] = seen_->print_answers[1] = seen_->print_answers[2] = -1;
+    seen_->password_answer = seen_->comment_answer = seen_->service_answer = -1;
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), L"");
+    ASSERT_STREQ(seen_->calls, "ioa");
+    EXPECT_THAT(seen_->callbacks, Each(testing::NotNull()));
+    EXPECT_NE(seen_->callbacks[0], seen_->callbacks[1]);
+    EXPECT_NE(seen_->callbacks[0], seen_->callbacks[2]);
+    EXPECT_NE(seen_->callbacks[1], seen_->callbacks[2]);
+    EXPECT_EQ(seen_->callbacks[2], seen_->callbacks[3]);
+    EXPECT_THAT(seen_->print_answers, Each(0));
+    EXPECT_EQ(seen_->password_answer, 0);
+    EXPECT_EQ(seen_->comment_answer, 0);
+    EXPECT_EQ(seen_->service_answer, 0);
+    EXPECT_TRUE(seen_->buffers_are_untouched);
+}
+
+TEST_F(ZipSpy, TheOptions) {
+    std::fill(std::begin(seen_->integers), std::end(seen_->integers), -1);
+    seen_->level = 0xFF;
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), L"");
+    for (int position = 1; position <= 27; ++position) {
+        const bool set = position == 6 || position == 9 || position == 10 || position == 13;
+        EXPECT_EQ(seen_->integers[position - 1], set ? 1 : 0) << position;
+    }
+    EXPECT_EQ(seen_->level, 0);
+    EXPECT_TRUE(seen_->first_text_is_empty);
+    EXPECT_TRUE(seen_->second_text_is_null);
+}
+
+TEST_F(ZipSpy, CountPathAndNamesInTheAnsiCodePage) {
+    // None of these need exist: that is the DLL's affair.
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"Año – 5 €.zip", {L"C:\\señal ñ.txt", L"d\\ÁÉÍÓÚ.txt", L"", L"tras"}), L"");
+    EXPECT_EQ(seen_->count, 2);
+    EXPECT_EQ(seen_->archive, ansi(folder() + L"\\Año – 5 €.zip"));
+    EXPECT_THAT(std::string(seen_->archive), testing::EndsWith("A\xF1o \x96 5 \x80.zip"));
+    EXPECT_STREQ(seen_->names[0],
+                 "C:\\se\xF1"
+                 "al \xF1.txt");
+    EXPECT_STREQ(seen_->names[1], "d\\\xC1\xC9\xCD\xD3\xDA.txt");
+    EXPECT_STREQ(seen_->names[2], "");
+    // The record goes over whole; the count says where the list ends.
+    EXPECT_STREQ(seen_->names[3], "tras");
+    EXPECT_STREQ(seen_->names[99], "");
+    EXPECT_EQ(generate(L"a.zip", std::vector<std::wstring>(100, L"f")), L"");
+    EXPECT_EQ(seen_->count, 100);
+    EXPECT_STREQ(seen_->names[99], "f");
+    EXPECT_EQ(generate(L"b.zip", L"", {L"f"}), L"");
+    EXPECT_STREQ(seen_->archive, "b.zip");
+}
+
+TEST_F(ZipSpy, ItsAnswersAreNotLookedAt) {
+    BoxWatcher no_box;
+    struct Answers {
+        int first;
+        int last;
+        bool makes_archive;
+    };
+    for (const auto& [first, last, makes_archive] : {Answers{0, 16, true}, Answers{-1, -1, true},
+                                                     Answers{0, 3, false}, Answers{1, 0, false}}) {
+        *seen_ = {};
+        seen_->init_answer = seen_->options_answer = first;
+        seen_->archive_answer = last;
+        seen_->makes_archive = makes_archive;
+        DeleteFileW(path("a.zip").c_str());
+        EXPECT_EQ(generate(L"a.zip", {L"f"}), makes_archive ? path("a.zip") : L"");
+        EXPECT_STREQ(seen_->calls, "ioa");
+    }
+}
+
+TEST_F(ZipSpy, AnExistingFileIsLeftToIt) {
+    file("a.zip", "queda");
+    put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
+    seen_->archive_answer = 5;
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(generate(L"a.zip", {L"f"}), path("a.zip"));
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(replaced_text));
+    EXPECT_EQ(seen_->archive, ansi(path("a.zip")));
+    EXPECT_EQ(folder_.read("a.zip"), "queda");
+}
+
+TEST_F(ZipSpy, NotCalledAfterAFailedCheck) {
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(generate(L"", {L"f"}), L"");
+    EXPECT_EQ(generate(L"a.zip", folder() + L"\\no", {L"f"}), L"");
+    EXPECT_EQ(generate(L"a.zip", {}), L"");
+    EXPECT_STREQ(seen_->calls, "");
+}
+
+}  // namespace
+}  // namespace kovrel::test

@@ -1,0 +1,39 @@
+// Archives that this engine would not make, as other programs leave them.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+#include <zlib.h>
+
+#include "records.h"
+
+namespace kovrel::zip::test {
+
+/// An archive made on Unix that holds these names and contents, stored, in this order; names may
+/// occur several times or differ in capitals alone.
+inline std::string made_on_unix(
+    const std::vector<std::pair<std::string, std::string>>& names_and_contents) {
+    Bytes bytes;
+    Bytes directory;
+    for (const auto& [name, data] : names_and_contents) {
+        CentralEntry entry;
+        entry.made_by = 3 << 8 | 20;
+        entry.modified = {(2020 - 1980) << 9 | 2 << 5 | 29, 0};
+        entry.name = name;
+        entry.size = entry.packed_size = data.size();
+        entry.crc = static_cast<std::uint32_t>(
+            crc32(0, reinterpret_cast<const Bytef*>(data.data()), static_cast<uInt>(data.size())));
+        entry.local_offset = bytes.size();
+        append_local_header(bytes, entry, false);
+        append_all(bytes, data);
+        append_central_entry(directory, entry);
+    }
+    const std::size_t offset = bytes.size();
+    append_all(bytes, directory);
+    append_directory_end(bytes, {names_and_contents.size(), directory.size(), offset, ""},
+                         bytes.size());
+    return {bytes.begin(), bytes.end()};
+}
+
+}  // namespace kovrel::zip::test
