@@ -381,7 +381,7 @@ TEST_F(Progress, AHostsPictureIsDrawnInTheStatedOrder) {
              {Variant(picture.query<IDispatch>()), std::int32_t{37}});
         Log expected = expected_calls(L"37%", L"37");
         expected.insert(expected.begin(), L"Cls()");
-        if (!auto_redraw) expected.insert(expected.begin(), L"put AutoRedraw = -1");
+        if (!auto_redraw) expected.insert(expected.begin(), L"put AutoRedraw = Verdadero");
         expected.insert(expected.begin(), L"get AutoRedraw");
         EXPECT_EQ(picture->log(), expected);
         EXPECT_THAT(types, ElementsAre(VT_I2, VT_R4, VT_R4, VT_R4, VT_R4, VT_I4));
