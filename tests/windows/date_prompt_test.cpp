@@ -10,6 +10,7 @@
 #include "runtime/calendar.h"
 #include "tests/automation/box_lines.h"
 #include "tests/automation/early.h"
+#include "tests/support/gui_objects.h"
 #include "tests/windows/host_window.h"
 
 namespace kovrel::test {
@@ -363,11 +364,9 @@ TEST_F(DatePrompt, EarlyBound) {
 TEST_F(DatePrompt, LeavesNothingBehind) {
     const auto once = [&] { ask_date(press_ok, {L"¿Fecha?"}); };
     once();
-    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    const DWORD windows_before = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    const GuiObjects before = gui_objects();
     for (int round = 0; round < 10; ++round) once();
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows_before);
+    EXPECT_EQ(gui_objects(), before);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "tests/automation/box_lines.h"
 #include "tests/automation/import_patch.h"
 #include "tests/automation/late.h"
+#include "tests/support/gui_objects.h"
 #include "tests/windows/host_window.h"
 
 namespace kovrel::test {
@@ -361,11 +362,9 @@ TEST(MessageDialog, ARequestToQuitReachesTheHostAfterIt) {
 TEST(MessageDialog, LeavesNothingBehind) {
     const auto once = [] { show_dialog(L"Uno", L"Texto", close_by_button); };
     once();
-    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    const DWORD windows_before = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    const GuiObjects before = gui_objects();
     for (int round = 0; round < 10; ++round) once();
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows_before);
+    EXPECT_EQ(gui_objects(), before);
 }
 
 }  // namespace

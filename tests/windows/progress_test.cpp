@@ -4,6 +4,7 @@
 #include <iostream>
 #include <limits>
 
+#include "tests/support/gui_objects.h"
 #include "tests/windows/progress_window.h"
 
 // After the platform's main header, which the headers above bring.
@@ -196,14 +197,12 @@ TEST_F(Progress, AThousandUpdatesLeaveNothingBehind) {
         return static_cast<double>(counters.PagefileUsage) / 1024;
     };
     thousand();
-    const DWORD drawing = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    const DWORD windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    const GuiObjects before = gui_objects();
     const double memory = committed();
     const double each = thousand();
     std::cout << "an update: " << each << " us; memory grew by " << committed() - memory
               << " KB in 1,000\n";
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), drawing);
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows);
+    EXPECT_EQ(gui_objects(), before);
     EXPECT_LT(committed() - memory, 512);
 }
 
@@ -214,11 +213,9 @@ TEST_F(Progress, OpeningAndClosingLeavesNothingBehind) {
         finish();
     };
     round();
-    const DWORD drawing = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    const DWORD windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    const GuiObjects before = gui_objects();
     for (int count = 0; count < 20; ++count) round();
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), drawing);
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows);
+    EXPECT_EQ(gui_objects(), before);
 }
 
 }  // namespace

@@ -47,6 +47,7 @@ TEST_F(Verifier, NothingToCopyIsToldAndTheClipboardStays) {
         controls.to_front();
         click(controls.copy_tax_id);
         EXPECT_EQ(answer_next_box(), "64|Dato incorrecto o falta|Escriba el NIF|1");
+        controls.back_to_front();
         controls.has_focus(controls.tax_id);
         click(controls.copy_account);
         EXPECT_EQ(answer_next_box(),
@@ -85,11 +86,13 @@ TEST_F(Verifier, AClipboardThatAnotherProgramHoldsIsReported) {
         EXPECT_EQ(answer_next_box(),
                   "16|kovrel|Error 521\\r (No se puede abrir el Portapapeles) en procedimiento "
                   "cmd_copiaNIF_Click del Formulario frmNIFCCC.|1");
+        controls.back_to_front();
         controls.has_focus(controls.tax_id);
         press_key('O', Modifier::alt);
         EXPECT_EQ(answer_next_box(),
                   "16|kovrel|Error 521\\r (No se puede abrir el Portapapeles) en procedimiento "
                   "cmd_copiaCCC_Click del Formulario frmNIFCCC.|1");
+        controls.back_to_front();
         controls.has_focus(controls.account);
         CloseClipboard();
         EXPECT_EQ(clipboard(), L"antes");
