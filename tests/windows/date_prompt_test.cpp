@@ -248,10 +248,15 @@ TEST_F(DatePrompt, IsModalAndGivesTheFocusBack) {
     EXPECT_EQ(GetFocus(), first.field());
 }
 
+std::atomic<int> ticks;
+
+void CALLBACK tick(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
+    ++ticks;
+}
+
 TEST_F(DatePrompt, HiddenByOthersItGoesOnWaitingForItsDate) {
-    static std::atomic<int> ticks;
     ticks = 0;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) { ++ticks; });
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, &tick);
     const HostWindow host(L"Contratos");
     std::atomic<bool> returned = false;
     BoxWatcher windows({on_window(prompt, [&](HWND window) {
