@@ -7,7 +7,7 @@
 namespace kovrel::test {
 
 struct GuiObjects {
-    std::size_t drawing = 0;  // fonts, bitmaps, brushes, device contexts, ... of the process
+    std::size_t drawing = 0;  // of the process: fonts, bitmaps, ...; 0 where none can be counted
     std::size_t windows = 0;  // of this thread, hidden ones and controls included
 
     bool operator==(const GuiObjects&) const = default;
