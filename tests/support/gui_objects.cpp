@@ -50,9 +50,10 @@ BOOL CALLBACK count_window(HWND window, LPARAM count) {
 
 GuiObjects gui_objects() {
     GuiObjects objects;
-    objects.drawing = drawing_objects();
     EnumThreadWindows(GetCurrentThreadId(), &count_window,
                       reinterpret_cast<LPARAM>(&objects.windows));
+    // Afterwards: a thread's first look at windows brings drawing objects of the system's own.
+    objects.drawing = drawing_objects();
     return objects;
 }
 
