@@ -106,8 +106,7 @@ def zip_rows():
 
 def progress_rows():
     text = output_of("wine", WINDOWS / "progress_bench.exe")
-    (milliseconds,) = found(r"([\d.]+) ms per update", text)
-    before, after = found(r"GDI objects: (\d+) before, (\d+) after", text)
+    milliseconds, before, after = found(r"bar and message +([\d.]+) +(\d+) +(\d+) ", text)
     yield ("1.000 actualizaciones de la ventana de progreso", "ningún objeto gráfico de más",
            f"{comma(milliseconds, 2)} ms cada una; {int(after - before)} de más", after <= before)
 

@@ -43,7 +43,8 @@ const ClassInfo& clsProfile::class_info() {
                 L"ExisteCarpeta",
                 {L"strPath", optional(L"boCreaCarpeta", true, false),
                  optional(L"boMensaje", true, false)},
-                L"Indica si la carpeta existe y, si se pide, la crea.")
+                L"Indica si la carpeta existe y, si se pide, la crea. Los argumentos omitidos "
+                L"equivalen a falso en llamadas por nombre; a verdadero en las compiladas.")
             .done();
     return info;
 }

@@ -62,10 +62,13 @@ const ClassInfo& clsFGen::class_info() {
             .method<&clsFGen::LongitudExacta>(
                 L"LongitudExacta",
                 {L"Obj", optional(L"PermitirLenCero", true, false), optional(L"IntSumaLen", 0)},
-                L"Verdadero si el campo no tiene la longitud exacta.")
-            .method<&clsFGen::FechaCorrecta>(L"FechaCorrecta",
-                                             {L"Obj", optional(L"PermitirLenCero", true, false)},
-                                             L"Verdadero si el campo no contiene una fecha.")
+                L"Verdadero si el campo no tiene la longitud exacta. PermitirLenCero omitido "
+                L"equivale a falso en llamadas por nombre; a verdadero en las compiladas.")
+            .method<&clsFGen::FechaCorrecta>(
+                L"FechaCorrecta", {L"Obj", optional(L"PermitirLenCero", true, false)},
+                L"Verdadero si el campo no contiene una fecha. PermitirLenCero "
+                L"omitido equivale a falso en llamadas por nombre; a "
+                L"verdadero en las compiladas.")
             .method<&clsFGen::FechaMayorQue>(
                 L"FechaMayorQue", {L"Obj", L"ObjFechaMenor"},
                 L"Verdadero si la fecha del campo no es posterior a la del otro.")

@@ -29,7 +29,8 @@ const ClassInfo& clsMensajes::class_info() {
                 L"Nombre de la aplicación anfitriona; titula los mensajes que lo indican.")
             .method<&clsMensajes::MsgFormA>(
                 L"MsgFormA", {L"strCaption", L"strMensaje", optional(L"BoFuenteTT", true, false)},
-                L"Muestra un texto largo en una ventana que se puede agrandar.")
+                L"Muestra un texto largo en una ventana que se puede agrandar. BoFuenteTT omitido "
+                L"equivale a falso en llamadas por nombre; a verdadero en las compiladas.")
             .method<&clsMensajes::MsjNoEsPosibleAbrirFormulario>(
                 L"MsjNoEsPosibleAbrirFormulario", L"Avisa de que el formulario no se puede abrir.")
             .method<&clsMensajes::MsjNoEsPosibleAbrirFormulario_NoDatos>(

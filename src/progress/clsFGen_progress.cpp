@@ -2,7 +2,7 @@
 #include "frame/clsFGen.h"
 #include "frame/guarded.h"
 #include "progress/frmBarraProgreso.h"
-#include "progress/progress_label.h"
+#include "progress/progress_bar.h"
 
 namespace kovrel {
 
@@ -53,32 +53,14 @@ void clsFGen::BarraProgresoActualiza(const std::int32_t& Porcentaje,
         window->take_focus();
         window->set_message(strMensaje);
         BarraProgreso(window->bar(), Porcentaje);
+        window->percentage = Porcentaje;
         window->catch_up();
     });
 }
 
 void clsFGen::BarraProgreso(const ComPtr<IDispatch>& Picture, const std::int32_t& Porcentaje) {
-    guarded({L") en procedimiento BarraProgreso del Módulo de clase clsFGen."}, [&] {
-        constexpr std::int16_t width = 100;  // one unit for each per cent
-        constexpr std::int16_t filled_box = PictureSurface::box | PictureSurface::filled;
-        const HostObject picture(Picture);
-        if (!picture.get(L"AutoRedraw").to_bool()) picture.put(L"AutoRedraw", Variant(true));
-        picture.call(L"Cls");
-        picture.put(L"ScaleWidth", Variant(width));
-        picture.put(L"DrawMode", Variant(PictureSurface::not_xor_pen));
-        const Variant label(progress_label(Porcentaje));
-        const double left = 50 - picture.get(L"TextWidth", {label}).to_double() / 2;
-        picture.put(L"CurrentX", Variant(static_cast<float>(left)));
-        const double height = picture.get(L"ScaleHeight").to_double();
-        const double top = (height - picture.get(L"TextHeight", {label}).to_double()) / 2;
-        picture.put(L"CurrentY", Variant(static_cast<float>(top)));
-        picture.call(L"Print", {label});
-        const double bottom = picture.get(L"ScaleHeight").to_double();
-        picture.call(L"Line", {Variant(filled_box), Variant(0.0F), Variant(0.0F),
-                               Variant(static_cast<float>(Porcentaje)),
-                               Variant(static_cast<float>(bottom)), Variant(std::int32_t{0})});
-        picture.call(L"Refresh");
-    });
+    guarded({L") en procedimiento BarraProgreso del Módulo de clase clsFGen."},
+            [&] { draw_progress_bar(HostObject(Picture), Porcentaje); });
 }
 
 bool clsFGen::BarraProgresoCancelada() {

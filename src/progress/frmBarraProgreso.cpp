@@ -5,6 +5,7 @@
 
 #include "frame/guarded.h"
 #include "progress/cancel_icon.h"
+#include "progress/progress_bar.h"
 #include "progress/progress_layout.h"
 #include "ui/modal.h"
 
@@ -155,6 +156,8 @@ void frmBarraProgreso::picture_box_resized(int id) {
         RECT inner{};
         GetClientRect(control(PictureBarra), &inner);
         bar_.surface->resize(inner.right, inner.bottom, scale());
+        // A picture of another size begins empty: on another display the bar is drawn anew.
+        if (percentage) draw_progress_bar(HostObject(bar_.object), *percentage);
     }
 }
 

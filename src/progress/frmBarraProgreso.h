@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "ui/picture_surface.h"
@@ -26,6 +27,8 @@ class frmBarraProgreso final : public Window {
     std::int32_t lgTopFrm = -1;      ///< -1: centred on the screen
     std::int32_t lgLeftFrm = -1;     ///< -1: centred on the screen
     std::int32_t lgForeColor = -1;   ///< colour of the bar and its text; -1: the system's highlight
+
+    std::optional<std::int32_t> percentage;  ///< what the bar shows; none before the first update
 
     /// True once the user has pressed the button; loading the window again makes it false.
     [[nodiscard]] bool canceled() const noexcept { return canceled_; }

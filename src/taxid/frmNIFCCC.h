@@ -71,7 +71,8 @@ class frmNIFCCC final : public Window {
     void tax_id_changed();
     void account_changed();
     void copy(int id);
-    void next_field();
+    void enter();
+    void close();
 
     std::shared_ptr<clsFGen> general_;
     std::unique_ptr<MaskedEdit> tax_id_;

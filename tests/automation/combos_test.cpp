@@ -232,6 +232,63 @@ TEST_F(Combos, ObjectsThatLackAMember) {
     }
 }
 
+TEST_F(Combos, AComboBoxThatCannotBeFilledOneByOne) {
+    const wchar_t* const text = L"438\\r (El objeto no admite esta propiedad o método";
+    for (const wchar_t* const member : {L"Clear", L"AddItem"}) {
+        ScriptedCombo combo;
+        ScriptedRecordset records(three_rows());
+        records.position = 2;
+        combo.object().remove(member);
+        BoxWatcher boxes({answer(IDOK)});
+        EXPECT_FALSE(load_items(combo, records));
+        EXPECT_EQ(lines_of(boxes), (Lines{failure_line(text, single_column)}));
+        EXPECT_EQ(records.position, 0U);  // where the failure left it
+        EXPECT_EQ(records.object().references(), 1U);
+        EXPECT_EQ(combo.object().references(), 1U);
+    }
+}
+
+TEST_F(Combos, EarlyBoundFailures) {
+    using Load =
+        HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**, IDispatch**, SHORT, VARIANT_BOOL*);
+    using LoadItems =
+        HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**, IDispatch**, VARIANT_BOOL*);
+    IDispatch* const general = general_.get();
+    ScriptedCombo combo;
+    ScriptedRecordset records({{Variant(L"uno")}, {Variant::null()}});
+    IDispatch* raw_combo = &combo.object();
+    IDispatch* raw_records = &records.object();
+    IDispatch* nothing = nullptr;
+    VARIANT_BOOL loaded = VARIANT_TRUE;
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(early<LoadItems>(general, single_column)(general, &raw_combo, &raw_records, &loaded),
+              S_OK);
+    EXPECT_EQ(loaded, VARIANT_FALSE);
+    EXPECT_EQ(combo.items, Texts{L"uno"});
+    loaded = VARIANT_TRUE;
+    EXPECT_EQ(early<LoadItems>(general, single_column)(general, &raw_combo, &nothing, &loaded),
+              S_OK);
+    EXPECT_EQ(loaded, VARIANT_FALSE);
+    loaded = VARIANT_TRUE;
+    EXPECT_EQ(early<Load>(general, multi_column)(general, &raw_combo, &raw_records, -1, &loaded),
+              S_OK);
+    EXPECT_EQ(loaded, VARIANT_FALSE);
+    combo.object().remove(L"List");
+    loaded = VARIANT_TRUE;
+    EXPECT_EQ(early<Load>(general, multi_column)(general, &raw_combo, &raw_records, 0, &loaded),
+              S_OK);
+    EXPECT_EQ(loaded, VARIANT_FALSE);
+    EXPECT_EQ(
+        lines_of(boxes),
+        (Lines{
+            failure_line(L"94\\r (Uso no válido de Null", single_column),
+            failure_line(L"91\\r (Variable de objeto o bloque With no establecido", single_column),
+            failure_line(L"9\\r (Subíndice fuera del intervalo", multi_column),
+            failure_line(L"438\\r (El objeto no admite esta propiedad o método", multi_column)}));
+    EXPECT_EQ(combo.object().references(), 1U);
+    EXPECT_EQ(records.object().references(), 1U);
+}
+
 TEST_F(Combos, CollectionsThatTakeTheIndexOtherwise) {
     BoxWatcher no_box;
     const auto field = [](const auto&) {

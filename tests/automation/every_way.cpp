@@ -26,6 +26,8 @@ ParameterShape parameter_shape(const ELEMDESC& described) {
         shape.when_omitted = Variant(described.paramdesc.pparamdescex->varDefaultValue);
     } else if (shape.type == VT_VARIANT) {
         shape.when_omitted = Variant::missing();
+    } else if (shape.type == VT_DISPATCH) {
+        shape.when_omitted = Variant(ComPtr<IDispatch>());
     } else {
         shape.when_omitted = Variant().as(shape.type);
     }

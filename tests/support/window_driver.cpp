@@ -8,6 +8,7 @@ namespace {
 
 constexpr Milliseconds polling_interval{5};
 constexpr UINT answer_limit = 2000;
+constexpr int polls_at_rest = 10;
 
 bool same_class(const std::wstring& left, std::wstring_view right) {
     return CompareStringOrdinal(left.c_str(), static_cast<int>(left.size()), right.data(),
@@ -189,13 +190,17 @@ HWND focus_of(HWND window) {
 }
 
 bool bring_to_front(HWND window, Milliseconds limit) {
-    return wait_until(
-        [&] {
-            if (GetForegroundWindow() == window) return true;
-            SetForegroundWindow(window);
-            return GetForegroundWindow() == window;
-        },
-        limit);
+    // A window manager that is still busy with windows that have just come or gone may move the
+    // keyboard once more.
+    int still = 0;
+    const auto stays_in_front = [&] {
+        if (GetForegroundWindow() == window) return ++still >= polls_at_rest;
+        still = 0;
+        SetForegroundWindow(window);
+        return false;
+    };
+    const bool own = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+    return own ? pump_until(stays_in_front, limit) : wait_until(stays_in_front, limit);
 }
 
 void press_key(WORD virtual_key, Modifier modifier) {
@@ -223,9 +228,24 @@ void type_text(std::wstring_view text) {
 }
 
 void click(HWND control) {
-    RECT bounds;
-    GetWindowRect(control, &bounds);
-    SetCursorPos((bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2);
+    // A new window may still be on its way to where the window manager puts it.
+    RECT bounds{};
+    int still = 0;
+    wait_until(
+        [&] {
+            const RECT before = bounds;
+            GetWindowRect(control, &bounds);
+            still = EqualRect(&before, &bounds) ? still + 1 : 0;
+            return still >= polls_at_rest;
+        },
+        Milliseconds{3000});
+    const POINT middle{(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
+    wait_until(
+        [&] {
+            SetCursorPos(middle.x, middle.y);
+            return WindowFromPoint(middle) == control;
+        },
+        Milliseconds{3000});
     INPUT down{};
     down.type = INPUT_MOUSE;
     down.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;

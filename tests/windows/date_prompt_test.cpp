@@ -2,12 +2,16 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <array>
+#include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
 
 #include "runtime/calendar.h"
 #include "tests/automation/box_lines.h"
 #include "tests/automation/early.h"
+#include "tests/support/gui_objects.h"
+#include "tests/windows/host_window.h"
 
 namespace kovrel::test {
 namespace {
@@ -201,6 +205,106 @@ TEST_F(DatePrompt, OnlyTheButtonClosesIt) {
         {L"¿Fecha?"});
 }
 
+std::wstring shown_date(HWND window) {
+    return text_of(date_field(window));
+}
+
+TEST_F(DatePrompt, ShowsDayAndMonthWithTwoDigits) {
+    const auto shown = [&] {
+        std::wstring text;
+        ask_date(
+            [&](HWND window) {
+                text = shown_date(window);
+                press_ok(window);
+            },
+            {L"¿Fecha?", L"Fecha", Variant(Date{day(2024, 3, 5)})});
+        return text;
+    };
+    EXPECT_EQ(shown(), L"05/03/2024");
+    std::array<wchar_t, 80> usual{};
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, usual.data(),
+                   static_cast<int>(usual.size()));
+    ASSERT_TRUE(SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, L"d/M/yyyy"));
+    EXPECT_EQ(shown(), L"05/03/2024");
+    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SSHORTDATE, usual.data());
+}
+
+TEST_F(DatePrompt, IsModalAndGivesTheFocusBack) {
+    const HostWindow first(L"Contratos");
+    const HostWindow second(L"Pagadores");
+    SetActiveWindow(first.window());
+    SetFocus(first.field());
+    ask_date(
+        [&](HWND window) {
+            come_to_front(window);
+            EXPECT_FALSE(IsWindowEnabled(first.window()));
+            EXPECT_FALSE(IsWindowEnabled(second.window()));
+            press_ok(window);
+        },
+        {L"¿Fecha?"});
+    EXPECT_TRUE(IsWindowEnabled(first.window()));
+    EXPECT_TRUE(IsWindowEnabled(second.window()));
+    EXPECT_EQ(GetActiveWindow(), first.window());
+    EXPECT_EQ(GetFocus(), first.field());
+}
+
+std::atomic<int> ticks;
+
+void CALLBACK tick(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD /*time*/) {
+    ++ticks;
+}
+
+TEST_F(DatePrompt, HiddenByOthersItGoesOnWaitingForItsDate) {
+    ticks = 0;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, &tick);
+    const HostWindow host(L"Contratos");
+    std::atomic<bool> returned = false;
+    BoxWatcher windows({on_window(prompt, [&](HWND window) {
+        ShowWindow(window, SW_HIDE);
+        EXPECT_TRUE(wait_until([&] { return IsWindowEnabled(host.window()) != FALSE; }));
+        // The host's own events go on.
+        const int now = ticks;
+        EXPECT_TRUE(wait_until([&] { return ticks > now + 20; }));
+        EXPECT_FALSE(returned);
+        EXPECT_TRUE(IsWindow(window));
+        press_ok(window);
+        EXPECT_TRUE(wait_until([&] { return returned.load(); }));
+    })});
+    const Outcome outcome =
+        call(dates_.get(), L"PideFecha", {L"¿Fecha?", L"Fecha", Variant(Date{day(2024, 3, 5)})});
+    returned = true;
+    KillTimer(nullptr, timer);
+    EXPECT_EQ(result_of(outcome), day(2024, 3, 5));
+}
+
+TEST_F(DatePrompt, ASecondCallWhileItIsOpenIsReported) {
+    const HostCalls host;
+    const auto other = create(L"Kovrel.clsFFechas");
+    std::atomic<bool> returned = false;
+    const double chosen = ask_date(
+        [&](HWND window) {
+            host.post([&] {
+                EXPECT_EQ(result_of(call(other.get(), L"PideFecha", {L"¿Otra fecha?"})), 0);
+                returned = true;
+            });
+            HWND const box = wait_for_window({L"#32770", L"kovrel", 0});
+            std::optional<SeenBox> seen;
+            EXPECT_TRUE(wait_until([&] { return (seen = read_box(box)).has_value(); }));
+            if (!seen) return;
+            EXPECT_EQ(narrow(as_line(*seen)),
+                      "16|kovrel|Error 400\\r (El formulario ya se muestra; no puede mostrarse de "
+                      "forma modal) en procedimiento PideFecha del Módulo de clase clsFFechas.|0");
+            EXPECT_TRUE(answer_box(box, *seen, {IDOK, 0}));
+            EXPECT_TRUE(wait_until([&] { return returned.load(); }));
+            EXPECT_TRUE(IsWindowVisible(window));
+            EXPECT_TRUE(IsWindowEnabled(window));
+            set_field(window, {2025, 3, 0, 9, 0, 0, 0, 0});
+            press_ok(window);
+        },
+        {L"¿Fecha?"});
+    EXPECT_EQ(chosen, day(2025, 3, 9));
+}
+
 TEST_F(DatePrompt, TwoCallsInARow) {
     ask_date(press_ok, {L"Primera pregunta", L"Una", Variant(Date{day(2001, 1, 1)})});
     EXPECT_EQ(ask_date(
@@ -265,11 +369,9 @@ TEST_F(DatePrompt, EarlyBound) {
 TEST_F(DatePrompt, LeavesNothingBehind) {
     const auto once = [&] { ask_date(press_ok, {L"¿Fecha?"}); };
     once();
-    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    const DWORD windows_before = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    const GuiObjects before = gui_objects();
     for (int round = 0; round < 10; ++round) once();
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows_before);
+    EXPECT_EQ(gui_objects(), before);
 }
 
 }  // namespace

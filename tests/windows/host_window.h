@@ -1,7 +1,11 @@
-// A window of a host, with a field that can have the keyboard.
+// A host's side: a window with a field that can have the keyboard, and calls of its thread's own.
 #pragma once
 
 #include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <utility>
 
 namespace kovrel::test {
 
@@ -21,6 +25,39 @@ class HostWindow {
  private:
     HWND window_;
     HWND field_;
+};
+
+// Lets other threads have something done on the thread that made it, as soon as that dispatches its
+// messages: what a host's own events do while a window of the library is open.
+class HostCalls {
+ public:
+    HostCalls()
+        : window_(CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr,
+                                  nullptr)) {
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure));
+    }
+    HostCalls(const HostCalls&) = delete;
+    HostCalls& operator=(const HostCalls&) = delete;
+    ~HostCalls() { DestroyWindow(window_); }
+
+    // Does not wait for it.
+    void post(std::function<void()> work) const {
+        auto* const handed_over = new std::function<void()>(std::move(work));
+        if (PostMessageW(window_, WM_APP, 0, reinterpret_cast<LPARAM>(handed_over)) == FALSE) {
+            delete handed_over;
+        }
+    }
+
+ private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+        if (message != WM_APP) return DefWindowProcW(window, message, wparam, lparam);
+        const std::unique_ptr<std::function<void()>> work(
+            reinterpret_cast<std::function<void()>*>(lparam));
+        (*work)();
+        return 0;
+    }
+
+    HWND window_;
 };
 
 }  // namespace kovrel::test

@@ -1,11 +1,14 @@
 // The message dialog: a long text in a window of its own.
 #include <algorithm>
+#include <atomic>
 #include <functional>
 #include <gmock/gmock.h>
 
+#include "messages/frmDialogo.h"
 #include "tests/automation/box_lines.h"
 #include "tests/automation/import_patch.h"
 #include "tests/automation/late.h"
+#include "tests/support/gui_objects.h"
 #include "tests/windows/host_window.h"
 
 namespace kovrel::test {
@@ -301,6 +304,44 @@ TEST(MessageDialog, IsModalAndGivesTheFocusBack) {
     EXPECT_EQ(GetFocus(), first.field());
 }
 
+TEST(MessageDialog, HiddenByOthersItGoesOnWaitingForItsEnd) {
+    const auto catalogue = create(L"Kovrel.clsMensajes");
+    std::atomic<bool> returned = false;
+    BoxWatcher windows({on_window({dialog_class, {}, 0}, [&](HWND dialog) {
+        ShowWindow(dialog, SW_HIDE);
+        // The waiting call dispatches what comes.
+        for (int messages = 0; messages < 20; ++messages) ask(dialog, WM_NULL);
+        EXPECT_FALSE(returned);
+        EXPECT_TRUE(IsWindow(dialog));
+        close_by_button(dialog);
+        EXPECT_TRUE(wait_until([&] { return returned.load(); }));
+        EXPECT_FALSE(IsWindow(dialog));
+    })});
+    EXPECT_EQ(call(catalogue.get(), L"MsgFormA", {L"Oculta", L"Texto"}).result, S_OK);
+    returned = true;
+}
+
+TEST(MessageDialog, ItsMeasuresAreItsWidthAndItsHeightUntilItIsUnloaded) {
+    const auto bounds_with = [](std::int16_t width, std::int16_t height) {
+        const auto dialog = std::make_shared<frmDialogo>();
+        dialog->Medida1 = width;
+        dialog->Medida2 = height;
+        dialog->load();
+        RECT bounds{};
+        GetWindowRect(dialog->handle(), &bounds);
+        dialog->unload();
+        EXPECT_EQ(dialog->Medida1, 0);
+        EXPECT_EQ(dialog->Medida2, 0);
+        return std::pair(bounds.right - bounds.left, bounds.bottom - bounds.top);
+    };
+    const auto [width, height] = bounds_with(0, 0);
+    EXPECT_GT(width, 600);
+    EXPECT_GT(height, 360);
+    EXPECT_EQ(bounds_with(6000, 4500), std::pair(400L, 300L));
+    EXPECT_EQ(bounds_with(6000, 0), std::pair(400L, height));
+    EXPECT_EQ(bounds_with(0, 4500), std::pair(width, 300L));
+}
+
 TEST(MessageDialog, ARequestToQuitReachesTheHostAfterIt) {
     const auto catalogue = create(L"Kovrel.clsMensajes");
     const DWORD thread = GetCurrentThreadId();
@@ -321,11 +362,9 @@ TEST(MessageDialog, ARequestToQuitReachesTheHostAfterIt) {
 TEST(MessageDialog, LeavesNothingBehind) {
     const auto once = [] { show_dialog(L"Uno", L"Texto", close_by_button); };
     once();
-    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    const DWORD windows_before = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+    const GuiObjects before = gui_objects();
     for (int round = 0; round < 10; ++round) once();
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before);
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows_before);
+    EXPECT_EQ(gui_objects(), before);
 }
 
 }  // namespace

@@ -1,0 +1,198 @@
+// A window's events: the messages that reach it, its picture boxes and its controls.
+#include <windows.h>
+#include <commctrl.h>
+
+#include "ui/window.h"
+
+namespace kovrel {
+namespace {
+
+// What a picture box asks its window for.
+constexpr UINT box_resized = WM_APP + 1;
+constexpr UINT box_paint = WM_APP + 2;
+
+struct Painting {
+    HDC context;
+    RECT bounds;
+};
+
+}  // namespace
+
+void Window::focus_inside() {
+    HWND target = last_focus_;
+    if (target == nullptr || !IsChild(handle_, target) || !IsWindowEnabled(target) ||
+        !IsWindowVisible(target)) {
+        target = GetNextDlgTabItem(handle_, nullptr, FALSE);
+    }
+    const bool stops =
+        target != nullptr && (GetWindowLongPtrW(target, GWL_STYLE) & WS_TABSTOP) != 0;
+    SetFocus(stops ? target : handle_);
+}
+
+void Window::command(int id, UINT code, bool from_control) {
+    if (id == IDCANCEL && !from_control) {
+        escape();
+    } else if (code == BN_CLICKED) {
+        clicked(id);
+    } else {
+        notified(id, code);
+    }
+}
+
+/// The keys of a dialog that reach a control itself: in a modeless window, through the loop of a
+/// host that knows nothing of it.
+bool Window::pressed(WPARAM key) {
+    if (modal_ != nullptr) return false;
+    if (key == VK_ESCAPE) {
+        escape();
+    } else if (key == VK_RETURN && design_.default_button != 0) {
+        clicked(design_.default_button);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+        case WM_COMMAND:
+            command(LOWORD(wparam), HIWORD(wparam), find(LOWORD(wparam)) != nullptr);
+            return 0;
+        case WM_SIZE:
+            if (wparam != SIZE_MINIMIZED) form_resize();
+            return 0;
+        case box_resized:
+            picture_box_resized(static_cast<int>(wparam));
+            return 0;
+        case box_paint: {
+            const auto* painting = reinterpret_cast<const Painting*>(lparam);
+            paint_picture_box(static_cast<int>(wparam), painting->context, painting->bounds);
+            return 0;
+        }
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLOREDIT:
+            if (HBRUSH const brush =
+                    background_of(reinterpret_cast<HWND>(lparam), reinterpret_cast<HDC>(wparam))) {
+                return reinterpret_cast<LRESULT>(brush);
+            }
+            break;
+        case DM_GETDEFID:
+            return design_.default_button != 0 ? MAKELRESULT(design_.default_button, DC_HASDEFID)
+                                               : 0;
+        case WM_NEXTDLGCTL:
+            // A label's access key: to the label itself, and on from there.
+            SetFocus(LOWORD(lparam) != FALSE ? reinterpret_cast<HWND>(wparam)
+                                             : GetNextDlgTabItem(handle_, GetFocus(), wparam != 0));
+            return 0;
+        case WM_SETFOCUS:
+            focus_inside();
+            return 0;
+        case WM_ACTIVATE:
+            if (LOWORD(wparam) == WA_INACTIVE) {
+                lost_activation(reinterpret_cast<HWND>(lparam));
+            } else {
+                focus_inside();
+            }
+            return 0;
+        case WM_CLOSE:
+            closing();
+            return 0;
+        case WM_SHOWWINDOW:
+            // A modal loop looks again whether the window is still there.
+            PostMessageW(nullptr, WM_NULL, 0, 0);
+            break;
+        case WM_DPICHANGED:
+            rescale(HIWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
+            return 0;
+        case WM_SYSCOLORCHANGE:
+            apply_scale();
+            break;
+        case WM_DESTROY:
+            ready_ = false;
+            PostMessageW(nullptr, WM_NULL, 0, 0);
+            form_unload();
+            return 0;
+        default:
+            if (message >= first_posted && message < first_posted + 0x100) {
+                posted(message, static_cast<int>(wparam));
+                return 0;
+            }
+            break;
+    }
+    return DefWindowProcW(handle_, message, wparam, lparam);
+}
+
+LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_NCCREATE) {
+        auto* const created =
+            static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(lparam)->lpCreateParams);
+        created->handle_ = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+    }
+    auto* const self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+    if (message == WM_NCDESTROY) {
+        const std::shared_ptr<Window> last = std::move(self->self_);
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        self->handle_ = self->tooltips_ = self->last_focus_ = nullptr;
+        self->controls_.clear();
+        return DefWindowProcW(window, message, wparam, lparam);
+    }
+    if (!self->ready_ && message != WM_DESTROY) {
+        return DefWindowProcW(window, message, wparam, lparam);
+    }
+    const std::shared_ptr<Window> alive = self->weak_from_this().lock();
+    try {
+        return self->handle(message, wparam, lparam);
+    } catch (...) {
+        // An event without a handler of its own has nobody to tell; the host goes on.
+        return 0;
+    }
+}
+
+LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    HWND const parent = GetParent(window);
+    const auto id = static_cast<WPARAM>(GetDlgCtrlID(window));
+    switch (message) {
+        case WM_COMMAND:
+        case WM_NOTIFY:
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLOREDIT:
+        case WM_CTLCOLORBTN:
+            return SendMessageW(parent, message, wparam, lparam);
+        case WM_SIZE:
+            SendMessageW(parent, box_resized, id, 0);
+            return 0;
+        case WM_PAINT: {
+            PAINTSTRUCT paint;
+            Painting painting{BeginPaint(window, &paint), {}};
+            GetClientRect(window, &painting.bounds);
+            SendMessageW(parent, box_paint, id, reinterpret_cast<LPARAM>(&painting));
+            EndPaint(window, &paint);
+            return 0;
+        }
+        default:
+            return DefWindowProcW(window, message, wparam, lparam);
+    }
+}
+
+LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                     UINT_PTR /*id*/, DWORD_PTR owner) {
+    auto* const self = reinterpret_cast<Window*>(owner);
+    if (message == WM_SETFOCUS) self->last_focus_ = window;
+    if (message == WM_KEYDOWN && self->ready_) {
+        const std::shared_ptr<Window> alive = self->weak_from_this().lock();
+        try {
+            if (self->pressed(wparam)) return 0;
+        } catch (...) {
+            return 0;
+        }
+    }
+    const LRESULT result = DefSubclassProc(window, message, wparam, lparam);
+    if (message == WM_KILLFOCUS && self->ready_) {
+        self->focus_moved(window, reinterpret_cast<HWND>(wparam));
+    }
+    return result;
+}
+
+}  // namespace kovrel
