@@ -45,7 +45,10 @@ class Profile : public testing::Test {
     ComPtr<IDispatch> profile_ = create(L"Kovrel.clsProfile");
 };
 
-TEST_F(Profile, AnExistingFolderIsThereWhateverTheFlags) {
+/// What does not depend on the user's settings.
+class ProfileAnySettings : public Profile {};
+
+TEST_F(ProfileAnySettings, AnExistingFolderIsThereWhateverTheFlags) {
     BoxWatcher no_box;
     for (const bool create : {false, true}) {
         for (const bool tell : {false, true}) EXPECT_TRUE(exists(folder_.path(), create, tell));
@@ -54,7 +57,7 @@ TEST_F(Profile, AnExistingFolderIsThereWhateverTheFlags) {
     EXPECT_TRUE(exists(folder_.path() + L"\\"));
 }
 
-TEST_F(Profile, AMissingFolderWithoutFlagsIsNotCreated) {
+TEST_F(ProfileAnySettings, AMissingFolderWithoutFlagsIsNotCreated) {
     BoxWatcher no_box;
     EXPECT_FALSE(exists(folder_ / L"nueva"));
     EXPECT_FALSE(exists(folder_ / L"nueva", false, true));
@@ -62,7 +65,7 @@ TEST_F(Profile, AMissingFolderWithoutFlagsIsNotCreated) {
     EXPECT_FALSE(std::filesystem::exists(folder_ / L"nueva"));
 }
 
-TEST_F(Profile, AMissingFolderIsCreatedAfterTheQuestion) {
+TEST_F(ProfileAnySettings, AMissingFolderIsCreatedAfterTheQuestion) {
     const std::wstring path = folder_ / L"Año ñ";
     BoxWatcher boxes({answer(IDOK, L"profile_create"), answer(IDOK)});
     EXPECT_TRUE(exists(path, true, true));
@@ -71,7 +74,7 @@ TEST_F(Profile, AMissingFolderIsCreatedAfterTheQuestion) {
     EXPECT_TRUE(std::filesystem::is_directory(path));
 }
 
-TEST_F(Profile, AnyOtherAnswerLeavesItMissing) {
+TEST_F(ProfileAnySettings, AnyOtherAnswerLeavesItMissing) {
     const std::wstring path = folder_ / L"nueva";
     BoxWatcher boxes({answer(IDCANCEL)});
     EXPECT_FALSE(exists(path, true, true));
@@ -79,13 +82,13 @@ TEST_F(Profile, AnyOtherAnswerLeavesItMissing) {
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST_F(Profile, ASilentCreationShowsNothing) {
+TEST_F(ProfileAnySettings, ASilentCreationShowsNothing) {
     BoxWatcher no_box;
     EXPECT_TRUE(exists(folder_ / L"callada", true, false));
     EXPECT_TRUE(std::filesystem::is_directory(folder_ / L"callada"));
 }
 
-TEST_F(Profile, AMissingParentEndsInTheErrorBox) {
+TEST_F(ProfileAnySettings, AMissingParentEndsInTheErrorBox) {
     const std::wstring path = folder_ / L"falta\\nueva";
     const std::string box = narrow(
         L"16|kovrel|Error 76\\r (No se encontró la ruta de acceso) en procedimiento ExisteCarpeta "
@@ -96,7 +99,7 @@ TEST_F(Profile, AMissingParentEndsInTheErrorBox) {
     EXPECT_EQ(lines_of(boxes), (Lines{question(path, 1), box, box}));
 }
 
-TEST_F(Profile, ADriveThatDoesNotExistIsAFailure) {
+TEST_F(ProfileAnySettings, ADriveThatDoesNotExistIsAFailure) {
     BoxWatcher boxes({answer(IDOK)});
     EXPECT_FALSE(exists(L"Q:\\carpeta", true, true));
     EXPECT_EQ(lines_of(boxes),
@@ -105,7 +108,7 @@ TEST_F(Profile, ADriveThatDoesNotExistIsAFailure) {
                             L"frmOptions.|1")}));
 }
 
-TEST_F(Profile, AnUnlistedFolderThatIsThereCannotBeCreated) {
+TEST_F(ProfileAnySettings, AnUnlistedFolderThatIsThereCannotBeCreated) {
     const std::wstring path = folder_ / L"oculta";
     std::filesystem::create_directory(path);
     ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
@@ -120,7 +123,7 @@ TEST_F(Profile, AnUnlistedFolderThatIsThereCannotBeCreated) {
                             L"procedimiento ExisteCarpeta del Formulario frmOptions.|1")}));
 }
 
-TEST_F(Profile, AFileAndAMatchingNameCountAsListed) {
+TEST_F(ProfileAnySettings, AFileAndAMatchingNameCountAsListed) {
     BoxWatcher no_box;
     folder_.write(L"datos.txt", "x");
     EXPECT_TRUE(exists(folder_ / L"datos.txt"));
@@ -128,7 +131,7 @@ TEST_F(Profile, AFileAndAMatchingNameCountAsListed) {
     EXPECT_FALSE(exists(folder_ / L"otr?s.*"));
 }
 
-TEST_F(Profile, LongAndForeignFoldersWork) {
+TEST_F(ProfileAnySettings, LongAndForeignFoldersWork) {
     BoxWatcher no_box;
     std::wstring path = folder_ / L"\u03b1\u03b2\u03b3 \u4e2d\u6587";
     EXPECT_TRUE(exists(path, true, false));
@@ -141,7 +144,7 @@ TEST_F(Profile, LongAndForeignFoldersWork) {
     EXPECT_EQ(folder_of(path + L"\\*"), path + L"\\*\\");
 }
 
-TEST_F(Profile, TheFolderOfAFile) {
+TEST_F(ProfileAnySettings, TheFolderOfAFile) {
     BoxWatcher no_box;
     const std::wstring file = folder_.write(L"Factura nº 1.txt", "x");
     EXPECT_EQ(folder_of(file), folder_.path() + L"\\");
@@ -150,7 +153,7 @@ TEST_F(Profile, TheFolderOfAFile) {
     EXPECT_EQ(folder_of(folder_.path()), folder_.path() + L"\\");
 }
 
-TEST_F(Profile, APatternIsCutByTheNameItFinds) {
+TEST_F(ProfileAnySettings, APatternIsCutByTheNameItFinds) {
     BoxWatcher boxes({answer(IDOK)});
     folder_.write(L"abc.txt");
     EXPECT_EQ(folder_of(folder_ / L"*.txt"),
@@ -164,7 +167,7 @@ TEST_F(Profile, APatternIsCutByTheNameItFinds) {
                                              L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
 }
 
-TEST_F(Profile, Backslashes) {
+TEST_F(ProfileAnySettings, Backslashes) {
     BoxWatcher no_box;
     const auto add = [&](const wchar_t* path) {
         return text_of_result(call(profile_.get(), L"AñadirBackSlash", {path}));
@@ -182,7 +185,7 @@ TEST_F(Profile, Backslashes) {
     EXPECT_EQ(remove(L"C:\\a"), L"C:\\a");
 }
 
-TEST_F(Profile, IniValuesAreWrittenAndRead) {
+TEST_F(ProfileAnySettings, IniValuesAreWrittenAndRead) {
     BoxWatcher no_box;
     const std::wstring file = folder_ / L"opciones.ini";
     const auto read = [&](const wchar_t* key) {
@@ -214,6 +217,8 @@ TEST_F(Profile, DefaultsOfMissingIniValues) {
         BoxWatcher no_box;
         EXPECT_EQ(read(std::int16_t{5}), L"5");
         EXPECT_EQ(read(1.5), L"1,5");
+        EXPECT_EQ(read(true), L"Verdadero");
+        EXPECT_EQ(read(false), L"Falso");
         EXPECT_EQ(read(L"por defecto"), L"por defecto");
         EXPECT_EQ(read(L""), L"");
         EXPECT_EQ(read(LateArgument::missing()), L"");
@@ -228,7 +233,7 @@ TEST_F(Profile, DefaultsOfMissingIniValues) {
                             L"LeerIni del Módulo clsProfile.|1")}));
 }
 
-TEST_F(Profile, TheCallersVariablesComeBackThroughTheCodePage) {
+TEST_F(ProfileAnySettings, TheCallersVariablesComeBackThroughTheCodePage) {
     BoxWatcher no_box;
     Variant file(folder_ / L"v.ini");
     Variant section(L"\u4e2d");
@@ -250,7 +255,7 @@ TEST_F(Profile, TheCallersVariablesComeBackThroughTheCodePage) {
     EXPECT_EQ(section.to_text(), L"?");
 }
 
-TEST_F(Profile, AWriteThatFailsIsSilent) {
+TEST_F(ProfileAnySettings, AWriteThatFailsIsSilent) {
     BoxWatcher no_box;
     EXPECT_EQ(
         call(profile_.get(), L"GuardarIni", {folder_ / L"falta\\x.ini", L"a", L"b", L"c"}).result,
@@ -258,7 +263,7 @@ TEST_F(Profile, AWriteThatFailsIsSilent) {
     EXPECT_FALSE(std::filesystem::exists(folder_ / L"falta"));
 }
 
-TEST_F(Profile, EarlyBound) {
+TEST_F(ProfileAnySettings, EarlyBound) {
     using Exists =
         HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, VARIANT_BOOL*, VARIANT_BOOL*, VARIANT_BOOL*);
     using Text = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR, BSTR*);
