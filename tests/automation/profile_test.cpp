@@ -2,10 +2,12 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "tests/automation/box_lines.h"
 #include "tests/automation/early.h"
+#include "tests/automation/import_patch.h"
 #include "tests/automation/test_folder.h"
 
 namespace kovrel::test {
@@ -99,6 +101,29 @@ TEST_F(ProfileAnySettings, AMissingParentEndsInTheErrorBox) {
     EXPECT_EQ(lines_of(boxes), (Lines{question(path, 1), box, box}));
 }
 
+int folders_created = 0;
+
+/// Says that the folder was created, and does nothing.
+BOOL WINAPI pretend_to_create(const wchar_t* /*path*/, SECURITY_ATTRIBUTES* /*security*/) {
+    ++folders_created;
+    return TRUE;
+}
+
+TEST_F(ProfileAnySettings, ACreationWithoutAFolderIsTold) {
+    const ImportPatch patch(L"kovrel.dll", "CreateDirectoryW",
+                            reinterpret_cast<void*>(&pretend_to_create));
+    ASSERT_TRUE(patch.in_place());
+    folders_created = 0;
+    const std::wstring path = folder_ / L"nueva";
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    EXPECT_FALSE(exists(path, true, true));
+    EXPECT_FALSE(exists(path, true, false));
+    EXPECT_EQ(folders_created, 2);
+    EXPECT_EQ(
+        lines_of(boxes),
+        (Lines{question(path, 1), narrow(L"16|Gestión|No ha sido posible crear la carpeta.|1")}));
+}
+
 TEST_F(ProfileAnySettings, ADriveThatDoesNotExistIsAFailure) {
     BoxWatcher boxes({answer(IDOK)});
     EXPECT_FALSE(exists(L"Q:\\carpeta", true, true));
@@ -151,6 +176,16 @@ TEST_F(ProfileAnySettings, TheFolderOfAFile) {
     EXPECT_EQ(folder_of(folder_ / L"falta.txt"), folder_ / L"falta.txt\\");
     // Folders are not listed: one gives itself back.
     EXPECT_EQ(folder_of(folder_.path()), folder_.path() + L"\\");
+}
+
+TEST_F(ProfileAnySettings, APathThatEndsInABackslashListsItsFolder) {
+    BoxWatcher no_box;
+    const std::wstring path = folder_.path() + L"\\";
+    // A folder without files gives itself back.
+    EXPECT_EQ(folder_of(path), path);
+    // The first name in it counts for the cut, as with any other path.
+    folder_.write(L"abc.txt");
+    EXPECT_EQ(folder_of(path), path.substr(0, path.size() - 7) + L"\\");
 }
 
 TEST_F(ProfileAnySettings, APatternIsCutByTheNameItFinds) {
@@ -332,6 +367,26 @@ TEST_F(Profile, TheBrowserBeginsAtTheFolderGivenAndReturnsTheOneChosen) {
         EXPECT_EQ(prompt, L"Elija la carpeta ñ");
     }
     EXPECT_TRUE(opened_on_folder);
+}
+
+TEST_F(Profile, AnEmptyPromptShowsNone) {
+    const auto texts_with = [&](const wchar_t* prompt) {
+        std::vector<std::wstring> texts;
+        BoxWatcher windows({on_window(browser, [&](HWND dialog) {
+            for (const Control& control : controls_of(dialog)) {
+                if (control.window_class == L"Static") texts.push_back(control.text);
+            }
+            press(dialog, IDCANCEL);
+        })});
+        EXPECT_EQ(text_of_result(call(profile_.get(), L"BrowseForFolder", {0, prompt})), L"");
+        return texts;
+    };
+    auto texts = texts_with(L"Elija");
+    const auto prompt = std::find(texts.begin(), texts.end(), L"Elija");
+    ASSERT_NE(prompt, texts.end());
+    // All else stays as it was.
+    *prompt = L"";
+    EXPECT_EQ(texts_with(L""), texts);
 }
 
 TEST_F(Profile, ACancelledBrowseIsEmpty) {
