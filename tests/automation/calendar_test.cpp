@@ -21,7 +21,7 @@ std::string shown_date(int year, int month, int day) {
     return shown(date(year, month, day));
 }
 
-class Calendar : public testing::TestWithParam<Way> {
+class CalendarAnySettings : public testing::TestWithParam<Way> {
  protected:
     Answer call_for(const wchar_t* member, std::vector<Variant> arguments,
                     const std::vector<ExpectedBox>& boxes = {}) {
@@ -36,10 +36,11 @@ class Calendar : public testing::TestWithParam<Way> {
     }
 
     void expect_failure(const wchar_t* member, std::vector<Variant> arguments, int number,
-                        const wchar_t* description) {
-        const Answer answer = call_for(member, std::move(arguments));
+                        const wchar_t* description, const std::vector<ExpectedBox>& boxes = {}) {
+        const Answer answer = call_for(member, std::move(arguments), boxes);
         EXPECT_EQ(answer.result, failure(number)) << narrow(member);
         EXPECT_EQ(narrow(answer.description), narrow(description)) << narrow(member);
+        EXPECT_EQ(narrow(answer.source), "Kovrel.clsFFechas") << narrow(member);
     }
 
     [[nodiscard]] bool writes_back() const { return GetParam() != Way::values; }
@@ -49,9 +50,12 @@ class Calendar : public testing::TestWithParam<Way> {
     const std::string no_ = shown(Variant(false));
 };
 
+/// What follows the user's short date.
+class Calendar : public CalendarAnySettings {};
+
 constexpr const wchar_t* mismatch = L"No coinciden los tipos";
 
-TEST_P(Calendar, YearsOfTwoDigits) {
+TEST_P(CalendarAnySettings, YearsOfTwoDigits) {
     EXPECT_EQ(shown_for(L"ConvierteAñoA2", {whole(2024)}), "texto 24");
     EXPECT_EQ(shown_for(L"ConvierteAñoA2", {whole(1905)}), "texto 05");
     EXPECT_EQ(shown_for(L"ConvierteAñoA2", {whole(5)}), "texto 05");
@@ -60,7 +64,7 @@ TEST_P(Calendar, YearsOfTwoDigits) {
     expect_failure(L"ConvierteAñoA2", {whole(10000)}, 13, mismatch);
 }
 
-TEST_P(Calendar, YearsOfFourDigits) {
+TEST_P(CalendarAnySettings, YearsOfFourDigits) {
     const auto year = [&](int given, const char* text, int left) {
         const Answer answer = call_for(L"ConvierteAñoA4", {whole(given)});
         EXPECT_EQ(shown(answer.value), text);
@@ -72,7 +76,7 @@ TEST_P(Calendar, YearsOfFourDigits) {
     year(-5, "texto 1995", 1995);
 }
 
-TEST_P(Calendar, AYearThatHasFourDigitsAlready) {
+TEST_P(CalendarAnySettings, AYearThatHasFourDigitsAlready) {
     put(calendar_.get(), L"AppOrigen", Variant(L"Facturas"));
     for (const int given : {100, 2024, 32767}) {
         const Answer answer = call_for(L"ConvierteAñoA4", {whole(given)},
@@ -82,7 +86,7 @@ TEST_P(Calendar, AYearThatHasFourDigitsAlready) {
     }
 }
 
-TEST_P(Calendar, AYearThatNoDateHas) {
+TEST_P(CalendarAnySettings, AYearThatNoDateHas) {
     const Answer answer = call_for(L"ConvierteAñoA4", {whole(-2001)},
                                    {{L"Error 13\r (No coinciden los tipos) en procedimiento "
                                      L"ConvierteAñoA4 del Módulo de clase clsFFechas.",
@@ -93,7 +97,7 @@ TEST_P(Calendar, AYearThatNoDateHas) {
     EXPECT_EQ(shown(answer.arguments[0]), shown(whole(writes_back() ? -1 : -2001)));
 }
 
-TEST_P(Calendar, DaysOfMonthsAndYears) {
+TEST_P(CalendarAnySettings, DaysOfMonthsAndYears) {
     const auto days = [&](int month, int year) {
         return shown_for(L"Dias_Mes", {whole(month), whole(year)});
     };
@@ -112,7 +116,7 @@ TEST_P(Calendar, DaysOfMonthsAndYears) {
     EXPECT_EQ(shown_for(L"Dias_Anyo", {whole(2024)}), "entero16 366");
 }
 
-TEST_P(Calendar, FailuresOfTheGuardedMembers) {
+TEST_P(CalendarAnySettings, FailuresOfTheGuardedMembers) {
     const ExpectedBox days_overflow{
         L"Error 6\r (Desbordamiento) en procedimiento Dias_Mes del Módulo de clase clsFFechas.", 16,
         L"kovrel"};
@@ -135,7 +139,7 @@ TEST_P(Calendar, FailuresOfTheGuardedMembers) {
               "entero16 0");
 }
 
-TEST_P(Calendar, WeeksOfAMonth) {
+TEST_P(CalendarAnySettings, WeeksOfAMonth) {
     const auto week = [&](int year, int month, int day) {
         return shown_for(L"SemanaEnElMes", {date(year, month, day)});
     };
@@ -147,6 +151,14 @@ TEST_P(Calendar, WeeksOfAMonth) {
     EXPECT_EQ(week(2024, 9, 30), "entero16 6");
     EXPECT_EQ(week(2024, 12, 31), "entero16 6");
     EXPECT_EQ(shown_for(L"SemanaEnElMes", {Variant(Date{45366.75})}), "entero16 3");
+    // No date of the calendar.
+    for (const double days : {1e9, -1e9, 2958466.0, -657435.0}) {
+        EXPECT_EQ(shown_for(L"SemanaEnElMes", {Variant(Date{days})},
+                            {{L"Error 5\r (Llamada a procedimiento o argumento no válidos) en "
+                              L"procedimiento SemanaEnElMes del Módulo de clase clsFFechas.",
+                              16, L"kovrel"}}),
+                  "entero16 0");
+    }
     const auto weeks = [&](int year, int month) {
         return shown_for(L"SemanasMes", {whole(year), whole(month)});
     };
@@ -156,7 +168,7 @@ TEST_P(Calendar, WeeksOfAMonth) {
     EXPECT_EQ(weeks(2024, 1), "entero16 5");
 }
 
-TEST_P(Calendar, TheWeekAroundADate) {
+TEST_P(CalendarAnySettings, TheWeekAroundADate) {
     EXPECT_EQ(shown_for(L"PrimerDiaSemana", {date(2024, 3, 17)}), shown_date(2024, 3, 11));
     EXPECT_EQ(shown_for(L"PrimerDiaSemana", {date(2024, 3, 11)}), shown_date(2024, 3, 11));
     EXPECT_EQ(shown_for(L"UltimoDiaSemana", {date(2024, 3, 11)}), shown_date(2024, 3, 17));
@@ -174,7 +186,7 @@ TEST_P(Calendar, TheCaptionOfAWeek) {
               "texto Semana del 11/03/2024 al 17/03/2024");
 }
 
-TEST_P(Calendar, FirstAndLastDaysOfAMonth) {
+TEST_P(CalendarAnySettings, FirstAndLastDaysOfAMonth) {
     EXPECT_EQ(shown_for(L"PrimerDiaMesActual", {whole(2), whole(2024)}), shown_date(2024, 2, 1));
     EXPECT_EQ(shown_for(L"UltimoDiaMesActual", {whole(2), whole(2024)}), shown_date(2024, 2, 29));
     expect_failure(L"PrimerDiaMesActual", {whole(-1), whole(2024)}, 13, mismatch);
@@ -182,7 +194,24 @@ TEST_P(Calendar, FirstAndLastDaysOfAMonth) {
     expect_failure(L"PrimerDiaMesActual", {whole(32), whole(2024)}, 13, mismatch);
 }
 
-TEST_P(Calendar, ZeroStandsForTodaysMonthAndYear) {
+const ExpectedBox no_days_of_month{
+    L"Error 5\r (Llamada a procedimiento o argumento no válidos) en procedimiento Dias_Mes del "
+    L"Módulo de clase clsFFechas.",
+    16, L"kovrel"};
+
+TEST_P(CalendarAnySettings, AYearWithoutDaysIsToldAndFailsToTheHost) {
+    // The inner member tells its own failure; what goes on with its 0 is no date.
+    expect_failure(L"UltimoDiaMesActual", {whole(1), whole(32767)}, 13, mismatch,
+                   {no_days_of_month});
+    expect_failure(L"ultimodia_mesanterior", {month_number(3), whole(32767)}, 13, mismatch,
+                   {no_days_of_month});
+    // Without a last day to ask for there is no box.
+    expect_failure(L"PrimerDiaMesActual", {whole(1), whole(32767)}, 13, mismatch);
+    expect_failure(L"primerdia_mesanterior", {month_number(3), whole(32767)}, 13, mismatch);
+    expect_failure(L"ultimodia_mesanterior", {month_number(1), whole(32767)}, 13, mismatch);
+}
+
+TEST_P(CalendarAnySettings, ZeroStandsForTodaysMonthAndYear) {
     SYSTEMTIME now{};
     Answer first;
     Answer last;
@@ -206,12 +235,21 @@ TEST_P(Calendar, ZeroStandsForTodaysMonthAndYear) {
     EXPECT_EQ(shown_for(L"UltimoDiaMesActual", {}), shown(last.value));
     // Just one of the two; and what was replaced before a failure stays so.
     EXPECT_EQ(shown_for(L"PrimerDiaMesActual", {whole(3), whole(0)}), shown_date(now.wYear, 3, 1));
+    const Answer month_only = call_for(L"UltimoDiaMesActual", {whole(3), whole(0)});
+    EXPECT_EQ(shown(month_only.value), shown_date(now.wYear, 3, 31));
+    EXPECT_EQ(shown(month_only.arguments[0]), "entero16 3");
+    EXPECT_EQ(shown(month_only.arguments[1]), shown(whole(writes_back() ? now.wYear : 0)));
+    const Answer year_only = call_for(L"UltimoDiaMesActual", {whole(0), whole(2023)});
+    EXPECT_EQ(shown(year_only.value),
+              shown_date(2023, now.wMonth, days_of_month(2023, now.wMonth)));
+    EXPECT_EQ(shown(year_only.arguments[0]), shown(whole(writes_back() ? now.wMonth : 0)));
+    EXPECT_EQ(shown(year_only.arguments[1]), "entero16 2023");
     const Answer failed = call_for(L"PrimerDiaMesActual", {whole(0), whole(-5)});
     EXPECT_EQ(failed.result, failure(13));
     EXPECT_EQ(shown(failed.arguments[0]), shown(whole(writes_back() ? now.wMonth : 0)));
 }
 
-TEST_P(Calendar, TheMonthBefore) {
+TEST_P(CalendarAnySettings, TheMonthBefore) {
     const auto first = [&](int month, int year) {
         return shown_for(L"primerdia_mesanterior", {month_number(month), whole(year)});
     };
@@ -232,7 +270,7 @@ TEST_P(Calendar, TheMonthBefore) {
                    L"Desbordamiento");
 }
 
-TEST_P(Calendar, NamesOfMonths) {
+TEST_P(CalendarAnySettings, NamesOfMonths) {
     constexpr std::array names{"ENERO",      "FEBRERO", "MARZO",     "ABRIL",
                                "MAYO",       "JUNIO",   "JULIO",     "AGOSTO",
                                "SEPTIEMBRE", "OCTUBRE", "NOVIEMBRE", "DICIEMBRE"};
@@ -245,6 +283,7 @@ TEST_P(Calendar, NamesOfMonths) {
     }
 }
 
+INSTANTIATE_TEST_SUITE_P(All, CalendarAnySettings, testing::ValuesIn(every_way));
 INSTANTIATE_TEST_SUITE_P(All, Calendar, testing::ValuesIn(every_way));
 
 TEST(CalendarOfScripts, TextsAndWiderNumbersBecomeWhatTheMemberTakes) {

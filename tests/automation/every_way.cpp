@@ -72,12 +72,16 @@ bool has_a_type(const Variant& value) {
     return !value.is_empty() && !value.is_null() && !value.is_error();
 }
 
-/// The last failure's description, as a compiled host asks for it.
-std::wstring last_description() {
+/// The last failure's description and source, as a compiled host asks for them.
+void read_last_failure(Answer& answer) {
     ComPtr<IErrorInfo> info;
+    if (GetErrorInfo(0, info.put()) != S_OK) return;
     Bstr description;
-    if (GetErrorInfo(0, info.put()) == S_OK) info->GetDescription(description.put());
-    return std::wstring(description.view());
+    Bstr source;
+    info->GetDescription(description.put());
+    info->GetSource(source.put());
+    answer.description = description.view();
+    answer.source = source.view();
 }
 
 Answer call_early(IDispatch* object, const MemberShape& shape, Answer answer) {
@@ -112,7 +116,7 @@ Answer call_early(IDispatch* object, const MemberShape& shape, Answer answer) {
                      static_cast<UINT>(raw.size()), types.data(), pointers.data(), &result);
     EXPECT_EQ(called, S_OK);
     answer.result = result.lVal;
-    if (FAILED(answer.result)) answer.description = last_description();
+    if (FAILED(answer.result)) read_last_failure(answer);
     // The library wrote the value itself; the caller knows its type.
     if (shape.result != VT_EMPTY && shape.result != VT_VARIANT) answer.value.vt = shape.result;
     return answer;
@@ -138,6 +142,7 @@ Answer call_late(Way way, IDispatch* object, const std::wstring& member, const M
     const Outcome outcome = call(object, member, arguments);
     answer.result = outcome.result == DISP_E_EXCEPTION ? outcome.error : outcome.result;
     answer.description = outcome.description;
+    answer.source = outcome.source;
     answer.value = outcome.value;
     return answer;
 }

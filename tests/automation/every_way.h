@@ -26,6 +26,7 @@ const char* name_of(Way way);
 struct Answer {
     HRESULT result = E_UNEXPECTED;  ///< 0x800A0000 and the failure's number, in every way
     std::wstring description;       ///< of a failure
+    std::wstring source;            ///< of a failure
     Variant value;
     std::vector<Variant> arguments;  ///< the caller's variables after the call
 };

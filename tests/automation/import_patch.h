@@ -1,5 +1,5 @@
-// Counts the calls that the library makes to a function of the system's and lets none through: for
-// what leaves no trace that a test could read, like the beep.
+// Stands in for a function of the system's in the calls that the library makes to it: for what
+// leaves no trace that a test could read, like the beep, and for answers that it seldom gives.
 #pragma once
 
 #include <windows.h>

@@ -6,7 +6,7 @@
 namespace kovrel::test {
 namespace {
 
-class Keystrokes : public testing::TestWithParam<Way> {
+class KeystrokesAnySettings : public testing::TestWithParam<Way> {
  protected:
     /// "key result" after the filter; a key passed by value cannot come back.
     std::string filtered(const wchar_t* member, int key, std::vector<Variant> options = {},
@@ -37,7 +37,7 @@ class Keystrokes : public testing::TestWithParam<Way> {
     int key_ = 0;
 };
 
-TEST_P(Keystrokes, Numbers) {
+TEST_P(KeystrokesAnySettings, Numbers) {
     const BoxWatcher no_box;
     for (int key = 0; key <= 255; ++key) {
         const bool passes = (key >= '0' && key <= '9') || key == 8 || key == 9 || key == 27 ||
@@ -46,7 +46,7 @@ TEST_P(Keystrokes, Numbers) {
     }
 }
 
-TEST_P(Keystrokes, NumbersWithOptions) {
+TEST_P(KeystrokesAnySettings, NumbersWithOptions) {
     const Variant yes(true);
     const Variant no(false);
     EXPECT_EQ(filtered(L"Solo_Numero", '-', {yes}), left('-', 0, 0));
@@ -60,7 +60,7 @@ TEST_P(Keystrokes, NumbersWithOptions) {
     EXPECT_EQ(filtered(L"Solo_Numero", 13, {yes, yes}), left(13, 0, 0));
 }
 
-TEST_P(Keystrokes, Dates) {
+TEST_P(KeystrokesAnySettings, Dates) {
     const BoxWatcher no_box;
     for (int key = 0; key <= 255; ++key) {
         const bool passes = (key >= '0' && key <= '9') || key == 8 || key == '/' || key == '-';
@@ -68,7 +68,7 @@ TEST_P(Keystrokes, Dates) {
     }
 }
 
-TEST_P(Keystrokes, Capitals) {
+TEST_P(KeystrokesAnySettings, Capitals) {
     const BoxWatcher no_box;
     const auto capital = [&](int key, int capital) {
         EXPECT_EQ(filtered(L"Convierte_May", key), left(key, capital, capital)) << key;
@@ -88,7 +88,7 @@ TEST_P(Keystrokes, Capitals) {
     capital(127, 127);
 }
 
-TEST_P(Keystrokes, CodesOutsideTheCodePageFail) {
+TEST_P(KeystrokesAnySettings, CodesOutsideTheCodePageFail) {
     const auto box = [](const wchar_t* text) {
         return std::vector<ExpectedBox>{{text, 16, L"kovrel"}};
     };
@@ -109,7 +109,7 @@ TEST_P(Keystrokes, CodesOutsideTheCodePageFail) {
     }
 }
 
-TEST_P(Keystrokes, Provinces) {
+TEST_P(KeystrokesAnySettings, Provinces) {
     EXPECT_EQ(province(L"28080"), "byte 28");
     EXPECT_EQ(province(L"08001"), "byte 8");
     EXPECT_EQ(province(L"8001"), "byte 8");
@@ -120,7 +120,7 @@ TEST_P(Keystrokes, Provinces) {
     EXPECT_EQ(province(L"46xyz"), "byte 46");
 }
 
-TEST_P(Keystrokes, AnOverlongPostalCodeShowsTwoBoxes) {
+TEST_P(KeystrokesAnySettings, AnOverlongPostalCodeShowsTwoBoxes) {
     put(general_.get(), L"AppOrigen", Variant(L"Facturas"));
     EXPECT_EQ(province(L"280801",
                        {{L"Error en el Código Postal", 16, L"kovrel"},
@@ -130,7 +130,7 @@ TEST_P(Keystrokes, AnOverlongPostalCodeShowsTwoBoxes) {
               "byte 0");
 }
 
-TEST_P(Keystrokes, WhatIsNoPostalCodeIsAnError) {
+TEST_P(KeystrokesAnySettings, WhatIsNoPostalCodeIsAnError) {
     const ExpectedBox mismatch{
         L"Error 13\r (No coinciden los tipos) en procedimiento ProvinciaDeCP "
         L"del Módulo de clase clsFGen.",
@@ -146,7 +146,7 @@ TEST_P(Keystrokes, WhatIsNoPostalCodeIsAnError) {
     EXPECT_EQ(province(L"-1234", {overflow}), "byte 0");
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Keystrokes, testing::ValuesIn(every_way));
+INSTANTIATE_TEST_SUITE_P(All, KeystrokesAnySettings, testing::ValuesIn(every_way));
 
 TEST(KeystrokesOfScripts, AVariableOfAnotherTypeCarriesTheKeyToo) {
     const auto general = create(L"Kovrel.clsFGen");

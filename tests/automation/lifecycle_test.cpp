@@ -1,7 +1,7 @@
 // Creation and release, the host's name and the catalogue that can be replaced.
 #include <gtest/gtest.h>
 
-#include "tests/automation/early.h"
+#include "tests/automation/every_way.h"
 
 namespace kovrel::test {
 namespace {
@@ -70,29 +70,71 @@ TEST(HostName, IsForwardedToTheCatalogueAndNotBack) {
     EXPECT_EQ(text_of_result(get(general.get(), L"AppOrigen")), L"Facturas");
 }
 
+using PutText = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
+using GetText = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
+using PutObject = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch*);
+using GetObject = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, IDispatch**);
+
+HRESULT put_name_early(IDispatch* instance, const wchar_t* name) {
+    const Bstr text(name);
+    BSTR raw = text.get();
+    return early<PutText>(instance, L"AppOrigen", INVOKE_PROPERTYPUT)(instance, &raw);
+}
+
+std::wstring name_early(IDispatch* instance) {
+    Bstr name;
+    EXPECT_EQ(early<GetText>(instance, L"AppOrigen", INVOKE_PROPERTYGET)(instance, name.put()),
+              S_OK);
+    return std::wstring(name.view());
+}
+
+HRESULT put_catalogue_early(IDispatch* general, IDispatch* catalogue) {
+    return early<PutObject>(general, L"Mensajes", INVOKE_PROPERTYPUTREF)(general, catalogue);
+}
+
+ComPtr<IDispatch> catalogue_early(IDispatch* general) {
+    ComPtr<IDispatch> catalogue;
+    EXPECT_EQ(early<GetObject>(general, L"Mensajes", INVOKE_PROPERTYGET)(general, catalogue.put()),
+              S_OK);
+    return catalogue;
+}
+
 TEST(HostName, EarlyBound) {
-    using Put = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
-    using Get = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
-    for (const wchar_t* const prog_id : {L"Kovrel.clsFGen", L"Kovrel.clsProfile"}) {
+    for (const wchar_t* const prog_id : prog_ids) {
+        if (prog_id == std::wstring(L"Kovrel.cgsFileOpR")) continue;
         const auto instance = create(prog_id);
-        Bstr name(L"Facturas");
-        BSTR raw = name.get();
-        EXPECT_EQ(
-            early<Put>(instance.get(), L"AppOrigen", INVOKE_PROPERTYPUT)(instance.get(), &raw),
-            S_OK);
-        Bstr back;
-        EXPECT_EQ(early<Get>(instance.get(), L"AppOrigen", INVOKE_PROPERTYGET)(instance.get(),
-                                                                               back.put()),
-                  S_OK);
-        EXPECT_EQ(back.view(), L"Facturas");
+        EXPECT_EQ(name_early(instance.get()), L"");
+        EXPECT_EQ(put_name_early(instance.get(), L"Facturación Ñ"), S_OK);
+        EXPECT_EQ(name_early(instance.get()), L"Facturación Ñ");
+        EXPECT_EQ(text_of_result(get(instance.get(), L"AppOrigen")), L"Facturación Ñ");
+        EXPECT_EQ(put_name_early(instance.get(), L""), S_OK);
+        EXPECT_EQ(name_early(instance.get()), L"");
+    }
+}
+
+/// How an instance without a name of its own tells the user that a field is empty.
+void expect_message_of(IDispatch* general, const wchar_t* title) {
+    for (const Way way : every_way) {
+        const Answer answer =
+            call_in(way, general, L"Verifica_CC", {Variant(L""), Variant(true), Variant(true)},
+                    {{L"El dato  no puede quedar vacío.", 48, title}});
+        EXPECT_EQ(answer.result, S_OK);
+        EXPECT_EQ(answer.value.vt, VT_BOOL);
+        EXPECT_EQ(answer.value.boolVal, VARIANT_FALSE);
     }
 }
 
 TEST(Catalogue, IsReplacedByObjectAssignment) {
     const auto general = create(L"Kovrel.clsFGen");
     const Variant other(create(L"Kovrel.clsMensajes"));
+    put(other.pdispVal, L"AppOrigen", Variant(L"Otra"));
+    expect_message_of(general.get(), L"");
     EXPECT_EQ(put(general.get(), L"Mensajes", other, DISPATCH_PROPERTYPUTREF).result, S_OK);
     EXPECT_EQ(get(general.get(), L"Mensajes").value.pdispVal, other.pdispVal);
+    // It keeps the name it came with, and the messages are its own.
+    EXPECT_EQ(text_of_result(get(other.pdispVal, L"AppOrigen")), L"Otra");
+    EXPECT_EQ(text_of_result(get(general.get(), L"AppOrigen")), L"");
+    expect_message_of(general.get(), L"Otra");
     put(general.get(), L"AppOrigen", Variant(L"Facturas"));
     EXPECT_EQ(text_of_result(get(other.pdispVal, L"AppOrigen")), L"Facturas");
     // Another class is no catalogue.
@@ -102,13 +144,50 @@ TEST(Catalogue, IsReplacedByObjectAssignment) {
     EXPECT_EQ(get(general.get(), L"Mensajes").value.pdispVal, other.pdispVal);
 }
 
+TEST(Catalogue, IsReplacedEarlyBound) {
+    const auto general = create(L"Kovrel.clsFGen");
+    const auto own = catalogue_early(general.get());
+    ASSERT_TRUE(own);
+    EXPECT_EQ(name_early(own.get()), L"");
+    const auto other = create(L"Kovrel.clsMensajes");
+    put_name_early(other.get(), L"Otra");
+    EXPECT_EQ(put_catalogue_early(general.get(), other.get()), S_OK);
+    EXPECT_EQ(catalogue_early(general.get()).get(), other.get());
+    expect_message_of(general.get(), L"Otra");
+    // Its own goes on living for whoever holds it, but is no longer told the name.
+    put_name_early(general.get(), L"Facturas");
+    EXPECT_EQ(name_early(own.get()), L"");
+    EXPECT_EQ(name_early(other.get()), L"Facturas");
+    EXPECT_EQ(put_catalogue_early(general.get(), nullptr), S_OK);
+    EXPECT_FALSE(catalogue_early(general.get()));
+}
+
 TEST(Catalogue, WithoutOneTheNameCannotBeForwarded) {
+    constexpr auto not_set = static_cast<HRESULT>(0x800A005B);
+    const std::string description = "Variable de objeto o bloque With no establecido";
     const auto general = create(L"Kovrel.clsFGen");
     EXPECT_EQ(put(general.get(), L"Mensajes", Variant(ComPtr<IDispatch>()), DISPATCH_PROPERTYPUTREF)
                   .result,
               S_OK);
-    EXPECT_EQ(put(general.get(), L"AppOrigen", Variant(L"x")).error,
-              static_cast<HRESULT>(0x800A005B));
+    const Outcome late = put(general.get(), L"AppOrigen", Variant(L"tardía"));
+    EXPECT_EQ(late.result, DISP_E_EXCEPTION);
+    EXPECT_EQ(late.error, not_set);
+    EXPECT_EQ(narrow(late.description), description);
+    EXPECT_EQ(narrow(late.source), "Kovrel.clsFGen");
+    // It was stored before it could not be passed on.
+    EXPECT_EQ(text_of_result(get(general.get(), L"AppOrigen")), L"tardía");
+
+    SetErrorInfo(0, nullptr);
+    EXPECT_EQ(put_name_early(general.get(), L"temprana"), not_set);
+    ComPtr<IErrorInfo> info;
+    ASSERT_EQ(GetErrorInfo(0, info.put()), S_OK);
+    Bstr text;
+    info->GetDescription(text.put());
+    EXPECT_EQ(narrow(std::wstring(text.view())), description);
+    Bstr source;
+    info->GetSource(source.put());
+    EXPECT_EQ(narrow(std::wstring(source.view())), "Kovrel.clsFGen");
+    EXPECT_EQ(name_early(general.get()), L"temprana");
 }
 
 TEST(Fields, OfTheFileDialogClass) {

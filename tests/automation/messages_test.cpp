@@ -3,6 +3,7 @@
 
 #include "tests/automation/every_way.h"
 #include "tests/automation/import_patch.h"
+#include "tests/support/scripted_object.h"
 
 namespace kovrel::test {
 namespace {
@@ -242,6 +243,43 @@ TEST_P(MessagesAnySettings, WhatHasNoTextFormFailsToTheHost) {
     fails(array, 13, L"No coinciden los tipos");
 }
 
+TEST_P(MessagesAnySettings, AnObjectStandsForItsDefaultValue) {
+    const auto object = ScriptedObject::make();
+    object->property(L"Name", Variant()).default_member(L"Name");
+    const auto told = [&](Variant value, const std::wstring& text) {
+        object->set_value(L"Name", std::move(value));
+        const std::wstring whole =
+            L"No es posible abrir el formulario en este momento.\r\rNo existe ningún " + text +
+            L".";
+        const Answer answer = call_for(L"MsjNoEsPosibleAbrirFormulario_NoDatos",
+                                       {Variant(ComPtr<IDispatch>(object.get()))},
+                                       {{whole.c_str(), exclamation, L""}});
+        EXPECT_EQ(answer.result, S_OK);
+    };
+    told(Variant(L"pagador"), L"pagador");
+    told(Variant(12), L"12");
+    told(Variant::null(), L"");
+    told(Variant(), L"");
+    told(Variant(L""), L"");
+    // And for that of an object in it.
+    const auto outer = ScriptedObject::make();
+    outer->property(L"Item", Variant(ComPtr<IDispatch>(object.get()))).default_member(L"Item");
+    object->set_value(L"Name", Variant(L"contrato"));
+    call_for(L"MsjNoEsPosibleAbrirFormulario_NoDatos", {Variant(ComPtr<IDispatch>(outer.get()))},
+             {{L"No es posible abrir el formulario en este momento.\r\rNo existe ningún contrato.",
+               exclamation, L""}});
+}
+
+TEST_P(MessagesAnySettings, AnObjectThatFailsFailsToTheHost) {
+    const auto object = ScriptedObject::make();
+    object->fails(L"Name", failure(3021, L"No hay registro activo")).default_member(L"Name");
+    const Answer answer = call_for(L"MsjNoEsPosibleAbrirFormulario_NoDatos",
+                                   {Variant(ComPtr<IDispatch>(object.get()))}, {});
+    EXPECT_EQ(answer.result, failure(3021));
+    EXPECT_EQ(narrow(answer.description), "No hay registro activo");
+    EXPECT_EQ(narrow(answer.source), "Kovrel.clsMensajes");
+}
+
 INSTANTIATE_TEST_SUITE_P(All, MessagesAnySettings, testing::ValuesIn(every_way));
 
 int beeps = 0;
@@ -280,6 +318,22 @@ TEST(MessagesOfTheHost, EveryMemberOfTheCatalogueIsInTheTable) {
         if (std::find(named.begin(), named.end(), member) == named.end()) named.push_back(member);
     }
     EXPECT_EQ(named.size(), 29U);
+}
+
+TEST(MessagesOfTheHost, BooleansAreTheUsersWords) {
+    const auto catalogue = create(L"Kovrel.clsMensajes");
+    for (const Way way : every_way) {
+        for (const auto& [value, text] :
+             {std::pair{true,
+                        L"No es posible abrir el formulario en este momento.\r\rNo existe ningún "
+                        L"Verdadero."},
+              std::pair{false,
+                        L"No es posible abrir el formulario en este momento.\r\rNo existe ningún "
+                        L"Falso."}}) {
+            call_in(way, catalogue.get(), L"MsjNoEsPosibleAbrirFormulario_NoDatos",
+                    {Variant(value)}, {{text, exclamation, L""}});
+        }
+    }
 }
 
 TEST(MessagesOfTheHost, TextsOfNumbersFollowTheUsersSettings) {

@@ -2,10 +2,12 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "tests/automation/box_lines.h"
 #include "tests/automation/early.h"
+#include "tests/automation/import_patch.h"
 #include "tests/automation/test_folder.h"
 
 namespace kovrel::test {
@@ -45,7 +47,10 @@ class Profile : public testing::Test {
     ComPtr<IDispatch> profile_ = create(L"Kovrel.clsProfile");
 };
 
-TEST_F(Profile, AnExistingFolderIsThereWhateverTheFlags) {
+/// What does not depend on the user's settings.
+class ProfileAnySettings : public Profile {};
+
+TEST_F(ProfileAnySettings, AnExistingFolderIsThereWhateverTheFlags) {
     BoxWatcher no_box;
     for (const bool create : {false, true}) {
         for (const bool tell : {false, true}) EXPECT_TRUE(exists(folder_.path(), create, tell));
@@ -54,7 +59,7 @@ TEST_F(Profile, AnExistingFolderIsThereWhateverTheFlags) {
     EXPECT_TRUE(exists(folder_.path() + L"\\"));
 }
 
-TEST_F(Profile, AMissingFolderWithoutFlagsIsNotCreated) {
+TEST_F(ProfileAnySettings, AMissingFolderWithoutFlagsIsNotCreated) {
     BoxWatcher no_box;
     EXPECT_FALSE(exists(folder_ / L"nueva"));
     EXPECT_FALSE(exists(folder_ / L"nueva", false, true));
@@ -62,7 +67,7 @@ TEST_F(Profile, AMissingFolderWithoutFlagsIsNotCreated) {
     EXPECT_FALSE(std::filesystem::exists(folder_ / L"nueva"));
 }
 
-TEST_F(Profile, AMissingFolderIsCreatedAfterTheQuestion) {
+TEST_F(ProfileAnySettings, AMissingFolderIsCreatedAfterTheQuestion) {
     const std::wstring path = folder_ / L"Año ñ";
     BoxWatcher boxes({answer(IDOK, L"profile_create"), answer(IDOK)});
     EXPECT_TRUE(exists(path, true, true));
@@ -71,7 +76,7 @@ TEST_F(Profile, AMissingFolderIsCreatedAfterTheQuestion) {
     EXPECT_TRUE(std::filesystem::is_directory(path));
 }
 
-TEST_F(Profile, AnyOtherAnswerLeavesItMissing) {
+TEST_F(ProfileAnySettings, AnyOtherAnswerLeavesItMissing) {
     const std::wstring path = folder_ / L"nueva";
     BoxWatcher boxes({answer(IDCANCEL)});
     EXPECT_FALSE(exists(path, true, true));
@@ -79,13 +84,13 @@ TEST_F(Profile, AnyOtherAnswerLeavesItMissing) {
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST_F(Profile, ASilentCreationShowsNothing) {
+TEST_F(ProfileAnySettings, ASilentCreationShowsNothing) {
     BoxWatcher no_box;
     EXPECT_TRUE(exists(folder_ / L"callada", true, false));
     EXPECT_TRUE(std::filesystem::is_directory(folder_ / L"callada"));
 }
 
-TEST_F(Profile, AMissingParentEndsInTheErrorBox) {
+TEST_F(ProfileAnySettings, AMissingParentEndsInTheErrorBox) {
     const std::wstring path = folder_ / L"falta\\nueva";
     const std::string box = narrow(
         L"16|kovrel|Error 76\\r (No se encontró la ruta de acceso) en procedimiento ExisteCarpeta "
@@ -96,7 +101,30 @@ TEST_F(Profile, AMissingParentEndsInTheErrorBox) {
     EXPECT_EQ(lines_of(boxes), (Lines{question(path, 1), box, box}));
 }
 
-TEST_F(Profile, ADriveThatDoesNotExistIsAFailure) {
+int folders_created = 0;
+
+/// Says that the folder was created, and does nothing.
+BOOL WINAPI pretend_to_create(const wchar_t* /*path*/, SECURITY_ATTRIBUTES* /*security*/) {
+    ++folders_created;
+    return TRUE;
+}
+
+TEST_F(ProfileAnySettings, ACreationWithoutAFolderIsTold) {
+    const ImportPatch patch(L"kovrel.dll", "CreateDirectoryW",
+                            reinterpret_cast<void*>(&pretend_to_create));
+    ASSERT_TRUE(patch.in_place());
+    folders_created = 0;
+    const std::wstring path = folder_ / L"nueva";
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    EXPECT_FALSE(exists(path, true, true));
+    EXPECT_FALSE(exists(path, true, false));
+    EXPECT_EQ(folders_created, 2);
+    EXPECT_EQ(
+        lines_of(boxes),
+        (Lines{question(path, 1), narrow(L"16|Gestión|No ha sido posible crear la carpeta.|1")}));
+}
+
+TEST_F(ProfileAnySettings, ADriveThatDoesNotExistIsAFailure) {
     BoxWatcher boxes({answer(IDOK)});
     EXPECT_FALSE(exists(L"Q:\\carpeta", true, true));
     EXPECT_EQ(lines_of(boxes),
@@ -105,7 +133,7 @@ TEST_F(Profile, ADriveThatDoesNotExistIsAFailure) {
                             L"frmOptions.|1")}));
 }
 
-TEST_F(Profile, AnUnlistedFolderThatIsThereCannotBeCreated) {
+TEST_F(ProfileAnySettings, AnUnlistedFolderThatIsThereCannotBeCreated) {
     const std::wstring path = folder_ / L"oculta";
     std::filesystem::create_directory(path);
     ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
@@ -119,7 +147,7 @@ TEST_F(Profile, AnUnlistedFolderThatIsThereCannotBeCreated) {
                             L"procedimiento ExisteCarpeta del Formulario frmOptions.|1")}));
 }
 
-TEST_F(Profile, AFileAndAMatchingNameCountAsListed) {
+TEST_F(ProfileAnySettings, AFileAndAMatchingNameCountAsListed) {
     BoxWatcher no_box;
     folder_.write(L"datos.txt", "x");
     EXPECT_TRUE(exists(folder_ / L"datos.txt"));
@@ -127,7 +155,7 @@ TEST_F(Profile, AFileAndAMatchingNameCountAsListed) {
     EXPECT_FALSE(exists(folder_ / L"otr?s.*"));
 }
 
-TEST_F(Profile, LongAndForeignFoldersWork) {
+TEST_F(ProfileAnySettings, LongAndForeignFoldersWork) {
     BoxWatcher no_box;
     std::wstring path = folder_ / L"\u03b1\u03b2\u03b3 \u4e2d\u6587";
     EXPECT_TRUE(exists(path, true, false));
@@ -140,7 +168,7 @@ TEST_F(Profile, LongAndForeignFoldersWork) {
     EXPECT_EQ(folder_of(path + L"\\*"), path + L"\\*\\");
 }
 
-TEST_F(Profile, TheFolderOfAFile) {
+TEST_F(ProfileAnySettings, TheFolderOfAFile) {
     BoxWatcher no_box;
     const std::wstring file = folder_.write(L"Factura nº 1.txt", "x");
     EXPECT_EQ(folder_of(file), folder_.path() + L"\\");
@@ -149,7 +177,17 @@ TEST_F(Profile, TheFolderOfAFile) {
     EXPECT_EQ(folder_of(folder_.path()), folder_.path() + L"\\");
 }
 
-TEST_F(Profile, APatternIsCutByTheNameItFinds) {
+TEST_F(ProfileAnySettings, APathThatEndsInABackslashListsItsFolder) {
+    BoxWatcher no_box;
+    const std::wstring path = folder_.path() + L"\\";
+    // A folder without files gives itself back.
+    EXPECT_EQ(folder_of(path), path);
+    // The first name in it counts for the cut, as with any other path.
+    folder_.write(L"abc.txt");
+    EXPECT_EQ(folder_of(path), path.substr(0, path.size() - 7) + L"\\");
+}
+
+TEST_F(ProfileAnySettings, APatternIsCutByTheNameItFinds) {
     BoxWatcher boxes({answer(IDOK)});
     folder_.write(L"abc.txt");
     EXPECT_EQ(folder_of(folder_ / L"*.txt"),
@@ -163,7 +201,7 @@ TEST_F(Profile, APatternIsCutByTheNameItFinds) {
                                              L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
 }
 
-TEST_F(Profile, Backslashes) {
+TEST_F(ProfileAnySettings, Backslashes) {
     BoxWatcher no_box;
     const auto add = [&](const wchar_t* path) {
         return text_of_result(call(profile_.get(), L"AñadirBackSlash", {path}));
@@ -181,7 +219,7 @@ TEST_F(Profile, Backslashes) {
     EXPECT_EQ(remove(L"C:\\a"), L"C:\\a");
 }
 
-TEST_F(Profile, IniValuesAreWrittenAndRead) {
+TEST_F(ProfileAnySettings, IniValuesAreWrittenAndRead) {
     BoxWatcher no_box;
     const std::wstring file = folder_ / L"opciones.ini";
     const auto read = [&](const wchar_t* key) {
@@ -213,6 +251,8 @@ TEST_F(Profile, DefaultsOfMissingIniValues) {
         BoxWatcher no_box;
         EXPECT_EQ(read(std::int16_t{5}), L"5");
         EXPECT_EQ(read(1.5), L"1,5");
+        EXPECT_EQ(read(true), L"Verdadero");
+        EXPECT_EQ(read(false), L"Falso");
         EXPECT_EQ(read(L"por defecto"), L"por defecto");
         EXPECT_EQ(read(L""), L"");
         EXPECT_EQ(read(LateArgument::missing()), L"");
@@ -227,7 +267,7 @@ TEST_F(Profile, DefaultsOfMissingIniValues) {
                             L"LeerIni del Módulo clsProfile.|1")}));
 }
 
-TEST_F(Profile, TheCallersVariablesComeBackThroughTheCodePage) {
+TEST_F(ProfileAnySettings, TheCallersVariablesComeBackThroughTheCodePage) {
     BoxWatcher no_box;
     Variant file(folder_ / L"v.ini");
     Variant section(L"\u4e2d");
@@ -249,7 +289,7 @@ TEST_F(Profile, TheCallersVariablesComeBackThroughTheCodePage) {
     EXPECT_EQ(section.to_text(), L"?");
 }
 
-TEST_F(Profile, AWriteThatFailsIsSilent) {
+TEST_F(ProfileAnySettings, AWriteThatFailsIsSilent) {
     BoxWatcher no_box;
     EXPECT_EQ(
         call(profile_.get(), L"GuardarIni", {folder_ / L"falta\\x.ini", L"a", L"b", L"c"}).result,
@@ -257,7 +297,7 @@ TEST_F(Profile, AWriteThatFailsIsSilent) {
     EXPECT_FALSE(std::filesystem::exists(folder_ / L"falta"));
 }
 
-TEST_F(Profile, EarlyBound) {
+TEST_F(ProfileAnySettings, EarlyBound) {
     using Exists =
         HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*, VARIANT_BOOL*, VARIANT_BOOL*, VARIANT_BOOL*);
     using Text = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR, BSTR*);
@@ -326,6 +366,26 @@ TEST_F(Profile, TheBrowserBeginsAtTheFolderGivenAndReturnsTheOneChosen) {
         EXPECT_EQ(prompt, L"Elija la carpeta ñ");
     }
     EXPECT_TRUE(opened_on_folder);
+}
+
+TEST_F(Profile, AnEmptyPromptShowsNone) {
+    const auto texts_with = [&](const wchar_t* prompt) {
+        std::vector<std::wstring> texts;
+        BoxWatcher windows({on_window(browser, [&](HWND dialog) {
+            for (const Control& control : controls_of(dialog)) {
+                if (control.window_class == L"Static") texts.push_back(control.text);
+            }
+            press(dialog, IDCANCEL);
+        })});
+        EXPECT_EQ(text_of_result(call(profile_.get(), L"BrowseForFolder", {0, prompt})), L"");
+        return texts;
+    };
+    auto texts = texts_with(L"Elija");
+    const auto prompt = std::find(texts.begin(), texts.end(), L"Elija");
+    ASSERT_NE(prompt, texts.end());
+    // All else stays as it was.
+    *prompt = L"";
+    EXPECT_EQ(texts_with(L""), texts);
 }
 
 TEST_F(Profile, ACancelledBrowseIsEmpty) {

@@ -8,7 +8,7 @@
 namespace kovrel::test {
 namespace {
 
-class Settings : public testing::TestWithParam<Way> {
+class IniAndPathsAnySettings : public testing::TestWithParam<Way> {
  protected:
     Answer call_for(const wchar_t* member, std::vector<Variant> arguments,
                     const std::vector<ExpectedBox>& boxes = {}) {
@@ -43,7 +43,7 @@ class Settings : public testing::TestWithParam<Way> {
     std::wstring file_ = folder_ / L"ajustes año.ini";
 };
 
-TEST_P(Settings, WhatIsSavedIsReadBack) {
+TEST_P(IniAndPathsAnySettings, WhatIsSavedIsReadBack) {
     const BoxWatcher no_box;
     save(L"General", L"Título", L"Facturación");
     EXPECT_EQ(read(L"General", L"Título"), "texto Facturación");
@@ -58,7 +58,7 @@ TEST_P(Settings, WhatIsSavedIsReadBack) {
     EXPECT_NE(read(L"General", L"Griego").find(" y ?"), std::string::npos);
 }
 
-TEST_P(Settings, ThePlatformsOwnRulesForValues) {
+TEST_P(IniAndPathsAnySettings, ThePlatformsOwnRulesForValues) {
     const BoxWatcher no_box;
     save(L"Valores", L"vacío", L"");
     EXPECT_EQ(read(L"Valores", L"vacío", Variant(L"otro")), "texto otro");
@@ -68,7 +68,7 @@ TEST_P(Settings, ThePlatformsOwnRulesForValues) {
     EXPECT_EQ(read(L"Valores", L"signos"), "texto a=b;c[d]");
 }
 
-TEST_P(Settings, Defaults) {
+TEST_P(IniAndPathsAnySettings, Defaults) {
     const BoxWatcher no_box;
     EXPECT_EQ(read(L"General", L"Falta"), "texto ");
     EXPECT_EQ(read(L"General", L"Falta", Variant(5)), "texto 5");
@@ -82,7 +82,7 @@ TEST_P(Settings, Defaults) {
     EXPECT_FALSE(std::filesystem::exists(file_));
 }
 
-TEST_P(Settings, LongValuesAreCut) {
+TEST_P(IniAndPathsAnySettings, LongValuesAreCut) {
     const BoxWatcher no_box;
     for (const std::size_t length : {253U, 254U, 255U, 300U, 3000U}) {
         save(L"Largos", L"valor", std::wstring(length, L'x'));
@@ -95,7 +95,7 @@ TEST_P(Settings, LongValuesAreCut) {
     EXPECT_NE(content_of(file_).find(std::string(3000, 'x')), std::string::npos);
 }
 
-TEST_P(Settings, DeletedKeysAndSections) {
+TEST_P(IniAndPathsAnySettings, DeletedKeysAndSections) {
     const BoxWatcher no_box;
     save(L"Uno", L"a", L"1");
     save(L"Uno", L"b", L"2");
@@ -113,7 +113,7 @@ TEST_P(Settings, DeletedKeysAndSections) {
     EXPECT_EQ(call_for(L"DeleteSetting", {file(), Variant(L"Tres"), Variant(L"x")}).result, S_OK);
 }
 
-TEST_P(Settings, WhatCannotBeWrittenIsLostSilently) {
+TEST_P(IniAndPathsAnySettings, WhatCannotBeWrittenIsLostSilently) {
     const BoxWatcher no_box;
     save(L"Uno", L"a", L"1");
     // A read-only file, and one that another program holds: the first yields to some users.
@@ -135,7 +135,7 @@ TEST_P(Settings, WhatCannotBeWrittenIsLostSilently) {
     EXPECT_EQ(text_for(L"LeerIni", {nowhere, Variant(L"a"), Variant(L"b"), Variant(7)}), "texto 7");
 }
 
-TEST_P(Settings, ADefaultWithoutATextIsAnError) {
+TEST_P(IniAndPathsAnySettings, ADefaultWithoutATextIsAnError) {
     // LeerIni reads through GetSetting, whose box it is.
     for (const wchar_t* const member : {L"GetSetting", L"LeerIni"}) {
         EXPECT_EQ(text_for(member, {file(), Variant(L"a"), Variant(L"b"), Variant::null()},
@@ -146,7 +146,7 @@ TEST_P(Settings, ADefaultWithoutATextIsAnError) {
     }
 }
 
-TEST_P(Settings, PathsAreSplit) {
+TEST_P(IniAndPathsAnySettings, PathsAreSplit) {
     const BoxWatcher no_box;
     const auto split = [&](const wchar_t* path, const char* folder, const char* name,
                            const char* extension) {
@@ -169,7 +169,7 @@ TEST_P(Settings, PathsAreSplit) {
     split(L"", "", "", "*");
 }
 
-TEST_P(Settings, AVariableThatTheNameIsWrittenToBecomesAText) {
+TEST_P(IniAndPathsAnySettings, AVariableThatTheNameIsWrittenToBecomesAText) {
     // Scripts pass variables that hold nothing yet.
     const Answer answer =
         call_for(L"SplitPath", {Variant(L"C:\\a\\b.c"), Variant(L""), Variant(), Variant::null()});
@@ -180,7 +180,7 @@ TEST_P(Settings, AVariableThatTheNameIsWrittenToBecomesAText) {
     EXPECT_EQ(shown(answer.arguments[3]), "texto c");
 }
 
-TEST_P(Settings, TheFolderAlone) {
+TEST_P(IniAndPathsAnySettings, TheFolderAlone) {
     const Answer answer = call_for(L"SplitPath", {Variant(L"C:\\a\\b.c"), Variant(L"?")});
     EXPECT_EQ(answer.result, S_OK);
     if (GetParam() != Way::values) {
@@ -188,7 +188,7 @@ TEST_P(Settings, TheFolderAlone) {
     }
 }
 
-TEST_P(Settings, TextsAreRemovedAndReplaced) {
+TEST_P(IniAndPathsAnySettings, TextsAreRemovedAndReplaced) {
     const BoxWatcher no_box;
     const auto without = [&](const std::wstring& text, const std::wstring& searched) {
         return text_for(L"QuitarCaracterEx", {Variant(text), Variant(searched)});
@@ -220,7 +220,7 @@ TEST_P(Settings, TextsAreRemovedAndReplaced) {
     EXPECT_EQ(without(L"\0\0"s, L"\0"s), "texto ");
 }
 
-TEST_P(Settings, AReplacementWithoutEndIsAnErrorAndTheHostLives) {
+TEST_P(IniAndPathsAnySettings, AReplacementWithoutEndIsAnErrorAndTheHostLives) {
     const ExpectedBox box{
         L"Error 7\r (Memoria insuficiente) en procedimiento QuitarCaracterEx del "
         L"Módulo de clase cgsFileOpR.",
@@ -241,7 +241,7 @@ TEST_P(Settings, AReplacementWithoutEndIsAnErrorAndTheHostLives) {
     EXPECT_EQ(text_for(L"AddBackSlash", {Variant(L"vivo")}), "texto vivo\\");
 }
 
-TEST_P(Settings, Backslashes) {
+TEST_P(IniAndPathsAnySettings, Backslashes) {
     const BoxWatcher no_box;
     EXPECT_EQ(text_for(L"AddBackSlash", {Variant(L"C:\\Datos")}), "texto C:\\Datos\\");
     EXPECT_EQ(text_for(L"AddBackSlash", {Variant(L"C:\\")}), "texto C:\\");
@@ -254,6 +254,21 @@ TEST_P(Settings, Backslashes) {
     EXPECT_EQ(text_for(L"QuitarBackSlash", {Variant(L"")}), "texto ");
 }
 
+/// Booleans read as the user's own words for them.
+class Settings : public IniAndPathsAnySettings {};
+
+TEST_P(Settings, BooleansAreWords) {
+    EXPECT_EQ(read(L"General", L"Falta", Variant(true)), "texto Verdadero");
+    EXPECT_EQ(read(L"General", L"Falta", Variant(false)), "texto Falso");
+    const auto with = [&](bool replacement) {
+        return text_for(L"QuitarCaracterEx",
+                        {Variant(L"a-b"), Variant(L"-"), Variant(replacement)});
+    };
+    EXPECT_EQ(with(true), "texto aVerdaderob");
+    EXPECT_EQ(with(false), "texto aFalsob");
+}
+
+INSTANTIATE_TEST_SUITE_P(All, IniAndPathsAnySettings, testing::ValuesIn(every_way));
 INSTANTIATE_TEST_SUITE_P(All, Settings, testing::ValuesIn(every_way));
 
 }  // namespace

@@ -1,4 +1,5 @@
 // clsCSQL: literals for SQL texts, the same whatever the user's settings.
+#include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -85,6 +86,14 @@ TEST_P(SqlAnySettings, DatesHaveTheMonthFirst) {
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"15/15/2024")), "texto #15/15/2024#");
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"mañana")), "texto #mañana#");
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"")), "texto ##");
+    // A time alone falls on the day that dates are counted from; a number is no date.
+    EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"18:30")), "texto #12/30/1899#");
+    EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"0:00")), "texto #12/30/1899#");
+    for (const char* const number : {"5", "45366", "-3", "1000000"}) {
+        EXPECT_EQ(
+            shown_for(L"Conv_Date", Variant(std::wstring(number, number + std::strlen(number)))),
+            std::string("texto #") + number + "#");
+    }
     // One order only makes a date of it.
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"2024-03-15")), "texto #03/15/2024#");
 }
@@ -100,10 +109,14 @@ TEST_P(SqlAnySettings, BooleansAndTexts) {
 
 TEST_P(SqlAnySettings, FailuresOfTheOthersReachTheHost) {
     // No date of the calendar.
-    const Answer beyond =
-        call_in(Way::early, literals_.get(), L"Conv_Date_Date", {Variant(Date{1e9})}, {});
-    EXPECT_EQ(beyond.result, failure(5));
-    EXPECT_EQ(narrow(beyond.description), "Llamada a procedimiento o argumento no válidos");
+    for (const double days : {1e9, -1e9, std::numeric_limits<double>::quiet_NaN()}) {
+        const Answer beyond =
+            call_in(GetParam(), literals_.get(), L"Conv_Date_Date", {Variant(Date{days})}, {});
+        EXPECT_EQ(beyond.result, failure(5));
+        EXPECT_EQ(narrow(beyond.description), "Llamada a procedimiento o argumento no válidos");
+        EXPECT_EQ(narrow(beyond.source), "Kovrel.clsCSQL");
+        EXPECT_EQ(shown(beyond.value), GetParam() == Way::early ? "texto " : "vacío");
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, SqlAnySettings, testing::ValuesIn(every_way));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/automation/every_way.h"
+#include "tests/support/scripted_object.h"
 
 namespace kovrel::test {
 namespace {
@@ -115,12 +116,57 @@ TEST_P(WordsAnySettings, UnitNamesAndModes) {
     EXPECT_EQ(in_mode(Variant(0), 2), "texto ");
 }
 
+TEST_P(WordsAnySettings, MoreGroupsThanTheScaleHas) {
+    const BoxWatcher no_box;
+    const auto in_mode = [&](std::size_t digits, int mode) {
+        std::vector<Variant> more = euro_names;
+        more.emplace_back(mode);
+        return words(Variant(std::wstring(digits, L'1')), more);
+    };
+    // Alone, without any unit's name.
+    for (const int mode : {1, 2}) {
+        EXPECT_EQ(in_mode(124, mode), "texto ?");
+        EXPECT_EQ(in_mode(1000, mode), "texto ?");
+        EXPECT_NE(in_mode(123, mode), "texto ?");
+    }
+    EXPECT_EQ(in_mode(124, 0), "texto ?");
+    EXPECT_EQ(words(Variant(L"van " + std::wstring(124, L'1') + L" euros")), "texto van ? euros");
+}
+
+TEST_P(WordsAnySettings, ObjectsAreReadByTheirDefaultValue) {
+    const BoxWatcher no_box;
+    const auto field = ScriptedObject::make();
+    field->property(L"Value", Variant(21)).default_member(L"Value");
+    const Variant number(ComPtr<IDispatch>(field.get()));
+    EXPECT_EQ(words(number), "texto veintiuno");
+    EXPECT_EQ(words(number, euro_names), "texto veintiun Euros");
+    field->set_value(L"Value", Variant(L"el 12 de mayo"));
+    EXPECT_EQ(words(number), "texto el doce de mayo");
+    field->set_value(L"Value", Variant());
+    EXPECT_EQ(words(number), "texto ");
+}
+
 TEST_P(WordsAnySettings, NamedLastArgument) {
     const BoxWatcher no_box;
     const Outcome outcome =
         invoke(general_.get(), L"ConvNumeroALetra", DISPATCH_METHOD,
                {LateArgument(7), LateArgument(L"gatos")}, {L"TipoCambioPlural"});
     EXPECT_EQ(text_of_result(outcome), L"siete gatos");
+}
+
+TEST_P(WordsAnySettings, AStepThatFailsIsToldAndLeavesAnEmptyPiece) {
+    const ExpectedBox mismatch{
+        L"Error 13\r (No coinciden los tipos) en procedimiento "
+        L"ConvNumeroALetra del Módulo de clase clsFGen.",
+        16, L"kovrel"};
+    const Answer answer = call_in(GetParam(), general_.get(), L"ConvNumeroALetra",
+                                  {Variant(L"vale (5) hoy")}, {mismatch});
+    EXPECT_EQ(answer.result, S_OK);
+    EXPECT_EQ(shown(answer.value), "texto vale menos  hoy");
+    // One box for each step, and the rest goes on.
+    const Answer twice = call_in(GetParam(), general_.get(), L"ConvNumeroALetra",
+                                 {Variant(L"(5) y 7 y (8)")}, {mismatch, mismatch});
+    EXPECT_EQ(shown(twice.value), "texto menos  y siete y menos");
 }
 
 TEST_P(WordsAnySettings, FailuresAreToldInTheErrorBox) {
@@ -154,7 +200,20 @@ TEST_P(WordsAnySettings, FailuresAreToldInTheErrorBox) {
               "texto ");
 }
 
+/// Values whose text is a matter of the user's settings.
+class Words : public WordsAnySettings {};
+
+TEST_P(Words, DatesAndBooleansAreTextsOfTheUsers) {
+    const BoxWatcher no_box;
+    EXPECT_EQ(words(Variant(Date{45366})), "texto 15/03/2024");
+    EXPECT_EQ(words(Variant(Date{45366.75})), "texto 15/03/2024 18:00:00");
+    EXPECT_EQ(words(Variant(true)), "texto Verdadero");
+    EXPECT_EQ(words(Variant(false)), "texto Falso");
+    EXPECT_EQ(words(Variant(true), euro_names), "texto Verdadero");
+}
+
 INSTANTIATE_TEST_SUITE_P(All, WordsAnySettings, testing::ValuesIn(every_way));
+INSTANTIATE_TEST_SUITE_P(All, Words, testing::ValuesIn(every_way));
 
 }  // namespace
 }  // namespace kovrel::test
