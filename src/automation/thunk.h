@@ -187,45 +187,51 @@ struct BasicThunk {
                       RawOf<Parameters>... raw, Out... out) {
         Arguments arguments{Argument<Parameters>(from_raw<Parameters>(raw, Index))...};
         const auto store = [&] { (std::get<Index>(arguments).store(raw), ...); };
-        run(
-            [&] {
-                if constexpr (std::is_void_v<Result>) {
-                    std::invoke(Member, target, std::get<Index>(arguments).pass()...);
-                } else {
-                    ((*out = NativeOf<Result>::to_raw(
-                          std::invoke(Member, target, std::get<Index>(arguments).pass()...))),
-                     ...);
-                }
-            },
-            store);
+        const auto call = [&] {
+            return std::invoke(Member, target, std::get<Index>(arguments).pass()...);
+        };
+        if constexpr (std::is_void_v<Result>) {
+            run(call, store);
+        } else {
+            auto result = run(call, store);
+            ((*out = NativeOf<Result>::to_raw(std::move(result))), ...);
+        }
     }
 
     template <std::size_t... Index>
     static void late(Class& target, LateCall& call, std::index_sequence<Index...> /*indexes*/) {
         Arguments arguments{Argument<Parameters>(NativeOf<Parameters>::from_call(call, Index))...};
         const auto store = [&] { (std::get<Index>(arguments).store(call, Index), ...); };
-        run(
-            [&] {
-                if constexpr (std::is_void_v<Result>) {
-                    std::invoke(Member, target, std::get<Index>(arguments).pass()...);
-                } else {
-                    call.set_result(NativeOf<Result>::to_variant(
-                        std::invoke(Member, target, std::get<Index>(arguments).pass()...)));
-                }
-            },
-            store);
+        const auto body = [&] {
+            return std::invoke(Member, target, std::get<Index>(arguments).pass()...);
+        };
+        if constexpr (std::is_void_v<Result>) {
+            run(body, store);
+        } else {
+            call.set_result(NativeOf<Result>::to_variant(run(body, store)));
+        }
     }
 
-    /// What a member wrote into its arguments before it failed stays written.
+    /// What a member wrote into its arguments before it failed stays written. Its result reaches
+    /// the caller once everything has been stored: a call that fails has none.
     template <class Call, class Store>
-    static void run(Call&& call, Store&& store) {
-        try {
-            call();
-        } catch (...) {
+    static auto run(Call&& call, Store&& store) {
+        const auto called = [&] {
+            try {
+                return call();
+            } catch (...) {
+                store();
+                throw;
+            }
+        };
+        if constexpr (std::is_void_v<Result>) {
+            called();
             store();
-            throw;
+        } else {
+            auto result = called();
+            store();
+            return result;
         }
-        store();
     }
 };
 
