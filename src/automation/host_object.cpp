@@ -127,7 +127,7 @@ Variant HostObject::invoke(DISPID id, WORD flags, const VARIANT* first, std::siz
     if (FAILED(outcome)) raise(outcome);
     if ((result.vt & VT_BYREF) == 0) return result;
     Variant copy;
-    const HRESULT copied = VariantCopyInd(&copy, &result);
+    const HRESULT copied = copy_followed(copy, result);
     if (FAILED(copied)) throw_conversion_failure(copied);
     return copy;
 }

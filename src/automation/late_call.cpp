@@ -24,11 +24,12 @@ bool is_missing(const VARIANT& value) noexcept {
     return value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND;
 }
 
-/// The variant at the end of a chain of by-reference variants; null when the chain has no end.
+/// The variant at the end of a chain of by-reference variants; null when the chain has no end or
+/// what it leads to refers to nothing.
 VARIANT* followed(VARIANT* value) noexcept {
     for (int depth = 0; depth < reference_depth; ++depth) {
+        if ((value->vt & VT_BYREF) != 0 && value->byref == nullptr) return nullptr;
         if (value->vt != (VT_BYREF | VT_VARIANT)) return value;
-        if (value->pvarVal == nullptr) return nullptr;
         value = value->pvarVal;
     }
     return nullptr;
@@ -36,7 +37,7 @@ VARIANT* followed(VARIANT* value) noexcept {
 
 Variant copy_of(const VARIANT& source) {
     Variant result;
-    const HRESULT outcome = VariantCopyInd(&result, const_cast<VARIANT*>(&source));
+    const HRESULT outcome = copy_followed(result, source);
     if (outcome == E_OUTOFMEMORY) throw std::bad_alloc();
     if (FAILED(outcome)) throw BadValue{outcome};
     return result;
@@ -211,8 +212,6 @@ std::vector<std::wstring> LateCall::texts(std::size_t parameter, const RecordInf
         if (type == VT_RECORD) {
             result = texts_of_record(value, record);
         } else if (type == (VT_ARRAY | VT_BSTR) || type == (VT_ARRAY | VT_VARIANT)) {
-            if ((value.vt & VT_BYREF) != 0 && value.pparray == nullptr)
-                throw BadValue{DISP_E_TYPEMISMATCH};
             result = texts_of_array((value.vt & VT_BYREF) != 0 ? *value.pparray : value.parray,
                                     type & VT_TYPEMASK);
         } else if (type == VT_DISPATCH) {
@@ -239,7 +238,7 @@ void LateCall::write_back(std::size_t parameter, Variant value) const {
         *variable = value.detach();
         return;
     }
-    if (variable->byref == nullptr || (variable->vt & VT_ARRAY) != 0) return;
+    if ((variable->vt & VT_ARRAY) != 0) return;
     Variant converted;
     const VARTYPE type = variable->vt & ~VT_BYREF;
     const HRESULT outcome = VariantChangeTypeEx(&converted, &value, LOCALE_USER_DEFAULT, 0, type);

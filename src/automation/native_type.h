@@ -132,7 +132,7 @@ struct Native<Variant> {
     using Raw = VARIANT;
     static Variant from_raw(const VARIANT& raw) {
         Variant result;
-        const HRESULT outcome = VariantCopyInd(&result, const_cast<VARIANT*>(&raw));
+        const HRESULT outcome = copy_followed(result, raw);
         if (FAILED(outcome)) throw_conversion_failure(outcome);
         return result;
     }

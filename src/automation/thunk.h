@@ -174,17 +174,15 @@ class Crossing {
                            Out... out) {
         Arguments arguments{Argument<Parameters>(from_raw<Parameters>(raw, declared, Index))...};
         const auto store = [&] { (std::get<Index>(arguments).store(raw), ...); };
-        run(
-            [&] {
-                if constexpr (std::is_void_v<Result>) {
-                    member(implementation, std::get<Index>(arguments).pass()...);
-                } else {
-                    ((*out = NativeOf<Result>::to_raw(
-                          member(implementation, std::get<Index>(arguments).pass()...))),
-                     ...);
-                }
-            },
-            store);
+        const auto call = [&] {
+            return member(implementation, std::get<Index>(arguments).pass()...);
+        };
+        if constexpr (std::is_void_v<Result>) {
+            run(call, store);
+        } else {
+            auto result = run(call, store);
+            ((*out = NativeOf<Result>::to_raw(std::move(result))), ...);
+        }
     }
 
     template <std::size_t... Index>
@@ -192,28 +190,36 @@ class Crossing {
                           std::index_sequence<Index...> /*indexes*/) {
         Arguments arguments{Argument<Parameters>(NativeOf<Parameters>::from_call(call, Index))...};
         const auto store = [&] { (std::get<Index>(arguments).store(call, Index), ...); };
-        run(
-            [&] {
-                if constexpr (std::is_void_v<Result>) {
-                    member(implementation, std::get<Index>(arguments).pass()...);
-                } else {
-                    call.set_result(NativeOf<Result>::to_variant(
-                        member(implementation, std::get<Index>(arguments).pass()...)));
-                }
-            },
-            store);
+        const auto body = [&] {
+            return member(implementation, std::get<Index>(arguments).pass()...);
+        };
+        if constexpr (std::is_void_v<Result>) {
+            run(body, store);
+        } else {
+            call.set_result(NativeOf<Result>::to_variant(run(body, store)));
+        }
     }
 
-    /// What a member wrote into its arguments before it failed stays written.
+    /// What a member wrote into its arguments before it failed stays written. Its result reaches
+    /// the caller once everything has been stored: a call that fails has none.
     template <class Call, class Store>
-    static void run(Call&& call, Store&& store) {
-        try {
-            call();
-        } catch (...) {
+    static auto run(Call&& call, Store&& store) {
+        const auto called = [&] {
+            try {
+                return call();
+            } catch (...) {
+                store();
+                throw;
+            }
+        };
+        if constexpr (std::is_void_v<Result>) {
+            called();
             store();
-            throw;
+        } else {
+            auto result = called();
+            store();
+            return result;
         }
-        store();
     }
 };
 

@@ -38,7 +38,19 @@ std::size_t plain_size(VARTYPE type) noexcept {
     }
 }
 
+bool refers_to_nothing(const VARIANT& value) noexcept {
+    return (value.vt & VT_BYREF) != 0 && value.byref == nullptr;
+}
+
 }  // namespace
+
+HRESULT copy_followed(VARIANT& target, const VARIANT& source) noexcept {
+    if (refers_to_nothing(source)) return DISP_E_TYPEMISMATCH;
+    if (source.vt == (VT_BYREF | VT_VARIANT) && refers_to_nothing(*source.pvarVal)) {
+        return DISP_E_TYPEMISMATCH;
+    }
+    return VariantCopyInd(&target, const_cast<VARIANT*>(&source));
+}
 
 void throw_conversion_failure(HRESULT result) {
     switch (result) {

@@ -84,6 +84,10 @@ class Variant : public VARIANT {
 
 static_assert(sizeof(Variant) == sizeof(VARIANT), "arrays of VARIANT are handed out as Variant");
 
+/// Copies a value, what it refers to instead of the reference. A reference to nothing is a type
+/// mismatch, where the platform would follow it.
+HRESULT copy_followed(VARIANT& target, const VARIANT& source) noexcept;
+
 /// The result of a platform conversion as a Failure.
 [[noreturn]] void throw_conversion_failure(HRESULT result);
 

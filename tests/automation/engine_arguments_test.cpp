@@ -1,4 +1,5 @@
 // Late-bound arguments: positional, named, omitted, coerced, by reference.
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "automation/object.h"
@@ -14,6 +15,17 @@ class Arguments : public testing::Test {
                  const std::vector<std::wstring>& names = {}) {
         return invoke(sample_.get(), member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments,
                       names);
+    }
+
+    template <class Function>
+    Function slot(std::wstring_view name) {
+        constexpr std::size_t first = 7;  // behind IDispatch
+        const auto& members = Sample::class_info().members;
+        const auto found =
+            std::find_if(members.begin(), members.end(),
+                         [&](const MemberInfo& member) { return member.name == name; });
+        const auto index = first + static_cast<std::size_t>(found - members.begin());
+        return (*reinterpret_cast<Function* const*>(sample_.get()))[index];
     }
 
     ComPtr<IDispatch> sample_ = create_instance<Sample>();
@@ -155,6 +167,33 @@ TEST_F(Arguments, AReferenceToItselfIsRefused) {
     const Outcome outcome = late(L"Doble", {LateArgument::variable(loop)});
     EXPECT_EQ(outcome.result, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(outcome.bad_argument, 0U);
+}
+
+TEST_F(Arguments, AReferenceToNothingIsRefused) {
+    for (const VARTYPE type : {VT_I2, VT_BSTR, VT_VARIANT, VT_DISPATCH, VT_DECIMAL}) {
+        VARIANT nothing{};
+        nothing.vt = static_cast<VARTYPE>(VT_BYREF | type);
+        for (const wchar_t* const member : {L"Doble", L"Añade", L"Eco", L"HayObjeto", L"Une"}) {
+            EXPECT_EQ(late(member, {LateArgument::variable(nothing)}).result, DISP_E_TYPEMISMATCH);
+        }
+        // An early-bound caller passes a variant by reference and so, in it, such a reference.
+        Variant result;
+        using Eco = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, VARIANT*, VARIANT*);
+        const auto eco = slot<Eco>(L"Eco");
+        EXPECT_EQ(eco(sample_.get(), &nothing, &result), static_cast<HRESULT>(0x800A000D));
+        VARIANT outer{};
+        outer.vt = VT_BYREF | VT_VARIANT;
+        outer.pvarVal = &nothing;
+        EXPECT_EQ(eco(sample_.get(), &outer, &result), static_cast<HRESULT>(0x800A000D));
+    }
+}
+
+TEST_F(Arguments, ACallThatCannotStoreItsVariableHasNoResult) {
+    std::int32_t number = 7;
+    const Outcome outcome = late(L"Añade", {LateArgument::variable(number), L"x"});
+    EXPECT_EQ(outcome.result, DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(outcome.value.vt, VT_EMPTY);
+    EXPECT_EQ(number, 7);
 }
 
 TEST_F(Arguments, VariantsByReference) {

@@ -1,0 +1,138 @@
+#include "tests/robustness/own_library.h"
+
+#include <cstdlib>
+
+namespace kovrel::test {
+namespace {
+
+template <class Function>
+Function entry(HMODULE module, const char* name) {
+    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
+}
+
+VARTYPE type_of(const ELEMDESC& parameter) {
+    const TYPEDESC* type = &parameter.tdesc;
+    while (type->vt == VT_PTR) type = type->lptdesc;
+    return type->vt;
+}
+
+OwnMember read_member(ITypeInfo* info, UINT index) {
+    FUNCDESC* function = nullptr;
+    info->GetFuncDesc(index, &function);
+    OwnMember member;
+    member.id = function->memid;
+    member.kind = static_cast<WORD>(function->invkind);
+    BSTR names[16]{};
+    UINT count = 0;
+    info->GetNames(function->memid, names, 16, &count);
+    for (UINT name = 0; name < count; ++name) {
+        if (name == 0) {
+            member.name = text_of(names[name]);
+        } else {
+            member.parameters.emplace_back(text_of(names[name]));
+        }
+        SysFreeString(names[name]);
+    }
+    for (SHORT at = 0; at < function->cParams; ++at) {
+        const ELEMDESC& parameter = function->lprgelemdescParam[at];
+        if ((parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) == 0) {
+            member.types.push_back(type_of(parameter));
+        }
+    }
+    info->ReleaseFuncDesc(function);
+    return member;
+}
+
+OwnClass read_class(ITypeLib* library, UINT index) {
+    OwnClass result;
+    ComPtr<ITypeInfo> info;
+    ComPtr<ITypeInfo> face;
+    library->GetTypeInfo(index, info.put());
+    TYPEATTR* attributes = nullptr;
+    info->GetTypeAttr(&attributes);
+    result.id = attributes->guid;
+    info->ReleaseTypeAttr(attributes);
+    Bstr name;
+    info->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr);
+    result.name = name.view();
+    HREFTYPE reference = 0;
+    info->GetRefTypeOfImplType(0, &reference);
+    info->GetRefTypeInfo(reference, face.put());
+    face->GetTypeAttr(&attributes);
+    const UINT functions = attributes->cFuncs;
+    face->ReleaseTypeAttr(attributes);
+    for (UINT function = 0; function < functions; ++function) {
+        OwnMember member = read_member(face.get(), function);
+        constexpr DISPID first_of_the_system = 0x60000000;
+        if (member.id < first_of_the_system) result.members.push_back(std::move(member));
+    }
+    return result;
+}
+
+std::vector<OwnClass> read_classes(const wchar_t* path) {
+    std::vector<OwnClass> classes;
+    ComPtr<ITypeLib> library;
+    if (FAILED(LoadTypeLibEx(path, REGKIND_NONE, library.put()))) return classes;
+    for (UINT index = 0; index < library->GetTypeInfoCount(); ++index) {
+        TYPEKIND kind{};
+        library->GetTypeInfoType(index, &kind);
+        if (kind == TKIND_COCLASS) classes.push_back(read_class(library.get(), index));
+    }
+    return classes;
+}
+
+}  // namespace
+
+const OwnMember& OwnClass::member(const std::wstring& wanted, WORD kind) const {
+    for (const OwnMember& candidate : members) {
+        if (candidate.name == wanted && candidate.kind == kind) return candidate;
+    }
+    std::abort();
+}
+
+OwnLibrary::OwnLibrary()
+    : module_(LoadLibraryW(KOVREL_OWN_LIBRARY)), classes_(read_classes(KOVREL_OWN_LIBRARY)) {
+    if (module_ == nullptr || classes_.empty()) std::abort();
+}
+
+const OwnLibrary& OwnLibrary::get() {
+    static const OwnLibrary library;
+    return library;
+}
+
+const OwnClass& OwnLibrary::named(const std::wstring& name) const {
+    for (const OwnClass& candidate : classes_) {
+        if (candidate.name == name) return candidate;
+    }
+    std::abort();
+}
+
+std::wstring OwnLibrary::folder() const {
+    const std::wstring path = KOVREL_OWN_LIBRARY;
+    return path.substr(0, path.find_last_of(L"\\/") + 1);
+}
+
+ComPtr<IDispatch> OwnLibrary::create(const OwnClass& of_class) const {
+    using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+    ComPtr<IClassFactory> factory;
+    ComPtr<IDispatch> instance;
+    if (SUCCEEDED(entry<GetClassObject>(module_, "DllGetClassObject")(
+            of_class.id, IID_IClassFactory, factory.put_void()))) {
+        factory->CreateInstance(nullptr, IID_IDispatch, instance.put_void());
+    }
+    return instance;
+}
+
+void OwnLibrary::warm_up_exceptions(IDispatch* instance) {
+    DISPPARAMS none{};
+    constexpr DISPID first_property = 1;
+    instance->Invoke(first_property, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &none,
+                     nullptr, nullptr, nullptr);
+}
+
+HRESULT OwnLibrary::can_unload() const {
+    using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
+    return entry<CanUnloadNow>(module_, "DllCanUnloadNow")();
+}
+
+}  // namespace kovrel::test

@@ -1,0 +1,56 @@
+// The library loaded from a folder of the tests' own, without the registry: files that it makes in
+// its folder lie there, and its calls to the system can be replaced in this process alone.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/automation/late.h"
+
+namespace kovrel::test {
+
+struct OwnMember {
+    std::wstring name;
+    DISPID id = DISPID_UNKNOWN;
+    WORD kind = 0;  ///< DISPATCH_METHOD, ...
+    std::vector<std::wstring> parameters;
+    std::vector<VARTYPE> types;  ///< pointers followed; VT_USERDEFINED for a type of a library
+};
+
+struct OwnClass {
+    std::wstring name;
+    CLSID id{};
+    std::vector<OwnMember> members;
+
+    [[nodiscard]] const OwnMember& member(const std::wstring& name, WORD kind) const;
+};
+
+/// Loaded at first use and for the rest of the process.
+class OwnLibrary {
+ public:
+    static const OwnLibrary& get();
+
+    [[nodiscard]] const std::vector<OwnClass>& classes() const noexcept { return classes_; }
+    [[nodiscard]] const OwnClass& named(const std::wstring& name) const;
+    [[nodiscard]] HMODULE module() const noexcept { return module_; }
+    /// With the backslash at the end.
+    [[nodiscard]] std::wstring folder() const;
+    /// Null when that fails.
+    [[nodiscard]] ComPtr<IDispatch> create(const OwnClass& of_class) const;
+    [[nodiscard]] ComPtr<IDispatch> create(const std::wstring& name) const {
+        return create(named(name));
+    }
+    /// Makes the thread's first exception inside the library, for which the run time takes memory
+    /// that it keeps.
+    static void warm_up_exceptions(IDispatch* instance);
+    /// What DllCanUnloadNow answers.
+    [[nodiscard]] HRESULT can_unload() const;
+
+ private:
+    OwnLibrary();
+
+    HMODULE module_;
+    std::vector<OwnClass> classes_;
+};
+
+}  // namespace kovrel::test

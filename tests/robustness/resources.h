@@ -1,0 +1,67 @@
+// What this process holds of the system: memory, handles, graphics and windows.
+#pragma once
+
+#include <windows.h>
+#include <psapi.h>
+#include <winternl.h>
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace kovrel::test {
+
+struct Resources {
+    SIZE_T bytes = 0;
+    DWORD handles = 0;
+    DWORD graphics = 0;
+    DWORD windows = 0;
+
+    static Resources now() {
+        Resources result;
+        PROCESS_MEMORY_COUNTERS counters{};
+        GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+        result.bytes = counters.PagefileUsage;
+        result.handles = handle_count();
+        result.graphics = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+        result.windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+        return result;
+    }
+
+    /// From the system's list of processes: Wine answers the question for one process alone with 0.
+    static DWORD handle_count() {
+        using Query = NTSTATUS(NTAPI*)(SYSTEM_INFORMATION_CLASS, void*, ULONG, ULONG*);
+        static const auto query = reinterpret_cast<Query>(reinterpret_cast<void (*)()>(
+            GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "NtQuerySystemInformation")));
+        static std::vector<char> list(1 << 20);
+        if (query(SystemProcessInformation, list.data(), static_cast<ULONG>(list.size()),
+                  nullptr) != 0) {
+            return 0;
+        }
+        const auto own = static_cast<ULONG_PTR>(GetCurrentProcessId());
+        for (const char* at = list.data();;) {
+            const auto* const process = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(at);
+            if (reinterpret_cast<ULONG_PTR>(process->UniqueProcessId) == own) {
+                return process->HandleCount;
+            }
+            if (process->NextEntryOffset == 0) return 0;
+            at += process->NextEntryOffset;
+        }
+    }
+
+    /// `slack` is for memory alone, in bytes; a few handles come and go with the system's threads.
+    void expect_no_more_than(const Resources& before, SIZE_T slack) const {
+        constexpr DWORD few = 10;
+        EXPECT_LE(bytes, before.bytes + slack) << "memory";
+        EXPECT_LE(handles, before.handles + few);
+        EXPECT_LE(graphics, before.graphics + few);
+        EXPECT_LE(windows, before.windows + few);
+    }
+
+    [[nodiscard]] std::string text() const {
+        return std::to_string(bytes / 1024) + " KB, " + std::to_string(handles) + " handles, " +
+               std::to_string(graphics) + " graphics, " + std::to_string(windows) + " windows";
+    }
+};
+
+}  // namespace kovrel::test
