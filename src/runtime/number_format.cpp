@@ -80,8 +80,9 @@ Decimal exact(double value) {
 
     Decimal number;
     number.negative = std::signbit(value);
-    for (auto digits = groups.rbegin(); digits != groups.rend(); ++digits) {
-        const std::string text = std::to_string(*digits);
+    std::reverse(groups.begin(), groups.end());
+    for (const std::uint64_t digits : groups) {
+        const std::string text = std::to_string(digits);
         if (!number.digits.empty()) number.digits.append(group_digits - text.size(), '0');
         number.digits += text;
     }
