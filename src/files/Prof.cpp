@@ -13,9 +13,6 @@
 namespace kovrel::Prof {
 namespace {
 
-/// Where the browser opens: set by each browse for its callback, in the system code page.
-std::string initial_folder_text;
-
 using PathBuffer = std::array<char, MAX_PATH>;
 
 PathBuffer blank_buffer() {
@@ -28,10 +25,11 @@ struct ReleaseItem {
     void operator()(ITEMIDLIST* item) const noexcept { CoTaskMemFree(item); }
 };
 
-int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter, LPARAM /*data*/) {
+/// `initial_folder` is the text of where the browser opens, in the system code page.
+int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
+                                LPARAM initial_folder) {
     if (message == BFFM_INITIALIZED) {
-        SendMessageA(browser, BFFM_SETSELECTIONA, TRUE,
-                     reinterpret_cast<LPARAM>(initial_folder_text.c_str()));
+        SendMessageA(browser, BFFM_SETSELECTIONA, TRUE, initial_folder);
     } else if (message == BFFM_SELCHANGED) {
         PathBuffer path = blank_buffer();
         if (SHGetPathFromIDListA(reinterpret_cast<const ITEMIDLIST*>(parameter), path.data())) {
@@ -45,7 +43,7 @@ int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter, LP
 
 std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
                                std::wstring_view initial_folder) {
-    initial_folder_text = to_ansi(initial_folder);
+    const std::string folder = to_ansi(initial_folder);
     const std::string title = to_ansi(prompt);
     BROWSEINFOA record{};
     // Window handles fit in 32 bits, and grow to 64 with their sign.
@@ -53,6 +51,7 @@ std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
     record.lpszTitle = title.c_str();
     record.ulFlags = BIF_RETURNONLYFSDIRS;
     record.lpfn = &on_browser_message;
+    record.lParam = reinterpret_cast<LPARAM>(folder.c_str());
     const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(SHBrowseForFolderA(&record));
     if (!item) return {};
     PathBuffer path = blank_buffer();
