@@ -8,6 +8,7 @@
 #include "frame/clock.h"
 #include "frame/guarded.h"
 #include "runtime/failure.h"
+#include "ui/shared_window.h"
 
 namespace kovrel {
 namespace {
@@ -34,13 +35,7 @@ frmFECHA1::frmFECHA1()
               question.top + question.height + row_height + 2 * margin, cmdOK}) {}
 
 std::shared_ptr<frmFECHA1> frmFECHA1::shared() {
-    static std::weak_ptr<frmFECHA1> instance;
-    auto window = instance.lock();
-    if (!window) {
-        window = std::make_shared<frmFECHA1>();
-        instance = window;
-    }
-    return window;
+    return SharedWindow<frmFECHA1>::get();
 }
 
 void frmFECHA1::create_controls() {

@@ -19,7 +19,7 @@ class frmFECHA1 final : public Window {
 
     frmFECHA1();
 
-    /// The one that everybody shares while anybody holds it.
+    /// The one that everybody on the thread shares while anybody holds it.
     [[nodiscard]] static std::shared_ptr<frmFECHA1> shared();
 
     /// The question; the window grows with it. Loads the window.

@@ -2,6 +2,7 @@
 #include "taxid/frmNIFCCC.h"
 
 #include "frame/guarded.h"
+#include "ui/shared_window.h"
 
 namespace kovrel {
 namespace {
@@ -46,13 +47,7 @@ frmNIFCCC::frmNIFCCC()
               inner_width, inner_height}) {}
 
 std::shared_ptr<frmNIFCCC> frmNIFCCC::shared() {
-    static std::weak_ptr<frmNIFCCC> instance;
-    auto window = instance.lock();
-    if (!window) {
-        window = std::make_shared<frmNIFCCC>();
-        instance = window;
-    }
-    return window;
+    return SharedWindow<frmNIFCCC>::get();
 }
 
 void frmNIFCCC::create_controls() {

@@ -38,7 +38,7 @@ class frmNIFCCC final : public Window {
 
     frmNIFCCC();
 
-    /// The one that everybody shares while anybody holds it.
+    /// The one that everybody on the thread shares while anybody holds it.
     [[nodiscard]] static std::shared_ptr<frmNIFCCC> shared();
 
     void nif_ok_no(const bool& Estado);
