@@ -12,7 +12,8 @@
 namespace kovrel {
 namespace {
 
-/// Classes belong to this module: another copy of the library in the process has its own.
+/// Classes belong to this module: another copy of the library in the process has its own. They stay
+/// registered, as the module stays loaded: another thread may be about to make a window of one.
 void register_class(const wchar_t* name, WNDPROC procedure) {
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
@@ -24,11 +25,6 @@ void register_class(const wchar_t* name, WNDPROC procedure) {
     if (RegisterClassExW(&description) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) {
         throw Failure(FailureNumber::out_of_memory);
     }
-}
-
-/// Succeeds with the last window of the class only.
-void unregister_class(const wchar_t* name) noexcept {
-    UnregisterClassW(name, own_module());
 }
 
 DWORD extended_style_of(HWND window) noexcept {
@@ -107,8 +103,6 @@ void Window::unload() noexcept {
     // The host's windows take the keyboard back before this one goes: else another program would.
     if (modal_ != nullptr) modal_->release();
     DestroyWindow(handle_);
-    unregister_class(picture_box_class);
-    unregister_class(design_.window_class);
 }
 
 void Window::set_caption(const std::wstring& caption) {
