@@ -1,5 +1,6 @@
 #include "ui/modal.h"
 
+#include <new>
 #include <optional>
 
 namespace kovrel {
@@ -13,14 +14,21 @@ void dispatch(MSG& message) {
 struct Search {
     HWND except;
     std::vector<HWND>* found;
+    bool complete = true;
 };
 
-BOOL CALLBACK collect_enabled(HWND window, LPARAM parameter) {
-    const auto* search = reinterpret_cast<const Search*>(parameter);
-    if (window != search->except && IsWindowVisible(window) && IsWindowEnabled(window)) {
-        search->found->push_back(window);
+/// No exception may pass through the system's own code.
+BOOL CALLBACK collect_enabled(HWND window, LPARAM parameter) noexcept {
+    auto* search = reinterpret_cast<Search*>(parameter);
+    if (window == search->except || !IsWindowVisible(window) || !IsWindowEnabled(window)) {
+        return TRUE;
     }
-    return TRUE;
+    try {
+        search->found->push_back(window);
+    } catch (const std::bad_alloc&) {
+        search->complete = false;
+    }
+    return search->complete ? TRUE : FALSE;
 }
 
 void pump(HWND window, void (*after_each)()) {
@@ -48,8 +56,9 @@ void pump_events_of(HWND window) {
 }
 
 ModalScope::ModalScope(HWND window) : active_(GetActiveWindow()), focus_(GetFocus()) {
-    const Search search{window, &disabled_};
+    Search search{window, &disabled_};
     EnumThreadWindows(GetCurrentThreadId(), collect_enabled, reinterpret_cast<LPARAM>(&search));
+    if (!search.complete) throw std::bad_alloc();
     for (HWND other : disabled_) EnableWindow(other, FALSE);
 }
 
@@ -68,10 +77,18 @@ void ModalScope::restore_focus() const noexcept {
 void run_modal_loop(HWND window) {
     std::optional<int> quit_code;
     MSG message;
-    while (IsWindow(window) && IsWindowVisible(window)) {
-        const BOOL received = GetMessageW(&message, nullptr, 0, 0);
-        if (received == -1) break;
-        if (received == 0) {
+    const auto is_open = [window] { return IsWindow(window) && IsWindowVisible(window); };
+    while (is_open()) {
+        // The window may be closed without a message for this loop: by what another thread sends,
+        // which is dispatched while this looks for one, or by a loop within that. So it never waits
+        // for a message before it has looked again.
+        if (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (is_open()) {
+                MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+            }
+            continue;
+        }
+        if (message.message == WM_QUIT) {
             quit_code = static_cast<int>(message.wParam);
         } else if (!IsDialogMessageW(window, &message)) {
             dispatch(message);
