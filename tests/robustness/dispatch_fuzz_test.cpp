@@ -5,6 +5,7 @@
 #include "tests/robustness/dispatch_fuzzer.h"
 #include "tests/robustness/last_words.h"
 #include "tests/robustness/resources.h"
+#include "tests/robustness/scarce_memory.h"
 #include "tests/robustness/unattended.h"
 #include "tests/robustness/workplace.h"
 #include "tests/support/box_watcher.h"
@@ -19,6 +20,8 @@ TEST(RandomCalls, DoNoHarm) {
     std::printf("%ld calls from seed %llu\n", calls_wanted, static_cast<unsigned long long>(seed));
     const Workplace workplace;
     const Unattended unattended;
+    // All is granted; what the library has and has not given back is counted.
+    const ScarceMemory memory;
     Unattended::set_seed(seed);
     DispatchFuzzer fuzzer(seed);
     constexpr long between_checks = 5'000;
@@ -30,7 +33,8 @@ TEST(RandomCalls, DoNoHarm) {
         if (made % between_checks == between_checks - 1) {
             fuzzer.release_all();
             Workplace::remove_pictures();
-            std::printf("%ld calls: %s\n", made + 1, Resources::now().text().c_str());
+            std::printf("%ld calls: %s, %zu blocks\n", made + 1, Resources::now().text().c_str(),
+                        ScarceMemory::blocks());
             std::fflush(stdout);
         }
         if (!fuzzer.problems().empty()) break;

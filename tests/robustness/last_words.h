@@ -6,10 +6,11 @@
 
 namespace kovrel::test {
 
-/// From now on a crash, a trap or an abort prints what was announced and ends the process.
+/// From now on a crash, a trap, an abort, or something announced that takes longer than forty
+/// seconds prints what was announced and ends the process.
 void install_last_words();
 
-/// What is being done, for the case that it does not come to its end.
+/// What is being done, for the case that it does not come to its end; nothing when empty.
 void announce(std::string doing);
 
 }  // namespace kovrel::test

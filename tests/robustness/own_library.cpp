@@ -123,13 +123,6 @@ ComPtr<IDispatch> OwnLibrary::create(const OwnClass& of_class) const {
     return instance;
 }
 
-void OwnLibrary::warm_up_exceptions(IDispatch* instance) {
-    DISPPARAMS none{};
-    constexpr DISPID first_property = 1;
-    instance->Invoke(first_property, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &none,
-                     nullptr, nullptr, nullptr);
-}
-
 HRESULT OwnLibrary::can_unload() const {
     using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
     return entry<CanUnloadNow>(module_, "DllCanUnloadNow")();

@@ -40,9 +40,6 @@ class OwnLibrary {
     [[nodiscard]] ComPtr<IDispatch> create(const std::wstring& name) const {
         return create(named(name));
     }
-    /// Makes the thread's first exception inside the library, for which the run time takes memory
-    /// that it keeps.
-    static void warm_up_exceptions(IDispatch* instance);
     /// What DllCanUnloadNow answers.
     [[nodiscard]] HRESULT can_unload() const;
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <windows.h>
-#include <psapi.h>
 #include <winternl.h>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -19,13 +19,26 @@ struct Resources {
 
     static Resources now() {
         Resources result;
-        PROCESS_MEMORY_COUNTERS counters{};
-        GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-        result.bytes = counters.PagefileUsage;
         result.handles = handle_count();
+        result.bytes = bytes_in_use();
         result.graphics = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
         result.windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
         return result;
+    }
+
+    /// In all heaps, to the byte: what the process has of the system grows and shrinks by pages.
+    static SIZE_T bytes_in_use() {
+        HANDLE heaps[64]{};
+        const DWORD count = std::min<DWORD>(GetProcessHeaps(64, heaps), 64);
+        SIZE_T bytes = 0;
+        for (DWORD index = 0; index < count; ++index) {
+            HeapLock(heaps[index]);
+            for (PROCESS_HEAP_ENTRY entry{}; HeapWalk(heaps[index], &entry);) {
+                if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) bytes += entry.cbData;
+            }
+            HeapUnlock(heaps[index]);
+        }
+        return bytes;
     }
 
     /// From the system's list of processes: Wine answers the question for one process alone with 0.

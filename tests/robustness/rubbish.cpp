@@ -198,8 +198,8 @@ Variant Rubbish::value_of(VARTYPE type, bool tame) {
             break;
         case VT_DECIMAL:
             result.decVal.sign = random.one_in(2) ? DECIMAL_NEG : 0;
-            result.decVal.scale =
-                static_cast<BYTE>(tame ? 28 : random.below(random.one_in(9) ? 256 : 29));
+            // More decimals than that are no decimal number.
+            result.decVal.scale = static_cast<BYTE>(tame ? 28 : random.below(29));
             result.decVal.Hi32 = static_cast<ULONG>(tame || random.one_in(2) ? 0 : random.next());
             result.decVal.Lo64 = tame ? random.below(3) : random.next() >> random.below(64);
             break;
@@ -209,7 +209,7 @@ Variant Rubbish::value_of(VARTYPE type, bool tame) {
             const bool fits = std::abs(chosen) < 9e18;
             result.llVal = fits && !random.one_in(8) ? static_cast<LONGLONG>(chosen)
                                                      : static_cast<LONGLONG>(random.next());
-            if (tame) result.llVal = static_cast<LONGLONG>(random.below(4)) - 1;
+            if (tame) result.llVal = static_cast<LONGLONG>(random.below(4));
             break;
         }
     }

@@ -120,12 +120,6 @@ void work_windows() {
     }
 }
 
-BOOL WINAPI get_message(MSG* message, HWND window, UINT first, UINT last) {
-    let_event_happen();
-    work_windows();
-    return GetMessageW(message, window, first, last);
-}
-
 BOOL WINAPI peek_message(MSG* message, HWND window, UINT first, UINT last, UINT remove) {
     let_event_happen();
     work_windows();
@@ -198,7 +192,6 @@ struct Unattended::Patches {
     ImportPatch box = patch("MessageBoxW", &message_box);
     ImportPatch beeps = patch("MessageBeep", &beep);
     ImportPatch keys = patch("SendInput", &send_input);
-    ImportPatch get = patch("GetMessageW", &get_message);
     ImportPatch peek = patch("PeekMessageW", &peek_message);
     ImportPatch open = patch("GetOpenFileNameA", &open_dialog);
     ImportPatch folder = patch("SHBrowseForFolderA", &browse);
@@ -208,8 +201,8 @@ struct Unattended::Patches {
 Unattended::Unattended() {
     (void)OwnLibrary::get();
     patches_ = std::make_unique<Patches>();
-    if (!patches_->box.in_place() || !patches_->get.in_place() || !patches_->peek.in_place() ||
-        !patches_->open.in_place() || !patches_->folder.in_place() || !patches_->clock.in_place()) {
+    if (!patches_->box.in_place() || !patches_->peek.in_place() || !patches_->open.in_place() ||
+        !patches_->folder.in_place() || !patches_->clock.in_place()) {
         std::abort();
     }
 }

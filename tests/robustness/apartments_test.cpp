@@ -1,0 +1,155 @@
+// Two threads, each with an apartment and instances of its own, at work at the same time: what one
+// does is nothing to the other.
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "tests/automation/import_patch.h"
+#include "tests/robustness/sensible.h"
+#include "tests/robustness/unattended.h"
+#include "tests/robustness/workplace.h"
+#include "tests/support/box_watcher.h"
+
+namespace kovrel::test {
+namespace {
+
+constexpr int rounds = 40;
+constexpr int window_rounds = 60;
+
+/// Results as texts, for what one thread gets to be compared with what the other gets.
+std::wstring as_text(const Variant& value) {
+    Variant text;
+    return SUCCEEDED(VariantChangeType(&text, const_cast<Variant*>(&value), 0, VT_BSTR))
+               ? std::wstring(text_of(text.bstrVal))
+               : L"?";
+}
+
+/// Members whose results depend on their arguments alone, and show boxes at most.
+std::vector<std::wstring> work(int round) {
+    const OwnLibrary& library = OwnLibrary::get();
+    SensibleHost host;
+    std::vector<std::wstring> results;
+    for (const wchar_t* const name : {L"clsFGen", L"clsFFechas", L"clsCSQL", L"clsMensajes"}) {
+        const OwnClass& of_class = library.named(name);
+        const auto instance = library.create(of_class);
+        for (const OwnMember& member : of_class.members) {
+            const bool opens_window = member.name == L"MsgFormA" || member.name == L"PideFecha" ||
+                                      member.name == L"LanzaVerificadorNIFyCCC" ||
+                                      member.name == L"Mensajes" ||
+                                      member.name.starts_with(L"BarraProgreso");
+            if (opens_window || member.kind != DISPATCH_METHOD) continue;
+            Variant result;
+            Unattended::set_seed(static_cast<std::uint64_t>(round));
+            const HRESULT answer =
+                call_member(instance.get(), member, host.arguments(of_class, member), &result);
+            results.push_back(member.name + L' ' + std::to_wstring(answer) + L' ' +
+                              as_text(result));
+        }
+    }
+    return results;
+}
+
+/// Both threads begin at once and call `body` with their number.
+template <class Body>
+void on_two_threads(Body body) {
+    std::atomic<int> ready{0};
+    const auto run = [&](int number) {
+        const ComApartment apartment;
+        ++ready;
+        while (ready < 2) std::this_thread::yield();
+        body(number);
+    };
+    std::thread first(run, 1);
+    std::thread second(run, 2);
+    first.join();
+    second.join();
+}
+
+TEST(TwoApartments, GetTheSameResultsAsOne) {
+    const Workplace workplace;
+    const Unattended unattended;
+    std::vector<std::vector<std::wstring>> alone;
+    for (int round = 0; round < rounds; ++round) alone.push_back(work(round));
+    EXPECT_GT(alone.front().size(), 80U);
+    std::atomic<int> differences{0};
+    on_two_threads([&](int /*number*/) {
+        for (int round = 0; round < rounds; ++round) {
+            if (work(round) != alone[static_cast<std::size_t>(round)]) ++differences;
+        }
+    });
+    EXPECT_EQ(differences, 0);
+    EXPECT_EQ(OwnLibrary::get().can_unload(), S_OK);
+}
+
+TEST(TwoApartments, KeepTheirSettingsApart) {
+    const Workplace workplace;
+    const OwnLibrary& library = OwnLibrary::get();
+    std::atomic<int> wrong{0};
+    on_two_threads([&](int number) {
+        const OwnClass& profile = library.named(L"clsProfile");
+        const auto instance = library.create(profile);
+        const Variant file(L".\\hilo" + std::to_wstring(number) + L".ini");
+        for (int round = 0; round < 200; ++round) {
+            const Variant value(std::to_wstring(number) + L" vuelta " + std::to_wstring(round));
+            call_member(instance.get(), profile.member(L"GuardarIni", DISPATCH_METHOD),
+                        {file, Variant(L"Sección"), Variant(L"Clave"), value});
+            Variant read;
+            call_member(instance.get(), profile.member(L"LeerIni", DISPATCH_METHOD),
+                        {file, Variant(L"Sección"), Variant(L"Clave"), Variant(L"")}, &read);
+            if (as_text(read) != as_text(value)) ++wrong;
+        }
+    });
+    EXPECT_EQ(wrong, 0);
+}
+
+/// Wine refuses an icon now and then while another thread opens or closes a window.
+HICON WINAPI icon_at_last(ICONINFO* info) {
+    constexpr int most_tries = 20;
+    HICON icon = nullptr;
+    for (int tries = 0; icon == nullptr && tries < most_tries; ++tries) {
+        icon = CreateIconIndirect(info);
+    }
+    return icon;
+}
+
+TEST(TwoApartments, EachHasItsWindows) {
+    const Workplace workplace;
+    const Unattended unattended;
+    const ImportPatch icons(L"kovrel.dll", "CreateIconIndirect",
+                            reinterpret_cast<void*>(&icon_at_last));
+    ASSERT_TRUE(icons.in_place());
+    const OwnLibrary& library = OwnLibrary::get();
+    std::atomic<int> failed{0};
+    std::atomic<int> left{0};
+    const long boxes = Unattended::boxes();
+    on_two_threads([&](int /*number*/) {
+        SensibleHost host;
+        for (int round = 0; round < window_rounds; ++round) {
+            for (const auto& [name, member_name] : {std::pair{L"clsFFechas", L"PideFecha"},
+                                                    {L"clsMensajes", L"MsgFormA"},
+                                                    {L"clsFGen", L"LanzaVerificadorNIFyCCC"},
+                                                    {L"clsFGen", L"BarraProgresoInicia"},
+                                                    {L"clsProfile", L"BrowseForFolder"}}) {
+                const OwnClass& of_class = library.named(name);
+                const OwnMember& member = of_class.member(member_name, DISPATCH_METHOD);
+                const auto instance = library.create(of_class);
+                // Windows that are closed at the first step: an error box would be a failure's.
+                Unattended::close_at_once();
+                Variant result;
+                if (call_member(instance.get(), member, host.arguments(of_class, member),
+                                &result) != S_OK ||
+                    (member.name == L"PideFecha" && result.date < 1)) {
+                    ++failed;
+                }
+            }
+        }
+        left += static_cast<int>(own_windows().size());
+    });
+    EXPECT_EQ(failed, 0);
+    EXPECT_EQ(left, 0);
+    EXPECT_EQ(Unattended::boxes(), boxes);
+    EXPECT_EQ(library.can_unload(), S_OK);
+}
+
+}  // namespace
+}  // namespace kovrel::test

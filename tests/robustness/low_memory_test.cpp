@@ -1,0 +1,126 @@
+// Every member without memory: each request that it makes is refused once, and again with all that
+// follow. Nothing breaks, nothing is lost, and the host or the user is told.
+#include <cstdio>
+#include <gtest/gtest.h>
+
+#include "tests/robustness/last_words.h"
+#include "tests/robustness/resources.h"
+#include "tests/robustness/scarce_memory.h"
+#include "tests/robustness/sensible.h"
+#include "tests/robustness/unattended.h"
+#include "tests/robustness/workplace.h"
+#include "tests/support/box_watcher.h"
+
+namespace kovrel::test {
+namespace {
+
+constexpr HRESULT no_memory = static_cast<HRESULT>(0x800A0007);
+constexpr std::size_t most_requests = 20'000;
+constexpr std::array refusals{ScarceMemory::Refusal::once, ScarceMemory::Refusal::from_then_on};
+
+const char* name_of(ScarceMemory::Refusal refusal) {
+    return refusal == ScarceMemory::Refusal::once ? "once" : "from then on";
+}
+
+/// Creates an instance of the class without each of the requests for memory that this makes.
+void refuse_creation(const OwnClass& of_class, ScarceMemory::Refusal refusal) {
+    const OwnLibrary& library = OwnLibrary::get();
+    for (std::size_t request = 1; request < most_requests; ++request) {
+        announce(narrow(of_class.name) + " created, request " + std::to_string(request) + ' ' +
+                 name_of(refusal));
+        ScarceMemory::refuse(request, refusal);
+        const auto instance = library.create(of_class);
+        const bool granted = ScarceMemory::grant_all() < request;
+        EXPECT_EQ(static_cast<bool>(instance), granted) << narrow(of_class.name);
+        if (granted) return;
+    }
+}
+
+TEST(WithoutMemory, CreationFailsCleanly) {
+    const OwnLibrary& library = OwnLibrary::get();
+    ScarceMemory::warm_up(library.create(L"clsFGen").get());
+    const ScarceMemory memory;
+    for (const OwnClass& of_class : library.classes()) {
+        for (const auto refusal : refusals) {
+            refuse_creation(of_class, refusal);  // what is made once and kept
+            const std::size_t blocks = ScarceMemory::blocks();
+            refuse_creation(of_class, refusal);
+            EXPECT_EQ(ScarceMemory::blocks(), blocks) << narrow(of_class.name);
+        }
+    }
+    EXPECT_EQ(library.can_unload(), S_OK);
+}
+
+class EveryCall {
+ public:
+    /// How many requests for memory the call makes.
+    std::size_t refuse_all(const OwnClass& of_class, const OwnMember& member) {
+        std::size_t most = 0;
+        call(of_class, member, 0, ScarceMemory::Refusal::once);  // what is made once and kept
+        for (const auto refusal : refusals) {
+            for (std::size_t request = 1; request < most_requests; ++request) {
+                if (call(of_class, member, request, refusal)) break;
+                most = std::max(most, request);
+                if (testing::Test::HasFailure()) return most;
+            }
+        }
+        return most;
+    }
+
+ private:
+    /// True when the call ended without making that request.
+    bool call(const OwnClass& of_class, const OwnMember& member, std::size_t request,
+              ScarceMemory::Refusal refusal) {
+        const std::string what = narrow(of_class.name) + '.' + narrow(member.name) + " kind " +
+                                 std::to_string(member.kind) + ", request " +
+                                 std::to_string(request) + ' ' + name_of(refusal);
+        announce(what);
+        const std::size_t blocks = ScarceMemory::blocks();
+        bool over = false;
+        {
+            const std::vector<Variant> arguments = host_.arguments(of_class, member);
+            auto instance = OwnLibrary::get().create(of_class);
+            // Refused at once, the boxes and windows of one seed are those of every other.
+            Unattended::set_seed(7);
+            if (request != 0) ScarceMemory::refuse(request, refusal);
+            Variant result;
+            const HRESULT answer = call_member(instance.get(), member, arguments, &result);
+            over = request != 0 && ScarceMemory::grant_all() < request;
+            const bool told = answer == S_OK || answer == no_memory || answer == E_OUTOFMEMORY;
+            EXPECT_TRUE(told) << what << ": " << std::hex << answer;
+        }
+        EXPECT_EQ(own_windows().size(), 0U) << what;
+        EXPECT_EQ(OwnLibrary::get().can_unload(), S_OK) << what;
+        if (request != 0) {
+            EXPECT_EQ(ScarceMemory::blocks(), blocks) << what;
+        }
+        return over;
+    }
+
+    SensibleHost host_;
+};
+
+TEST(WithoutMemory, EveryMemberFailsCleanly) {
+    const Workplace workplace;
+    const Unattended unattended;
+    ScarceMemory::warm_up(OwnLibrary::get().create(L"clsFGen").get());
+    const ScarceMemory memory;
+    EveryCall calls;
+    std::size_t requests = 0;
+    std::size_t members = 0;
+    for (const OwnClass& of_class : OwnLibrary::get().classes()) {
+        for (const OwnMember& member : of_class.members) {
+            const std::size_t made = calls.refuse_all(of_class, member);
+            requests += made;
+            ++members;
+            if (testing::Test::HasFailure()) return;
+        }
+        Workplace::remove_pictures();
+    }
+    std::printf("%zu members, %zu requests, %ld boxes\n", members, requests, Unattended::boxes());
+    EXPECT_GT(members, 140U);
+    EXPECT_GT(requests, 700U);
+}
+
+}  // namespace
+}  // namespace kovrel::test

@@ -1,0 +1,11 @@
+#include <gtest/gtest.h>
+
+#include "tests/automation/late.h"
+#include "tests/robustness/last_words.h"
+
+int main(int count, char** arguments) {
+    testing::InitGoogleTest(&count, arguments);
+    kovrel::test::install_last_words();
+    const kovrel::test::ComApartment apartment;
+    return RUN_ALL_TESTS();
+}
