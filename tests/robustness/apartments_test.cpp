@@ -147,7 +147,7 @@ TEST(TwoApartments, EachHasItsWindows) {
     });
     EXPECT_EQ(failed, 0);
     EXPECT_EQ(left, 0);
-    EXPECT_EQ(Unattended::boxes(), boxes);
+    EXPECT_EQ(Unattended::boxes(), boxes) << narrow(Unattended::last_box());
     EXPECT_EQ(library.can_unload(), S_OK);
 }
 

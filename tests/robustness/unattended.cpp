@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <cstring>
+#include <mutex>
 #include <string>
 #include <utility>
 
@@ -22,6 +23,8 @@ namespace {
 
 std::atomic<long> boxes_shown{0};
 std::atomic<long> steps_made{0};
+std::mutex guard;
+std::wstring last_text;
 
 struct ThreadState {
     Random random{1};
@@ -131,6 +134,10 @@ int WINAPI message_box(HWND /*owner*/, LPCWSTR text, LPCWSTR title, UINT style) 
     let_event_happen();
     // Both are read to their ends, as a box would.
     if (std::wcslen(text) + std::wcslen(title) == 0) return 0;
+    {
+        const std::scoped_lock lock(guard);
+        last_text = text;
+    }
     Random& random = state().random;
     switch (style & MB_TYPEMASK) {
         case MB_OKCANCEL:
@@ -219,6 +226,11 @@ void Unattended::close_at_once() {
 
 long Unattended::boxes() {
     return boxes_shown;
+}
+
+std::wstring Unattended::last_box() {
+    const std::scoped_lock lock(guard);
+    return last_text;
 }
 
 long Unattended::window_steps() {

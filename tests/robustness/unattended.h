@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace kovrel::test {
@@ -25,6 +26,8 @@ class Unattended {
     static void close_at_once();
     /// Boxes that would have been shown up to now, by all threads.
     static long boxes();
+    /// The text of the last of them.
+    static std::wstring last_box();
     /// Messages that the library's own modal windows have got from here, on all threads.
     static long window_steps();
 
