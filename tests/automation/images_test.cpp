@@ -213,6 +213,17 @@ TEST_F(Images, OtherFailuresOfAReadingLeaveNoFileEither) {
     EXPECT_EQ(empty->references(), 1U);
 }
 
+TEST_F(Images, AFieldThatFailsAsABadPictureDoesIsStillLoaded) {
+    Field field;
+    field.object_->fails(L"Value", failure(481, L"Foto dañada"));
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    EXPECT_FALSE(load(field.argument()));
+    // The reading goes on after the first box, and finds no picture in the empty file.
+    EXPECT_EQ(lines_of(boxes), (Lines{narrow(L"0|kovrel|ERROR  481: Foto dañada|1"),
+                                      narrow(L"0|kovrel|ERROR  481: Imagen no válida|1")}));
+    EXPECT_TRUE(temporary_files().empty());
+}
+
 TEST_F(Images, ALargeFieldThatFailsEndsInTheStandardBox) {
     Field field;
     field.stored = "esto no es una imagen";
@@ -356,6 +367,39 @@ TEST_F(Images, EarlyBound) {
         EXPECT_EQ(services->PutPictureInField(&raw_target, &raw_picture), S_OK);
         EXPECT_GT(target.value().size(), 0U);
     }
+}
+
+TEST_F(Images, EarlyBoundFailures) {
+    const auto services = services_.query<Kovrel::_clsADODBServices>();
+    ASSERT_TRUE(services);
+    Field field;
+    IDispatch* raw = field.object_.get();
+    IDispatch* nothing = nullptr;
+    IPictureDisp* no_picture = nullptr;
+    Bstr file(folder_ / L"falta.bin");
+    BSTR raw_file = file.get();
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(services->PutImageInField(&raw, &raw_file), S_OK);
+    EXPECT_EQ(services->PutLargeImageInField(&raw, &raw_file), S_OK);
+    EXPECT_EQ(services->PutPictureInField(&raw, &no_picture), S_OK);
+    ComPtr<IPictureDisp> picture;
+    EXPECT_EQ(services->GetImageFromField(&raw, picture.put()), S_OK);
+    EXPECT_FALSE(picture);
+    EXPECT_EQ(services->GetLargeImageFromField(&nothing, picture.put()), S_OK);
+    EXPECT_FALSE(picture);
+    Variant location;
+    Bstr title(L"Registro ");
+    BSTR raw_title = title.get();
+    EXPECT_EQ(services->RecordLocation(&raw, &raw_title, &location), S_OK);
+    EXPECT_EQ(text_of(location.bstrVal), L"VOID");
+    const std::wstring missing = L"53\\r (No se encontró el archivo";
+    const std::wstring not_set = L"91\\r (Variable de objeto o bloque With no establecido";
+    EXPECT_EQ(lines_of(boxes), (Lines{failure_line(missing, L"PutImageInField"),
+                                      failure_line(missing, L"PutLargeImageInField"),
+                                      failure_line(not_set, L"PutPictureInField"),
+                                      narrow(L"0|kovrel|ERROR  94: Uso no válido de Null|1"),
+                                      failure_line(not_set, L"GetLargeImageFromField")}));
+    EXPECT_EQ(field.object_->references(), 1U);
 }
 
 TEST_F(Images, ARealFieldOfARecordset) {
