@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
+#include "tests/automation/every_way.h"
 #include "tests/automation/import_patch.h"
 #include "tests/automation/test_folder.h"
 
@@ -201,6 +201,54 @@ TEST_F(ProfileAnySettings, APatternIsCutByTheNameItFinds) {
                                              L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
 }
 
+TEST_F(ProfileAnySettings, AFileOfADriveThatDoesNotExistIsAFailure) {
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(folder_of(L"Q:\\datos.txt"), L"");
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|kovrel|Error 68\\r (Dispositivo no disponible) en procedimiento "
+                            L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
+}
+
+TEST_F(ProfileAnySettings, FoldersInEveryWayOfCalling) {
+    const std::wstring missing = folder_ / L"nueva";
+    const std::wstring orphan = folder_ / L"falta\\nueva";
+    const auto question_of = [](const std::wstring& path) {
+        return L"La carpeta \"" + path + L"\" no existe.\r\r¿Desea crearla?";
+    };
+    const std::wstring about_missing = question_of(missing);
+    const std::wstring about_orphan = question_of(orphan);
+    const ExpectedBox refused{about_missing.c_str(), 33, L"Gestión", IDCANCEL};
+    const ExpectedBox accepted{about_missing.c_str(), 33, L"Gestión"};
+    const ExpectedBox created{L"Carpeta creada con éxito.", 64, L"Gestión"};
+    const ExpectedBox failed{
+        L"Error 76\r (No se encontró la ruta de acceso) en procedimiento ExisteCarpeta del "
+        L"Formulario frmOptions.",
+        16, L"kovrel"};
+    for (const Way way : every_way) {
+        const auto ask = [&](const std::wstring& path, bool create, bool tell,
+                             const std::vector<ExpectedBox>& boxes) {
+            const Answer answer = call_in(way, profile_.get(), L"ExisteCarpeta",
+                                          {Variant(path), Variant(create), Variant(tell)}, boxes);
+            EXPECT_EQ(answer.result, S_OK);
+            // The arguments are not written to.
+            EXPECT_EQ(answer.arguments.at(0).to_text(), path);
+            return shown(answer.value);
+        };
+        const std::string yes = shown(Variant(true));
+        const std::string no = shown(Variant(false));
+        EXPECT_EQ(ask(missing, false, true, {}), no);
+        EXPECT_EQ(ask(missing, true, true, {refused}), no);
+        EXPECT_FALSE(std::filesystem::exists(missing));
+        EXPECT_EQ(ask(missing, true, true, {accepted, created}), yes);
+        EXPECT_EQ(ask(missing, true, true, {}), yes);
+        EXPECT_TRUE(std::filesystem::remove(missing));
+        EXPECT_EQ(ask(missing, true, false, {}), yes);
+        EXPECT_TRUE(std::filesystem::remove(missing));
+        EXPECT_EQ(ask(orphan, true, false, {failed}), no);
+        EXPECT_EQ(ask(orphan, true, true, {{about_orphan.c_str(), 33, L"Gestión"}, failed}), no);
+    }
+}
+
 TEST_F(ProfileAnySettings, Backslashes) {
     BoxWatcher no_box;
     const auto add = [&](const wchar_t* path) {
@@ -287,6 +335,21 @@ TEST_F(ProfileAnySettings, TheCallersVariablesComeBackThroughTheCodePage) {
                                    LateArgument::variable(key)})),
               L"?? ñ");
     EXPECT_EQ(section.to_text(), L"?");
+}
+
+TEST_F(ProfileAnySettings, AFailedReadingLeavesTheVariablesAlone) {
+    const std::wstring omega = L"\u03c9";
+    for (const Way way : every_way) {
+        const Answer answer = call_in(
+            way, profile_.get(), L"LeerIni",
+            {Variant(folder_ / L"v.ini"), Variant(omega), Variant(omega), Variant::null()},
+            {{L"Error 94\r (Uso no válido de Null) en procedimiento LeerIni del Módulo clsProfile.",
+              16, L"kovrel"}});
+        EXPECT_EQ(answer.result, S_OK);
+        EXPECT_EQ(shown(answer.value), "texto ");
+        EXPECT_EQ(answer.arguments.at(1).to_text(), omega);
+        EXPECT_EQ(answer.arguments.at(2).to_text(), omega);
+    }
 }
 
 TEST_F(ProfileAnySettings, AWriteThatFailsIsSilent) {

@@ -19,6 +19,16 @@ TEST_F(Validators, FieldsThatLackAMember) {
         expect_boxes(comparison.member, {object(field), object(bare)},
                      {failure_line(no_member, comparison.member)}, false);
     }
+    // The other field's name is asked for when there is something to tell.
+    for (const Comparison& comparison : comparisons) {
+        const auto field =
+            make_field(Variant(comparison.fails_when_less ? L"31/12/2023" : L"02/01/2024"));
+        const auto other = make_field(Variant(L"01/01/2024"));
+        other->remove(L"Tag");
+        expect_boxes(comparison.member, {object(field), object(other)},
+                     {failure_line(no_member, comparison.member)}, false);
+        EXPECT_EQ(field->calls_of(L"SetFocus()"), 0U);
+    }
     const auto nameless = make_field(Variant(L""));
     nameless->remove(L"Tag");
     expect_boxes(L"Requerido", {object(nameless)}, {failure_line(no_member, L"Requerido")}, false);
