@@ -188,6 +188,34 @@ TEST_F(DatabaseReport, WhatIsNoObjectIsReported) {
     EXPECT_EQ(lines_of(boxes), (Lines{count_failure(text), report_failure(text)}));
 }
 
+TEST_F(DatabaseReport, AHostWithoutANameHasBoxesWithoutATitle) {
+    put(messages_.get(), L"AppOrigen", Variant(L""));
+    const auto errors = make_errors({{1, L"uno"}});
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(count(object(connection(errors)), true), 1);
+    errors->remove(L"Count");
+    report(object(errors));
+    EXPECT_EQ(count(object(connection(errors)), true), 0);
+    const std::wstring text =
+        L"16||Error 438\\r (El objeto no admite esta propiedad o método) en procedimiento ";
+    EXPECT_EQ(
+        lines_of(boxes),
+        (Lines{narrow(L"16||Errores al acceder a la Base de Datos.\\r\\rNº Errores: 1\\r\t1 - "
+                      L"uno|1"),
+               narrow(text + L"MensajeErroresADO de Módulo de clase clsMensajes.|1"),
+               narrow(text + L"ExistenErroresADO del Módulo de clase clsMensajes.|1")}));
+}
+
+TEST_F(DatabaseReport, TheIdentificationKeepsNothingAlive) {
+    const auto can_unload = reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"kovrel.dll"), "DllCanUnloadNow")));
+    ASSERT_NE(can_unload, nullptr);
+    for (int call = 0; call < 3; ++call) get(messages_.get(), L"ArchiInformacion");
+    EXPECT_EQ(can_unload(), S_FALSE);
+    messages_ = nullptr;
+    EXPECT_EQ(can_unload(), S_OK);
+}
+
 TEST_F(DatabaseReport, NoObjectAtAll) {
     BoxWatcher boxes({answer(IDOK), answer(IDOK)});
     const Variant nothing{ComPtr<IDispatch>()};

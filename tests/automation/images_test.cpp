@@ -260,6 +260,45 @@ TEST_F(Images, APictureIsStoredAndItsFileStays) {
     EXPECT_EQ(size_of(load(target.argument())), (std::pair<long, long>{320, 240}));
 }
 
+TEST_F(Images, EveryKindOfPictureIsStored) {
+    BoxWatcher no_box;
+    for (const auto& [name, type] :
+         {std::pair{L"photo.jpg", PICTYPE_BITMAP}, std::pair{L"photo.gif", PICTYPE_BITMAP},
+          std::pair{L"photo.bmp", PICTYPE_BITMAP}, std::pair{L"icon.ico", PICTYPE_ICON}}) {
+        SCOPED_TRACE(narrow(name));
+        Field source;
+        store(source.argument(), picture_file(name));
+        const auto picture = load(source.argument());
+        ASSERT_TRUE(picture);
+        Field target;
+        EXPECT_EQ(call(services_.get(), L"PutPictureInField",
+                       {target.argument(), Variant(picture.query<IDispatch>())})
+                      .result,
+                  S_OK);
+        const auto stored = load(target.argument());
+        ASSERT_TRUE(stored);
+        short its_type = PICTYPE_NONE;
+        EXPECT_EQ(stored->get_Type(&its_type), S_OK);
+        EXPECT_EQ(its_type, type);
+        EXPECT_EQ(size_of(stored), size_of(picture));
+    }
+}
+
+TEST_F(Images, AHostWithoutANameHasBoxesWithoutATitle) {
+    put(services_.get(), L"AppOrigen", Variant(L""));
+    const std::wstring missing = folder_ / L"falta.bin";
+    const Variant nothing{ComPtr<IDispatch>()};
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
+    store(nothing, missing);
+    store_large(nothing, missing);
+    load(nothing, L"GetLargeImageFromField");
+    EXPECT_EQ(call(services_.get(), L"PutPictureInField", {nothing, nothing}).result, S_OK);
+    for (const SeenBox& box : boxes.seen()) {
+        EXPECT_EQ(box.title, L"") << narrow(as_line(box));
+        EXPECT_EQ(box.style, 16);
+    }
+}
+
 TEST_F(Images, NoPictureToStore) {
     Field field;
     PICTDESC description{};

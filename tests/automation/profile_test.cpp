@@ -337,6 +337,46 @@ TEST_F(ProfileAnySettings, TheCallersVariablesComeBackThroughTheCodePage) {
     EXPECT_EQ(section.to_text(), L"?");
 }
 
+TEST_F(ProfileAnySettings, TextsComeBackThroughTheCodePageInEveryWayThatWritesBack) {
+    BoxWatcher no_box;
+    for (const Way way : ways_that_write_back) {
+        SCOPED_TRACE(name_of(way));
+        const Variant file(folder_ / L"\u4e2d.ini");
+        const Variant text(L"\u4e2d ñ");
+        const Answer saved = call_in(way, profile_.get(), L"GuardarIni", {file, text, text, text});
+        EXPECT_EQ(saved.result, S_OK);
+        const Answer read = call_in(way, profile_.get(), L"LeerIni", {file, text, text, text});
+        // A file of such a name cannot be there: the default is the value.
+        EXPECT_EQ(shown(read.value), "texto ? ñ");
+        for (const Answer& answer : {saved, read}) {
+            EXPECT_EQ(narrow(answer.arguments.at(0).to_text()), narrow(folder_ / L"?.ini"));
+            EXPECT_EQ(narrow(answer.arguments.at(1).to_text()), "? ñ");
+            EXPECT_EQ(narrow(answer.arguments.at(2).to_text()), "? ñ");
+        }
+        EXPECT_EQ(narrow(saved.arguments.at(3).to_text()), "? ñ");
+        // The default is no text of the call's.
+        EXPECT_EQ(read.arguments.at(3).to_text(), L"\u4e2d ñ");
+    }
+}
+
+TEST_F(ProfileAnySettings, PathsInEveryWayOfCalling) {
+    BoxWatcher no_box;
+    const std::wstring file = folder_.write(L"Factura nº 1.txt", "x");
+    const std::string folder = narrow(L"texto " + folder_.path());
+    for (const Way way : every_way) {
+        const auto of = [&](const wchar_t* member, const std::wstring& path) {
+            const Answer answer = call_in(way, profile_.get(), member, {Variant(path)});
+            EXPECT_EQ(answer.result, S_OK);
+            EXPECT_EQ(answer.arguments.at(0).to_text(), path);
+            return shown(answer.value);
+        };
+        EXPECT_EQ(of(L"AñadirBackSlash", folder_.path()), folder + "\\");
+        EXPECT_EQ(of(L"QuitarBackSlash", folder_.path() + L"\\"), folder);
+        EXPECT_EQ(of(L"RutadeArchivo", file), folder + "\\");
+        EXPECT_EQ(of(L"RutadeArchivo", folder_ / L"falta"), folder + "\\falta\\");
+    }
+}
+
 TEST_F(ProfileAnySettings, AFailedReadingLeavesTheVariablesAlone) {
     const std::wstring omega = L"\u03c9";
     for (const Way way : every_way) {

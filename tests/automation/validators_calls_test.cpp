@@ -121,6 +121,21 @@ TEST_F(Validators, ADefaultValueThatIsAnotherObject) {
     EXPECT_EQ(endless->references(), 1U);
 }
 
+TEST_F(Validators, TheHostsOwnCatalogueTells) {
+    const auto catalogue = create(L"Kovrel.clsMensajes");
+    put(catalogue.get(), L"AppOrigen", Variant(L"Otra"));
+    ASSERT_EQ(put(general_.get(), L"Mensajes", Variant(catalogue), DISPATCH_PROPERTYPUTREF).result,
+              S_OK);
+    expect_boxes(L"Requerido", {object(make_field(Variant(L"")))},
+                 {narrow(L"48|Otra|El dato  \"Nombre\" no puede quedar vacío.|1")});
+    // The boxes of the validators' own keep the name of their instance.
+    expect_boxes(L"ValidateComboALista", {object(make_combo(Variant::null(), L"Lon", 3))},
+                 {list_box});
+    put(general_.get(), L"AppOrigen", Variant(L""));
+    expect_boxes(L"ValidateComboALista", {object(make_combo(Variant::null(), L"Lon", 0))},
+                 {narrow(L"48||¡Valor no válido para este campo!|1")});
+}
+
 TEST_F(Validators, WithoutACatalogueTheFailureIsTold) {
     ASSERT_EQ(put(general_.get(), L"Mensajes", nothing(), DISPATCH_PROPERTYPUTREF).result, S_OK);
     expect_boxes(L"Requerido", {object(make_field(Variant(L"")))},
