@@ -188,6 +188,24 @@ TEST_F(DatabaseReport, WhatIsNoObjectIsReported) {
     EXPECT_EQ(lines_of(boxes), (Lines{count_failure(text), report_failure(text)}));
 }
 
+TEST_F(DatabaseReport, TheIndexOfAnErrorHasSixteenBits) {
+    auto errors = make_errors({{1, L"uno"}});
+    std::vector<VARTYPE> types;
+    errors->method(L"Item", [&](const auto& arguments) {
+        for (const Variant& argument : arguments) types.push_back(argument.vt);
+        auto error = ScriptedObject::make();
+        // The number is one of 32 bits; a description may be missing.
+        error->property(L"Number", Variant(-2147483647.0))
+            .property(L"Description", Variant::null());
+        return object(error);
+    });
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(call(messages_.get(), L"MensajeErroresADO", {L"", object(errors)}).result, S_OK);
+    EXPECT_EQ(types, (std::vector<VARTYPE>{VT_I2, VT_I2}));
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|Gestión|\\r\\rNº Errores: 1\\r\t-2147483647 - |1")}));
+}
+
 TEST_F(DatabaseReport, AHostWithoutANameHasBoxesWithoutATitle) {
     put(messages_.get(), L"AppOrigen", Variant(L""));
     const auto errors = make_errors({{1, L"uno"}});

@@ -78,9 +78,14 @@ TEST_F(ProfileAnySettings, AMissingFolderIsCreatedAfterTheQuestion) {
 
 TEST_F(ProfileAnySettings, AnyOtherAnswerLeavesItMissing) {
     const std::wstring path = folder_ / L"nueva";
-    BoxWatcher boxes({answer(IDCANCEL)});
+    {
+        BoxWatcher boxes({answer(IDCANCEL)});
+        EXPECT_FALSE(exists(path, true, true));
+        EXPECT_EQ(lines_of(boxes), (Lines{question(path, 2)}));
+    }
+    BoxWatcher boxes({answer_key(VK_ESCAPE)});
     EXPECT_FALSE(exists(path, true, true));
-    EXPECT_EQ(lines_of(boxes), (Lines{question(path, 2)}));
+    EXPECT_EQ(boxes.seen().size(), 1U);
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
@@ -175,6 +180,20 @@ TEST_F(ProfileAnySettings, TheFolderOfAFile) {
     EXPECT_EQ(folder_of(folder_ / L"falta.txt"), folder_ / L"falta.txt\\");
     // Folders are not listed: one gives itself back.
     EXPECT_EQ(folder_of(folder_.path()), folder_.path() + L"\\");
+}
+
+TEST_F(ProfileAnySettings, OnlyOrdinaryFilesAreListed) {
+    BoxWatcher no_box;
+    const std::wstring file = folder_.write(L"datos.txt", "x");
+    const auto folder_with = [&](DWORD attributes) {
+        EXPECT_TRUE(SetFileAttributesW(file.c_str(), attributes));
+        EXPECT_EQ(GetFileAttributesW(file.c_str()) & attributes, attributes);
+        return narrow(folder_of(file));
+    };
+    EXPECT_EQ(folder_with(FILE_ATTRIBUTE_HIDDEN), narrow(file + L"\\"));
+    EXPECT_EQ(folder_with(FILE_ATTRIBUTE_SYSTEM), narrow(file + L"\\"));
+    EXPECT_EQ(folder_with(FILE_ATTRIBUTE_READONLY), narrow(folder_.path() + L"\\"));
+    EXPECT_TRUE(SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL));
 }
 
 TEST_F(ProfileAnySettings, APathThatEndsInABackslashListsItsFolder) {
