@@ -67,17 +67,29 @@ void clsADODBServices::PutImageInField(const ComPtr<IDispatch>& f, const std::ws
 ComPtr<IPictureDisp> clsADODBServices::GetImageFromField(const ComPtr<IDispatch>& f) {
     ComPtr<IPictureDisp> picture;
     std::wstring path;
-    try {
-        path = temporary_picture_file();
-        BinaryFile file = BinaryFile::create(path);
-        write_bytes(file, HostObject(f).get(L"Value"));
-        file.close();
-        picture = load_picture(path);
-        delete_file(path);
-    } catch (...) {
-        const Failure failure = current_failure();
-        attempt([&] { show(picture_failure(failure.number(), failure.description())); });
-        attempt([&] { delete_file(path); });
+    // Runs a step; false when its failure ends the procedure. After one over the picture itself
+    // the next step follows.
+    const auto goes_on_after = [&path](auto&& step) {
+        try {
+            step();
+            return true;
+        } catch (...) {
+            const Failure failure = current_failure();
+            attempt([&] { show(picture_failure(failure.number(), failure.description())); });
+            if (failure.number() == static_cast<std::int32_t>(FailureNumber::invalid_picture)) {
+                return true;
+            }
+            attempt([&] { delete_file(path); });
+            return false;
+        }
+    };
+    if (goes_on_after([&] {
+            path = temporary_picture_file();
+            BinaryFile file = BinaryFile::create(path);
+            write_bytes(file, HostObject(f).get(L"Value"));
+        }) &&
+        goes_on_after([&] { picture = load_picture(path); })) {
+        goes_on_after([&] { delete_file(path); });
     }
     return picture;
 }

@@ -232,6 +232,34 @@ TEST_F(Combos, ObjectsThatLackAMember) {
     }
 }
 
+TEST_F(Combos, RecordsetsThatLackAMember) {
+    const wchar_t* const text = L"438\\r (El objeto no admite esta propiedad o método";
+    const auto expect_failure = [&](const wchar_t* procedure, const wchar_t* member,
+                                    std::size_t position) {
+        SCOPED_TRACE(narrow(std::wstring(procedure) + L", " + member));
+        ScriptedCombo combo;
+        combo.items = {L"vieja"};
+        ScriptedRecordset records(three_rows());
+        records.position = 2;
+        records.object().remove(member);
+        BoxWatcher boxes({answer(IDOK)});
+        EXPECT_FALSE(load(procedure, {combo.argument(), records.argument()}));
+        EXPECT_EQ(lines_of(boxes), (Lines{failure_line(text, procedure)}));
+        EXPECT_EQ(records.position, position);  // where the failure left it
+        EXPECT_EQ(combo.object().calls_of(L"put List = [3x3]"), 0U);
+        EXPECT_EQ(combo.object().references(), 1U);
+        EXPECT_EQ(records.object().references(), 1U);
+    };
+    for (const wchar_t* const member : {L"RecordCount", L"Bookmark", L"MoveFirst"}) {
+        expect_failure(multi_column, member, 2);
+        expect_failure(single_column, member, 2);
+    }
+    expect_failure(multi_column, L"GetRows", 0);
+    for (const wchar_t* const member : {L"EOF", L"Fields", L"MoveNext"}) {
+        expect_failure(single_column, member, 0);
+    }
+}
+
 TEST_F(Combos, AComboBoxThatCannotBeFilledOneByOne) {
     const wchar_t* const text = L"438\\r (El objeto no admite esta propiedad o método";
     for (const wchar_t* const member : {L"Clear", L"AddItem"}) {

@@ -1,8 +1,10 @@
 // clsMensajes: the report of a connection's errors, and what the library says of itself.
 #include <gtest/gtest.h>
+#include <memory>
 
 #include "tests/automation/box_lines.h"
 #include "tests/automation/early.h"
+#include "tests/automation/import_patch.h"
 #include "tests/automation/test_folder.h"
 #include "tests/support/scripted_object.h"
 
@@ -141,6 +143,97 @@ TEST_F(DatabaseReport, FailuresOfTheObjectsKeepTheirNumbers) {
                report_failure(L"6\\r (Desbordamiento"), count_failure(L"6\\r (Desbordamiento")}));
 }
 
+/// A collection whose count grows by one at each reading, from 1 on.
+ComPtr<ScriptedObject> make_growing_errors() {
+    auto errors = make_errors({{1, L"uno"}, {2, L"dos"}, {3, L"tres"}});
+    const auto count = std::make_shared<std::int32_t>(0);
+    errors->property(L"Count", [count](const auto&) { return Variant(++*count); });
+    return errors;
+}
+
+TEST_F(DatabaseReport, TheCountIsReadAgain) {
+    {
+        BoxWatcher boxes({answer(IDOK)});
+        report(object(make_growing_errors()));
+        EXPECT_EQ(lines_of(boxes),
+                  (Lines{narrow(L"16|Gestión|Ha fallado.\\r\\rNº Errores: 2\\r\t1 - uno|1")}));
+    }
+    BoxWatcher no_box;
+    EXPECT_EQ(count(object(connection(make_growing_errors())), false), 2);
+}
+
+TEST_F(DatabaseReport, ACountThatIsKnownStaysTheResult) {
+    const auto errors = make_errors({{1, L"uno"}});
+    auto database = ScriptedObject::make();
+    int reads = 0;
+    database->property(L"Errors", [&](const auto&) {
+        if (++reads > 2) throw failure(3709, L"La conexión está cerrada");
+        return object(errors);
+    });
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(count(object(database), true), 1);
+    EXPECT_EQ(lines_of(boxes), Lines{count_failure(L"3709\\r (La conexión está cerrada")});
+    EXPECT_EQ(errors->references(), 1U);
+}
+
+TEST_F(DatabaseReport, WhatIsNoObjectIsReported) {
+    auto database = ScriptedObject::make();
+    database->property(L"Errors", Variant(L"ninguno"));
+    auto errors = make_errors({{1, L"uno"}});
+    errors->method(L"Item", [](const auto&) { return Variant(std::int32_t{7}); });
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(count(object(database), true), 0);
+    report(object(errors));
+    const std::wstring text = L"424\\r (Se requiere un objeto";
+    EXPECT_EQ(lines_of(boxes), (Lines{count_failure(text), report_failure(text)}));
+}
+
+TEST_F(DatabaseReport, TheIndexOfAnErrorHasSixteenBits) {
+    auto errors = make_errors({{1, L"uno"}});
+    std::vector<VARTYPE> types;
+    errors->method(L"Item", [&](const auto& arguments) {
+        for (const Variant& argument : arguments) types.push_back(argument.vt);
+        auto error = ScriptedObject::make();
+        // The number is one of 32 bits; a description may be missing.
+        error->property(L"Number", Variant(-2147483647.0))
+            .property(L"Description", Variant::null());
+        return object(error);
+    });
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(call(messages_.get(), L"MensajeErroresADO", {L"", object(errors)}).result, S_OK);
+    EXPECT_EQ(types, (std::vector<VARTYPE>{VT_I2, VT_I2}));
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|Gestión|\\r\\rNº Errores: 1\\r\t-2147483647 - |1")}));
+}
+
+TEST_F(DatabaseReport, AHostWithoutANameHasBoxesWithoutATitle) {
+    put(messages_.get(), L"AppOrigen", Variant(L""));
+    const auto errors = make_errors({{1, L"uno"}});
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(count(object(connection(errors)), true), 1);
+    errors->remove(L"Count");
+    report(object(errors));
+    EXPECT_EQ(count(object(connection(errors)), true), 0);
+    const std::wstring text =
+        L"16||Error 438\\r (El objeto no admite esta propiedad o método) en procedimiento ";
+    EXPECT_EQ(
+        lines_of(boxes),
+        (Lines{narrow(L"16||Errores al acceder a la Base de Datos.\\r\\rNº Errores: 1\\r\t1 - "
+                      L"uno|1"),
+               narrow(text + L"MensajeErroresADO de Módulo de clase clsMensajes.|1"),
+               narrow(text + L"ExistenErroresADO del Módulo de clase clsMensajes.|1")}));
+}
+
+TEST_F(DatabaseReport, TheIdentificationKeepsNothingAlive) {
+    const auto can_unload = reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"kovrel.dll"), "DllCanUnloadNow")));
+    ASSERT_NE(can_unload, nullptr);
+    for (int call = 0; call < 3; ++call) get(messages_.get(), L"ArchiInformacion");
+    EXPECT_EQ(can_unload(), S_FALSE);
+    messages_ = nullptr;
+    EXPECT_EQ(can_unload(), S_OK);
+}
+
 TEST_F(DatabaseReport, NoObjectAtAll) {
     BoxWatcher boxes({answer(IDOK), answer(IDOK)});
     const Variant nothing{ComPtr<IDispatch>()};
@@ -218,6 +311,50 @@ TEST_F(DatabaseReport, TheLibraryTellsItsVersionAndItsFile) {
               S_OK);
     EXPECT_EQ(text.view(), L"1.0.0");
     EXPECT_EQ(put(messages_.get(), L"ArchiVersion", Variant(L"2")).result, DISP_E_MEMBERNOTFOUND);
+}
+
+HRSRC WINAPI no_resource(HMODULE /*module*/, const wchar_t* /*name*/, const wchar_t* /*type*/) {
+    return nullptr;
+}
+
+BOOL WINAPI no_version_value(const void* /*resource*/, const wchar_t* /*path*/, void** /*value*/,
+                             UINT* size) {
+    *size = 0;
+    return FALSE;
+}
+
+TEST_F(DatabaseReport, ALibraryThatCannotReadItsVersion) {
+    using Get = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
+    const std::string box = narrow(
+        L"16|kovrel|Error 57\\r (Error de E/S de dispositivo) en procedimiento ArchiInformacion "
+        L"del "
+        L"Módulo de clase clsMensajes.|1");
+    constexpr HRESULT device_io = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, 57);
+    for (const auto& [function, replacement] :
+         {std::pair{"FindResourceW", reinterpret_cast<void*>(&no_resource)},
+          std::pair{"VerQueryValueW", reinterpret_cast<void*>(&no_version_value)}}) {
+        SCOPED_TRACE(function);
+        const ImportPatch patch(L"kovrel.dll", function, replacement);
+        ASSERT_TRUE(patch.in_place());
+        BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+        EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiInformacion")), L"");
+        Bstr text(L"antes");
+        EXPECT_EQ(early<Get>(messages_.get(), L"ArchiInformacion", INVOKE_PROPERTYGET)(
+                      messages_.get(), text.put()),
+                  S_OK);
+        EXPECT_EQ(text.view(), L"");
+        // The version alone has no handler.
+        const Outcome version = get(messages_.get(), L"ArchiVersion");
+        EXPECT_EQ(version.result, DISP_E_EXCEPTION);
+        EXPECT_EQ(version.error, device_io);
+        EXPECT_EQ(narrow(version.description), narrow(L"Error de E/S de dispositivo"));
+        EXPECT_EQ(early<Get>(messages_.get(), L"ArchiVersion", INVOKE_PROPERTYGET)(messages_.get(),
+                                                                                   text.put()),
+                  device_io);
+        EXPECT_EQ(lines_of(boxes), (Lines{box, box}));
+    }
+    BoxWatcher no_box;
+    EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiVersion")), L"1.0.0");
 }
 
 }  // namespace

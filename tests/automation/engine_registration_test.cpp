@@ -5,6 +5,7 @@
 
 #include "automation/registration.h"
 #include "runtime/failure.h"
+#include "tests/automation/import_patch.h"
 #include "tests/automation/late.h"
 #include "tests/automation/sample.h"
 
@@ -151,7 +152,10 @@ TEST_P(Registration, TheOtherBitnessKeepsWhatBothShare) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scopes, Registration,
-                         testing::Values(RegistrationScope::machine, RegistrationScope::user));
+                         testing::Values(RegistrationScope::machine, RegistrationScope::user),
+                         [](const auto& scope) {
+                             return scope.param == RegistrationScope::machine ? "machine" : "user";
+                         });
 
 TEST(RegistrationForTheMachine, TakesTheUsersOwnAway) {
     register_library(sample_library(), L"C:\\vieja.dll", RegistrationScope::user);
@@ -162,27 +166,54 @@ TEST(RegistrationForTheMachine, TakesTheUsersOwnAway) {
     unregister_library(sample_library(), RegistrationScope::machine);
 }
 
-TEST(RegistrationWithoutRights, IsTheUsersAlone) {
-    // Seen through a handle that may only be read, the machine's keys refuse every write.
-    HKEY read_only = nullptr;
-    ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software", 0, KEY_READ, &read_only),
-              ERROR_SUCCESS);
-    ASSERT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, read_only), ERROR_SUCCESS);
-    HKEY probe = nullptr;
-    const LSTATUS refused = RegCreateKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\Prueba.Sample",
-                                            0, nullptr, 0, KEY_SET_VALUE, nullptr, &probe, nullptr);
-    if (refused == ERROR_SUCCESS) RegCloseKey(probe);
-    if (refused == ERROR_ACCESS_DENIED) register_library(sample_library(), module_path);
-    RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-    RegCloseKey(read_only);
-    if (refused != ERROR_ACCESS_DENIED) {
-        RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"Software\\Software");
-        GTEST_SKIP() << "this platform writes through read-only handles";
+/// A machine whose registry answers every write with an error.
+class RefusingMachine {
+ public:
+    explicit RefusingMachine(LSTATUS error) { its_error = error; }
+    [[nodiscard]] bool in_place() const { return patch_.in_place(); }
+
+ private:
+    using Create = LSTATUS(WINAPI*)(HKEY, const wchar_t*, DWORD, wchar_t*, DWORD, REGSAM,
+                                    const SECURITY_ATTRIBUTES*, HKEY*, DWORD*);
+
+    static inline LSTATUS its_error = ERROR_SUCCESS;
+    static LSTATUS WINAPI create(HKEY root, const wchar_t* path, DWORD reserved, wchar_t* type,
+                                 DWORD options, REGSAM access, const SECURITY_ATTRIBUTES* security,
+                                 HKEY* key, DWORD* made) {
+        if (root == HKEY_LOCAL_MACHINE) return its_error;
+        const auto create_key = reinterpret_cast<Create>(reinterpret_cast<void*>(
+            GetProcAddress(GetModuleHandleW(L"advapi32.dll"), "RegCreateKeyExW")));
+        return create_key(root, path, reserved, type, options, access, security, key, made);
     }
+
+    // The registration is linked into this program.
+    const ImportPatch patch_{nullptr, "RegCreateKeyExW", reinterpret_cast<void*>(&create)};
+};
+
+TEST(RegistrationWithoutRights, IsTheUsersAlone) {
+    const Snapshot before = snapshot_of(HKEY_CURRENT_USER);
+    const RefusingMachine refusing(ERROR_ACCESS_DENIED);
+    ASSERT_TRUE(refusing.in_place());
+    register_library(sample_library(), module_path);
     EXPECT_EQ(value(HKEY_CURRENT_USER, L"Prueba.Sample\\CLSID"),
               L"{7C1D6C52-4D2F-4A1C-9F60-1B0D3E551001}");
     EXPECT_EQ(value(HKEY_LOCAL_MACHINE, L"Prueba.Sample\\CLSID"), L"(none)");
     unregister_library(sample_library(), RegistrationScope::user);
+    EXPECT_EQ(snapshot_of(HKEY_CURRENT_USER), before);
+}
+
+TEST(RegistrationWithoutRights, AnyOtherRefusalIsAFailure) {
+    const Snapshot before = snapshot_of(HKEY_CURRENT_USER);
+    const RefusingMachine refusing(ERROR_REGISTRY_IO_FAILED);
+    ASSERT_TRUE(refusing.in_place());
+    try {
+        register_library(sample_library(), module_path);
+        ADD_FAILURE() << "registered";
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.number(), HRESULT_FROM_WIN32(ERROR_REGISTRY_IO_FAILED));
+        EXPECT_EQ(failure.description(), L"No se pudo escribir en el Registro");
+    }
+    EXPECT_EQ(snapshot_of(HKEY_CURRENT_USER), before);
 }
 
 }  // namespace

@@ -1,142 +1,15 @@
 // clsADODBServices as hosts call it: files and pictures in fields, with the sizes of every chunk.
+#include "tests/automation/images.h"
+
 #include <windows.h>
 #include <olectl.h>
 
-#include <cmath>
-#include <gtest/gtest.h>
 #include <kovrel.h>
-#include <numeric>
-#include <ocidl.h>
 
-#include "automation/safe_array.h"
-#include "tests/automation/box_lines.h"
-#include "tests/automation/late.h"
-#include "tests/automation/test_folder.h"
 #include "tests/support/ado_recordset.h"
-#include "tests/support/scripted_object.h"
 
 namespace kovrel::test {
 namespace {
-
-Variant bytes_of(std::string_view content) {
-    Variant array = new_byte_array(content.size());
-    const ArrayAccess<std::uint8_t> access(array.parray);
-    std::copy(content.begin(), content.end(), access.elements().begin());
-    return array;
-}
-
-std::string content_in(const Variant& array) {
-    const ArrayAccess<std::uint8_t> access(array_in(array, VT_UI1, 1));
-    return {access.elements().begin(), access.elements().end()};
-}
-
-Variant object(const ComPtr<ScriptedObject>& held) {
-    return Variant(ComPtr<IDispatch>(held.get()));
-}
-
-/// A field of a recordset: what is stored in it, whole or by chunks, is there to be compared.
-struct Field {
-    Field() {
-        object_->property(L"Value", Variant::null())
-            .property(
-                L"ActualSize",
-                [this](const auto&) { return Variant(static_cast<std::int32_t>(stored.size())); })
-            .method(L"AppendChunk",
-                    [this](const auto& arguments) {
-                        stored += content_in(arguments.at(0));
-                        return Variant();
-                    })
-            .method(L"GetChunk", [this](const auto& arguments) {
-                const auto size = static_cast<std::size_t>(arguments.at(0).to_int32());
-                const Variant chunk = bytes_of(std::string_view(stored).substr(read, size));
-                read += size;
-                return chunk;
-            });
-    }
-    [[nodiscard]] Variant argument() const { return object(object_); }
-    [[nodiscard]] std::string value() const { return content_in(object_->value(L"Value")); }
-
-    ComPtr<ScriptedObject> object_ = ScriptedObject::make();
-    std::string stored;
-    std::size_t read = 0;
-};
-
-std::wstring picture_file(const wchar_t* name) {
-    return std::wstring(KOVREL_TEST_PICTURES L"\\") + name;
-}
-
-std::wstring library_folder() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(GetModuleHandleW(L"kovrel.dll"), path.data(), 32768));
-    return path.substr(0, path.rfind(L'\\'));
-}
-
-std::vector<std::filesystem::path> temporary_files() {
-    std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(library_folder())) {
-        if (entry.path().extension() == L".tmp") files.push_back(entry.path());
-    }
-    return files;
-}
-
-void remove_temporary_files() {
-    for (const auto& file : temporary_files()) std::filesystem::remove(file);
-}
-
-/// Recognisable bytes.
-std::string content_of_size(std::size_t size) {
-    std::string content(size, '\0');
-    for (std::size_t index = 0; index < size; ++index) {
-        content[index] = static_cast<char>((index * 31 + index / 251) % 255 + 1);
-    }
-    return content;
-}
-
-class Images : public testing::Test {
- protected:
-    Images() {
-        put(services_.get(), L"AppOrigen", Variant(L"Gestión"));
-        remove_temporary_files();
-    }
-    ~Images() override { remove_temporary_files(); }
-
-    void store(const Variant& field, const std::wstring& file) {
-        EXPECT_EQ(call(services_.get(), L"PutImageInField", {field, file}).result, S_OK);
-    }
-    void store_large(const Variant& field, const std::wstring& file) {
-        EXPECT_EQ(call(services_.get(), L"PutLargeImageInField", {field, file}).result, S_OK);
-    }
-    ComPtr<IPicture> load(const Variant& field, const wchar_t* member = L"GetImageFromField") {
-        const Outcome outcome = call(services_.get(), member, {field});
-        EXPECT_EQ(outcome.result, S_OK);
-        EXPECT_EQ(outcome.value.vt, VT_DISPATCH);
-        return ComPtr<IDispatch>(outcome.value.pdispVal).query<IPicture>();
-    }
-    std::wstring location(const Variant& records) {
-        return text_of_result(call(services_.get(), L"RecordLocation", {records, L"Registro "}));
-    }
-
-    /// Width and height in pixels, as near as the picture's own units tell.
-    static std::pair<long, long> size_of(const ComPtr<IPicture>& picture) {
-        OLE_XSIZE_HIMETRIC width = 0;
-        OLE_YSIZE_HIMETRIC height = 0;
-        if (picture) {
-            picture->get_Width(&width);
-            picture->get_Height(&height);
-        }
-        const auto pixels = [](long himetric) { return std::lround(himetric * 96 / 2540.0); };
-        return {pixels(width), pixels(height)};
-    }
-
-    static std::string failure_line(const std::wstring& number_and_text,
-                                    const std::wstring& procedure) {
-        return narrow(L"16|Gestión|Error " + number_and_text + L") en procedimiento " + procedure +
-                      L" del Módulo de clase clsADODBServices.|1");
-    }
-
-    TestFolder folder_;
-    ComPtr<IDispatch> services_ = create(L"Kovrel.clsADODBServices");
-};
 
 TEST_F(Images, AWholeFileIsStored) {
     BoxWatcher no_box;
@@ -340,6 +213,17 @@ TEST_F(Images, OtherFailuresOfAReadingLeaveNoFileEither) {
     EXPECT_EQ(empty->references(), 1U);
 }
 
+TEST_F(Images, AFieldThatFailsAsABadPictureDoesIsStillLoaded) {
+    Field field;
+    field.object_->fails(L"Value", failure(481, L"Foto dañada"));
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    EXPECT_FALSE(load(field.argument()));
+    // The reading goes on after the first box, and finds no picture in the empty file.
+    EXPECT_EQ(lines_of(boxes), (Lines{narrow(L"0|kovrel|ERROR  481: Foto dañada|1"),
+                                      narrow(L"0|kovrel|ERROR  481: Imagen no válida|1")}));
+    EXPECT_TRUE(temporary_files().empty());
+}
+
 TEST_F(Images, ALargeFieldThatFailsEndsInTheStandardBox) {
     Field field;
     field.stored = "esto no es una imagen";
@@ -374,6 +258,45 @@ TEST_F(Images, APictureIsStoredAndItsFileStays) {
               files[0].wstring().size() - 4);
     EXPECT_EQ(target.value(), content_of(files[0].wstring()));
     EXPECT_EQ(size_of(load(target.argument())), (std::pair<long, long>{320, 240}));
+}
+
+TEST_F(Images, EveryKindOfPictureIsStored) {
+    BoxWatcher no_box;
+    for (const auto& [name, type] :
+         {std::pair{L"photo.jpg", PICTYPE_BITMAP}, std::pair{L"photo.gif", PICTYPE_BITMAP},
+          std::pair{L"photo.bmp", PICTYPE_BITMAP}, std::pair{L"icon.ico", PICTYPE_ICON}}) {
+        SCOPED_TRACE(narrow(name));
+        Field source;
+        store(source.argument(), picture_file(name));
+        const auto picture = load(source.argument());
+        ASSERT_TRUE(picture);
+        Field target;
+        EXPECT_EQ(call(services_.get(), L"PutPictureInField",
+                       {target.argument(), Variant(picture.query<IDispatch>())})
+                      .result,
+                  S_OK);
+        const auto stored = load(target.argument());
+        ASSERT_TRUE(stored);
+        short its_type = PICTYPE_NONE;
+        EXPECT_EQ(stored->get_Type(&its_type), S_OK);
+        EXPECT_EQ(its_type, type);
+        EXPECT_EQ(size_of(stored), size_of(picture));
+    }
+}
+
+TEST_F(Images, AHostWithoutANameHasBoxesWithoutATitle) {
+    put(services_.get(), L"AppOrigen", Variant(L""));
+    const std::wstring missing = folder_ / L"falta.bin";
+    const Variant nothing{ComPtr<IDispatch>()};
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
+    store(nothing, missing);
+    store_large(nothing, missing);
+    load(nothing, L"GetLargeImageFromField");
+    EXPECT_EQ(call(services_.get(), L"PutPictureInField", {nothing, nothing}).result, S_OK);
+    for (const SeenBox& box : boxes.seen()) {
+        EXPECT_EQ(box.title, L"") << narrow(as_line(box));
+        EXPECT_EQ(box.style, 16);
+    }
 }
 
 TEST_F(Images, NoPictureToStore) {
@@ -483,6 +406,39 @@ TEST_F(Images, EarlyBound) {
         EXPECT_EQ(services->PutPictureInField(&raw_target, &raw_picture), S_OK);
         EXPECT_GT(target.value().size(), 0U);
     }
+}
+
+TEST_F(Images, EarlyBoundFailures) {
+    const auto services = services_.query<Kovrel::_clsADODBServices>();
+    ASSERT_TRUE(services);
+    Field field;
+    IDispatch* raw = field.object_.get();
+    IDispatch* nothing = nullptr;
+    IPictureDisp* no_picture = nullptr;
+    Bstr file(folder_ / L"falta.bin");
+    BSTR raw_file = file.get();
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
+    EXPECT_EQ(services->PutImageInField(&raw, &raw_file), S_OK);
+    EXPECT_EQ(services->PutLargeImageInField(&raw, &raw_file), S_OK);
+    EXPECT_EQ(services->PutPictureInField(&raw, &no_picture), S_OK);
+    ComPtr<IPictureDisp> picture;
+    EXPECT_EQ(services->GetImageFromField(&raw, picture.put()), S_OK);
+    EXPECT_FALSE(picture);
+    EXPECT_EQ(services->GetLargeImageFromField(&nothing, picture.put()), S_OK);
+    EXPECT_FALSE(picture);
+    Variant location;
+    Bstr title(L"Registro ");
+    BSTR raw_title = title.get();
+    EXPECT_EQ(services->RecordLocation(&raw, &raw_title, &location), S_OK);
+    EXPECT_EQ(text_of(location.bstrVal), L"VOID");
+    const std::wstring missing = L"53\\r (No se encontró el archivo";
+    const std::wstring not_set = L"91\\r (Variable de objeto o bloque With no establecido";
+    EXPECT_EQ(lines_of(boxes), (Lines{failure_line(missing, L"PutImageInField"),
+                                      failure_line(missing, L"PutLargeImageInField"),
+                                      failure_line(not_set, L"PutPictureInField"),
+                                      narrow(L"0|kovrel|ERROR  94: Uso no válido de Null|1"),
+                                      failure_line(not_set, L"GetLargeImageFromField")}));
+    EXPECT_EQ(field.object_->references(), 1U);
 }
 
 TEST_F(Images, ARealFieldOfARecordset) {

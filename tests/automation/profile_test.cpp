@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
+#include "tests/automation/every_way.h"
 #include "tests/automation/import_patch.h"
 #include "tests/automation/test_folder.h"
 
@@ -78,9 +78,14 @@ TEST_F(ProfileAnySettings, AMissingFolderIsCreatedAfterTheQuestion) {
 
 TEST_F(ProfileAnySettings, AnyOtherAnswerLeavesItMissing) {
     const std::wstring path = folder_ / L"nueva";
-    BoxWatcher boxes({answer(IDCANCEL)});
+    {
+        BoxWatcher boxes({answer(IDCANCEL)});
+        EXPECT_FALSE(exists(path, true, true));
+        EXPECT_EQ(lines_of(boxes), (Lines{question(path, 2)}));
+    }
+    BoxWatcher boxes({answer_key(VK_ESCAPE)});
     EXPECT_FALSE(exists(path, true, true));
-    EXPECT_EQ(lines_of(boxes), (Lines{question(path, 2)}));
+    EXPECT_EQ(boxes.seen().size(), 1U);
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
@@ -177,6 +182,20 @@ TEST_F(ProfileAnySettings, TheFolderOfAFile) {
     EXPECT_EQ(folder_of(folder_.path()), folder_.path() + L"\\");
 }
 
+TEST_F(ProfileAnySettings, OnlyOrdinaryFilesAreListed) {
+    BoxWatcher no_box;
+    const std::wstring file = folder_.write(L"datos.txt", "x");
+    const auto folder_with = [&](DWORD attributes) {
+        EXPECT_TRUE(SetFileAttributesW(file.c_str(), attributes));
+        EXPECT_EQ(GetFileAttributesW(file.c_str()) & attributes, attributes);
+        return narrow(folder_of(file));
+    };
+    EXPECT_EQ(folder_with(FILE_ATTRIBUTE_HIDDEN), narrow(file + L"\\"));
+    EXPECT_EQ(folder_with(FILE_ATTRIBUTE_SYSTEM), narrow(file + L"\\"));
+    EXPECT_EQ(folder_with(FILE_ATTRIBUTE_READONLY), narrow(folder_.path() + L"\\"));
+    EXPECT_TRUE(SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL));
+}
+
 TEST_F(ProfileAnySettings, APathThatEndsInABackslashListsItsFolder) {
     BoxWatcher no_box;
     const std::wstring path = folder_.path() + L"\\";
@@ -199,6 +218,54 @@ TEST_F(ProfileAnySettings, APatternIsCutByTheNameItFinds) {
     EXPECT_EQ(lines_of(boxes), (Lines{narrow(L"16|kovrel|Error 5\\r (Llamada a procedimiento o "
                                              L"argumento no válidos) en procedimiento "
                                              L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
+}
+
+TEST_F(ProfileAnySettings, AFileOfADriveThatDoesNotExistIsAFailure) {
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(folder_of(L"Q:\\datos.txt"), L"");
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|kovrel|Error 68\\r (Dispositivo no disponible) en procedimiento "
+                            L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
+}
+
+TEST_F(ProfileAnySettings, FoldersInEveryWayOfCalling) {
+    const std::wstring missing = folder_ / L"nueva";
+    const std::wstring orphan = folder_ / L"falta\\nueva";
+    const auto question_of = [](const std::wstring& path) {
+        return L"La carpeta \"" + path + L"\" no existe.\r\r¿Desea crearla?";
+    };
+    const std::wstring about_missing = question_of(missing);
+    const std::wstring about_orphan = question_of(orphan);
+    const ExpectedBox refused{about_missing.c_str(), 33, L"Gestión", IDCANCEL};
+    const ExpectedBox accepted{about_missing.c_str(), 33, L"Gestión"};
+    const ExpectedBox created{L"Carpeta creada con éxito.", 64, L"Gestión"};
+    const ExpectedBox failed{
+        L"Error 76\r (No se encontró la ruta de acceso) en procedimiento ExisteCarpeta del "
+        L"Formulario frmOptions.",
+        16, L"kovrel"};
+    for (const Way way : every_way) {
+        const auto ask = [&](const std::wstring& path, bool create, bool tell,
+                             const std::vector<ExpectedBox>& boxes) {
+            const Answer answer = call_in(way, profile_.get(), L"ExisteCarpeta",
+                                          {Variant(path), Variant(create), Variant(tell)}, boxes);
+            EXPECT_EQ(answer.result, S_OK);
+            // The arguments are not written to.
+            EXPECT_EQ(answer.arguments.at(0).to_text(), path);
+            return shown(answer.value);
+        };
+        const std::string yes = shown(Variant(true));
+        const std::string no = shown(Variant(false));
+        EXPECT_EQ(ask(missing, false, true, {}), no);
+        EXPECT_EQ(ask(missing, true, true, {refused}), no);
+        EXPECT_FALSE(std::filesystem::exists(missing));
+        EXPECT_EQ(ask(missing, true, true, {accepted, created}), yes);
+        EXPECT_EQ(ask(missing, true, true, {}), yes);
+        EXPECT_TRUE(std::filesystem::remove(missing));
+        EXPECT_EQ(ask(missing, true, false, {}), yes);
+        EXPECT_TRUE(std::filesystem::remove(missing));
+        EXPECT_EQ(ask(orphan, true, false, {failed}), no);
+        EXPECT_EQ(ask(orphan, true, true, {{about_orphan.c_str(), 33, L"Gestión"}, failed}), no);
+    }
 }
 
 TEST_F(ProfileAnySettings, Backslashes) {
@@ -287,6 +354,61 @@ TEST_F(ProfileAnySettings, TheCallersVariablesComeBackThroughTheCodePage) {
                                    LateArgument::variable(key)})),
               L"?? ñ");
     EXPECT_EQ(section.to_text(), L"?");
+}
+
+TEST_F(ProfileAnySettings, TextsComeBackThroughTheCodePageInEveryWayThatWritesBack) {
+    BoxWatcher no_box;
+    for (const Way way : ways_that_write_back) {
+        SCOPED_TRACE(name_of(way));
+        const Variant file(folder_ / L"\u4e2d.ini");
+        const Variant text(L"\u4e2d ñ");
+        const Answer saved = call_in(way, profile_.get(), L"GuardarIni", {file, text, text, text});
+        EXPECT_EQ(saved.result, S_OK);
+        const Answer read = call_in(way, profile_.get(), L"LeerIni", {file, text, text, text});
+        // A file of such a name cannot be there: the default is the value.
+        EXPECT_EQ(shown(read.value), "texto ? ñ");
+        for (const Answer& answer : {saved, read}) {
+            EXPECT_EQ(narrow(answer.arguments.at(0).to_text()), narrow(folder_ / L"?.ini"));
+            EXPECT_EQ(narrow(answer.arguments.at(1).to_text()), "? ñ");
+            EXPECT_EQ(narrow(answer.arguments.at(2).to_text()), "? ñ");
+        }
+        EXPECT_EQ(narrow(saved.arguments.at(3).to_text()), "? ñ");
+        // The default is no text of the call's.
+        EXPECT_EQ(read.arguments.at(3).to_text(), L"\u4e2d ñ");
+    }
+}
+
+TEST_F(ProfileAnySettings, PathsInEveryWayOfCalling) {
+    BoxWatcher no_box;
+    const std::wstring file = folder_.write(L"Factura nº 1.txt", "x");
+    const std::string folder = narrow(L"texto " + folder_.path());
+    for (const Way way : every_way) {
+        const auto of = [&](const wchar_t* member, const std::wstring& path) {
+            const Answer answer = call_in(way, profile_.get(), member, {Variant(path)});
+            EXPECT_EQ(answer.result, S_OK);
+            EXPECT_EQ(answer.arguments.at(0).to_text(), path);
+            return shown(answer.value);
+        };
+        EXPECT_EQ(of(L"AñadirBackSlash", folder_.path()), folder + "\\");
+        EXPECT_EQ(of(L"QuitarBackSlash", folder_.path() + L"\\"), folder);
+        EXPECT_EQ(of(L"RutadeArchivo", file), folder + "\\");
+        EXPECT_EQ(of(L"RutadeArchivo", folder_ / L"falta"), folder + "\\falta\\");
+    }
+}
+
+TEST_F(ProfileAnySettings, AFailedReadingLeavesTheVariablesAlone) {
+    const std::wstring omega = L"\u03c9";
+    for (const Way way : every_way) {
+        const Answer answer = call_in(
+            way, profile_.get(), L"LeerIni",
+            {Variant(folder_ / L"v.ini"), Variant(omega), Variant(omega), Variant::null()},
+            {{L"Error 94\r (Uso no válido de Null) en procedimiento LeerIni del Módulo clsProfile.",
+              16, L"kovrel"}});
+        EXPECT_EQ(answer.result, S_OK);
+        EXPECT_EQ(shown(answer.value), "texto ");
+        EXPECT_EQ(answer.arguments.at(1).to_text(), omega);
+        EXPECT_EQ(answer.arguments.at(2).to_text(), omega);
+    }
 }
 
 TEST_F(ProfileAnySettings, AWriteThatFailsIsSilent) {

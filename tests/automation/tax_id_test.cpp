@@ -1,8 +1,8 @@
 // clsFGen's tax identifiers, as hosts call them, with their real boxes.
 #include <gtest/gtest.h>
 
+#include "tests/automation/box_lines.h"
 #include "tests/automation/early.h"
-#include "tests/support/box_watcher.h"
 
 namespace kovrel::test {
 namespace {
@@ -114,10 +114,11 @@ TEST_F(TaxIds, TextsOfAnyLength) {
     const std::wstring result = verify(longest.c_str());
     EXPECT_EQ(result.size(), 40000U);
     EXPECT_EQ(result.back(), L'T');
-    ASSERT_EQ(boxes.seen().size(), 2U);
-    EXPECT_EQ(narrow(boxes.seen()[0].text),
-              narrow(L"Error 6\r (Desbordamiento) en procedimiento QuitaCaracteresyEspacios del "
-                     L"Módulo de clase clsFGen."));
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(L"16|kovrel|Error 6\\r (Desbordamiento) en procedimiento "
+                            L"QuitaCaracteresyEspacios del Módulo de clase clsFGen.|1"),
+                     narrow(L"48|Error en la letra del N.I.F.|La letra del N.I.F. '1' es "
+                            L"incorrecta y será sustituida por la correcta: 'T'|1")}));
 }
 
 TEST_F(TaxIds, LettersOfNumbers) {

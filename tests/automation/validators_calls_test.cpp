@@ -19,6 +19,16 @@ TEST_F(Validators, FieldsThatLackAMember) {
         expect_boxes(comparison.member, {object(field), object(bare)},
                      {failure_line(no_member, comparison.member)}, false);
     }
+    // The other field's name is asked for when there is something to tell.
+    for (const Comparison& comparison : comparisons) {
+        const auto field =
+            make_field(Variant(comparison.fails_when_less ? L"31/12/2023" : L"02/01/2024"));
+        const auto other = make_field(Variant(L"01/01/2024"));
+        other->remove(L"Tag");
+        expect_boxes(comparison.member, {object(field), object(other)},
+                     {failure_line(no_member, comparison.member)}, false);
+        EXPECT_EQ(field->calls_of(L"SetFocus()"), 0U);
+    }
     const auto nameless = make_field(Variant(L""));
     nameless->remove(L"Tag");
     expect_boxes(L"Requerido", {object(nameless)}, {failure_line(no_member, L"Requerido")}, false);
@@ -109,6 +119,21 @@ TEST_F(Validators, ADefaultValueThatIsAnotherObject) {
     expect_boxes(L"Requerido", {object(endless)},
                  {failure_line(L"13\\r (No coinciden los tipos", L"Requerido")}, false);
     EXPECT_EQ(endless->references(), 1U);
+}
+
+TEST_F(Validators, TheHostsOwnCatalogueTells) {
+    const auto catalogue = create(L"Kovrel.clsMensajes");
+    put(catalogue.get(), L"AppOrigen", Variant(L"Otra"));
+    ASSERT_EQ(put(general_.get(), L"Mensajes", Variant(catalogue), DISPATCH_PROPERTYPUTREF).result,
+              S_OK);
+    expect_boxes(L"Requerido", {object(make_field(Variant(L"")))},
+                 {narrow(L"48|Otra|El dato  \"Nombre\" no puede quedar vacío.|1")});
+    // The boxes of the validators' own keep the name of their instance.
+    expect_boxes(L"ValidateComboALista", {object(make_combo(Variant::null(), L"Lon", 3))},
+                 {list_box});
+    put(general_.get(), L"AppOrigen", Variant(L""));
+    expect_boxes(L"ValidateComboALista", {object(make_combo(Variant::null(), L"Lon", 0))},
+                 {narrow(L"48||¡Valor no válido para este campo!|1")});
 }
 
 TEST_F(Validators, WithoutACatalogueTheFailureIsTold) {

@@ -1,6 +1,8 @@
 // clsFGen's field validators as hosts call them: what passes, what is told, where the focus goes.
 #include "tests/automation/validators.h"
 
+#include "tests/automation/import_patch.h"
+
 namespace kovrel::test {
 namespace {
 
@@ -221,6 +223,37 @@ TEST_F(Validators, ADataComboMustMatchItsList) {
     combo->fails(L"SetFocus", failure(5, L"El control no puede recibir el foco"));
     expect_boxes(L"ValidateDataComboALista", {object(combo)},
                  {choose_box, failure_line(no_focus, L"ValidateDataComboALista")}, false);
+}
+
+std::vector<std::pair<WORD, DWORD>> strokes;
+
+UINT WINAPI note_strokes(UINT count, INPUT* inputs, int /*size*/) {
+    for (UINT index = 0; index < count; ++index) {
+        strokes.emplace_back(inputs[index].ki.wVk, inputs[index].ki.dwFlags);
+    }
+    return count;
+}
+
+TEST_F(Validators, AThreadWithoutWindowsSendsTheKeyToWhateverIsInFront) {
+    const ImportPatch patch(L"kovrel.dll", "SendInput", reinterpret_cast<void*>(&note_strokes));
+    ASSERT_TRUE(patch.in_place());
+    ASSERT_EQ(GetActiveWindow(), nullptr);
+    const auto combo = make_combo(Variant(L"Lon"), L"Lon", 3);
+    const auto expect_key = [&] {
+        strokes.clear();
+        expect_boxes(L"ValidateDataComboALista", {object(combo)}, {choose_box});
+        EXPECT_EQ(strokes,
+                  (std::vector<std::pair<WORD, DWORD>>{{VK_F4, 0}, {VK_F4, KEYEVENTF_KEYUP}}));
+    };
+    combo->fails(L"DropDown", failure(5, L"La lista no se abre"));
+    expect_key();
+    combo->remove(L"DropDown");
+    expect_key();
+    // A list that opens needs no key.
+    combo->method(L"DropDown");
+    strokes.clear();
+    expect_boxes(L"ValidateDataComboALista", {object(combo)}, {choose_box});
+    EXPECT_TRUE(strokes.empty());
 }
 
 }  // namespace
