@@ -67,9 +67,9 @@ void clsADODBServices::PutImageInField(const ComPtr<IDispatch>& f, const std::ws
 ComPtr<IPictureDisp> clsADODBServices::GetImageFromField(const ComPtr<IDispatch>& f) {
     ComPtr<IPictureDisp> picture;
     std::wstring path;
-    // Runs a step; false when its failure ends the procedure. After one over the picture itself
-    // the next step follows.
-    const auto goes_on_after = [&path](auto&& step) {
+    // Runs a step; false when its failure ends the procedure, without a picture. After one over the
+    // picture itself the next step follows.
+    const auto goes_on_after = [&](auto&& step) {
         try {
             step();
             return true;
@@ -80,6 +80,7 @@ ComPtr<IPictureDisp> clsADODBServices::GetImageFromField(const ComPtr<IDispatch>
                 return true;
             }
             attempt([&] { delete_file(path); });
+            picture = nullptr;
             return false;
         }
     };
