@@ -29,6 +29,7 @@ std::wstring last_text;
 struct ThreadState {
     Random random{1};
     std::function<void()> event;
+    std::function<void()> look;
     HWND worked = nullptr;
     int steps = 0;  // made in the window
     bool hasty = false;
@@ -124,6 +125,7 @@ void work_windows() {
 }
 
 BOOL WINAPI peek_message(MSG* message, HWND window, UINT first, UINT last, UINT remove) {
+    if (state().look) state().look();
     let_event_happen();
     work_windows();
     return PeekMessageW(message, window, first, last, remove);
@@ -239,6 +241,10 @@ long Unattended::window_steps() {
 
 void Unattended::on_next_event(std::function<void()> event) {
     state().event = std::move(event);
+}
+
+void Unattended::on_every_look(std::function<void()> action) {
+    state().look = std::move(action);
 }
 
 std::vector<HWND> own_windows() {

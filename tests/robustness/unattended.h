@@ -34,6 +34,8 @@ class Unattended {
     /// Runs within the library's next message loop on this thread, box or dialog, before anything
     /// is answered; once.
     static void on_next_event(std::function<void()> event);
+    /// Runs whenever the library looks for a message on this thread.
+    static void on_every_look(std::function<void()> action);
 
  private:
     struct Patches;
