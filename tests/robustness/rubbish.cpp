@@ -156,12 +156,12 @@ VARTYPE Rubbish::variable_type() {
     return random.any_of(variable_types);
 }
 
-Variant Rubbish::object() {
+Variant Rubbish::object(bool tame) {
     if (!other_objects.empty() && random.one_in(6)) {
         return Variant(ComPtr<IDispatch>(random.any_of(other_objects)));
     }
     if (random.one_in(8)) return Variant(ComPtr<IDispatch>());
-    return Variant(ComPtr<IDispatch>::attach(new RubbishObject(*this)));
+    return Variant(ComPtr<IDispatch>::attach(new RubbishObject(*this, tame)));
 }
 
 Variant Rubbish::value_of(VARTYPE type, bool tame) {
@@ -174,9 +174,9 @@ Variant Rubbish::value_of(VARTYPE type, bool tame) {
             }
             return Variant(text(tame));
         case VT_DISPATCH:
-            return object();
+            return object(tame);
         case VT_UNKNOWN:
-            result = object();
+            result = object(tame);
             result.vt = VT_UNKNOWN;
             return result;
         case VT_R8:
@@ -276,7 +276,7 @@ Variant Rubbish::value(bool tame) {
             return value_of(VT_BSTR, tame);
         case 7:
         case 8:
-            return object();
+            return object(tame);
         case 9:
             if (random.one_in(5)) {
                 Variant careless;

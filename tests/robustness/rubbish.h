@@ -28,7 +28,7 @@ class Rubbish {
     /// A type that a variable can have.
     VARTYPE variable_type();
     std::wstring text(bool tame = false);
-    Variant object();
+    Variant object(bool tame = false);
 
     Random random;
     /// Objects of others that may be passed, like the library's own.
@@ -44,7 +44,7 @@ class Rubbish {
 /// failures only, so that whoever asks until he hears something comes to an end.
 class RubbishObject final : public IDispatch {
  public:
-    explicit RubbishObject(Rubbish& source);
+    RubbishObject(Rubbish& source, bool tame);
     RubbishObject(const RubbishObject&) = delete;
     RubbishObject& operator=(const RubbishObject&) = delete;
 
@@ -71,6 +71,7 @@ class RubbishObject final : public IDispatch {
     Rubbish& source_;
     ULONG references_ = 1;
     int calls_ = 0;
+    const bool tame_;  // in what it answers
     const bool wild_;
     const bool dispatch_;  // else an object of another interface alone
     std::vector<std::wstring> names_;

@@ -36,8 +36,11 @@ HRESULT CALLBACK fill_in_later(EXCEPINFO* exception) {
 
 }  // namespace
 
-RubbishObject::RubbishObject(Rubbish& source)
-    : source_(source), wild_(source.random.one_in(3)), dispatch_(!source.random.one_in(12)) {
+RubbishObject::RubbishObject(Rubbish& source, bool tame)
+    : source_(source),
+      tame_(tame),
+      wild_(source.random.one_in(3)),
+      dispatch_(!source.random.one_in(12)) {
     ++objects_alive;
 }
 
@@ -116,7 +119,7 @@ Variant RubbishObject::sensible(const std::wstring& name) {
         return Variant(static_cast<std::int32_t>(random.below(12)));
     }
     if (is(L"ActualSize")) return Variant(static_cast<std::int32_t>(random.below(50'000)));
-    if (is(L"Errors") || is(L"Fields") || is(L"Item")) return source_.object();
+    if (is(L"Errors") || is(L"Fields") || is(L"Item")) return source_.object(tame_);
     if (is(L"GetChunk") || is(L"Value") || is(L"GetRows")) {
         const bool rows = is(L"GetRows");
         SAFEARRAYBOUND bounds[2] = {{static_cast<ULONG>(1 + random.below(4)), 0},
@@ -126,7 +129,7 @@ Variant RubbishObject::sensible(const std::wstring& name) {
         if (array.parray != nullptr) array.vt = VT_ARRAY | (rows ? VT_VARIANT : VT_UI1);
         return array;
     }
-    if (random.one_in(2)) return Variant(source_.text());
+    if (random.one_in(2)) return Variant(source_.text(tame_));
     return Variant(static_cast<double>(random.below(100)));
 }
 
@@ -154,11 +157,11 @@ HRESULT RubbishObject::Invoke(DISPID member, REFIID /*id*/, LCID /*locale*/, WOR
     const bool named = member > 0 && static_cast<std::size_t>(member) <= names_.size();
     const bool reads = (flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) != 0;
     if (wild_ ? random.one_in(2) : random.one_in(12)) {
-        give(*result, source_.value());
+        give(*result, source_.value(tame_));
     } else if (reads && named) {
         give(*result, sensible(names_[static_cast<std::size_t>(member - 1)]));
     } else if (reads) {
-        give(*result, random.one_in(2) ? Variant(source_.text()) : source_.value());
+        give(*result, random.one_in(2) ? Variant(source_.text(tame_)) : source_.value(tame_));
     }
     return S_OK;
 }
