@@ -51,7 +51,7 @@ TEST(RandomCalls, DoNoHarm) {
     EXPECT_GT(fuzzer.inner_calls(), calls_wanted / 100);
     EXPECT_GT(Unattended::boxes(), calls_wanted / 100);
     // The system keeps some memory of windows, fonts and files of its own.
-    Resources::now().expect_no_more_than(before, 6 * 1024 * 1024);
+    Resources::now().expect_no_more_than(before, 512 * 1024);
 }
 
 }  // namespace

@@ -93,6 +93,9 @@ const OwnMember& OwnClass::member(const std::wstring& wanted, WORD kind) const {
 OwnLibrary::OwnLibrary()
     : module_(LoadLibraryW(KOVREL_OWN_LIBRARY)), classes_(read_classes(KOVREL_OWN_LIBRARY)) {
     if (module_ == nullptr || classes_.empty()) std::abort();
+    // What is given back is not kept for the next text of its length, some megabytes of them: the
+    // tests count what the process has. The compiler's headers lack the function.
+    entry<void(STDAPICALLTYPE*)()>(GetModuleHandleW(L"oleaut32.dll"), "SetOaNoCache")();
 }
 
 const OwnLibrary& OwnLibrary::get() {
