@@ -54,15 +54,25 @@ std::wstring full_path(const std::wstring& path) {
     }
 }
 
-/// The path in the form that has no length limit, where it is so long that it needs it.
+/// The system counts the bytes of a path in 16 bits, and not every one looks before it counts.
+void check_length(const std::wstring& path) {
+    constexpr std::size_t longest = 32'767;
+    if (path.size() > longest) raise(ERROR_FILENAME_EXCED_RANGE);
+}
+
+/// The path in the form that has no limit but the system's own, where it is so long that it needs
+/// it.
 std::wstring unlimited(const std::wstring& path) {
     // The least of the limits, that for new folders: room for a short file name is kept.
     constexpr std::size_t limit = MAX_PATH - 12;
+    check_length(path);
     if (path.starts_with(LR"(\\?\)") || path.starts_with(LR"(\\.\)")) return path;
     const std::wstring full = full_path(path);
     if (full.size() < limit) return path;
-    if (full.starts_with(LR"(\\)")) return LR"(\\?\UNC)" + full.substr(1);
-    return LR"(\\?\)" + full;
+    const std::wstring result =
+        full.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + full.substr(1) : LR"(\\?\)" + full;
+    check_length(result);
+    return result;
 }
 
 bool drive_is_missing(const std::wstring& path) {

@@ -228,6 +228,22 @@ TEST_F(ProfileAnySettings, AFileOfADriveThatDoesNotExistIsAFailure) {
                             L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
 }
 
+TEST_F(ProfileAnySettings, APathThatIsLongerThanAnySystemsIsAFailure) {
+    for (const std::size_t length : {std::size_t{32'768}, std::size_t{65'536}}) {
+        for (const wchar_t* const begin : {L"", L"C:\\", L"\\\\?\\C:\\"}) {
+            const std::wstring path = begin + std::wstring(length, L'x') + L"\\*";
+            BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+            EXPECT_EQ(folder_of(path), L"");
+            EXPECT_FALSE(exists(path, true, false));
+            const std::wstring failure =
+                L"16|kovrel|Error 52\\r (Nombre o número de archivo incorrecto) en procedimiento ";
+            EXPECT_EQ(lines_of(boxes),
+                      (Lines{narrow(failure + L"RutadeArchivo del Módulo de clase clsProfile.|1"),
+                             narrow(failure + L"ExisteCarpeta del Formulario frmOptions.|1")}));
+        }
+    }
+}
+
 TEST_F(ProfileAnySettings, FoldersInEveryWayOfCalling) {
     const std::wstring missing = folder_ / L"nueva";
     const std::wstring orphan = folder_ / L"falta\\nueva";
