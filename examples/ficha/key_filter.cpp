@@ -14,7 +14,7 @@ KeyFilter::KeyFilter(HWND text_box, const kovrel::HostObject& general, Accepts a
 }
 
 LRESULT CALLBACK KeyFilter::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                      UINT_PTR /*id*/, DWORD_PTR owner) {
+                                      UINT_PTR id, DWORD_PTR owner) {
     // Control characters are the text box's own: Ctrl+C, Ctrl+V, Backspace.
     if (message == WM_CHAR && wparam >= L' ') {
         const auto* const filter = reinterpret_cast<const KeyFilter*>(owner);
@@ -22,6 +22,8 @@ LRESULT CALLBACK KeyFilter::procedure(HWND window, UINT message, WPARAM wparam, 
         if (key == 0) return 0;
         wparam = key;
     }
+    // The system would keep what it noted of the filter after the text box is gone.
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, &procedure, id);
     return DefSubclassProc(window, message, wparam, lparam);
 }
 

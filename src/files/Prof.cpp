@@ -6,7 +6,11 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <new>
+#include <string>
+#include <utility>
 
+#include "automation/per_thread.h"
 #include "files/ansi_text.h"
 #include "runtime/failure.h"
 
@@ -25,11 +29,28 @@ struct ReleaseItem {
     void operator()(ITEMIDLIST* item) const noexcept { CoTaskMemFree(item); }
 };
 
-/// `initial_folder` is the text of where the browser opens, in the system code page.
+/// Where the browser opens, in the system code page: set by each browse for its callback, which is
+/// passed nothing.
+PerThread<std::string> initial_folders;
+
+struct InitialFolder {
+    explicit InitialFolder(std::string folder) { initial_folders.set(std::move(folder)); }
+    InitialFolder(const InitialFolder&) = delete;
+    InitialFolder& operator=(const InitialFolder&) = delete;
+    ~InitialFolder() { initial_folders.clear(); }
+};
+
 int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
-                                LPARAM initial_folder) {
+                                LPARAM /*data*/) noexcept {
     if (message == BFFM_INITIALIZED) {
-        SendMessageA(browser, BFFM_SETSELECTIONA, TRUE, initial_folder);
+        try {
+            const std::string folder = initial_folders.get();
+            SendMessageA(browser, BFFM_SETSELECTIONA, TRUE,
+                         reinterpret_cast<LPARAM>(folder.c_str()));
+        } catch (const std::bad_alloc&) {
+            // The browser opens where it likes.
+            return 0;
+        }
     } else if (message == BFFM_SELCHANGED) {
         PathBuffer path = blank_buffer();
         if (SHGetPathFromIDListA(reinterpret_cast<const ITEMIDLIST*>(parameter), path.data())) {
@@ -43,7 +64,7 @@ int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
 
 std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
                                std::wstring_view initial_folder) {
-    const std::string folder = to_ansi(initial_folder);
+    const InitialFolder folder(to_ansi(initial_folder));
     const std::string title = to_ansi(prompt);
     BROWSEINFOA record{};
     // Window handles fit in 32 bits, and grow to 64 with their sign.
@@ -51,7 +72,6 @@ std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
     record.lpszTitle = title.c_str();
     record.ulFlags = BIF_RETURNONLYFSDIRS;
     record.lpfn = &on_browser_message;
-    record.lParam = reinterpret_cast<LPARAM>(folder.c_str());
     const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(SHBrowseForFolderA(&record));
     if (!item) return {};
     PathBuffer path = blank_buffer();

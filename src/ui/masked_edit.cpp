@@ -1,11 +1,10 @@
 #include "ui/masked_edit.h"
 
-#include <commctrl.h>
-
 #include <array>
 
 #include "automation/boundary.h"
 #include "automation/variant.h"
+#include "ui/subclass.h"
 
 namespace kovrel {
 namespace {
@@ -160,7 +159,9 @@ void MaskedEdit::regroup() {
 }
 
 LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
-    const auto by_default = [&] { return DefSubclassProc(text_box_, message, wparam, lparam); };
+    const auto by_default = [&] {
+        return pass_on(&MaskedEdit::procedure, subclass_id, text_box_, message, wparam, lparam);
+    };
     switch (message) {
         case WM_CHAR: {
             const auto character = static_cast<wchar_t>(wparam);

@@ -1,7 +1,7 @@
 // A window's events: the messages that reach it, its picture boxes and its controls.
 #include <windows.h>
-#include <commctrl.h>
 
+#include "ui/subclass.h"
 #include "ui/window.h"
 
 namespace kovrel {
@@ -177,7 +177,7 @@ LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, L
 }
 
 LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                     UINT_PTR /*id*/, DWORD_PTR owner) {
+                                     UINT_PTR id, DWORD_PTR owner) {
     auto* const self = reinterpret_cast<Window*>(owner);
     if (message == WM_SETFOCUS) self->last_focus_ = window;
     if (message == WM_KEYDOWN && self->ready_) {
@@ -188,7 +188,7 @@ LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, L
             return 0;
         }
     }
-    const LRESULT result = DefSubclassProc(window, message, wparam, lparam);
+    const LRESULT result = pass_on(&Window::watch_focus, id, window, message, wparam, lparam);
     if (message == WM_KILLFOCUS && self->ready_) {
         self->focus_moved(window, reinterpret_cast<HWND>(wparam));
     }

@@ -63,7 +63,6 @@ std::optional<SeenBox> read_box(HWND window) {
         return std::nullopt;
     }
     SeenBox box;
-    box.title = text_of(window);
     int icon = 0;
     std::vector<Control> buttons;
     for (const Control& control : controls_of(window)) {
@@ -83,6 +82,8 @@ std::optional<SeenBox> read_box(HWND window) {
     }
     // A box on its way has no text yet, and one of a busy process does not tell it.
     if (box.text.empty() || buttons.empty()) return std::nullopt;
+    // It gets its title before its text, and none where it is to have none.
+    box.title = text_of(window);
     std::sort(buttons.begin(), buttons.end(), [](const Control& left, const Control& right) {
         return left.bounds.left < right.bounds.left;
     });

@@ -11,11 +11,11 @@ namespace kovrel::test {
 namespace {
 
 /// Memory that runs out: of the library's large requests only the first ones are granted.
-class ScarceMemory {
+class LimitedMemory {
  public:
     static constexpr std::size_t large = std::size_t{1} << 20;
 
-    explicit ScarceMemory(int granted) { left = granted; }
+    explicit LimitedMemory(int granted) { left = granted; }
     [[nodiscard]] bool in_place() const { return patch_.in_place(); }
     /// That something was refused.
     [[nodiscard]] static bool ran_out() { return left < 0; }
@@ -41,7 +41,7 @@ struct Case {
 };
 
 std::vector<Case> cases() {
-    const Variant text(std::wstring(ScarceMemory::large, L'a'));
+    const Variant text(std::wstring(LimitedMemory::large, L'a'));
     const Variant word(L"x");
     const std::string nothing = shown(Variant());
     return {
@@ -96,25 +96,25 @@ std::vector<Case> cases() {
     };
 }
 
-class ScarceMemoryAnySettings : public testing::TestWithParam<Way> {};
+class LimitedMemoryAnySettings : public testing::TestWithParam<Way> {};
 
-TEST_P(ScarceMemoryAnySettings, IsToldByTheProcedureThatRanOut) {
+TEST_P(LimitedMemoryAnySettings, IsToldByTheProcedureThatRanOut) {
     for (const Case& one : cases()) {
         const auto object = create(one.class_name);
-        const ScarceMemory memory(one.for_the_call);
+        const LimitedMemory memory(one.for_the_call);
         ASSERT_TRUE(memory.in_place());
         const Answer answer = call_in(GetParam(), object.get(), one.member, one.arguments,
                                       {{one.box, 16, L"kovrel"}});
         EXPECT_EQ(answer.result, S_OK);
         EXPECT_EQ(shown(answer.value), one.result);
-        EXPECT_TRUE(ScarceMemory::ran_out());
+        EXPECT_TRUE(LimitedMemory::ran_out());
     }
 }
 
-TEST_P(ScarceMemoryAnySettings, IsAFailureOfTheCallWhereItsArgumentsDoNotFit) {
+TEST_P(LimitedMemoryAnySettings, IsAFailureOfTheCallWhereItsArgumentsDoNotFit) {
     for (const Case& one : cases()) {
         const auto object = create(one.class_name);
-        const ScarceMemory memory(0);
+        const LimitedMemory memory(0);
         ASSERT_TRUE(memory.in_place());
         const Answer answer = call_in(GetParam(), object.get(), one.member, one.arguments,
                                       std::vector<ExpectedBox>{});
@@ -123,7 +123,7 @@ TEST_P(ScarceMemoryAnySettings, IsAFailureOfTheCallWhereItsArgumentsDoNotFit) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ScarceMemoryAnySettings, testing::ValuesIn(every_way));
+INSTANTIATE_TEST_SUITE_P(All, LimitedMemoryAnySettings, testing::ValuesIn(every_way));
 
 }  // namespace
 }  // namespace kovrel::test
