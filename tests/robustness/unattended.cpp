@@ -138,7 +138,8 @@ int WINAPI message_box(HWND /*owner*/, LPCWSTR text, LPCWSTR title, UINT style) 
     if (std::wcslen(text) + std::wcslen(title) == 0) return 0;
     {
         const std::scoped_lock lock(guard);
-        last_text = text;
+        constexpr std::size_t enough = 200;
+        last_text.assign(text, wcsnlen(text, enough));
     }
     Random& random = state().random;
     switch (style & MB_TYPEMASK) {

@@ -26,7 +26,7 @@ class Unattended {
     static void close_at_once();
     /// Boxes that would have been shown up to now, by all threads.
     static long boxes();
-    /// The text of the last of them.
+    /// The text of the last of them, or its beginning.
     static std::wstring last_box();
     /// Messages that the library's own modal windows have got from here, on all threads.
     static long window_steps();

@@ -62,11 +62,14 @@ LOGFONTW font_of(HWND control) {
 }
 
 // Outer size, and wait until the controls have followed.
+/// To another size than it has.
 void resize_and_settle(HWND dialog, int width, int height) {
+    const RECT before = inner(dialog);
     resize(dialog, width, height);
     EXPECT_TRUE(wait_until([&] {
         ask(dialog, WM_NULL);
-        return bounds_in(strip(dialog), dialog).bottom == inner(dialog).bottom;
+        const RECT now = inner(dialog);
+        return !EqualRect(&now, &before) && bounds_in(strip(dialog), dialog).bottom == now.bottom;
     }));
 }
 
