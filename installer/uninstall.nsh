@@ -50,6 +50,24 @@ Function un.UnregisterOrFail
     ${EndIf}
 FunctionEnd
 
+; Pictures on their way into records lie beside the library as eight digits with ".tmp", and some of
+; them stay there.
+Function un.DeletePictures
+    FindFirst $0 $1 "$INSTDIR\$Bitness\????????.tmp"
+    ${DoWhile} $1 != ""
+        ; A number as it is written once more is the name only if the name is one. Its first digit
+        ; keeps the noughts that follow from meaning another base.
+        StrCpy $2 $1 8
+        IntOp $3 "1$2" - 100000000
+        IntFmt $3 "%08d.tmp" $3
+        ${If} $3 == $1
+            Delete "$INSTDIR\$Bitness\$1"
+        ${EndIf}
+        FindNext $0 $1
+    ${Loop}
+    FindClose $0
+FunctionEnd
+
 Section un.Kovrel
     retry:
     Call un.FindBusyFile
@@ -59,6 +77,7 @@ Section un.Kovrel
         Abort
     ${EndIf}
     !insertmacro OnBothBitnesses un.UnregisterOrFail
+    !insertmacro OnBothBitnesses un.DeletePictures
     Call un.DeleteFiles
     ReadRegStr $KeptFolder SHCTX "${ENTRY}" KeptFolder
     StrCpy $0 $INSTDIR
