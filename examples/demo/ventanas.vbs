@@ -1,5 +1,6 @@
 ' Muestra una de las ventanas de la biblioteca.
-'   cscript //nologo ventanas.vbs mensaje|letra|progreso|fecha|verificador|abrir
+'   cscript //nologo ventanas.vbs mensaje|letra|progreso|fecha|verificador
+'   cscript //nologo ventanas.vbs abrir CARPETA
 Option Explicit
 
 Dim general, n, texto
@@ -30,5 +31,6 @@ Select Case WScript.Arguments(0)
     Case "abrir"
         Dim archivo
         Set archivo = CreateObject("Kovrel.cgsFileOpR")
+        archivo.InitDir = WScript.Arguments(1)
         WScript.Echo archivo.ShowOpen("", "Abrir una factura", "Facturas (*.txt)|*.txt")
 End Select

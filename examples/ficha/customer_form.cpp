@@ -88,8 +88,8 @@ void CustomerForm::load() {
     add_text(IDC_TAX_ID, L"NIF", 14);
     add_text(IDC_POSTAL_CODE, L"Código postal", 5);
     add_text(IDC_ACCOUNT, L"Cuenta", 20, L"20 dígitos");
-    add_text(IDC_START, L"Fecha de alta", 10, L"dd/mm/aaaa");
-    add_text(IDC_END, L"Fecha de baja", 10, L"dd/mm/aaaa");
+    add_text(IDC_START, L"fecha de alta", 10, L"dd/mm/aaaa");
+    add_text(IDC_END, L"fecha de baja", 10, L"dd/mm/aaaa");
     add_text(IDC_BALANCE, L"Saldo", 15);
     fields_[IDC_PAYMENT] =
         kovrel::test::wrap_combo(GetDlgItem(window_, IDC_PAYMENT), L"Forma de pago");

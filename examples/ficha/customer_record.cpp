@@ -19,6 +19,11 @@ constexpr std::array field_names{L"Nombre",        L"NIF",           L"Código p
 constexpr std::int32_t text_size = 60;
 constexpr std::int32_t photograph_size = 4'000'000;
 
+/// As databases compare the names of fields: without regard to case.
+bool is_same_name(const wchar_t* one, const wchar_t* other) {
+    return CompareStringOrdinal(one, -1, other, -1, TRUE) == CSTR_EQUAL;
+}
+
 ComPtr<IDispatch> open_recordset(const std::vector<AdoField>& fields) {
     ComPtr<IDispatch> recordset = kovrel::test::make_recordset(fields);
     if (!recordset) throw NoDatabase();
@@ -45,8 +50,9 @@ HostObject CustomerRecord::field(std::size_t index) const {
 
 void CustomerRecord::store(const std::vector<Value>& values) {
     for (const Value& value : values) {
-        const auto* const found =
-            std::find(field_names.begin(), field_names.end(), std::wstring_view(value.field));
+        const auto* const found = std::find_if(
+            field_names.begin(), field_names.end(),
+            [&](const wchar_t* name) { return is_same_name(name, value.field.c_str()); });
         if (found == field_names.end()) continue;
         field(static_cast<std::size_t>(found - field_names.begin()))
             .put(L"Value", Variant(value.text));

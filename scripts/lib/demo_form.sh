@@ -14,14 +14,6 @@ draw_photograph() {
         -quality 90 "$1"
 }
 
-# fill KEY... TEXT: presses keys and types a text over what the field holds.
-fill() {
-    local text=${!#}
-    press "${@:1:$#-1}"
-    press ctrl+a
-    xdotool type "$text"
-}
-
 # told NAME TITLE KEY...: leaves a field, keeps the picture of what the user is told, and answers.
 told() {
     local name=$1 title=$2 box
@@ -63,15 +55,19 @@ fill_form() {
 
 choose_photograph() {
     local dialog
-    draw_photograph "$demo/fotografia.jpg"
     press alt+e
     dialog=$(window_named 'Elegir la fotografía' "$form_program")
     patiently "the dialog did not come to the front" is_in_front "$dialog"
-    xdotool type "$(windows_path "$demo/fotografia.jpg")"
+    xdotool type "ana.jpg"
     keep_picture ficha-abrir "$dialog" "$form"
     press Return
     patiently "the dialog did not close" is_gone "$dialog"
     keep_picture ficha-fotografia "$form"
+}
+
+save_form() {
+    press alt+g
+    keep_picture ficha-guardada "$form"
 }
 
 export_form() {
@@ -92,13 +88,17 @@ export_form() {
 show_customer_form() {
     say "a customer form, worked with the keyboard alone"
     hide_pointer
-    wine "$build/x64-test/examples/ficha.exe" "$(windows_path "$demo/exportado")" \
-        </dev/null >/dev/null 2>&1 9>&- &
+    mkdir "$demo/fotografias"
+    draw_photograph "$demo/fotografias/ana.jpg"
+    # The open-file dialog begins in the folder that the form is started in.
+    (cd "$demo/fotografias" && exec wine "$build/x64-test/examples/ficha.exe" \
+        "$(windows_path "$demo/exportado")" </dev/null >/dev/null 2>&1 9>&-) &
     form_program=$!
     form=$(window_named 'Ficha de cliente' "$form_program")
     keep_picture ficha-vacia "$form"
     fill_form
     choose_photograph
+    save_form
     export_form
     patiently "the form did not come back" is_in_front "$form"
     press Escape

@@ -40,11 +40,15 @@ frame_of() {
         END { printf "%dx%d+%d+%d", width + left + right, height + top + bottom, x - left, y - top }'
 }
 
+bring_to_front() {
+    xdotool windowactivate --sync "$1" 2>/dev/null || true
+    patiently "\"$(xdotool getwindowname "$1")\" did not come to the front" is_in_front "$1"
+}
+
 # keep_picture NAME WINDOW [AREA]: keeps what the screen shows of a window that has come to the
 # front, or of the area of another one that lies behind it.
 keep_picture() {
-    xdotool windowactivate --sync "$2" 2>/dev/null || true
-    patiently "\"$1\" did not come to the front" is_in_front "$2"
+    bring_to_front "$2"
     # Drawn, also what the program draws a moment after the window has come.
     sleep 0.7
     import -window root -crop "$(frame_of "${3:-$2}")" +repage "$demo/$1.png"
@@ -52,6 +56,14 @@ keep_picture() {
 }
 
 press() { xdotool key --clearmodifiers "$@"; }
+
+# fill KEY... TEXT: presses keys and types a text over what the field holds.
+fill() {
+    local text=${!#}
+    press "${@:1:$#-1}"
+    press ctrl+a
+    xdotool type "$text"
+}
 
 # The pointer out of the way: what lies under it is drawn differently.
 hide_pointer() { xdotool mousemove 1279 1023; }

@@ -23,7 +23,8 @@ stage_package() {
     for part in x86 x64 include; do
         if [ -d "$root/dist/$part" ]; then cp -r "$root/dist/$part" "$folder/$part"; fi
     done
-    for file in README.md docs/guia.md docs/referencia.md docs/imagenes; do
+    for file in README.md docs/guia.md docs/referencia.md docs/imagenes \
+        examples/cpp/recibo.cpp examples/cpp/recibo.exe.manifest.in; do
         if [ -e "$root/$file" ]; then (cd "$root" && cp -r --parents "$file" "$folder"); fi
     done
     find "$folder" -type f -exec chmod 644 {} +

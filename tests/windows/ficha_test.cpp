@@ -155,7 +155,7 @@ TEST_F(Ficha, DatesAreFilteredCheckedAndAsked) {
     press_key('B', Modifier::alt);
     type(IDC_END, L"14/03/2024");
     EXPECT_EQ(leave_to_box(),
-              "48|Clientes|La Fecha de baja debe ser posterior o igual a la Fecha de alta.|1");
+              "48|Clientes|La fecha de baja debe ser posterior o igual a la fecha de alta.|1");
     type(IDC_END, L"15/03/2024");
     leave_to(IDC_ASK_END);
 
