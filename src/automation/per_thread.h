@@ -1,5 +1,4 @@
-// A value for each thread, where hosts of two apartments may be at the same work: their windows,
-// and what a callback of the system's is not told.
+// A value for each thread, since hosts of two apartments may be at the same work at once.
 #pragma once
 
 #include <windows.h>

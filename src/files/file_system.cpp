@@ -54,9 +54,10 @@ std::wstring full_path(const std::wstring& path) {
     }
 }
 
-/// The system counts the bytes of a path in 16 bits, and not every one looks before it counts.
+/// The system counts the bytes of a path in 16 bits, and not every one looks before it counts: room
+/// is left for the prefix that it puts before the path and the zero after it.
 void check_length(const std::wstring& path) {
-    constexpr std::size_t longest = 32'767;
+    constexpr std::size_t longest = 32'750;
     if (path.size() > longest) raise(ERROR_FILENAME_EXCED_RANGE);
 }
 

@@ -87,15 +87,22 @@ void Window::show_modal() {
     const auto alive = shared_from_this();
     if (visible()) throw Failure(FailureNumber::form_already_shown);
     load();
-    ModalScope scope(handle_);
-    modal_ = &scope;
+    std::optional<ModalScope> scope;
+    try {
+        scope.emplace(handle_);
+    } catch (...) {
+        // Nobody else would.
+        unload();
+        throw;
+    }
+    modal_ = &*scope;
     HWND const window = handle_;
     ShowWindow(window, SW_SHOW);
     SetForegroundWindow(window);
     run_modal_loop(window);
     modal_ = nullptr;
-    scope.release();
-    scope.restore_focus();
+    scope->release();
+    scope->restore_focus();
 }
 
 void Window::unload() noexcept {

@@ -97,10 +97,6 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_CLOSE:
             closing();
             return 0;
-        case WM_SHOWWINDOW:
-            // A modal loop looks again whether the window is still there.
-            PostMessageW(nullptr, WM_NULL, 0, 0);
-            break;
         case WM_DPICHANGED:
             rescale(HIWORD(wparam), *reinterpret_cast<const RECT*>(lparam));
             return 0;
@@ -109,7 +105,6 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             break;
         case WM_DESTROY:
             ready_ = false;
-            PostMessageW(nullptr, WM_NULL, 0, 0);
             form_unload();
             return 0;
         default:

@@ -228,8 +228,9 @@ TEST_F(ProfileAnySettings, AFileOfADriveThatDoesNotExistIsAFailure) {
                             L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
 }
 
-TEST_F(ProfileAnySettings, APathThatIsLongerThanAnySystemsIsAFailure) {
-    for (const std::size_t length : {std::size_t{32'768}, std::size_t{65'536}}) {
+TEST_F(ProfileAnySettings, APathThatIsLongerThanSystemsTakeIsAFailure) {
+    for (const std::size_t length :
+         {std::size_t{32'748}, std::size_t{32'768}, std::size_t{65'536}}) {
         for (const wchar_t* const begin : {L"", L"C:\\", L"\\\\?\\C:\\"}) {
             const std::wstring path = begin + std::wstring(length, L'x') + L"\\*";
             BoxWatcher boxes({answer(IDOK), answer(IDOK)});

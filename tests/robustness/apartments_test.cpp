@@ -191,5 +191,31 @@ TEST(TwoApartments, EachHasItsWindows) {
     EXPECT_EQ(library.can_unload(), S_OK);
 }
 
+TEST(TwoApartments, EachBrowsesFromItsOwnFolder) {
+    const Workplace workplace;
+    const Unattended unattended;
+    const OwnLibrary& library = OwnLibrary::get();
+    std::atomic<int> wrong{0};
+    Turns turns;
+    on_two_threads([&](int number) {
+        const auto thread = static_cast<std::size_t>(number) - 1;
+        turns.begin(thread);
+        Unattended::on_every_look([&] { turns.pass(thread); });
+        const OwnClass& profile = library.named(L"clsProfile");
+        const auto instance = library.create(profile);
+        for (int round = 0; round < 20; ++round) {
+            const std::string folder =
+                "C:\\hilo" + std::to_string(number) + "\\" + std::to_string(round);
+            call_member(instance.get(), profile.member(L"BrowseForFolder", DISPATCH_METHOD),
+                        {Variant(0), Variant(L"Elija"),
+                         Variant(std::wstring(folder.begin(), folder.end()))});
+            if (Unattended::browsed_from() != folder) ++wrong;
+        }
+        Unattended::on_every_look({});
+        turns.end(thread);
+    });
+    EXPECT_EQ(wrong, 0);
+}
+
 }  // namespace
 }  // namespace kovrel::test

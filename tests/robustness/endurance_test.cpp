@@ -81,6 +81,7 @@ TEST(Endurance, HundredsOfWindows) {
     const OwnLibrary& library = OwnLibrary::get();
     SensibleHost host;
     const auto round = [&] {
+        announce("windows opened over and over");
         for (const auto& [name, member_name] : {std::pair{L"clsFFechas", L"PideFecha"},
                                                 {L"clsMensajes", L"MsgFormA"},
                                                 {L"clsFGen", L"LanzaVerificadorNIFyCCC"},

@@ -32,8 +32,11 @@ void refuse_creation(const OwnClass& of_class, ScarceMemory::Refusal refusal) {
         const auto instance = library.create(of_class);
         const bool granted = ScarceMemory::grant_all() < request;
         EXPECT_EQ(static_cast<bool>(instance), granted) << narrow(of_class.name);
-        if (granted) return;
+        if (!granted) continue;
+        EXPECT_GT(request, 1U) << narrow(of_class.name);
+        return;
     }
+    ADD_FAILURE() << narrow(of_class.name) << " asks for memory without end";
 }
 
 TEST(WithoutMemory, CreationFailsCleanly) {
@@ -103,6 +106,9 @@ class EveryCall {
 TEST(WithoutMemory, EveryMemberFailsCleanly) {
     const Workplace workplace;
     const Unattended unattended;
+    // Modal windows have a window of the host's to disable.
+    HWND const host = CreateWindowW(L"STATIC", L"Anfitriona", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0,
+                                    0, 200, 100, nullptr, nullptr, nullptr, nullptr);
     ScarceMemory::warm_up(OwnLibrary::get().create(L"clsFGen").get());
     const ScarceMemory memory;
     EveryCall calls;
@@ -117,6 +123,8 @@ TEST(WithoutMemory, EveryMemberFailsCleanly) {
         }
         Workplace::remove_pictures();
     }
+    EXPECT_NE(IsWindowEnabled(host), FALSE);
+    DestroyWindow(host);
     std::printf("%zu members, %zu requests, %ld boxes\n", members, requests, Unattended::boxes());
     EXPECT_GT(members, 140U);
     EXPECT_GT(requests, 700U);

@@ -108,6 +108,7 @@ TEST_F(Reentry, TheLastReferenceIsGivenUpDuringTheCall) {
 }
 
 TEST_F(Reentry, WaitsWithinWaitsEnd) {
+    announce("waits within waits");
     const Outer& wait = outers.front();
     auto outermost = library_.create(L"clsFGen");
     int depth = 0;
@@ -125,6 +126,7 @@ TEST_F(Reentry, WaitsWithinWaitsEnd) {
 
 TEST_F(Reentry, ASecondWindowOfAKindIsRefusedOrOpenedAndBothAreClosed) {
     for (const Outer& outer : {outers[1], outers[2], outers[3]}) {
+        announce(narrow(outer.member) + std::string(" within itself"));
         auto first = library_.create(outer.of_class);
         auto second = library_.create(outer.of_class);
         const long boxes = Unattended::boxes();
@@ -187,6 +189,7 @@ TEST_F(Reentry, FromAMessageOfTheHostsOwnWindow) {
     description.lpszClassName = L"Host.Work";
     RegisterClassW(&description);
     for (const Outer& outer : {outers[0], outers[1], outers[2], outers[3]}) {
+        announce(narrow(outer.member) + std::string(" with a message of the host's"));
         auto instance = library_.create(outer.of_class);
         HWND const window = CreateWindowW(L"Host.Work", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                           nullptr, nullptr);

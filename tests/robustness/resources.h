@@ -65,6 +65,8 @@ struct Resources {
     /// `slack` is for memory alone, in bytes; a few handles come and go with the system's threads.
     void expect_no_more_than(const Resources& before, SIZE_T slack) const {
         constexpr DWORD few = 10;
+        ASSERT_GT(before.bytes, 0U);
+        ASSERT_GT(before.handles, 0U);
         EXPECT_LE(bytes, before.bytes + slack) << "memory";
         EXPECT_LE(handles, before.handles + few);
         EXPECT_LE(graphics, before.graphics + few);

@@ -30,6 +30,7 @@ struct ThreadState {
     Random random{1};
     std::function<void()> event;
     std::function<void()> look;
+    std::string browsed_from;
     HWND worked = nullptr;
     int steps = 0;  // made in the window
     bool hasty = false;
@@ -169,10 +170,18 @@ BOOL WINAPI open_dialog(OPENFILENAMEA* record) {
     return TRUE;
 }
 
+LRESULT CALLBACK note_selection(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message != BFFM_SETSELECTIONA) return DefWindowProcW(window, message, wparam, lparam);
+    state().browsed_from = reinterpret_cast<const char*>(lparam);
+    return 0;
+}
+
 LPITEMIDLIST WINAPI browse(BROWSEINFOA* record) {
     let_event_happen();
     HWND const browser =
         CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    SetWindowLongPtrW(browser, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&note_selection));
+    if (state().look) state().look();
     record->lpfn(browser, BFFM_INITIALIZED, 0, record->lParam);
     DestroyWindow(browser);
     if (state().random.one_in(2)) return nullptr;
@@ -242,6 +251,10 @@ long Unattended::window_steps() {
 
 void Unattended::on_next_event(std::function<void()> event) {
     state().event = std::move(event);
+}
+
+std::string Unattended::browsed_from() {
+    return state().browsed_from;
 }
 
 void Unattended::on_every_look(std::function<void()> action) {

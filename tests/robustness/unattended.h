@@ -34,7 +34,11 @@ class Unattended {
     /// Runs within the library's next message loop on this thread, box or dialog, before anything
     /// is answered; once.
     static void on_next_event(std::function<void()> event);
-    /// Runs whenever the library looks for a message on this thread.
+    /// The folder that this thread's last folder browser was to begin at.
+    static std::string browsed_from();
+
+    /// Runs whenever the library looks for a message on this thread, and before a folder browser is
+    /// told where to begin.
     static void on_every_look(std::function<void()> action);
 
  private:
