@@ -50,6 +50,7 @@ TEST(RandomCalls, DoNoHarm) {
     EXPECT_GT(fuzzer.succeeded(), calls_wanted / 5);
     EXPECT_GT(fuzzer.inner_calls(), calls_wanted / 100);
     EXPECT_GT(Unattended::boxes(), calls_wanted / 100);
+    EXPECT_GT(Unattended::window_steps(), calls_wanted / 1'000);
     // The system keeps some memory of windows, fonts and settings files of its own, which does not
     // grow with the calls.
     Resources::now().expect_no_more_than(before, 1024 * 1024);
