@@ -4,12 +4,18 @@
 #include <windows.h>
 #include <olectl.h>
 
+#include <array>
 #include <kovrel.h>
+#include <utility>
 
 #include "tests/support/ado_recordset.h"
 
 namespace kovrel::test {
 namespace {
+
+constexpr std::array every_kind{
+    std::pair{L"photo.jpg", PICTYPE_BITMAP}, std::pair{L"photo.gif", PICTYPE_BITMAP},
+    std::pair{L"photo.bmp", PICTYPE_BITMAP}, std::pair{L"icon.ico", PICTYPE_ICON}};
 
 TEST_F(Images, AWholeFileIsStored) {
     BoxWatcher no_box;
@@ -164,9 +170,7 @@ TEST_F(Images, APhotographComesBackThroughBothPairs) {
 
 TEST_F(Images, EveryKindOfPictureIsLoaded) {
     BoxWatcher no_box;
-    for (const auto& [name, type] :
-         {std::pair{L"photo.jpg", PICTYPE_BITMAP}, std::pair{L"photo.gif", PICTYPE_BITMAP},
-          std::pair{L"photo.bmp", PICTYPE_BITMAP}, std::pair{L"icon.ico", PICTYPE_ICON}}) {
+    for (const auto& [name, type] : every_kind) {
         SCOPED_TRACE(narrow(name));
         Field field;
         store(field.argument(), picture_file(name));
@@ -262,9 +266,7 @@ TEST_F(Images, APictureIsStoredAndItsFileStays) {
 
 TEST_F(Images, EveryKindOfPictureIsStored) {
     BoxWatcher no_box;
-    for (const auto& [name, type] :
-         {std::pair{L"photo.jpg", PICTYPE_BITMAP}, std::pair{L"photo.gif", PICTYPE_BITMAP},
-          std::pair{L"photo.bmp", PICTYPE_BITMAP}, std::pair{L"icon.ico", PICTYPE_ICON}}) {
+    for (const auto& [name, type] : every_kind) {
         SCOPED_TRACE(narrow(name));
         Field source;
         store(source.argument(), picture_file(name));

@@ -1,16 +1,4 @@
 ' The calendar from VBScript: results, variables written to, failures.
-Option Explicit
-Dim count
-count = 0
-
-Sub Check(what, found, wanted)
-    If VarType(found) <> VarType(wanted) Or found <> wanted Then
-        WScript.Echo "MAL " & what & ": " & TypeName(found) & " " & found & " en vez de " & wanted
-        WScript.Quit 1
-    End If
-    count = count + 1
-End Sub
-
 Dim calendar, month_number, year_number
 Set calendar = CreateObject("Kovrel.clsFFechas")
 

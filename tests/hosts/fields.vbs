@@ -1,16 +1,4 @@
 ' Objects of a script's own go into the library: fields, combo boxes, record sets, connections.
-Option Explicit
-Dim count
-count = 0
-
-Sub Check(what, found, wanted)
-    If found <> wanted Then
-        WScript.Echo "MAL " & what & ": " & found & " en vez de " & wanted
-        WScript.Quit 1
-    End If
-    count = count + 1
-End Sub
-
 Class Field
     Public Tag
     Public MaxLength
@@ -138,10 +126,10 @@ Check "CargaComboDeRecordset", general.CargaComboDeRecordset(combobox, rows), Tr
 Check "elementos", combobox.Items, "fila 0 campo 0;fila 1 campo 0;fila 2 campo 0;"
 combobox.ColumnCount = 1
 Check "cargaComboMSForms", general.cargaComboMSFormsDeRecordset(combobox, rows, 0), True
-Check "columnas", combobox.ColumnCount, 2
+Check "columnas", combobox.ColumnCount, CLng(2)
 list = combobox.List
 Check "celda", list(2, 1), "fila 2"
-Check "filas", UBound(list, 1), 2
+Check "filas", UBound(list, 1), CLng(2)
 
 Dim images
 Set images = CreateObject("Kovrel.clsADODBServices")

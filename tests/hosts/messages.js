@@ -1,14 +1,4 @@
 // The catalogue of messages from JScript: the same boxes as from VBScript.
-var count = 0;
-
-function check(what, found, wanted) {
-    if (found !== wanted) {
-        WScript.Echo("MAL " + what + ": " + typeof found + " " + found + " en vez de " + wanted);
-        WScript.Quit(1);
-    }
-    count++;
-}
-
 var messages = new ActiveXObject("Kovrel.clsMensajes");
 messages.MsjProcesoCancelado();
 messages.AppOrigen = "Gestión";

@@ -1,16 +1,4 @@
 ' The catalogue of messages from VBScript.
-Option Explicit
-Dim count
-count = 0
-
-Sub Check(what, found, wanted)
-    If VarType(found) <> VarType(wanted) Or found <> wanted Then
-        WScript.Echo "MAL " & what & ": " & TypeName(found) & " " & found & " en vez de " & wanted
-        WScript.Quit 1
-    End If
-    count = count + 1
-End Sub
-
 Dim messages, field_name, total, current
 Set messages = CreateObject("Kovrel.clsMensajes")
 messages.MsjProcesoCancelado

@@ -1,21 +1,9 @@
-' El progreso desde un guion: variables por referencia, argumentos omitidos, sin ventana.
-Option Explicit
-Dim count
-count = 0
-
-Sub Check(what, found, wanted)
-    If TypeName(found) <> TypeName(wanted) Or found <> wanted Then
-        WScript.Echo "MAL " & what & ": " & TypeName(found) & " " & found & " en vez de " & wanted
-        WScript.Quit 1
-    End If
-    count = count + 1
-End Sub
-
+' Progress from a script: variables by reference, arguments left out, without a window.
 Dim general, percentage, message
 Set general = CreateObject("Kovrel.clsFGen")
 general.AppOrigen = "Clientes"
 
-' Antes de abrirla no hay ventana que mover, y cerrarla no hace nada.
+' Before it is opened there is no window to move, and closing it does nothing.
 general.BarraProgresoActualiza 10, "Nada"
 general.BarraProgresoFinaliza
 Check "cancelada sin ventana", general.BarraProgresoCancelada(), False
@@ -32,7 +20,7 @@ Check "cancelada", general.BarraProgresoCancelada(), False
 general.BarraProgresoFinaliza
 general.BarraProgresoFinaliza
 
-' Por nombre en otra variable, de texto.
+' With a text in the variable of the percentage.
 percentage = "40"
 general.BarraProgresoInicia "Otra", "Texto"
 general.BarraProgresoActualiza percentage

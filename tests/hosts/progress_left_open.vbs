@@ -1,5 +1,4 @@
-' Un guion que termina con la ventana de progreso abierta.
-Option Explicit
+' A script that ends with the progress window open.
 Dim general
 Set general = CreateObject("Kovrel.clsFGen")
 general.BarraProgresoInicia "Recibos", "Se generan", True

@@ -2,7 +2,8 @@
 # Runs a script in a real script host and judges it: run_script.sh WINE ANSWERER SCRIPT [BOXES].
 #   WINE      the Wine loader of the bitness wanted (it decides which cscript runs)
 #   ANSWERER  box_answerer.exe of the same bitness
-#   SCRIPT    .vbs or .js in UTF-8; the host reads it in the ANSI code page
+#   SCRIPT    .vbs or .js in UTF-8; the host reads it in the ANSI code page, with checks.vbs or
+#             checks.js before it
 #   BOXES     the boxes it must show, one a line: style|title|text|pressed (\r, \n, \\ in texts)
 # cscript exits 0 when a script fails, so the last line printed must be "N comprobaciones
 # correctas". The script finds the log of boxes shown so far, in UTF-8, as its first argument, and
@@ -17,7 +18,7 @@ trap 'rm -rf "$work"' EXIT
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
 copy="$work/$(basename "$script")"
-sed 's/\r*$/\r/' "$script" | iconv -f UTF-8 -t CP1252 >"$copy"
+cat "$(dirname "$0")/checks.${script##*.}" "$script" | sed 's/\r*$/\r/' | iconv -f UTF-8 -t CP1252 >"$copy"
 mkdir "$work/files"
 : >"$work/log"
 if [ -n "$boxes" ]; then

@@ -1,16 +1,5 @@
 ' The runner: boxes are answered and logged, accents survive, the bitness is the one asked for.
-Option Explicit
-Dim count, log, stream
-count = 0
-
-Sub Check(what, found, wanted)
-    If found <> wanted Then
-        WScript.Echo "MAL " & what & ": " & found & " en vez de " & wanted
-        WScript.Quit 1
-    End If
-    count = count + 1
-End Sub
-
+Dim log, stream
 Check "Aceptar", MsgBox("Año nuevo" & Chr(13) & "segunda línea", 48, "Título"), 1
 Check "No", MsgBox("¿Seguir?", 36, "Pregunta"), 7
 Check "Cancelar", MsgBox("C:\ruta", 33, "Barra | vertical"), 2

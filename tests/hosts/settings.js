@@ -1,14 +1,4 @@
 // INI files and path texts from JScript, in the folder that the runner gives.
-var count = 0;
-
-function check(what, found, wanted) {
-    if (found !== wanted) {
-        WScript.Echo("MAL " + what + ": " + typeof found + " " + found + " en vez de " + wanted);
-        WScript.Quit(1);
-    }
-    count++;
-}
-
 var files = new ActiveXObject("Kovrel.cgsFileOpR");
 var ini = files.AddBackSlash(WScript.Arguments(1)) + "ajustes.ini";
 check("sin valor", files.GetSetting(ini, "General", "Título"), "");

@@ -1,16 +1,4 @@
 ' INI files and path texts from VBScript, in the folder that the runner gives.
-Option Explicit
-Dim count
-count = 0
-
-Sub Check(what, found, wanted)
-    If VarType(found) <> VarType(wanted) Or found <> wanted Then
-        WScript.Echo "MAL " & what & ": " & TypeName(found) & " " & found & " en vez de " & wanted
-        WScript.Quit 1
-    End If
-    count = count + 1
-End Sub
-
 Dim files, ini
 Set files = CreateObject("Kovrel.cgsFileOpR")
 ini = files.AddBackSlash(WScript.Arguments(1)) & "ajustes.ini"

@@ -1,16 +1,4 @@
 ' SQL literals from VBScript.
-Option Explicit
-Dim count
-count = 0
-
-Sub Check(what, found, wanted)
-    If VarType(found) <> VarType(wanted) Or found <> wanted Then
-        WScript.Echo "MAL " & what & ": " & TypeName(found) & " " & found & " en vez de " & wanted
-        WScript.Quit 1
-    End If
-    count = count + 1
-End Sub
-
 Dim literals, amount, day
 Set literals = CreateObject("Kovrel.clsCSQL")
 literals.AppOrigen = "Consultas"

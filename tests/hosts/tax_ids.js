@@ -1,14 +1,4 @@
 // Tax identifiers and bank codes from JScript.
-var count = 0;
-
-function check(what, found, wanted) {
-    if (found !== wanted) {
-        WScript.Echo("MAL " + what + ": " + typeof found + " " + found + " en vez de " + wanted);
-        WScript.Quit(1);
-    }
-    count++;
-}
-
 var classes = ["clsFGen", "clsFFechas", "clsCSQL", "clsMensajes", "cgsFileOpR", "clsProfile",
                "clsADODBServices", "clsFZip"];
 for (var i = 0; i < classes.length; i++) {

@@ -1,16 +1,4 @@
 ' Tax identifiers and bank codes from VBScript, with the boxes that explain them.
-Option Explicit
-Dim count
-count = 0
-
-Sub Check(what, found, wanted)
-    If VarType(found) <> VarType(wanted) Or found <> wanted Then
-        WScript.Echo "MAL " & what & ": " & TypeName(found) & " " & found & " en vez de " & wanted
-        WScript.Quit 1
-    End If
-    count = count + 1
-End Sub
-
 Dim class_name, instance
 For Each class_name In Array("clsFGen", "clsFFechas", "clsCSQL", "clsMensajes", "cgsFileOpR", _
                              "clsProfile", "clsADODBServices", "clsFZip")

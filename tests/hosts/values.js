@@ -1,14 +1,4 @@
 // Values, words, dates and SQL literals from JScript.
-var count = 0;
-
-function check(what, found, wanted) {
-    if (found !== wanted) {
-        WScript.Echo("MAL " + what + ": " + typeof found + " " + found + " en vez de " + wanted);
-        WScript.Quit(1);
-    }
-    count++;
-}
-
 var general = new ActiveXObject("Kovrel.clsFGen");
 check("Nz de null", general.Nz(null, "nada"), "nada");
 check("Nz de undefined", general.Nz(undefined), 0);

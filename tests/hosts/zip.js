@@ -1,16 +1,7 @@
 // clsFZip from JScript, whose arrays are objects.
-var count = 0;
 var folder = WScript.Arguments(1);
 var files = new ActiveXObject("Scripting.FileSystemObject");
 var zip = new ActiveXObject("Kovrel.clsFZip");
-
-function check(what, found, wanted) {
-  if (found !== wanted) {
-    WScript.Echo("MAL " + what + ": " + found + " en vez de " + wanted);
-    WScript.Quit(1);
-  }
-  count++;
-}
 
 function written(name, text) {
   var file = files.CreateTextFile(folder + "\\" + name);

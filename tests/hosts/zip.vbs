@@ -1,19 +1,9 @@
 ' clsFZip from VBScript, which passes an array where the record of names is expected.
-Option Explicit
-Dim count, files, folder, zip, names(99), i, list
-count = 0
+Dim files, folder, zip, names(99), i, list
 Set files = CreateObject("Scripting.FileSystemObject")
 folder = WScript.Arguments(1)
 Set zip = CreateObject("Kovrel.clsFZip")
 zip.AppOrigen = "Copias"
-
-Sub Check(what, found, wanted)
-    If found <> wanted Then
-        WScript.Echo "MAL " & what & ": " & found & " en vez de " & wanted
-        WScript.Quit 1
-    End If
-    count = count + 1
-End Sub
 
 Function Written(name, text)
     Dim file

@@ -1,0 +1,13 @@
+' What the runner puts before every VBScript test: a value must be the one wanted, type included.
+Option Explicit
+Dim count
+count = 0
+
+Sub Check(what, found, wanted)
+    If VarType(found) <> VarType(wanted) Or found <> wanted Then
+        WScript.Echo "MAL " & what & ": " & TypeName(found) & " " & found & " en vez de " & wanted
+        WScript.Quit 1
+    End If
+    count = count + 1
+End Sub
+
