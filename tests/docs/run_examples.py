@@ -44,18 +44,18 @@ def run(script, name, work, tools):
     text = script.text().encode("cp1252", errors="ignore").decode("cp1252")
     file = work / f"{name}.{script.language.extension}"
     file.write_text(text, encoding="utf-8")
-    command = [runner, wine, answerer, str(file)]
+    boxes = "-"
     if script.boxes:
-        expected = work / f"{name}.boxes"
-        expected.write_text("\n".join(script.boxes) + "\n", encoding="utf-8")
-        command.append(str(expected))
+        boxes = work / f"{name}.boxes"
+        boxes.write_text("\n".join(script.boxes) + "\n", encoding="utf-8")
     helper = None
     if script.steps:
         steps = work / f"{name}.steps"
         steps.write_text("\n".join(script.steps) + "\n", encoding="utf-8")
         helper = subprocess.Popen([wine, windows_path(worker), windows_path(steps),
                                    str(LIMIT_SECONDS)])
-    result = subprocess.run(command, check=False, stdout=subprocess.PIPE, text=True)
+    result = subprocess.run([runner, wine, answerer, str(boxes), str(file)], check=False,
+                            stdout=subprocess.PIPE, text=True)
     print(result.stdout, end="", flush=True)
     if helper is not None:
         try:

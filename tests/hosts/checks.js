@@ -1,4 +1,4 @@
-// What the runner puts before every JScript test: a value must be the one wanted, type included.
+// Stands before every JScript test: a value must be the one wanted, type included.
 var count = 0;
 
 function check(what, found, wanted) {

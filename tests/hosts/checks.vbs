@@ -1,4 +1,4 @@
-' What the runner puts before every VBScript test: a value must be the one wanted, type included.
+' Stands before every VBScript test: a value must be the one wanted, type included.
 Option Explicit
 Dim count
 count = 0

@@ -1,6 +1,7 @@
 # kovrel_host_test(name script [BOXES file]): runs a script in the script host of this
-# configuration's bitness and registers it as <flavour>.host.<name>. See run_script.sh for what the
-# script must print and what the file of boxes holds.
+# configuration's bitness, behind the folder's checks.vbs or checks.js, and registers it as
+# <flavour>.host.<name>. See run_script.sh for what the script must print and what the file of boxes
+# holds.
 if(KOVREL_FLAVOUR STREQUAL x64)
   set(KOVREL_HOST_WINE /usr/lib/wine/wine64)
 else()
@@ -10,12 +11,15 @@ endif()
 function(kovrel_host_test name script)
   cmake_parse_arguments(PARSE_ARGV 2 host "" "BOXES" "")
   get_filename_component(script ${script} ABSOLUTE)
+  get_filename_component(language ${script} EXT)
+  set(boxes -)
   if(host_BOXES)
-    get_filename_component(host_BOXES ${host_BOXES} ABSOLUTE)
+    get_filename_component(boxes ${host_BOXES} ABSOLUTE)
   endif()
   set(test ${KOVREL_FLAVOUR}.host.${name})
-  add_test(NAME ${test} COMMAND ${KOVREL_HOST_RUNNER} ${KOVREL_HOST_WINE}
-                                $<TARGET_FILE:box_answerer> ${script} ${host_BOXES})
+  add_test(NAME ${test}
+           COMMAND ${KOVREL_HOST_RUNNER} ${KOVREL_HOST_WINE} $<TARGET_FILE:box_answerer> ${boxes}
+                   ${CMAKE_CURRENT_SOURCE_DIR}/checks${language} ${script})
   set_tests_properties(${test} PROPERTIES TIMEOUT 120)
   if(host_BOXES)
     # A new box takes the keyboard from whatever another test is typing into.

@@ -1,27 +1,29 @@
 #!/bin/bash
-# Runs a script in a real script host and judges it: run_script.sh WINE ANSWERER SCRIPT [BOXES].
+# Runs a script in a real script host and judges it:
+# run_script.sh WINE ANSWERER BOXES SCRIPT...
 #   WINE      the Wine loader of the bitness wanted (it decides which cscript runs)
 #   ANSWERER  box_answerer.exe of the same bitness
-#   SCRIPT    .vbs or .js in UTF-8; the host reads it in the ANSI code page, with checks.vbs or
-#             checks.js before it
-#   BOXES     the boxes it must show, one a line: style|title|text|pressed (\r, \n, \\ in texts)
+#   BOXES     the boxes it must show, one a line: style|title|text|pressed (\r, \n, \\ in texts);
+#             "-" for none
+#   SCRIPT... .vbs or .js in UTF-8, one behind the other; the host reads them in the ANSI code page
 # cscript exits 0 when a script fails, so the last line printed must be "N comprobaciones
 # correctas". The script finds the log of boxes shown so far, in UTF-8, as its first argument, and
 # a folder of its own for files as its second.
 set -euo pipefail
 
-wine=$1 answerer=$2 script=$3 boxes=${4:-}
+wine=$1 answerer=$2 boxes=$3
+shift 3
 limit=${KOVREL_HOST_LIMIT:-90}
 work=$(mktemp -d "${TMPDIR:-/tmp}/kovrel-host.XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
-copy="$work/$(basename "$script")"
-cat "$(dirname "$0")/checks.${script##*.}" "$script" | sed 's/\r*$/\r/' | iconv -f UTF-8 -t CP1252 >"$copy"
+copy="$work/$(basename "${!#}")"
+cat "$@" | sed 's/\r*$/\r/' | iconv -f UTF-8 -t CP1252 >"$copy"
 mkdir "$work/files"
 : >"$work/log"
-if [ -n "$boxes" ]; then
+if [ "$boxes" != - ]; then
     sed 's/\r*$//' "$boxes" >"$work/expected"
 else
     : >"$work/expected"
