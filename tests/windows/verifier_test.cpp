@@ -91,9 +91,9 @@ TEST_F(Verifier, ShortValuesKeepTheFocusInSilence) {
         press_key(VK_TAB);
         controls.shows_marks("NIF aceptado");
         controls.has_focus(controls.account);
+        // The next key after the attempt still belongs to the field.
         press_key(VK_TAB, Modifier::shift);
-        controls.settle();
-        controls.has_focus(controls.account);
+        controls.type(controls.account, L"8", L"2100 08");
         controls.leave();
     });
 }

@@ -65,11 +65,6 @@ struct Controls {
         const auto selection = static_cast<DWORD>(ask(field, EM_GETSEL));
         return {LOWORD(selection), HIWORD(selection)};
     }
-    // All that the window has been sent so far has been dealt with.
-    void settle() const {
-        ask(window, WM_NULL);
-        ask(window, WM_NULL);
-    }
     void leave() const { PostMessageW(close, BM_CLICK, 0, 0); }
 
     HWND window;
