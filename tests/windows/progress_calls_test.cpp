@@ -34,8 +34,7 @@ TEST_F(Progress, EveryWayOfCallingItDoesTheSame) {
         EXPECT_TRUE(IsWindowVisible(base_of(window)));
         EXPECT_EQ(inner(header_of(window)).bottom, 100);
         EXPECT_EQ(outer(window).right - outer(window).left, 600);
-        EXPECT_EQ(outer(window).top, 100);
-        EXPECT_EQ(outer(window).left, 200);
+        is_at(window, 200, 100);
         const Answer updated =
             done(L"BarraProgresoActualiza", {Variant(std::int32_t{50}), Variant(L"Otro")});
         EXPECT_EQ(shown(updated.arguments.at(0)), "entero32 50");

@@ -72,8 +72,7 @@ TEST_F(Progress, SizesAndPlaceAreTwips) {
     HWND const window = only_window();
     EXPECT_EQ(inner(header_of(window)).bottom, 100);
     EXPECT_EQ(outer(window).right - outer(window).left, 600);
-    EXPECT_EQ(outer(window).top, 100);
-    EXPECT_EQ(outer(window).left, 200);
+    is_at(window, 200, 100);
 }
 
 TEST_F(Progress, TheAreasKeepTheirPlacesWhenTheWindowIsResized) {
@@ -105,20 +104,19 @@ TEST_F(Progress, TheAreasKeepTheirPlacesWhenTheWindowIsResized) {
 
 TEST_F(Progress, ZeroIsTheScreensCornerAndMinusOneTheDesign) {
     start({L"Esquina", L"Texto", false, 0, 0, 0, 0});
-    EXPECT_EQ(outer(only_window()).top, 0);
-    EXPECT_EQ(outer(only_window()).left, 0);
+    is_at(only_window(), 0, 0);
+    const RECT bounds = outer(only_window());
+    const int left = (GetSystemMetrics(SM_CXSCREEN) - (bounds.right - bounds.left)) / 2;
+    const int top = (GetSystemMetrics(SM_CYSCREEN) - (bounds.bottom - bounds.top)) / 2;
     finish();
     start({L"Centro", L"Texto", false, 0, 0, -1, -1});
-    const RECT design = outer(only_window());
-    EXPECT_GT(design.top, 100);
-    EXPECT_GT(design.left, 100);
+    is_at(only_window(), left, top);
     finish();
     start({L"Centro", L"Texto"});
-    EXPECT_TRUE(EqualRect(&design, std::array{outer(only_window())}.data()));
+    is_at(only_window(), left, top);
     finish();
     start({L"Media", L"Texto", false, 0, 0, 0, -1});
-    EXPECT_EQ(outer(only_window()).top, 0);
-    EXPECT_EQ(outer(only_window()).left, design.left);
+    is_at(only_window(), left, 0);
 }
 
 TEST_F(Progress, ALowHeaderHasALabelWithoutHeight) {

@@ -47,6 +47,12 @@ inline RECT outer(HWND window) {
     GetWindowRect(window, &bounds);
     return bounds;
 }
+// While the window manager puts its frame around a window, its place in the frame may pass for that
+// on the screen.
+inline void is_at(HWND window, int left, int top) {
+    EXPECT_TRUE(pump_until([&] { return outer(window).left == left && outer(window).top == top; }))
+        << outer(window).left << ", " << outer(window).top;
+}
 inline RECT inner(HWND window) {
     RECT bounds{};
     GetClientRect(window, &bounds);
