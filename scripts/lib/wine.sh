@@ -111,6 +111,13 @@ create_prefix() {
     prefix_recipe >"$prefix/.recipe"
 }
 
+# The desktop that all programs share. Otherwise the first one that needs it starts it, with that
+# program's own output, and whoever reads the output waits for as long as any other program runs.
+start_desktop() {
+    /usr/lib/wine/wine64 explorer /desktop </dev/null >/dev/null 2>&1 9>&- &
+    session_pids=($! "${session_pids[@]}")
+}
+
 start_wine_session() {
     trap end_wine_session EXIT
     trap 'exit 130' INT
@@ -124,6 +131,7 @@ start_wine_session() {
     if [ "$(cat "$prefix/.recipe" 2>/dev/null)" != "$(prefix_recipe)" ]; then create_prefix; fi
     # Stays alive between tests: a cold start costs seconds.
     wineserver -p 9>&-
+    start_desktop
     # Again at every start: Wine puts its own formats back when a program runs in another locale.
     import_registry_file "$root/scripts/lib/prefix.reg" || die "Wine does not run in build/wine"
 }
