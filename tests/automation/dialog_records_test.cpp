@@ -157,11 +157,11 @@ TEST_P(OpenRecordsAnySettings, EveryPropertyHasItsPlace) {
 TEST_P(OpenRecordsAnySettings, ArgumentsComeBeforeTheProperties) {
     set(L"DialogTitle", Variant(L"Antes"));
     const OpenRecord shown =
-        record_of({Variant(L"uno.txt"), Variant(L"Después"), Variant(L"Todo|*.*"),
+        record_of({Variant(L"uno.txt"), Variant(L"Después"), Variant(L"Textos|*.txt"),
                    Variant(std::int32_t{0x200}), Variant(std::int32_t{7})});
     EXPECT_EQ(shown.file, padded("uno.txt"));
     EXPECT_EQ(shown.title, "Despu\xE9s");
-    EXPECT_EQ(shown.filter, "Todo\0*.*\0\0"s);
+    EXPECT_EQ(shown.filter, "Textos\0*.txt\0\0"s);
     EXPECT_EQ(shown.record.Flags, 0x200U);
     EXPECT_EQ(shown.record.hwndOwner, reinterpret_cast<HWND>(std::intptr_t{7}));
     EXPECT_EQ(record_of({missing, Variant(L"")}).title, "Abrir");

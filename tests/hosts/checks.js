@@ -8,4 +8,3 @@ function check(what, found, wanted) {
     }
     count++;
 }
-

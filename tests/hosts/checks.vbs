@@ -10,4 +10,3 @@ Sub Check(what, found, wanted)
     End If
     count = count + 1
 End Sub
-
