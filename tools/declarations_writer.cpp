@@ -42,7 +42,7 @@ int wmain(int count, wchar_t** arguments) {
     }
     try {
         const bool is_64_bit = std::wstring_view(arguments[4]) == L"x86_64";
-        const kovrel::LibraryInfo& library = kovrel::library();
+        const kovrel::LibraryInfo& library = kovrel::library;
         CoInitialize(nullptr);
         kovrel::write_type_library(library, std::filesystem::absolute(arguments[1]).wstring(),
                                    is_64_bit ? SYS_WIN64 : SYS_WIN32);

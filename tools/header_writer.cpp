@@ -5,6 +5,7 @@
 
 #include "automation/bstr.h"
 #include "automation/registration.h"
+#include "automation/variant.h"
 #include "runtime/failure.h"
 
 namespace kovrel {
@@ -60,7 +61,7 @@ std::wstring type_name(const TypeRef& type) {
     if (type.picture) return L"IPictureDisp*";
     if (type.enumeration != nullptr) return type.enumeration->name;
     if (type.record != nullptr) return type.record->name;
-    if (type.instance_of != nullptr) return type.instance_of().interface_name + L'*';
+    if (type.instance_of != nullptr) return std::wstring(type.instance_of->interface_name) + L'*';
     switch (type.type) {
         case VT_UI1:
             return L"BYTE";
@@ -87,7 +88,7 @@ std::wstring type_name(const TypeRef& type) {
     }
 }
 
-std::wstring default_text(const Variant& value) {
+std::wstring default_text(const VARIANT& value) {
     switch (value.vt) {
         case VT_BSTR:
             return L'"' + std::wstring(text_of(value.bstrVal)) + L'"';
@@ -96,7 +97,7 @@ std::wstring default_text(const Variant& value) {
         case VT_DATE:
             return std::to_wstring(static_cast<long>(value.date));
         default:
-            return std::to_wstring(value.to_int32());
+            return std::to_wstring(Variant(value).to_int32());
     }
 }
 
@@ -122,7 +123,7 @@ const wchar_t* name_of(const ParameterInfo& parameter) {
 std::wstring parameter_text(const ParameterInfo& parameter) {
     std::wstring text = parameter.by_reference ? L"/* [in, out" : L"/* [in";
     if (parameter.optional) text += L", optional";
-    if (parameter.declared_default) {
+    if (parameter.declared_default != nullptr) {
         text += L", defaultvalue(" + default_text(*parameter.declared_default) + L')';
     }
     text += L"] */ " + type_name(parameter.type);

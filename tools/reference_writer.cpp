@@ -12,6 +12,7 @@
 #include <map>
 #include <set>
 
+#include "automation/variant.h"
 #include "frame/library.h"
 #include "reference_writer_notes.h"
 #include "reference_writer_signature.h"
@@ -63,8 +64,8 @@ std::string written_back(const MemberInfo& member) {
 std::string when_omitted(const MemberInfo& member) {
     std::string text;
     for (const ParameterInfo& parameter : member.parameters) {
-        if (!parameter.declared_default ||
-            parameter.declared_default->same_as(parameter.when_missing)) {
+        if (parameter.declared_default == nullptr ||
+            Variant(*parameter.declared_default).same_as(Variant(parameter.when_missing))) {
             continue;
         }
         text += (text.empty() ? "" : " ");
@@ -145,12 +146,12 @@ std::string whole_page(const std::filesystem::path& notes) {
     std::ifstream opening = open(notes / L"referencia.md");
     std::string page{std::istreambuf_iterator<char>(opening), {}};
     page += "\n";
-    for (const ClassInfo* info : library().classes) {
+    for (const ClassInfo* info : library.classes) {
         std::ifstream input = open(notes / (std::wstring(info->name) + L".md"));
         page += class_page(*info, parse_notes(input, utf8(info->name) + ".md"));
     }
-    for (const EnumInfo* info : library().enumerations) page += enumeration_page(*info);
-    for (const RecordInfo* info : library().records) page += record_page(*info);
+    for (const EnumInfo* info : library.enumerations) page += enumeration_page(*info);
+    for (const RecordInfo* info : library.records) page += record_page(*info);
     page.pop_back();  // a file ends with one line feed
     return page;
 }
@@ -158,7 +159,7 @@ std::string whole_page(const std::filesystem::path& notes) {
 /// A file of notes for a class that does not exist is a class that lost its pages.
 void check_files(const std::filesystem::path& notes) {
     std::set<std::wstring> expected{L"referencia.md"};
-    for (const ClassInfo* info : library().classes) {
+    for (const ClassInfo* info : library.classes) {
         expected.insert(std::wstring(info->name) + L".md");
     }
     for (const auto& entry : std::filesystem::directory_iterator(notes)) {

@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "automation/variant.h"
+
 namespace kovrel::reference {
 namespace {
 
@@ -13,7 +15,7 @@ std::string parameter_text(const ParameterInfo& parameter) {
     // The value that a property is given has no name of its own.
     text += parameter.name != nullptr ? utf8(parameter.name) : "valor";
     text += " As " + type_name(parameter.type);
-    if (parameter.declared_default) text += " = " + literal(*parameter.declared_default);
+    if (parameter.declared_default != nullptr) text += " = " + literal(*parameter.declared_default);
     return text;
 }
 
@@ -80,7 +82,7 @@ std::string signature_of(const Accessors& accessors) {
 std::string type_name(const TypeRef& type) {
     if (type.enumeration != nullptr) return utf8(type.enumeration->name);
     if (type.record != nullptr) return utf8(type.record->name);
-    if (type.instance_of != nullptr) return utf8(type.instance_of().name);
+    if (type.instance_of != nullptr) return utf8(type.instance_of->name);
     if (type.picture) return "IPictureDisp";
     switch (type.type) {
         case VT_BSTR:
@@ -108,7 +110,8 @@ std::string type_name(const TypeRef& type) {
     }
 }
 
-std::string literal(const Variant& value) {
+std::string literal(const VARIANT& constant) {
+    const Variant value(constant);
     switch (value.vt) {
         case VT_BSTR:
             return "\"" + utf8(value.to_text()) + "\"";

@@ -13,44 +13,28 @@ const MemberInfo* ClassInfo::Accessors::any() const noexcept {
     return nullptr;
 }
 
-void ClassInfo::index_members() {
-    for (const MemberInfo& member : members) {
-        const auto index = static_cast<std::size_t>(member.id - 1);
-        if (index >= by_id.size()) by_id.resize(index + 1);
-        Accessors& entry = by_id[index];
-        if (entry.any() == nullptr) by_name_.emplace_back(to_upper(member.name), member.id);
-        switch (member.kind) {
-            case MemberKind::method:
-                entry.method = &member;
-                break;
-            case MemberKind::property_get:
-                entry.get = &member;
-                break;
-            case MemberKind::property_put:
-                entry.put = &member;
-                break;
-            case MemberKind::property_put_object:
-                entry.put_object = &member;
-                break;
-        }
-    }
-    std::sort(by_name_.begin(), by_name_.end());
-}
-
 DISPID ClassInfo::find(std::wstring_view member) const {
     const std::wstring wanted = to_upper(member);
-    const auto found = std::lower_bound(
-        by_name_.begin(), by_name_.end(), wanted,
-        [](const auto& entry, const std::wstring& name) { return entry.first < name; });
-    return found != by_name_.end() && found->first == wanted ? found->second : DISPID_UNKNOWN;
+    // Below, at or above the wanted name, as the name of an id in capitals is.
+    const auto order = [&](std::uint16_t id) {
+        const std::wstring_view name = members[by_id[id - 1U]].name;
+        const auto pair =
+            std::mismatch(name.begin(), name.end(), wanted.begin(), wanted.end(),
+                          [](wchar_t own, wchar_t other) { return capital_in_name(own) == other; });
+        if (pair.first == name.end()) return pair.second == wanted.end() ? 0 : -1;
+        return pair.second == wanted.end() || capital_in_name(*pair.first) > *pair.second ? 1 : -1;
+    };
+    const auto found = std::partition_point(by_name.begin(), by_name.end(),
+                                            [&](std::uint16_t id) { return order(id) < 0; });
+    return found != by_name.end() && order(*found) == 0 ? *found : DISPID_UNKNOWN;
 }
 
 HRESULT ClassInfo::find_ids(LPOLESTR* names, UINT count, DISPID* ids) const {
     std::fill_n(ids, count, DISPID_UNKNOWN);
     ids[0] = names[0] == nullptr ? DISPID_UNKNOWN : find(names[0]);
-    const Accessors* const found = accessors(ids[0]);
+    const MemberInfo* const found = accessors(ids[0]).any();
     if (found == nullptr) return DISP_E_UNKNOWNNAME;
-    const auto& parameters = found->any()->parameters;
+    const auto& parameters = found->parameters;
     HRESULT result = S_OK;
     for (UINT index = 1; index < count; ++index) {
         const auto parameter =
@@ -66,9 +50,28 @@ HRESULT ClassInfo::find_ids(LPOLESTR* names, UINT count, DISPID* ids) const {
     return result;
 }
 
-const ClassInfo::Accessors* ClassInfo::accessors(DISPID id) const noexcept {
-    if (id < 1 || static_cast<std::size_t>(id) > by_id.size()) return nullptr;
-    return &by_id[static_cast<std::size_t>(id - 1)];
+ClassInfo::Accessors ClassInfo::accessors(DISPID id) const noexcept {
+    Accessors result;
+    if (id < 1 || static_cast<std::size_t>(id) > by_id.size()) return result;
+    // A property's accessors stand side by side.
+    for (const MemberInfo& member : members.subspan(by_id[static_cast<std::size_t>(id - 1)])) {
+        if (member.id != id) break;
+        switch (member.kind) {
+            case MemberKind::method:
+                result.method = &member;
+                break;
+            case MemberKind::property_get:
+                result.get = &member;
+                break;
+            case MemberKind::property_put:
+                result.put = &member;
+                break;
+            case MemberKind::property_put_object:
+                result.put_object = &member;
+                break;
+        }
+    }
+    return result;
 }
 
 }  // namespace kovrel

@@ -1,18 +1,14 @@
-// What a class declaration becomes: the one table that the vtable, late binding, the type library,
-// registration and the reference page are made from.
+// What a class declaration becomes: the tables that the vtable, late binding, the type library,
+// registration and the reference page are made from. They are read-only data of the module, since a
+// host may hold an object to the very end of the process, after the library was told of it.
 #pragma once
 
 #include <windows.h>
 #include <oleauto.h>
 
 #include <cstdint>
-#include <deque>
-#include <optional>
-#include <string>
+#include <span>
 #include <string_view>
-#include <vector>
-
-#include "automation/variant.h"
 
 namespace kovrel {
 
@@ -29,7 +25,7 @@ struct EnumInfo {
     const wchar_t* name;
     const wchar_t* help;
     GUID id;
-    std::vector<Value> values;
+    std::span<const Value> values;
 };
 
 /// A record of the type library with one field: a fixed array of texts.
@@ -46,37 +42,33 @@ struct TypeRef {
     VARTYPE type = VT_VOID;  ///< VT_USERDEFINED with one of the following
     const EnumInfo* enumeration = nullptr;
     const RecordInfo* record = nullptr;
-    const ClassInfo& (*instance_of)() = nullptr;  ///< the dual interface of another class
-    bool picture = false;                         ///< the platform's IPictureDisp
+    const ClassInfo* instance_of = nullptr;  ///< the dual interface of another class
+    bool picture = false;                    ///< the platform's IPictureDisp
 };
 
 struct ParameterInfo {
-    const wchar_t* name = nullptr;
-    TypeRef type;
-    bool by_reference = false;
-    bool written_back = false;  ///< by reference and possibly changed by the member
-    bool optional = false;
-    /// The default that the type library declares and an early-binding compiler passes.
-    std::optional<Variant> declared_default = std::nullopt;
+    const wchar_t* name;
+    const TypeRef& type;
+    bool by_reference;
+    bool written_back;  ///< by reference and possibly changed by the member
+    bool optional;
+    /// The default that the type library declares and an early-binding compiler passes; null: none.
+    const VARIANT* declared_default;
     /// What an argument counts as that reaches the library as missing.
-    Variant when_missing = Variant();
+    const VARIANT& when_missing;
 };
 
 enum class MemberKind : std::uint8_t { method, property_get, property_put, property_put_object };
 
-using Slot = void (*)();  // a function of any type; each is cast back to its own before a call
-
 struct MemberInfo {
-    const wchar_t* name = nullptr;
-    const wchar_t* help = nullptr;
-    DISPID id = 0;
-    MemberKind kind = MemberKind::method;
-    std::vector<ParameterInfo> parameters;
-    TypeRef result;
-    Slot slot = nullptr;  ///< early-bound entry of the vtable
-    Slot call = nullptr;  ///< calls the member function itself
-    /// Late-bound entry: what the late call holds crosses to and from `call`.
-    void (*late)(void* implementation, Slot call, LateCall& late_call) = nullptr;
+    const wchar_t* name;
+    const wchar_t* help;
+    DISPID id;
+    MemberKind kind;
+    std::span<const ParameterInfo> parameters;
+    const TypeRef& result;
+    /// Late-bound entry: what the late call holds crosses to and from the member.
+    void (*late)(void* implementation, LateCall& late_call);
 };
 
 enum class Instancing : std::uint8_t {
@@ -85,18 +77,20 @@ enum class Instancing : std::uint8_t {
 };
 
 struct ClassInfo {
-    const wchar_t* name = nullptr;
-    const wchar_t* help = nullptr;
-    Instancing instancing = Instancing::creatable;
-    GUID class_id{};
-    GUID interface_id{};
-    std::wstring prog_id;
-    std::wstring interface_name;
-    std::deque<MemberInfo> members;  ///< in interface order: vtable slot 7 onwards
-    std::vector<Slot> vtable;
+    const wchar_t* name;
+    const wchar_t* help;
+    Instancing instancing;
+    GUID class_id;
+    GUID interface_id;
+    const wchar_t* prog_id;
+    const wchar_t* interface_name;
+    std::span<const MemberInfo> members;  ///< in interface order: vtable slot 7 onwards
+    const void* vtable;
     /// A new instance with one reference; failures are thrown.
-    IDispatch* (*create)() = nullptr;
-    void (*destroy)(void* object) noexcept = nullptr;
+    IDispatch* (*create)();
+    void (*destroy)(void* object) noexcept;
+    std::span<const std::uint16_t> by_id;    ///< index: id - 1; the id's first member
+    std::span<const std::uint16_t> by_name;  ///< ids in the order of their names in capitals
 
     /// The members behind one late-bound id.
     struct Accessors {
@@ -107,21 +101,22 @@ struct ClassInfo {
 
         [[nodiscard]] const MemberInfo* any() const noexcept;
     };
-    std::vector<Accessors> by_id;  ///< index: id - 1
 
     /// The late-bound id of a name, without regard to case; DISPID_UNKNOWN when there is none.
     [[nodiscard]] DISPID find(std::wstring_view member) const;
     /// The ids of a member's name and of names of its parameters, as IDispatch hands them out:
     /// DISPID_UNKNOWN for each unknown name, and then DISP_E_UNKNOWNNAME.
     HRESULT find_ids(LPOLESTR* names, UINT count, DISPID* ids) const;
-    [[nodiscard]] const Accessors* accessors(DISPID id) const noexcept;
-
-    /// Completes the indexes once every member is declared.
-    void index_members();
-
- private:
-    std::vector<std::pair<std::wstring, DISPID>> by_name_;  // sorted, in capitals
+    /// None for an id that nothing has.
+    [[nodiscard]] Accessors accessors(DISPID id) const noexcept;
 };
+
+/// The capital of a character of a declared name, which has letters of ASCII and Latin-1 only.
+[[nodiscard]] constexpr wchar_t capital_in_name(wchar_t character) noexcept {
+    const bool small = (character >= L'a' && character <= L'z') ||
+                       (character >= 0xE0 && character <= 0xFE && character != 0xF7);
+    return static_cast<wchar_t>(small ? character - 0x20 : character);
+}
 
 /// The type library as a whole.
 struct LibraryInfo {
@@ -130,9 +125,9 @@ struct LibraryInfo {
     GUID id;
     WORD major;
     WORD minor;
-    std::vector<const ClassInfo*> classes;
-    std::vector<const EnumInfo*> enumerations;
-    std::vector<const RecordInfo*> records;
+    std::span<const ClassInfo* const> classes;
+    std::span<const EnumInfo* const> enumerations;
+    std::span<const RecordInfo* const> records;
 };
 
 }  // namespace kovrel

@@ -1,20 +1,20 @@
-// How a public class declares its members: one chain of calls in interface order.
+// How a public class declares its members: one chain of calls in interface order, of which the
+// compiler makes the class's tables.
 //
-//   const ClassInfo& clsSample::class_info() {
-//       static const ClassInfo info =
-//           declare<clsSample>({L"Library", L"clsSample", class_id, interface_id}, L"…")
-//               .property<&clsSample::Name, &clsSample::set_Name>(L"Name", L"…")
-//               .method<&clsSample::Days>(L"Days", {L"Month", optional(L"Year", 0)}, L"…")
-//               .done();
-//       return info;
-//   }
+//   constexpr auto declared =
+//       declare<clsSample>({L"Library", L"clsSample", class_id, interface_id}, L"…")
+//           .property<&clsSample::Name, &clsSample::set_Name>(L"Name", L"…")
+//           .method<&clsSample::Days>(L"Days", {L"Month", optional(L"Year", 0)}, L"…");
+//
+//   constinit const ClassInfo clsSample::class_info = class_tables<declared>;
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
-#include <span>
-#include <utility>
 
 #include "automation/class_info.h"
+#include "automation/class_tables.h"
 #include "automation/thunk.h"
 
 namespace kovrel {
@@ -35,8 +35,6 @@ struct Default {
         return result;
     }
 
-    [[nodiscard]] Variant value() const;
-
     VARTYPE type = VT_EMPTY;  ///< VT_EMPTY: no default
     std::int32_t number = 0;
     const wchar_t* text = nullptr;
@@ -44,10 +42,11 @@ struct Default {
 
 /// A parameter by its name; see optional() for those that the host may leave out.
 struct Parameter {
+    constexpr Parameter() = default;
     constexpr Parameter(const wchar_t* its_name)  // NOLINT(google-explicit-constructor)
         : name(its_name) {}
 
-    const wchar_t* name;
+    const wchar_t* name = nullptr;  ///< null: the value that a property is set to
     bool optional = false;
     Default declared_default{};
     Default when_missing{};
@@ -84,91 +83,107 @@ struct ClassIdentity {
     GUID interface_id;
 };
 
-/// The part of a declaration that is the same for every class.
-class DeclarationBase {
- protected:
-    DeclarationBase(const ClassIdentity& identity, Instancing instancing, const wchar_t* help);
-
-    void add(const EntryInfo& entry, MemberKind kind, const wchar_t* name, const wchar_t* help,
-             std::span<const Parameter> parameters = {});
-    /// A property's second accessor has the id of its first.
-    void add_second(const EntryInfo& entry, MemberKind kind, const wchar_t* name,
-                    const wchar_t* help);
-
-    ClassInfo info_;
-
- private:
-    DISPID next_id_ = 1;
+/// What a member's signature does not tell.
+struct DeclaredMember {
+    MemberKind kind{};
+    const wchar_t* name = nullptr;
+    const wchar_t* help = nullptr;
+    DISPID id = 0;
+    std::size_t first_parameter = 0;  ///< among all those of the class
 };
 
-template <class Class>
-class Declaration : private DeclarationBase {
- public:
-    Declaration(const ClassIdentity& identity, Instancing instancing, const wchar_t* help)
-        : DeclarationBase(identity, instancing, help) {
-        info_.create = &Object<Class>::create;
-        info_.destroy = &Object<Class>::destroy;
-    }
+/// A class with the members declared so far: the thunk of each, and the names of everything.
+template <class Class, std::size_t ParameterCount = 0, class... Thunks>
+struct Declaration {
+    ClassIdentity identity;
+    const wchar_t* help;
+    Instancing instancing;
+    std::array<DeclaredMember, sizeof...(Thunks)> members{};
+    std::array<Parameter, ParameterCount> parameters{};
 
     template <auto Member>
-    Declaration&& method(const wchar_t* name, const wchar_t* help) && {
+    [[nodiscard]] consteval auto method(const wchar_t* name, const wchar_t* its_help) const {
         static_assert(Thunk<Class, Member>::arity == 0, "a name for every parameter");
-        add(Thunk<Class, Member>::entry(), MemberKind::method, name, help);
-        return std::move(*this);
+        return with<Thunk<Class, Member>>({MemberKind::method, name, its_help, next_id()}, {});
     }
 
     template <auto Member, std::size_t Count>
-    Declaration&& method(const wchar_t* name, const Parameter (&parameters)[Count],
-                         const wchar_t* help) && {
+    [[nodiscard]] consteval auto method(const wchar_t* name, const Parameter (&given)[Count],
+                                        const wchar_t* its_help) const {
         static_assert(Count == Thunk<Class, Member>::arity, "a name for every parameter");
-        add(Thunk<Class, Member>::entry(), MemberKind::method, name, help, parameters);
-        return std::move(*this);
+        return with<Thunk<Class, Member>>({MemberKind::method, name, its_help, next_id()},
+                                          std::to_array(given));
     }
 
     template <auto Get, auto Put>
-    Declaration&& property(const wchar_t* name, const wchar_t* help) && {
-        add(Thunk<Class, Get>::entry(), MemberKind::property_get, name, help);
-        add_second(Thunk<Class, Put>::entry(), MemberKind::property_put, name, help);
-        return std::move(*this);
+    [[nodiscard]] consteval auto property(const wchar_t* name, const wchar_t* its_help) const {
+        return accessor<Get>(MemberKind::property_get, name, its_help, next_id())
+            .template accessor<Put>(MemberKind::property_put, name, its_help, next_id());
     }
 
     template <auto Get>
-    Declaration&& read_only(const wchar_t* name, const wchar_t* help) && {
-        add(Thunk<Class, Get>::entry(), MemberKind::property_get, name, help);
-        return std::move(*this);
+    [[nodiscard]] consteval auto read_only(const wchar_t* name, const wchar_t* its_help) const {
+        return accessor<Get>(MemberKind::property_get, name, its_help, next_id());
     }
 
     template <auto Put>
-    Declaration&& write_only(const wchar_t* name, const wchar_t* help) && {
-        add(Thunk<Class, Put>::entry(), MemberKind::property_put, name, help);
-        return std::move(*this);
+    [[nodiscard]] consteval auto write_only(const wchar_t* name, const wchar_t* its_help) const {
+        return accessor<Put>(MemberKind::property_put, name, its_help, next_id());
     }
 
     /// A public data member.
     template <auto Field>
-    Declaration&& field(const wchar_t* name, const wchar_t* help) && {
-        return std::move(*this)
-            .template property<&FieldAccess<Field>::get, &FieldAccess<Field>::put>(name, help);
+    [[nodiscard]] consteval auto field(const wchar_t* name, const wchar_t* its_help) const {
+        return property<&FieldAccess<Field>::get, &FieldAccess<Field>::put>(name, its_help);
     }
 
     /// A property that holds an object: read, and set by object assignment.
     template <auto Get, auto PutObject>
-    Declaration&& object_property(const wchar_t* name, const wchar_t* help) && {
-        add(Thunk<Class, Get>::entry(), MemberKind::property_get, name, help);
-        add_second(Thunk<Class, PutObject>::entry(), MemberKind::property_put_object, name, help);
-        return std::move(*this);
+    [[nodiscard]] consteval auto object_property(const wchar_t* name,
+                                                 const wchar_t* its_help) const {
+        return accessor<Get>(MemberKind::property_get, name, its_help, next_id())
+            .template accessor<PutObject>(MemberKind::property_put_object, name, its_help,
+                                          next_id());
     }
 
-    [[nodiscard]] ClassInfo done() && {
-        info_.index_members();
-        return std::move(info_);
+    /// Both accessors of a property have one id.
+    template <auto Member>
+    [[nodiscard]] consteval auto accessor(MemberKind kind, const wchar_t* name,
+                                          const wchar_t* its_help, DISPID id) const {
+        return with<Thunk<Class, Member>>({kind, name, its_help, id}, {});
+    }
+
+ private:
+    [[nodiscard]] consteval DISPID next_id() const {
+        if constexpr (sizeof...(Thunks) == 0) {
+            return 1;
+        } else {
+            return members.back().id + 1;
+        }
+    }
+
+    template <class Added>
+    [[nodiscard]] consteval auto with(DeclaredMember member,
+                                      const std::array<Parameter, Added::arity>& given) const {
+        Declaration<Class, ParameterCount + Added::arity, Thunks..., Added> result{
+            .identity = identity, .help = help, .instancing = instancing};
+        member.first_parameter = ParameterCount;
+        *std::copy(members.begin(), members.end(), result.members.begin()) = member;
+        std::copy(given.begin(), given.end(),
+                  std::copy(parameters.begin(), parameters.end(), result.parameters.begin()));
+        return result;
     }
 };
 
 template <class Class>
-[[nodiscard]] Declaration<Class> declare(const ClassIdentity& identity, const wchar_t* help,
-                                         Instancing instancing = Instancing::creatable) {
-    return Declaration<Class>(identity, instancing, help);
+[[nodiscard]] consteval Declaration<Class> declare(const ClassIdentity& identity,
+                                                   const wchar_t* help,
+                                                   Instancing instancing = Instancing::creatable) {
+    return {.identity = identity, .help = help, .instancing = instancing};
 }
+
+/// The tables of a declared class.
+template <const auto& declared>
+inline constexpr ClassInfo class_tables = ClassTables<declared>::info();
 
 }  // namespace kovrel

@@ -6,8 +6,11 @@
 
 #include <array>
 #include <cstddef>
+#include <string>
+#include <vector>
 
 #include "automation/class_info.h"
+#include "automation/variant.h"
 
 namespace kovrel {
 

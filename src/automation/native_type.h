@@ -59,7 +59,7 @@ struct NativePlain {
         return call.coerced(index, Type).*Field;
     }
     static Variant to_variant(T value) noexcept { return Variant(value); }
-    static TypeRef type() noexcept { return {.type = Type}; }
+    static constexpr TypeRef type() noexcept { return {.type = Type}; }
 };
 
 // VARIANT's value members sit in an anonymous union, which a member pointer can name.
@@ -83,7 +83,7 @@ struct Native<std::int32_t> {
         return argument.vt == VT_I4 ? argument.lVal : call.coerced(index, VT_I4).lVal;
     }
     static Variant to_variant(std::int32_t value) noexcept { return Variant(value); }
-    static TypeRef type() noexcept { return {.type = VT_I4}; }
+    static constexpr TypeRef type() noexcept { return {.type = VT_I4}; }
 };
 
 template <>
@@ -96,7 +96,7 @@ struct Native<bool> {
         return call.coerced(index, VT_BOOL).boolVal != VARIANT_FALSE;
     }
     static Variant to_variant(bool value) noexcept { return Variant(value); }
-    static TypeRef type() noexcept { return {.type = VT_BOOL}; }
+    static constexpr TypeRef type() noexcept { return {.type = VT_BOOL}; }
 };
 
 template <>
@@ -109,7 +109,7 @@ struct Native<Date> {
         return Date{call.coerced(index, VT_DATE).date};
     }
     static Variant to_variant(Date value) noexcept { return Variant(value); }
-    static TypeRef type() noexcept { return {.type = VT_DATE}; }
+    static constexpr TypeRef type() noexcept { return {.type = VT_DATE}; }
 };
 
 template <>
@@ -124,7 +124,7 @@ struct Native<std::wstring> {
         return from_raw(call.coerced(index, VT_BSTR).bstrVal);
     }
     static Variant to_variant(const std::wstring& value) { return Variant(value); }
-    static TypeRef type() noexcept { return {.type = VT_BSTR}; }
+    static constexpr TypeRef type() noexcept { return {.type = VT_BSTR}; }
 };
 
 template <>
@@ -140,7 +140,7 @@ struct Native<Variant> {
     static void release(VARIANT& raw) noexcept { VariantClear(&raw); }
     static Variant from_call(const LateCall& call, std::size_t index) { return call.copied(index); }
     static Variant to_variant(Variant value) noexcept { return value; }
-    static TypeRef type() noexcept { return {.type = VT_VARIANT}; }
+    static constexpr TypeRef type() noexcept { return {.type = VT_VARIANT}; }
 };
 
 /// Interface pointers: any object, a picture, or one of the library's own.
@@ -176,7 +176,7 @@ struct Native<ComPtr<IDispatch>> : NativeInterface<ComPtr<IDispatch>, IDispatch>
     static ComPtr<IDispatch> from_call(const LateCall& call, std::size_t index) {
         return object_of(call, index, IID_IDispatch);
     }
-    static TypeRef type() noexcept { return {.type = VT_DISPATCH}; }
+    static constexpr TypeRef type() noexcept { return {.type = VT_DISPATCH}; }
 };
 
 template <>
@@ -184,16 +184,16 @@ struct Native<ComPtr<IPictureDisp>> : NativeInterface<ComPtr<IPictureDisp>, IPic
     static ComPtr<IPictureDisp> from_call(const LateCall& call, std::size_t index) {
         return object_of(call, index, IID_IPictureDisp);
     }
-    static TypeRef type() noexcept { return {.type = VT_USERDEFINED, .picture = true}; }
+    static constexpr TypeRef type() noexcept { return {.type = VT_USERDEFINED, .picture = true}; }
 };
 
 template <class Class>
 struct Native<InstanceOf<Class>> : NativeInterface<InstanceOf<Class>, IDispatch> {
     static InstanceOf<Class> from_call(const LateCall& call, std::size_t index) {
         return InstanceOf<Class>(NativeInterface<InstanceOf<Class>, IDispatch>::object_of(
-            call, index, Class::class_info().interface_id));
+            call, index, Class::class_info.interface_id));
     }
-    static TypeRef type() noexcept {
+    static constexpr TypeRef type() noexcept {
         return {.type = VT_USERDEFINED, .instance_of = &Class::class_info};
     }
 };
@@ -211,12 +211,12 @@ struct Native<T> {
         return from_raw(Native<std::int32_t>::from_call(call, index));
     }
     static Variant to_variant(T value) noexcept { return Variant(to_raw(value)); }
-    static TypeRef type() {
+    static constexpr TypeRef type() noexcept {
         return {.type = VT_USERDEFINED, .enumeration = &enumeration_info(T{})};
     }
 };
 
-/// Records of the type library: a fixed array of texts, described by record_info(T{}). They are
+/// Records of the type library: a fixed array of texts, described by T::info. They are
 /// passed by reference and never written back.
 template <class T>
 requires std::is_base_of_v<TextRecord<T::size>, T>
@@ -234,12 +234,14 @@ struct Native<T> {
     static T from_call(const LateCall& call, std::size_t index) {
         T result;
         std::size_t next = 0;
-        for (std::wstring& text : call.texts(index, record_info(T{}))) {
+        for (std::wstring& text : call.texts(index, T::info)) {
             result.texts[next++] = std::move(text);
         }
         return result;
     }
-    static TypeRef type() { return {.type = VT_USERDEFINED, .record = &record_info(T{})}; }
+    static constexpr TypeRef type() noexcept {
+        return {.type = VT_USERDEFINED, .record = &T::info};
+    }
 };
 
 }  // namespace kovrel

@@ -39,7 +39,7 @@ void fill(EXCEPINFO* exception, const Failure& failure, const ClassInfo& info) n
     if (exception == nullptr) return;
     *exception = {};
     exception->scode = hresult_of(failure);
-    exception->bstrSource = SysAllocString(info.prog_id.c_str());
+    exception->bstrSource = SysAllocString(info.prog_id);
     exception->bstrDescription = SysAllocString(failure.description().data());
 }
 
@@ -50,7 +50,7 @@ ULONG live_objects() noexcept {
 }
 
 ObjectBase::ObjectBase(const ClassInfo& info, void* implementation) noexcept
-    : vtable_(info.vtable.data()),
+    : vtable_(info.vtable),
       info_(&info),
       implementation_(implementation),
       error_support_(*this),
@@ -153,16 +153,14 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
                                              UINT* bad_argument) {
     if (!IsEqualIID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (parameters == nullptr) return E_INVALIDARG;
-    const ClassInfo::Accessors* const accessors = self->info_->accessors(member);
-    if (accessors == nullptr) return DISP_E_MEMBERNOTFOUND;
-    const MemberInfo* const entry = wanted(*accessors, flags);
+    const MemberInfo* const entry = wanted(self->info_->accessors(member), flags);
     if (entry == nullptr) return DISP_E_MEMBERNOTFOUND;
 
     const KeepAlive alive(*self);
     try {
         if (result != nullptr) VariantInit(result);
         LateCall call(*entry, *parameters, result);
-        entry->late(self->implementation_, entry->call, call);
+        entry->late(self->implementation_, call);
         return S_OK;
     } catch (const CallError& error) {
         if (bad_argument != nullptr) *bad_argument = error.argument;
@@ -175,17 +173,7 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
 
 HRESULT ObjectBase::run(void (*body)(void*), void* context) noexcept {
     const KeepAlive alive(*this);
-    return run_at_boundary(info_->prog_id.c_str(), body, context);
-}
-
-std::vector<Slot> ObjectBase::dispatch_slots() {
-    return {reinterpret_cast<Slot>(&query_interface),
-            reinterpret_cast<Slot>(&add_reference),
-            reinterpret_cast<Slot>(&release_reference),
-            reinterpret_cast<Slot>(&get_type_info_count),
-            reinterpret_cast<Slot>(&get_type_info),
-            reinterpret_cast<Slot>(&get_ids_of_names),
-            reinterpret_cast<Slot>(&invoke)};
+    return run_at_boundary(info_->prog_id, body, context);
 }
 
 }  // namespace kovrel

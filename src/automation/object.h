@@ -11,11 +11,28 @@
 
 #include "automation/boundary.h"
 #include "automation/class_info.h"
+#include "automation/com_ptr.h"
 
 namespace kovrel {
 
 /// Instances alive in this process, of all classes.
 [[nodiscard]] ULONG live_objects() noexcept;
+
+/// Functions one behind the other, as an interface's vtable has them.
+template <class First, class... Rest>
+struct FunctionTable {
+    First first;
+    FunctionTable<Rest...> rest;
+};
+template <class Last>
+struct FunctionTable<Last> {
+    Last last;
+};
+
+template <class... Functions>
+[[nodiscard]] consteval FunctionTable<Functions...> function_table(Functions... functions) {
+    return {functions...};
+}
 
 /// What every instance begins with. The vtable is built from the class's declaration, with the
 /// seven IDispatch entries in front, so an object is laid out as COM wants it: vtable pointer
@@ -37,8 +54,13 @@ class ObjectBase {
     /// may let go of it from an event that the member lets through.
     HRESULT run(void (*body)(void*), void* context) noexcept;
 
-    /// The seven entries in front of every class's vtable.
-    [[nodiscard]] static std::vector<Slot> dispatch_slots();
+    /// A class's vtable: the seven entries of IDispatch, and behind them those of its members.
+    template <class... Slots>
+    [[nodiscard]] static consteval auto vtable(Slots... slots) {
+        return function_table(&query_interface, &add_reference, &release_reference,
+                              &get_type_info_count, &get_type_info, &get_ids_of_names, &invoke,
+                              slots...);
+    }
 
  protected:
     ObjectBase(const ClassInfo& info, void* implementation) noexcept;
@@ -85,7 +107,7 @@ class ObjectBase {
                                             WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                             EXCEPINFO* exception, UINT* bad_argument);
 
-    const Slot* vtable_;
+    const void* vtable_;
     std::atomic<ULONG> references_{1};
     const ClassInfo* info_;
     void* implementation_;
@@ -105,7 +127,7 @@ class Object final : public ObjectBase {
     }
 
  private:
-    Object() : ObjectBase(Class::class_info(), &implementation_) {}
+    Object() : ObjectBase(Class::class_info, &implementation_) {}
     ~Object() = default;
 
     Class implementation_;

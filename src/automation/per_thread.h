@@ -1,9 +1,9 @@
-// A value for each thread, since hosts of two apartments may be at the same work at once.
+// A value for each thread, since hosts of two apartments may be at the same work at once. It is
+// never destroyed: a host may still call when the library has been told of the end of the process.
 #pragma once
 
 #include <windows.h>
 
-#include <map>
 #include <utility>
 
 namespace kovrel {
@@ -14,16 +14,19 @@ class PerThread {
     /// A copy of the calling thread's value; a default one where it has none.
     [[nodiscard]] Value get() {
         const Lock lock(guard_);
-        const auto own = values_.find(GetCurrentThreadId());
-        return own == values_.end() ? Value() : own->second;
+        const Entry* const own = *find();
+        return own == nullptr ? Value() : own->value;
     }
     void set(Value value) {
         const Lock lock(guard_);
-        values_[GetCurrentThreadId()] = std::move(value);
+        Entry*& own = *find();
+        if (own == nullptr) own = new Entry{GetCurrentThreadId(), Value(), nullptr};
+        own->value = std::move(value);
     }
     void clear() noexcept {
         const Lock lock(guard_);
-        values_.erase(GetCurrentThreadId());
+        Entry*& own = *find();
+        if (own != nullptr) delete std::exchange(own, own->next);
     }
 
  private:
@@ -39,8 +42,23 @@ class PerThread {
         SRWLOCK& lock_;
     };
 
+    struct Entry {
+        DWORD thread;
+        Value value;
+        Entry* next;
+    };
+
+    /// Where the calling thread's entry hangs, or would.
+    [[nodiscard]] Entry** find() noexcept {
+        Entry** place = &first_;
+        while (*place != nullptr && (*place)->thread != GetCurrentThreadId()) {
+            place = &(*place)->next;
+        }
+        return place;
+    }
+
     SRWLOCK guard_ = SRWLOCK_INIT;
-    std::map<DWORD, Value> values_;
+    Entry* first_ = nullptr;
 };
 
 }  // namespace kovrel

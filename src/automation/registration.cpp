@@ -50,7 +50,7 @@ Keys keys_of(const LibraryInfo& library, const std::wstring& module_path) {
         keys.own_trees.push_back(class_key);
 
         add(info->prog_id, nullptr, info->help);
-        add(info->prog_id + L"\\CLSID", nullptr, text_of_guid(info->class_id));
+        add(std::wstring(info->prog_id) + L"\\CLSID", nullptr, text_of_guid(info->class_id));
         keys.shared_trees.push_back(info->prog_id);
 
         const std::wstring interface_key = L"Interface\\" + text_of_guid(info->interface_id);

@@ -44,7 +44,7 @@ class ClassFactory final : public IClassFactory {
         *result = nullptr;
         if (outer != nullptr) return CLASS_E_NOAGGREGATION;
         HRESULT queried = E_UNEXPECTED;
-        const HRESULT created = boundary(info_.prog_id.c_str(), [&] {
+        const HRESULT created = boundary(info_.prog_id, [&] {
             const auto instance = ComPtr<IDispatch>::attach(info_.create());
             queried = instance->QueryInterface(id, result);
         });

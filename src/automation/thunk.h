@@ -5,7 +5,6 @@
 #include <array>
 #include <cstddef>
 #include <functional>
-#include <span>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -15,10 +14,6 @@
 #include "automation/object.h"
 
 namespace kovrel {
-
-/// The declaration of a member, known to its thunk once its class is declared.
-template <class Class, auto Member>
-inline const MemberInfo* declared_member = nullptr;
 
 /// A parameter's type in the member's signature tells how the argument is passed:
 /// T by value, const T& by reference and only read, T& by reference and written back.
@@ -93,23 +88,20 @@ class Argument {
 
 /// One parameter of a signature.
 struct PassedType {
-    TypeRef (*type)();
-    bool by_reference;
-    bool written_back;
+    const TypeRef* type = nullptr;
+    bool by_reference = false;
+    bool written_back = false;
 };
 
-/// What a member's signature tells its declaration.
-struct EntryInfo {
-    std::span<const PassedType> parameters;
-    TypeRef (*result)() = nullptr;  ///< null: a procedure
-    Slot slot = nullptr;
-    Slot call = nullptr;
-    void (*late)(void* implementation, Slot call, LateCall& late_call) = nullptr;
-    const MemberInfo** declared = nullptr;  ///< where the thunk looks its declaration up
-};
+/// How the type library spells a type that crosses, and the result of a procedure.
+template <class T>
+inline constexpr TypeRef type_of = Native<T>::type();
+template <>
+inline constexpr TypeRef type_of<void>{};
 
 /// How arguments and results cross, for all the members that share a signature: which member it is
-/// comes as a function that calls it, so that the library holds one copy of this a signature.
+/// comes as a function that calls it and as its place among the class's members, so that the
+/// library holds one copy of this a signature.
 template <class Result, class... Parameters>
 class Crossing {
  public:
@@ -117,20 +109,20 @@ class Crossing {
 
     /// `out` is nothing for a procedure, else a pointer to the raw result.
     template <class... Out>
-    [[gnu::noinline]] static HRESULT early(ObjectBase* self, Member member,
-                                           const MemberInfo& declared, RawOf<Parameters>... raw,
-                                           Out... out) {
+    [[gnu::noinline]] static HRESULT early(ObjectBase* self, Member member, std::size_t place,
+                                           RawOf<Parameters>... raw, Out... out) {
         if (((out == nullptr) || ...)) return E_POINTER;
         ((*out = {}), ...);
         if ((is_null(raw) || ...)) return E_POINTER;
         auto body = [&] {
-            call_early(self->implementation(), member, declared, Indexes{}, raw..., out...);
+            call_early(self->implementation(), member, self->info().members[place], Indexes{},
+                       raw..., out...);
         };
         return self->run([](void* context) { (*static_cast<decltype(body)*>(context))(); }, &body);
     }
 
-    static void late(void* implementation, Slot member, LateCall& call) {
-        call_late(implementation, reinterpret_cast<Member>(member), call, Indexes{});
+    static void late(void* implementation, Member member, LateCall& call) {
+        call_late(implementation, member, call, Indexes{});
     }
 
  private:
@@ -161,7 +153,7 @@ class Crossing {
         }();
         if constexpr (std::is_same_v<decltype(value), Variant>) {
             const ParameterInfo& parameter = declared.parameters[index];
-            if (value.is_missing() && parameter.optional) value = parameter.when_missing;
+            if (value.is_missing() && parameter.optional) value = Variant(parameter.when_missing);
         } else {
             (void)index;
         }
@@ -227,6 +219,27 @@ template <class Class, auto Member, class Result, class... Parameters>
 struct BasicThunk {
     static constexpr std::size_t arity = sizeof...(Parameters);
     static_assert(arity <= max_parameters);
+    static constexpr std::array<PassedType, arity> parameters{
+        PassedType{&type_of<std::remove_cvref_t<Parameters>>, by_reference<Parameters>,
+                   written_back<Parameters>}...};
+    static constexpr const TypeRef& result = type_of<Result>;
+
+    /// The late-bound entry.
+    static void late(void* implementation, LateCall& late_call) {
+        Shared::late(implementation, &call, late_call);
+    }
+
+    /// The vtable slot of the member that stands at `Place` among its class's.
+    template <std::size_t Place>
+    static constexpr auto slot() {
+        if constexpr (std::is_void_v<Result>) {
+            return &early<Place>;
+        } else {
+            return &early<Place, typename NativeOf<Result>::Raw*>;
+        }
+    }
+
+ private:
     using Shared = Crossing<Result, Parameters...>;
 
     static Result call(void* implementation, Parameters... parameters) {
@@ -234,40 +247,9 @@ struct BasicThunk {
                            std::forward<Parameters>(parameters)...);
     }
 
-    /// The vtable slot.
-    template <class... Out>
-    static HRESULT STDMETHODCALLTYPE slot(ObjectBase* self, RawOf<Parameters>... raw, Out... out) {
-        return Shared::early(self, &call, *declared_member<Class, Member>, raw..., out...);
-    }
-
-    static Slot slot_address() {
-        if constexpr (std::is_void_v<Result>) {
-            return reinterpret_cast<Slot>(&slot<>);
-        } else {
-            return reinterpret_cast<Slot>(&slot<typename NativeOf<Result>::Raw*>);
-        }
-    }
-
-    /// What the declaration needs to know.
-    static const EntryInfo& entry() {
-        static constexpr std::array<PassedType, arity> parameters{PassedType{
-            &NativeOf<Parameters>::type, by_reference<Parameters>, written_back<Parameters>}...};
-        static const EntryInfo info{.parameters = parameters,
-                                    .result = result_type(),
-                                    .slot = slot_address(),
-                                    .call = reinterpret_cast<Slot>(&call),
-                                    .late = &Shared::late,
-                                    .declared = &declared_member<Class, Member>};
-        return info;
-    }
-
- private:
-    static constexpr auto result_type() -> TypeRef (*)() {
-        if constexpr (std::is_void_v<Result>) {
-            return nullptr;
-        } else {
-            return &NativeOf<Result>::type;
-        }
+    template <std::size_t Place, class... Out>
+    static HRESULT STDMETHODCALLTYPE early(ObjectBase* self, RawOf<Parameters>... raw, Out... out) {
+        return Shared::early(self, &call, Place, raw..., out...);
     }
 };
 

@@ -1,11 +1,13 @@
 #include "automation/type_library_writer.h"
 
+#include <deque>
 #include <map>
 #include <ocidl.h>
 #include <vector>
 
 #include "automation/com_ptr.h"
 #include "automation/record_sizes.h"
+#include "automation/variant.h"
 #include "runtime/failure.h"
 
 namespace kovrel {
@@ -126,8 +128,7 @@ class LibraryWriter {
     }
 
     void begin_interface(const ClassInfo& info) {
-        auto type =
-            create(info.interface_name.c_str(), TKIND_INTERFACE, info.interface_id, info.help);
+        auto type = create(info.interface_name, TKIND_INTERFACE, info.interface_id, info.help);
         check(
             type->SetTypeFlags(TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FDISPATCHABLE));
         user_types_[&info] = std::move(type);
@@ -165,7 +166,7 @@ class LibraryWriter {
             WORD flags = PARAMFLAG_FIN;
             if (parameter.by_reference) flags |= PARAMFLAG_FOUT;
             if (parameter.optional) flags |= PARAMFLAG_FOPT;
-            if (parameter.declared_default) {
+            if (parameter.declared_default != nullptr) {
                 flags |= PARAMFLAG_FHASDEFAULT;
                 defaults[at].cBytes = sizeof(PARAMDESCEX);
                 defaults[at].varDefaultValue = writable(*parameter.declared_default);
@@ -197,7 +198,7 @@ class LibraryWriter {
 
     /// Not every writer of type libraries can store a date; compilers take a whole day count for
     /// one. The value is borrowed.
-    static VARIANT writable(const Variant& value) {
+    static VARIANT writable(const VARIANT& value) {
         VARIANT result = value;
         if (value.vt == VT_DATE) {
             result.vt = VT_I4;
@@ -227,7 +228,7 @@ class LibraryWriter {
         } else {
             const void* key = wanted.enumeration;
             if (wanted.record != nullptr) key = wanted.record;
-            if (wanted.instance_of != nullptr) key = &wanted.instance_of();
+            if (wanted.instance_of != nullptr) key = wanted.instance_of;
             target = user_types_.at(key).query<ITypeInfo>();
         }
         HREFTYPE result = 0;

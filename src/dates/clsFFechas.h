@@ -5,13 +5,14 @@
 #include <string>
 
 #include "automation/class_info.h"
+#include "automation/variant.h"
 #include "frame/app_origin.h"
 
 namespace kovrel {
 
 class clsFFechas : public AppOrigen {
  public:
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     std::wstring ConvierteAñoA2(const std::int16_t& IntAño);
     std::wstring ConvierteAñoA4(std::int16_t& IntAño);

@@ -9,13 +9,14 @@
 
 #include "automation/class_info.h"
 #include "automation/com_ptr.h"
+#include "automation/variant.h"
 #include "frame/app_origin.h"
 
 namespace kovrel {
 
 class clsADODBServices : public AppOrigen {
  public:
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     void PutImageInField(const ComPtr<IDispatch>& f, const std::wstring& File);
     ComPtr<IPictureDisp> GetImageFromField(const ComPtr<IDispatch>& f);

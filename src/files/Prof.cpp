@@ -31,7 +31,7 @@ struct ReleaseItem {
 
 /// Where the browser opens, in the system code page: set by each browse for its callback, which is
 /// passed nothing.
-PerThread<std::string> initial_folders;
+constinit PerThread<std::string> initial_folders;
 
 struct InitialFolder {
     explicit InitialFolder(std::string folder) { initial_folders.set(std::move(folder)); }

@@ -12,7 +12,7 @@ namespace kovrel {
 
 class cgsFileOpR {
  public:
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     std::int32_t hWnd{};
     std::wstring DialogTitle{};

@@ -5,13 +5,14 @@
 #include <string>
 
 #include "automation/class_info.h"
+#include "automation/variant.h"
 #include "frame/app_origin.h"
 
 namespace kovrel {
 
 class clsProfile : public AppOrigen {
  public:
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     std::wstring BrowseForFolder(std::int32_t hWndOwner, std::wstring sPrompt,
                                  const std::wstring& sInitDir);

@@ -7,10 +7,14 @@
 
 namespace kovrel {
 
-/// A combination of the OFN_ values that enumeration_info lists; not interpreted here but for
+/// A combination of the OFN_ values that eOFN_info lists; not interpreted here but for
 /// OFN_ALLOWMULTISELECT.
 enum class eOFN : std::int32_t {};
 
-[[nodiscard]] const EnumInfo& enumeration_info(eOFN type);
+extern const EnumInfo eOFN_info;
+
+[[nodiscard]] constexpr const EnumInfo& enumeration_info(eOFN /*type*/) noexcept {
+    return eOFN_info;
+}
 
 }  // namespace kovrel

@@ -18,7 +18,7 @@ class frmBarraProgreso;
 
 class clsFGen {
  public:
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     clsFGen();
     clsFGen(const clsFGen&) = delete;

@@ -4,26 +4,10 @@
 #include "automation/server.h"
 #include "frame/library.h"
 
-namespace {
-
-/// The declarations are made at first use, which memory exhaustion can stop.
-template <class Body>
-HRESULT with_library(Body&& body) noexcept {
-    try {
-        return body(kovrel::library());
-    } catch (...) {
-        return E_OUTOFMEMORY;
-    }
-}
-
-}  // namespace
-
 extern "C" {
 
 HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID class_id, REFIID interface_id, void** result) {
-    return with_library([&](const kovrel::LibraryInfo& library) {
-        return kovrel::get_class_object(library, class_id, interface_id, result);
-    });
+    return kovrel::get_class_object(kovrel::library, class_id, interface_id, result);
 }
 
 HRESULT STDAPICALLTYPE DllCanUnloadNow() {
@@ -31,11 +15,11 @@ HRESULT STDAPICALLTYPE DllCanUnloadNow() {
 }
 
 HRESULT STDAPICALLTYPE DllRegisterServer() {
-    return with_library(&kovrel::register_server);
+    return kovrel::register_server(kovrel::library);
 }
 
 HRESULT STDAPICALLTYPE DllUnregisterServer() {
-    return with_library(&kovrel::unregister_server);
+    return kovrel::unregister_server(kovrel::library);
 }
 
 #ifndef _WIN64

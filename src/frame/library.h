@@ -8,6 +8,6 @@ namespace kovrel {
 /// The type library's name and the first part of every ProgID.
 inline constexpr const wchar_t* library_name = L"Kovrel";
 
-[[nodiscard]] const LibraryInfo& library();
+extern const LibraryInfo library;
 
 }  // namespace kovrel

@@ -15,7 +15,7 @@ class clsProfile;
 
 class clsMensajes : public AppOrigen {
  public:
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     clsMensajes();
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "automation/class_info.h"
+#include "automation/variant.h"
 #include "frame/app_origin.h"
 #include "frame/clsFGen.h"
 
@@ -12,7 +13,7 @@ namespace kovrel {
 
 class clsCSQL : public AppOrigen {
  public:
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     std::wstring Conv_Double(const Variant& Numero);
     std::wstring Conv_DoubleDeDouble(const double& Numero);

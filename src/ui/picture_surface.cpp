@@ -35,6 +35,27 @@ float checked_scale(float length) {
     return length;
 }
 
+constexpr auto declared =
+    declare<PictureSurface>(identity, L"Imagen en la que se dibuja.")
+        .field<&PictureSurface::AutoRedraw>(L"AutoRedraw", L"Si se muestra con Refresh.")
+        .property<&PictureSurface::get_DrawMode, &PictureSurface::set_DrawMode>(
+            L"DrawMode", L"Modo de la pluma.")
+        .property<&PictureSurface::get_ScaleWidth, &PictureSurface::set_ScaleWidth>(
+            L"ScaleWidth", L"Unidades de su ancho.")
+        .property<&PictureSurface::get_ScaleHeight, &PictureSurface::set_ScaleHeight>(
+            L"ScaleHeight", L"Unidades de su alto.")
+        .field<&PictureSurface::CurrentX>(L"CurrentX", L"Izquierda del siguiente texto.")
+        .field<&PictureSurface::CurrentY>(L"CurrentY", L"Borde superior del siguiente texto.")
+        .property<&PictureSurface::get_ForeColor, &PictureSurface::set_ForeColor>(
+            L"ForeColor", L"Color de textos y líneas.")
+        .method<&PictureSurface::Cls>(L"Cls", L"Borra la imagen.")
+        .method<&PictureSurface::TextWidth>(L"TextWidth", {L"Text"}, L"Ancho de un texto.")
+        .method<&PictureSurface::TextHeight>(L"TextHeight", {L"Text"}, L"Alto de un texto.")
+        .method<&PictureSurface::Print>(L"Print", {L"Text"}, L"Escribe un texto.")
+        .method<&PictureSurface::Line>(L"Line", {L"Flags", L"X1", L"Y1", L"X2", L"Y2", L"Color"},
+                                       L"Dibuja una línea o un rectángulo.")
+        .method<&PictureSurface::Refresh>(L"Refresh", L"Muestra lo dibujado.");
+
 }  // namespace
 
 /// A device context on the picture, with its font.
@@ -59,31 +80,7 @@ class PictureSurface::Drawing {
     HGDIOBJ bitmap_ = nullptr;
 };
 
-const ClassInfo& PictureSurface::class_info() {
-    static const ClassInfo info =
-        declare<PictureSurface>(identity, L"Imagen en la que se dibuja.")
-            .field<&PictureSurface::AutoRedraw>(L"AutoRedraw", L"Si se muestra con Refresh.")
-            .property<&PictureSurface::get_DrawMode, &PictureSurface::set_DrawMode>(
-                L"DrawMode", L"Modo de la pluma.")
-            .property<&PictureSurface::get_ScaleWidth, &PictureSurface::set_ScaleWidth>(
-                L"ScaleWidth", L"Unidades de su ancho.")
-            .property<&PictureSurface::get_ScaleHeight, &PictureSurface::set_ScaleHeight>(
-                L"ScaleHeight", L"Unidades de su alto.")
-            .field<&PictureSurface::CurrentX>(L"CurrentX", L"Izquierda del siguiente texto.")
-            .field<&PictureSurface::CurrentY>(L"CurrentY", L"Borde superior del siguiente texto.")
-            .property<&PictureSurface::get_ForeColor, &PictureSurface::set_ForeColor>(
-                L"ForeColor", L"Color de textos y líneas.")
-            .method<&PictureSurface::Cls>(L"Cls", L"Borra la imagen.")
-            .method<&PictureSurface::TextWidth>(L"TextWidth", {L"Text"}, L"Ancho de un texto.")
-            .method<&PictureSurface::TextHeight>(L"TextHeight", {L"Text"}, L"Alto de un texto.")
-            .method<&PictureSurface::Print>(L"Print", {L"Text"}, L"Escribe un texto.")
-            .method<&PictureSurface::Line>(L"Line",
-                                           {L"Flags", L"X1", L"Y1", L"X2", L"Y2", L"Color"},
-                                           L"Dibuja una línea o un rectángulo.")
-            .method<&PictureSurface::Refresh>(L"Refresh", L"Muestra lo dibujado.")
-            .done();
-    return info;
-}
+constinit const ClassInfo PictureSurface::class_info = class_tables<declared>;
 
 PictureSurface::PictureSurface() {
     resize(1, 1, Scale());

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "automation/class_info.h"
+#include "automation/com_ptr.h"
 #include "ui/gdi.h"
 #include "ui/scale.h"
 
@@ -24,7 +25,7 @@ class PictureSurface {
     static constexpr std::int16_t box = 4;
     static constexpr std::int16_t filled = 32;
 
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     PictureSurface();
 

@@ -26,7 +26,7 @@ class SharedWindow {
         delete window;
     }
 
-    inline static PerThread<std::weak_ptr<Form>> windows_;
+    inline static constinit PerThread<std::weak_ptr<Form>> windows_;
 };
 
 }  // namespace kovrel

@@ -6,8 +6,8 @@
 namespace kovrel {
 
 /// Up to 100 file names from index 0 on; the first empty one ends the list.
-struct ZIPnames : TextRecord<100> {};
-
-[[nodiscard]] const RecordInfo& record_info(const ZIPnames& type);
+struct ZIPnames : TextRecord<100> {
+    static const RecordInfo info;
+};
 
 }  // namespace kovrel

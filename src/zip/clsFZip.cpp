@@ -13,19 +13,17 @@ constexpr ClassIdentity identity{
     {0x45411d2b, 0x08df, 0x4228, {0x86, 0x72, 0x0c, 0x96, 0x7e, 0xd8, 0x04, 0x3a}},
 };
 
+constexpr auto declared =
+    declare<clsFZip>(identity, L"Archivos comprimidos zip.")
+        .property<&clsFZip::get_AppOrigen, &clsFZip::set_AppOrigen>(
+            L"AppOrigen",
+            L"Nombre de la aplicación anfitriona; titula los mensajes que lo indican.")
+        .method<&clsFZip::GenerarZip>(
+            L"GenerarZip", {L"strNombreFicheroZip", L"strRutaSalida", L"NombresFicheros1"},
+            L"Comprime una lista de archivos en un zip; ruta del zip, o vacío si no se hizo.");
+
 }  // namespace
 
-const ClassInfo& clsFZip::class_info() {
-    static const ClassInfo info =
-        declare<clsFZip>(identity, L"Archivos comprimidos zip.")
-            .property<&clsFZip::get_AppOrigen, &clsFZip::set_AppOrigen>(
-                L"AppOrigen",
-                L"Nombre de la aplicación anfitriona; titula los mensajes que lo indican.")
-            .method<&clsFZip::GenerarZip>(
-                L"GenerarZip", {L"strNombreFicheroZip", L"strRutaSalida", L"NombresFicheros1"},
-                L"Comprime una lista de archivos en un zip; ruta del zip, o vacío si no se hizo.")
-            .done();
-    return info;
-}
+constinit const ClassInfo clsFZip::class_info = class_tables<declared>;
 
 }  // namespace kovrel

@@ -13,7 +13,7 @@ namespace kovrel {
 
 class clsFZip : public AppOrigen {
  public:
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     std::wstring GenerarZip(const std::wstring& strNombreFicheroZip,
                             const std::wstring& strRutaSalida, const ZIPnames& NombresFicheros1);

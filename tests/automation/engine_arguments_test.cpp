@@ -20,7 +20,7 @@ class Arguments : public testing::Test {
     template <class Function>
     Function slot(std::wstring_view name) {
         constexpr std::size_t first = 7;  // behind IDispatch
-        const auto& members = Sample::class_info().members;
+        const auto& members = Sample::class_info.members;
         const auto found =
             std::find_if(members.begin(), members.end(),
                          [&](const MemberInfo& member) { return member.name == name; });

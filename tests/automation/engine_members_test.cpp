@@ -121,7 +121,7 @@ TEST_F(Members, AFailureReachesAnEarlyHostAsAnErrorObject) {
     using Falla = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, LONG, SHORT*);
     const auto support = sample_.query<ISupportErrorInfo>();
     ASSERT_TRUE(support);
-    EXPECT_EQ(support->InterfaceSupportsErrorInfo(Sample::class_info().interface_id), S_OK);
+    EXPECT_EQ(support->InterfaceSupportsErrorInfo(Sample::class_info.interface_id), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IUnknown), S_FALSE);
 
     constexpr std::size_t falla = 19;  // in interface order, properties counting twice

@@ -32,7 +32,7 @@ TEST(Objects, AreCounted) {
 
 TEST(Objects, AnswerTheirInterfacesAndNoOther) {
     const auto sample = create_instance<Sample>();
-    for (const IID& id : {IID_IUnknown, IID_IDispatch, Sample::class_info().interface_id,
+    for (const IID& id : {IID_IUnknown, IID_IDispatch, Sample::class_info.interface_id,
                           IID_ISupportErrorInfo, IID_IProvideClassInfo}) {
         ComPtr<IUnknown> found;
         EXPECT_EQ(sample->QueryInterface(id, found.put_void()), S_OK);

@@ -12,6 +12,8 @@
 namespace kovrel::test {
 namespace {
 
+const ClassInfo* const sample_classes[]{&Sample::class_info};
+
 const LibraryInfo& sample_library() {
     static const LibraryInfo info{
         .name = L"Prueba",
@@ -19,7 +21,7 @@ const LibraryInfo& sample_library() {
         .id = {0x7c1d6c52, 0x4d2f, 0x4a1c, {0x9f, 0x60, 0x1b, 0x0d, 0x3e, 0x55, 0x10, 0x04}},
         .major = 3,
         .minor = 2,
-        .classes = {&Sample::class_info()},
+        .classes = sample_classes,
         .enumerations = {},
         .records = {}};
     return info;
@@ -108,7 +110,7 @@ TEST_P(Registration, WritesEveryKeyAndLeavesNothing) {
         // The class is found by its name through the platform.
         CLSID id{};
         EXPECT_EQ(CLSIDFromProgID(L"Prueba.Sample", &id), S_OK);
-        EXPECT_TRUE(IsEqualCLSID(id, Sample::class_info().class_id));
+        EXPECT_TRUE(IsEqualCLSID(id, Sample::class_info.class_id));
     }
 
     unregister_library(sample_library(), GetParam());

@@ -15,44 +15,40 @@ constexpr ClassIdentity identity{
     {0x7c1d6c52, 0x4d2f, 0x4a1c, {0x9f, 0x60, 0x1b, 0x0d, 0x3e, 0x55, 0x10, 0x02}},
 };
 
+constexpr auto declared =
+    declare<Sample>(identity, L"")
+        .field<&Sample::Campo>(L"Campo", L"")
+        .property<&Sample::get_Nombre, &Sample::set_Nombre>(L"Nombre", L"")
+        .object_property<&Sample::get_Objeto, &Sample::set_Objeto>(L"Objeto", L"")
+        .method<&Sample::Doble>(L"Doble", {L"valor"}, L"")
+        .method<&Sample::Añade>(L"Añade", {L"texto", optional(L"sufijo", L"!")}, L"")
+        .method<&Sample::Resta>(L"Resta", {L"primero", L"segundo", optional(L"Año", 7)}, L"")
+        .method<&Sample::Eco>(L"Eco", {L"valor"}, L"")
+        .method<&Sample::Cambia>(L"Cambia", {L"valor", L"por"}, L"")
+        .method<&Sample::Bandera>(L"Bandera", {optional(L"bandera", true, false)}, L"")
+        .method<&Sample::Presencia>(
+            L"Presencia", {optional(L"opcional"), optional(L"texto"), optional(L"numero")}, L"")
+        .method<&Sample::Mañana>(L"Mañana", {L"dia"}, L"")
+        .method<&Sample::Mitad>(L"Mitad", {L"valor"}, L"")
+        .method<&Sample::Octeto>(L"Octeto", {L"valor"}, L"")
+        .method<&Sample::Simple>(L"Simple", {L"valor"}, L"")
+        .method<&Sample::HayObjeto>(L"HayObjeto", {L"objeto"}, L"")
+        .method<&Sample::Une>(L"Une", {L"nombres"}, L"")
+        .method<&Sample::Falla>(L"Falla", {L"numero", L"escrito"}, L"")
+        .method<&Sample::SinMemoria>(L"SinMemoria", L"")
+        .method<&Sample::Otra>(L"Otra", L"");
+
 }  // namespace
 
-const RecordInfo& record_info(const SampleNames& /*type*/) {
-    static const RecordInfo info{
-        .name = L"SampleNames",
-        .help = L"",
-        .id = {0x7c1d6c52, 0x4d2f, 0x4a1c, {0x9f, 0x60, 0x1b, 0x0d, 0x3e, 0x55, 0x10, 0x03}},
-        .field = L"Nombres",
-        .size = SampleNames::size};
-    return info;
-}
+constinit const RecordInfo SampleNames::info{
+    .name = L"SampleNames",
+    .help = L"",
+    .id = {0x7c1d6c52, 0x4d2f, 0x4a1c, {0x9f, 0x60, 0x1b, 0x0d, 0x3e, 0x55, 0x10, 0x03}},
+    .field = L"Nombres",
+    .size = SampleNames::size,
+};
 
-const ClassInfo& Sample::class_info() {
-    static const ClassInfo info =
-        declare<Sample>(identity, L"")
-            .field<&Sample::Campo>(L"Campo", L"")
-            .property<&Sample::get_Nombre, &Sample::set_Nombre>(L"Nombre", L"")
-            .object_property<&Sample::get_Objeto, &Sample::set_Objeto>(L"Objeto", L"")
-            .method<&Sample::Doble>(L"Doble", {L"valor"}, L"")
-            .method<&Sample::Añade>(L"Añade", {L"texto", optional(L"sufijo", L"!")}, L"")
-            .method<&Sample::Resta>(L"Resta", {L"primero", L"segundo", optional(L"Año", 7)}, L"")
-            .method<&Sample::Eco>(L"Eco", {L"valor"}, L"")
-            .method<&Sample::Cambia>(L"Cambia", {L"valor", L"por"}, L"")
-            .method<&Sample::Bandera>(L"Bandera", {optional(L"bandera", true, false)}, L"")
-            .method<&Sample::Presencia>(
-                L"Presencia", {optional(L"opcional"), optional(L"texto"), optional(L"numero")}, L"")
-            .method<&Sample::Mañana>(L"Mañana", {L"dia"}, L"")
-            .method<&Sample::Mitad>(L"Mitad", {L"valor"}, L"")
-            .method<&Sample::Octeto>(L"Octeto", {L"valor"}, L"")
-            .method<&Sample::Simple>(L"Simple", {L"valor"}, L"")
-            .method<&Sample::HayObjeto>(L"HayObjeto", {L"objeto"}, L"")
-            .method<&Sample::Une>(L"Une", {L"nombres"}, L"")
-            .method<&Sample::Falla>(L"Falla", {L"numero", L"escrito"}, L"")
-            .method<&Sample::SinMemoria>(L"SinMemoria", L"")
-            .method<&Sample::Otra>(L"Otra", L"")
-            .done();
-    return info;
-}
+constinit const ClassInfo Sample::class_info = class_tables<declared>;
 
 std::int16_t Sample::Doble(std::int16_t& valor) {
     const std::int16_t before = valor;

@@ -7,12 +7,13 @@
 
 namespace kovrel::test {
 
-struct SampleNames : TextRecord<3> {};
-[[nodiscard]] const RecordInfo& record_info(const SampleNames& type);
+struct SampleNames : TextRecord<3> {
+    static const RecordInfo info;
+};
 
 class Sample {
  public:
-    static const ClassInfo& class_info();
+    static const ClassInfo class_info;
 
     std::int32_t Campo = 0;
 
