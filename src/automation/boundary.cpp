@@ -3,6 +3,7 @@
 #include <new>
 
 #include "automation/com_ptr.h"
+#include "automation/floating_point.h"
 
 namespace kovrel {
 
@@ -34,6 +35,7 @@ void set_error_object(const Failure& failure, const wchar_t* source) noexcept {
 }
 
 HRESULT run_at_boundary(const wchar_t* source, void (*body)(void*), void* context) noexcept {
+    const DefaultFloatingPoint floating_point;
     try {
         body(context);
         return S_OK;

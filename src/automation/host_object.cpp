@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "automation/bstr.h"
+#include "automation/floating_point.h"
 #include "runtime/failure.h"
 
 namespace kovrel {
@@ -42,7 +43,10 @@ class ExceptionRecord {
     [[nodiscard]] EXCEPINFO* get() noexcept { return &record_; }
 
     [[noreturn]] void raise() {
-        if (record_.pfnDeferredFillIn != nullptr) record_.pfnDeferredFillIn(&record_);
+        if (record_.pfnDeferredFillIn != nullptr) {
+            const HostFloatingPoint host;
+            record_.pfnDeferredFillIn(&record_);
+        }
         std::int32_t number = record_.wCode != 0 ? record_.wCode : record_.scode;
         if (HRESULT_FACILITY(number) == FACILITY_CONTROL && number < 0)
             number = HRESULT_CODE(number);
@@ -84,20 +88,23 @@ HostObject::HostObject(IDispatch* object) : object_(object) {
     if (!object_) throw Failure(FailureNumber::object_not_set);
 }
 
+HRESULT HostObject::ask_for_id(std::wstring& name, DISPID& id) const {
+    const HostFloatingPoint host;
+    LPOLESTR names = name.data();
+    const HRESULT result = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
+    if (result != E_NOTIMPL) return result;
+    // Wine's script engine tells the names of its own objects' members here only.
+    const auto extended = object_.query<IDispatchEx>();
+    if (!extended) return result;
+    return extended->GetDispID(Bstr(name).get(), fdexNameCaseInsensitive, &id);
+}
+
 DISPID HostObject::id_of(std::wstring_view member) const {
     const auto known = ids_.find(member);
     if (known != ids_.end()) return known->second;
     std::wstring name(member);
-    LPOLESTR names = name.data();
     DISPID id = DISPID_UNKNOWN;
-    HRESULT result = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
-    if (result == E_NOTIMPL) {
-        // Wine's script engine tells the names of its own objects' members here only.
-        const auto extended = object_.query<IDispatchEx>();
-        if (extended) {
-            result = extended->GetDispID(Bstr(name).get(), fdexNameCaseInsensitive, &id);
-        }
-    }
+    const HRESULT result = ask_for_id(name, id);
     if (FAILED(result)) raise(result);
     ids_.emplace(std::move(name), id);
     return id;
@@ -120,9 +127,11 @@ Variant HostObject::invoke(DISPID id, WORD flags, const VARIANT* first, std::siz
     Variant result;
     ExceptionRecord exception;
     UINT bad_argument = 0;
-    const HRESULT outcome =
-        object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                        puts ? nullptr : &result, exception.get(), &bad_argument);
+    const HRESULT outcome = [&] {
+        const HostFloatingPoint host;
+        return object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                               puts ? nullptr : &result, exception.get(), &bad_argument);
+    }();
     if (outcome == DISP_E_EXCEPTION) exception.raise();
     if (FAILED(outcome)) raise(outcome);
     if ((result.vt & VT_BYREF) == 0) return result;

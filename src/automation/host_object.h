@@ -43,6 +43,7 @@ class HostObject {
  private:
     [[nodiscard]] Variant indexed(std::int32_t index) const;
     [[nodiscard]] DISPID id_of(std::wstring_view member) const;
+    HRESULT ask_for_id(std::wstring& name, DISPID& id) const;
     Variant invoke(DISPID id, WORD flags, const VARIANT* first, std::size_t count) const;
     Variant invoke_reversed(DISPID id, WORD flags, Arguments arguments) const;
 

@@ -1,5 +1,6 @@
 #include "automation/object.h"
 
+#include "automation/floating_point.h"
 #include "automation/late_call.h"
 #include "automation/type_library.h"
 
@@ -157,6 +158,7 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
     if (entry == nullptr) return DISP_E_MEMBERNOTFOUND;
 
     const KeepAlive alive(*self);
+    const DefaultFloatingPoint floating_point;
     try {
         if (result != nullptr) VariantInit(result);
         LateCall call(*entry, *parameters, result);

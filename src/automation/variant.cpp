@@ -139,7 +139,7 @@ Variant Variant::attach(VARIANT& value) noexcept {
 
 VARIANT Variant::detach() noexcept {
     const VARIANT result = *this;
-    VariantInit(this);
+    vt = VT_EMPTY;
     return result;
 }
 

@@ -23,7 +23,7 @@ struct Date {
 /// be converted is a Failure: 94 for a null, 6 for a number out of range, 13 for anything else.
 class Variant : public VARIANT {
  public:
-    Variant() noexcept { VariantInit(this); }
+    Variant() noexcept : VARIANT{} {}
     explicit Variant(bool value) noexcept;
     explicit Variant(std::uint8_t value) noexcept;
     explicit Variant(std::int16_t value) noexcept;
@@ -39,9 +39,11 @@ class Variant : public VARIANT {
     explicit Variant(const VARIANT& value);
 
     Variant(const Variant& other) : Variant(static_cast<const VARIANT&>(other)) {}
-    Variant(Variant&& other) noexcept : VARIANT(other) { VariantInit(&other); }
+    Variant(Variant&& other) noexcept : VARIANT(other) { other.vt = VT_EMPTY; }
     Variant& operator=(Variant other) noexcept;
-    ~Variant() { VariantClear(this); }
+    ~Variant() {
+        if (vt != VT_EMPTY) VariantClear(this);
+    }
 
     [[nodiscard]] static Variant null() noexcept;
     /// What an omitted optional argument looks like.

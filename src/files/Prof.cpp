@@ -10,6 +10,7 @@
 #include <string>
 #include <utility>
 
+#include "automation/floating_point.h"
 #include "automation/per_thread.h"
 #include "files/ansi_text.h"
 #include "runtime/failure.h"
@@ -60,6 +61,11 @@ int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
     return 0;
 }
 
+ITEMIDLIST* browse(BROWSEINFOA& record) {
+    const HostFloatingPoint host;
+    return SHBrowseForFolderA(&record);
+}
+
 }  // namespace
 
 std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
@@ -72,7 +78,7 @@ std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
     record.lpszTitle = title.c_str();
     record.ulFlags = BIF_RETURNONLYFSDIRS;
     record.lpfn = &on_browser_message;
-    const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(SHBrowseForFolderA(&record));
+    const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(browse(record));
     if (!item) return {};
     PathBuffer path = blank_buffer();
     const bool has_path = SHGetPathFromIDListA(item.get(), path.data()) != FALSE;

@@ -4,6 +4,7 @@
 
 #include <ocidl.h>
 
+#include "automation/floating_point.h"
 #include "files/ansi_text.h"
 #include "files/cgsFileOpR.h"
 #include "files/open_dialog_text.h"
@@ -42,6 +43,12 @@ class Buffer {
  private:
     std::string bytes_;
 };
+
+/// True once the user has chosen.
+bool ask_user(OPENFILENAME_NT4A& record) {
+    const HostFloatingPoint host;
+    return GetOpenFileNameA(reinterpret_cast<OPENFILENAMEA*>(&record)) != FALSE;
+}
 
 }  // namespace
 
@@ -83,7 +90,7 @@ bool cgsFileOpR::ShowOpen(Variant vFileName, Variant vTitle, Variant vFilter, co
             // The published sizes of this version of the record.
             static_assert(sizeof record == (sizeof(void*) == 4 ? 76 : 136));
             const bool multiple = (record.Flags & OFN_ALLOWMULTISELECT) != 0;
-            if (GetOpenFileNameA(reinterpret_cast<OPENFILENAMEA*>(&record)) == FALSE) {
+            if (!ask_user(record)) {
                 if (CancelError) note_cancelled();
                 return;
             }

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "automation/boundary.h"
+#include "automation/floating_point.h"
 #include "automation/variant.h"
 #include "ui/subclass.h"
 
@@ -199,6 +200,7 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
 
 LRESULT CALLBACK MaskedEdit::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
                                        UINT_PTR /*id*/, DWORD_PTR owner) {
+    const DefaultFloatingPoint floating_point;
     try {
         return reinterpret_cast<MaskedEdit*>(owner)->handle(message, wparam, lparam);
     } catch (...) {

@@ -3,6 +3,8 @@
 #include <new>
 #include <optional>
 
+#include "automation/floating_point.h"
+
 namespace kovrel {
 namespace {
 
@@ -32,6 +34,7 @@ BOOL CALLBACK collect_enabled(HWND window, LPARAM parameter) noexcept {
 }
 
 void pump(HWND window, void (*after_each)()) {
+    const HostFloatingPoint host;
     MSG message;
     while (PeekMessageW(&message, window, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
@@ -59,10 +62,12 @@ ModalScope::ModalScope(HWND window) : active_(GetActiveWindow()), focus_(GetFocu
     Search search{window, &disabled_};
     EnumThreadWindows(GetCurrentThreadId(), collect_enabled, reinterpret_cast<LPARAM>(&search));
     if (!search.complete) throw std::bad_alloc();
+    const HostFloatingPoint host;
     for (HWND other : disabled_) EnableWindow(other, FALSE);
 }
 
 void ModalScope::release() noexcept {
+    const HostFloatingPoint host;
     for (HWND other : disabled_) {
         if (IsWindow(other)) EnableWindow(other, TRUE);
     }
@@ -70,11 +75,13 @@ void ModalScope::release() noexcept {
 }
 
 void ModalScope::restore_focus() const noexcept {
+    const HostFloatingPoint host;
     if (active_ != nullptr && IsWindow(active_)) SetActiveWindow(active_);
     if (focus_ != nullptr && IsWindow(focus_)) SetFocus(focus_);
 }
 
 void run_modal_loop(HWND window) {
+    const HostFloatingPoint host;
     std::optional<int> quit_code;
     MSG message;
     const auto is_open = [window] { return IsWindow(window) && IsWindowVisible(window); };

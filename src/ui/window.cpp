@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "automation/floating_point.h"
 #include "automation/module.h"
 #include "runtime/failure.h"
 #include "ui/modal.h"
@@ -79,6 +80,7 @@ void Window::load() {
 
 void Window::show_modeless() {
     load();
+    const HostFloatingPoint host;
     ShowWindow(handle_, SW_SHOW);
     UpdateWindow(handle_);
 }
@@ -97,6 +99,7 @@ void Window::show_modal() {
     }
     modal_ = &*scope;
     HWND const window = handle_;
+    const HostFloatingPoint host;
     ShowWindow(window, SW_SHOW);
     SetForegroundWindow(window);
     run_modal_loop(window);
@@ -109,6 +112,7 @@ void Window::unload() noexcept {
     if (!loaded()) return;
     // The host's windows take the keyboard back before this one goes: else another program would.
     if (modal_ != nullptr) modal_->release();
+    const HostFloatingPoint host;
     DestroyWindow(handle_);
 }
 

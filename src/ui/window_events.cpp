@@ -1,6 +1,7 @@
 // A window's events: the messages that reach it, its picture boxes and its controls.
 #include <windows.h>
 
+#include "automation/floating_point.h"
 #include "ui/subclass.h"
 #include "ui/window.h"
 
@@ -118,6 +119,7 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
 }
 
 LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    const DefaultFloatingPoint floating_point;
     if (message == WM_NCCREATE) {
         auto* const created =
             static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(lparam)->lpCreateParams);
@@ -173,6 +175,7 @@ LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, L
 
 LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
                                      UINT_PTR id, DWORD_PTR owner) {
+    const DefaultFloatingPoint floating_point;
     auto* const self = reinterpret_cast<Window*>(owner);
     if (message == WM_SETFOCUS) self->last_focus_ = window;
     if (message == WM_KEYDOWN && self->ready_) {

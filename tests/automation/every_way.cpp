@@ -111,9 +111,10 @@ Answer call_early(IDispatch* object, const MemberShape& shape, Answer answer) {
     for (VARIANT& argument : raw) pointers.push_back(&argument);
     Variant result;
     SetErrorInfo(0, nullptr);
-    const HRESULT called =
-        DispCallFunc(object, static_cast<ULONG_PTR>(shape.offset), CC_STDCALL, VT_I4,
-                     static_cast<UINT>(raw.size()), types.data(), pointers.data(), &result);
+    const HRESULT called = made([&] {
+        return DispCallFunc(object, static_cast<ULONG_PTR>(shape.offset), CC_STDCALL, VT_I4,
+                            static_cast<UINT>(raw.size()), types.data(), pointers.data(), &result);
+    });
     EXPECT_EQ(called, S_OK);
     answer.result = result.lVal;
     if (FAILED(answer.result)) read_last_failure(answer);

@@ -69,8 +69,10 @@ Outcome invoke(IDispatch* object, const std::wstring& member, WORD flags,
     DISPPARAMS parameters{reversed.data(), named.data(), static_cast<UINT>(reversed.size()),
                           static_cast<UINT>(named.size())};
     EXCEPINFO exception{};
-    outcome.result = object->Invoke(ids.front(), IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                    &outcome.value, &exception, &outcome.bad_argument);
+    outcome.result = made([&] {
+        return object->Invoke(ids.front(), IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                              &outcome.value, &exception, &outcome.bad_argument);
+    });
     outcome.error = exception.scode;
     outcome.source = text_of(exception.bstrSource);
     outcome.description = text_of(exception.bstrDescription);

@@ -32,6 +32,22 @@ class ComApartment {
 /// A new instance of a registered class; none when that fails.
 ComPtr<IDispatch> create(const wchar_t* prog_id);
 
+/// What a test has done right before and right after the call itself, where the host's own state is
+/// in force.
+struct AroundCalls {
+    static inline void (*before)() = nullptr;
+    static inline void (*after)() = nullptr;
+};
+
+/// Makes a call into the library, or whatever makes it.
+template <class Call>
+HRESULT made(const Call& call) {
+    if (AroundCalls::before != nullptr) AroundCalls::before();
+    const HRESULT result = call();
+    if (AroundCalls::after != nullptr) AroundCalls::after();
+    return result;
+}
+
 /// What a late-bound call came back with.
 struct Outcome {
     HRESULT result = E_UNEXPECTED;

@@ -1,0 +1,103 @@
+#include "automation/floating_point.h"
+
+#include <windows.h>
+
+#include <array>
+
+namespace kovrel {
+namespace {
+
+// Nearest, every digit, no exception raised. The run time is made for these.
+constexpr std::uint32_t default_sse = 0x1F80;
+constexpr std::uint16_t default_x87 = 0x037F;
+
+constexpr std::uint32_t sse_exceptions = 0x3F;      // noted so far; the rest is control
+constexpr std::uint16_t x87_control_bits = 0x0F3F;  // the rest means nothing
+constexpr std::uint16_t x87_exceptions = 0x7F;      // noted so far, the stack's with them
+constexpr std::uint16_t x87_pending = 0x80;         // one is about to be raised
+
+/// Left in memory: read as one value, the processor would wait for its three stores.
+void read(FloatingPointState& state) noexcept {
+    asm volatile("stmxcsr %0\n\tfnstcw %1\n\tfnstsw %2"
+                 : "=m"(state.sse), "=m"(state.x87_control), "=m"(state.x87_status));
+}
+
+void set_sse(std::uint32_t value) noexcept {
+    asm volatile("ldmxcsr %0" : : "m"(value) : "memory");
+}
+
+void set_x87_control(std::uint16_t value) noexcept {
+    asm volatile("fldcw %0" : : "m"(value) : "memory");
+}
+
+/// Control and exceptions at once: none may be raised between the two.
+void set_x87(const FloatingPointState& state) noexcept {
+    std::array<std::uint32_t, 7> environment;  // as fnstenv lays it out
+    asm volatile("fnstenv %0" : "=m"(environment));
+    environment[0] = (environment[0] & 0xFFFF0000U) | state.x87_control;
+    environment[1] = (environment[1] & ~std::uint32_t{x87_exceptions | x87_pending}) |
+                     (state.x87_status & (x87_exceptions | x87_pending));
+    asm volatile("fldenv %0" : : "m"(environment) : "memory");
+}
+
+void enter_default(FloatingPointState& host) noexcept {
+    read(host);
+    if ((host.sse & ~sse_exceptions) != default_sse) set_sse(default_sse);
+    if ((host.x87_control & x87_control_bits) != (default_x87 & x87_control_bits)) {
+        // The next instruction that waits would raise it, here.
+        if ((host.x87_status & x87_pending) != 0) asm volatile("fnclex");
+        set_x87_control(default_x87);
+    }
+}
+
+void hand_back(const FloatingPointState& host) noexcept {
+    FloatingPointState own;
+    read(own);
+    if (own.sse != host.sse) set_sse(host.sse);
+    if (((own.x87_status ^ host.x87_status) & x87_exceptions) != 0) {
+        set_x87(host);
+    } else if (own.x87_control != host.x87_control) {
+        set_x87_control(host.x87_control);
+    }
+}
+
+/// Where a thread notes the innermost scope that it computes in. Kept for as long as the library is
+/// in the process.
+DWORD scope_slot() noexcept {
+    static const DWORD slot = TlsAlloc();
+    return slot;
+}
+
+DefaultFloatingPoint* current_scope() noexcept {
+    return static_cast<DefaultFloatingPoint*>(TlsGetValue(scope_slot()));
+}
+
+void set_current_scope(DefaultFloatingPoint* scope) noexcept {
+    TlsSetValue(scope_slot(), scope);
+}
+
+}  // namespace
+
+DefaultFloatingPoint::DefaultFloatingPoint() noexcept : outer_(current_scope()) {
+    enter_default(host_);
+    set_current_scope(this);
+}
+
+DefaultFloatingPoint::~DefaultFloatingPoint() {
+    set_current_scope(outer_);
+    hand_back(host_);
+}
+
+HostFloatingPoint::HostFloatingPoint() noexcept : scope_(current_scope()) {
+    if (scope_ == nullptr) return;
+    set_current_scope(nullptr);
+    hand_back(scope_->host_);
+}
+
+HostFloatingPoint::~HostFloatingPoint() {
+    if (scope_ == nullptr) return;
+    enter_default(scope_->host_);
+    set_current_scope(scope_);
+}
+
+}  // namespace kovrel
