@@ -26,22 +26,25 @@ HRESULT hresult_of(const Failure& failure) noexcept {
     return MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, number);
 }
 
-void set_error_object(const Failure& failure, const wchar_t* source) noexcept {
+void set_error_object(const Failure& failure, const wchar_t* source,
+                      const GUID& interface_id) noexcept {
     ComPtr<ICreateErrorInfo> creator;
     if (FAILED(CreateErrorInfo(creator.put()))) return;
+    creator->SetGUID(interface_id);
     creator->SetSource(const_cast<wchar_t*>(source));
     creator->SetDescription(const_cast<wchar_t*>(failure.description().data()));
     if (const auto info = creator.query<IErrorInfo>()) SetErrorInfo(0, info.get());
 }
 
-HRESULT run_at_boundary(const wchar_t* source, void (*body)(void*), void* context) noexcept {
+HRESULT run_at_boundary(const wchar_t* source, const GUID& interface_id, void (*body)(void*),
+                        void* context) noexcept {
     const DefaultFloatingPoint floating_point;
     try {
         body(context);
         return S_OK;
     } catch (...) {
         const Failure failure = current_failure();
-        set_error_object(failure, source);
+        set_error_object(failure, source, interface_id);
         return hresult_of(failure);
     }
 }

@@ -17,17 +17,20 @@ namespace kovrel {
 [[nodiscard]] HRESULT hresult_of(const Failure& failure) noexcept;
 
 /// Leaves the failure as the thread's error object, for early-bound callers.
-void set_error_object(const Failure& failure, const wchar_t* source) noexcept;
+void set_error_object(const Failure& failure, const wchar_t* source,
+                      const GUID& interface_id) noexcept;
 
 /// Runs one call of a host's, given as a function and what it works on; no exception leaves it.
-HRESULT run_at_boundary(const wchar_t* source, void (*body)(void*), void* context) noexcept;
+HRESULT run_at_boundary(const wchar_t* source, const GUID& interface_id, void (*body)(void*),
+                        void* context) noexcept;
 
-/// Runs one call of a host's. `source` is the ProgID that the host sees in a failure.
+/// Runs one call of a host's that goes to no interface of the library's own. `source` is the ProgID
+/// that the host sees in a failure.
 template <class Body>
 HRESULT boundary(const wchar_t* source, Body&& body) noexcept {
     return run_at_boundary(
-        source, [](void* context) { (*static_cast<std::remove_reference_t<Body>*>(context))(); },
-        &body);
+        source, GUID_NULL,
+        [](void* context) { (*static_cast<std::remove_reference_t<Body>*>(context))(); }, &body);
 }
 
 }  // namespace kovrel

@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "automation/bstr.h"
+#include "automation/by_reference.h"
 #include "automation/floating_point.h"
+#include "automation/platform_failure.h"
 #include "runtime/failure.h"
 
 namespace kovrel {
@@ -14,20 +16,6 @@ namespace {
 /// Default members that lead to objects are followed this far; an object that is its own default
 /// value would be followed for ever.
 constexpr int default_value_depth = 16;
-
-/// The system's own text for an HRESULT, without its closing line break.
-std::wstring system_text(HRESULT result) {
-    wchar_t* text = nullptr;
-    const DWORD length = FormatMessageW(
-        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
-        nullptr, static_cast<DWORD>(result), 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
-    std::wstring description(text == nullptr ? L"" : text, length);
-    LocalFree(text);
-    while (!description.empty() && (description.back() == L'\r' || description.back() == L'\n')) {
-        description.pop_back();
-    }
-    return description;
-}
 
 /// The exception record that a failed call filled, freed at the end.
 class ExceptionRecord {
@@ -47,38 +35,18 @@ class ExceptionRecord {
             const HostFloatingPoint host;
             record_.pfnDeferredFillIn(&record_);
         }
-        std::int32_t number = record_.wCode != 0 ? record_.wCode : record_.scode;
-        if (HRESULT_FACILITY(number) == FACILITY_CONTROL && number < 0)
-            number = HRESULT_CODE(number);
-        std::wstring description(text_of(record_.bstrDescription));
-        if (number == 0) number = E_FAIL;
-        if (description.empty()) {
-            description =
-                number < 0 ? system_text(number) : std::wstring(failure_description(number));
-        }
-        throw Failure(number, std::move(description));
+        HRESULT code = record_.wCode != 0 ? record_.wCode : record_.scode;
+        if (code == 0) code = E_FAIL;
+        throw_platform_failure(code, std::wstring(text_of(record_.bstrDescription)));
     }
 
  private:
     EXCEPINFO record_{};
 };
 
-[[noreturn]] void raise(HRESULT result) {
-    if (result == DISP_E_UNKNOWNNAME || result == DISP_E_MEMBERNOTFOUND) {
-        throw Failure(FailureNumber::member_not_found);
-    }
-    if (result == E_OUTOFMEMORY) throw std::bad_alloc();
-    if (HRESULT_FACILITY(result) == FACILITY_CONTROL) {
-        const auto number = HRESULT_CODE(result);
-        throw Failure(number, std::wstring(failure_description(number)));
-    }
-    throw Failure(result, system_text(result));
-}
-
 /// How objects say that a member cannot be read without its argument.
 bool lacks_argument(std::int32_t number) {
-    return number == DISP_E_BADPARAMCOUNT || number == DISP_E_PARAMNOTOPTIONAL ||
-           number == static_cast<std::int32_t>(FailureNumber::wrong_argument_count) ||
+    return number == static_cast<std::int32_t>(FailureNumber::wrong_argument_count) ||
            number == static_cast<std::int32_t>(FailureNumber::argument_not_optional);
 }
 
@@ -105,7 +73,7 @@ DISPID HostObject::id_of(std::wstring_view member) const {
     std::wstring name(member);
     DISPID id = DISPID_UNKNOWN;
     const HRESULT result = ask_for_id(name, id);
-    if (FAILED(result)) raise(result);
+    if (FAILED(result)) throw_platform_failure(result);
     ids_.emplace(std::move(name), id);
     return id;
 }
@@ -133,7 +101,7 @@ Variant HostObject::invoke(DISPID id, WORD flags, const VARIANT* first, std::siz
                                puts ? nullptr : &result, exception.get(), &bad_argument);
     }();
     if (outcome == DISP_E_EXCEPTION) exception.raise();
-    if (FAILED(outcome)) raise(outcome);
+    if (FAILED(outcome)) throw_platform_failure(outcome);
     if ((result.vt & VT_BYREF) == 0) return result;
     Variant copy;
     const HRESULT copied = copy_followed(copy, result);

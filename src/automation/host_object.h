@@ -13,8 +13,9 @@ namespace kovrel {
 
 /// Holds one reference for as long as the library works with the object, so that an object that
 /// releases itself during a call stays alive until the call ends. Every failure of the object's is
-/// a Failure: 438 for an unknown name, the object's own number and description otherwise (HRESULTs
-/// outside the automation range stay negative).
+/// a Failure: 438 for an unknown name, otherwise the object's own number and description, a
+/// platform code being the run-time failure that it stands for (those that stand for none stay
+/// negative).
 class HostObject {
  public:
     /// Failure 91 when there is no object.

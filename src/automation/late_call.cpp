@@ -1,19 +1,15 @@
 #include "automation/late_call.h"
 
-#include <cstring>
 #include <string>
 
 #include "automation/bstr.h"
+#include "automation/by_reference.h"
 #include "automation/host_object.h"
 #include "runtime/failure.h"
 #include "runtime/text.h"
 
 namespace kovrel {
 namespace {
-
-/// By-reference variants that lead to further ones are followed this far; a variable that refers
-/// to itself would be followed for ever.
-constexpr int reference_depth = 8;
 
 /// An argument that cannot become what the member needs.
 struct BadValue {
@@ -24,46 +20,12 @@ bool is_missing(const VARIANT& value) noexcept {
     return value.vt == VT_ERROR && value.scode == DISP_E_PARAMNOTFOUND;
 }
 
-/// The variant at the end of a chain of by-reference variants; null when the chain has no end or
-/// what it leads to refers to nothing.
-VARIANT* followed(VARIANT* value) noexcept {
-    for (int depth = 0; depth < reference_depth; ++depth) {
-        if ((value->vt & VT_BYREF) != 0 && value->byref == nullptr) return nullptr;
-        if (value->vt != (VT_BYREF | VT_VARIANT)) return value;
-        value = value->pvarVal;
-    }
-    return nullptr;
-}
-
 Variant copy_of(const VARIANT& source) {
     Variant result;
     const HRESULT outcome = copy_followed(result, source);
     if (outcome == E_OUTOFMEMORY) throw std::bad_alloc();
     if (FAILED(outcome)) throw BadValue{outcome};
     return result;
-}
-
-/// Moves a value that has just the variable's type into the variable.
-void store(VARIANT& variable, Variant&& value) noexcept {
-    const VARTYPE type = variable.vt & ~VT_BYREF;
-    if (type == VT_BSTR) {
-        SysFreeString(*variable.pbstrVal);
-        *variable.pbstrVal = value.detach().bstrVal;
-    } else if (type == VT_DISPATCH || type == VT_UNKNOWN) {
-        if (*variable.ppunkVal != nullptr) (*variable.ppunkVal)->Release();
-        *variable.ppunkVal = value.detach().punkVal;
-    } else if (type == VT_DECIMAL) {
-        *variable.pdecVal = value.decVal;
-    } else {
-        std::size_t size = 8;
-        if (type == VT_I1 || type == VT_UI1) size = 1;
-        if (type == VT_I2 || type == VT_UI2 || type == VT_BOOL) size = 2;
-        if (type == VT_I4 || type == VT_UI4 || type == VT_INT || type == VT_UINT || type == VT_R4 ||
-            type == VT_ERROR) {
-            size = 4;
-        }
-        std::memcpy(variable.byref, &value.llVal, size);
-    }
 }
 
 /// The texts of a one-dimensional array of texts or variants.
@@ -123,7 +85,7 @@ LateCall::LateCall(const MemberInfo& member, const DISPPARAMS& parameters, VARIA
     const std::size_t count = member.parameters.size();
     const UINT named = parameters.cNamedArgs;
     if (parameters.cArgs > count || named > parameters.cArgs) {
-        throw CallError{DISP_E_BADPARAMCOUNT, 0};
+        throw CallError{DISP_E_BADPARAMCOUNT};
     }
     const UINT positional = parameters.cArgs - named;
     for (UINT index = 0; index < positional; ++index) {
@@ -167,7 +129,8 @@ void LateCall::check_omitted(const DISPPARAMS& parameters) const {
     for (std::size_t index = 0; index < member_->parameters.size(); ++index) {
         if (arguments_[index] != nullptr || member_->parameters[index].optional) continue;
         throw CallError{parameters.cNamedArgs == 0 ? DISP_E_BADPARAMCOUNT : DISP_E_PARAMNOTOPTIONAL,
-                        0};
+                        {},
+                        member_->parameters[index].name};
     }
 }
 
@@ -231,20 +194,9 @@ std::vector<std::wstring> LateCall::texts(std::size_t parameter, const RecordInf
 void LateCall::write_back(std::size_t parameter, Variant value) const {
     VARIANTARG* const given = arguments_[parameter];
     if (given == nullptr || (given->vt & VT_BYREF) == 0) return;
-    VARIANT* const variable = followed(given);
-    if (variable == nullptr) return;  // the host changed its variable during the call
-    if ((variable->vt & VT_BYREF) == 0) {
-        VariantClear(variable);
-        *variable = value.detach();
-        return;
-    }
-    if ((variable->vt & VT_ARRAY) != 0) return;
-    Variant converted;
-    const VARTYPE type = variable->vt & ~VT_BYREF;
-    const HRESULT outcome = VariantChangeTypeEx(&converted, &value, LOCALE_USER_DEFAULT, 0, type);
+    const HRESULT outcome = write_through(*given, std::move(value));
     if (outcome == E_OUTOFMEMORY) throw std::bad_alloc();
     if (FAILED(outcome)) fail(parameter, outcome);
-    store(*variable, std::move(converted));
 }
 
 void LateCall::set_result(Variant value) const noexcept {
@@ -252,7 +204,7 @@ void LateCall::set_result(Variant value) const noexcept {
 }
 
 void LateCall::fail(std::size_t parameter, HRESULT result) const {
-    throw CallError{result, positions_[parameter]};
+    throw CallError{result, positions_[parameter], member_->parameters[parameter].name};
 }
 
 }  // namespace kovrel

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,8 @@ constexpr std::size_t max_parameters = 8;
 /// A call that does not fit the member: what Invoke answers, and the argument at fault.
 struct CallError {
     HRESULT result;
-    UINT argument;  ///< index into DISPPARAMS::rgvarg
+    std::optional<UINT> argument{};      ///< index into DISPPARAMS::rgvarg
+    const wchar_t* parameter = nullptr;  ///< the name of the one at fault
 };
 
 class LateCall {

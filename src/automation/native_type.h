@@ -35,7 +35,7 @@ struct TextRecord {
     bool operator==(const TextRecord&) const = default;
 };
 
-/// What Native<T> has to offer:
+/// What Native<T> has to offer (variants are read and written through references instead):
 ///   Raw                      how a value of the type is passed
 ///   from_raw(raw)            the native value; the raw one stays the caller's
 ///   to_raw(value)            a raw value that the receiver owns
@@ -130,14 +130,7 @@ struct Native<std::wstring> {
 template <>
 struct Native<Variant> {
     using Raw = VARIANT;
-    static Variant from_raw(const VARIANT& raw) {
-        Variant result;
-        const HRESULT outcome = copy_followed(result, raw);
-        if (FAILED(outcome)) throw_conversion_failure(outcome);
-        return result;
-    }
     static Raw to_raw(Variant value) noexcept { return value.detach(); }
-    static void release(VARIANT& raw) noexcept { VariantClear(&raw); }
     static Variant from_call(const LateCall& call, std::size_t index) { return call.copied(index); }
     static Variant to_variant(Variant value) noexcept { return value; }
     static constexpr TypeRef type() noexcept { return {.type = VT_VARIANT}; }

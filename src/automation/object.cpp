@@ -2,6 +2,7 @@
 
 #include "automation/floating_point.h"
 #include "automation/late_call.h"
+#include "automation/platform_failure.h"
 #include "automation/type_library.h"
 
 namespace kovrel {
@@ -22,8 +23,20 @@ class KeepAlive {
 
 std::atomic<ULONG> objects{0};
 
-/// The late-bound entry that a call's flags ask for; null when the member has none such.
-const MemberInfo* wanted(const ClassInfo::Accessors& accessors, WORD flags) noexcept {
+/// Whether a call's last argument is the value of a property.
+bool puts(const DISPPARAMS& parameters) noexcept {
+    return parameters.cNamedArgs != 0 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
+}
+
+/// The late-bound entry that a call's flags ask for; null when the member has none such. Of several
+/// the one that fits the call: only a value that is passed as such is put where reading is asked
+/// for too.
+const MemberInfo* wanted(const ClassInfo::Accessors& accessors, WORD flags,
+                         const DISPPARAMS& parameters) noexcept {
+    if ((flags & DISPATCH_METHOD) != 0 && accessors.method != nullptr) return accessors.method;
+    if ((flags & DISPATCH_PROPERTYGET) != 0 && accessors.get != nullptr && !puts(parameters)) {
+        return accessors.get;
+    }
     if ((flags & DISPATCH_PROPERTYPUTREF) != 0 && accessors.put_object != nullptr) {
         return accessors.put_object;
     }
@@ -31,17 +44,40 @@ const MemberInfo* wanted(const ClassInfo::Accessors& accessors, WORD flags) noex
         // Hosts that have no object assignment of their own put an object as any other value.
         return accessors.put != nullptr ? accessors.put : accessors.put_object;
     }
-    if ((flags & DISPATCH_METHOD) != 0 && accessors.method != nullptr) return accessors.method;
-    if ((flags & DISPATCH_PROPERTYGET) != 0) return accessors.get;
-    return nullptr;
+    return (flags & DISPATCH_PROPERTYGET) != 0 ? accessors.get : nullptr;
 }
 
-void fill(EXCEPINFO* exception, const Failure& failure, const ClassInfo& info) noexcept {
+/// Whether a call brings the arguments that it says it does.
+bool complete(const DISPPARAMS* parameters) noexcept {
+    return parameters != nullptr && parameters->cNamedArgs <= parameters->cArgs &&
+           (parameters->cArgs == 0 || parameters->rgvarg != nullptr) &&
+           (parameters->cNamedArgs == 0 || parameters->rgdispidNamedArgs != nullptr);
+}
+
+void fill(EXCEPINFO* exception, HRESULT code, const wchar_t* description,
+          const ClassInfo& info) noexcept {
     if (exception == nullptr) return;
     *exception = {};
-    exception->scode = hresult_of(failure);
+    exception->scode = code;
     exception->bstrSource = SysAllocString(info.prog_id);
-    exception->bstrDescription = SysAllocString(failure.description().data());
+    exception->bstrDescription = SysAllocString(description);
+}
+
+/// Answers a call that does not fit, with words for the hosts that ask for them.
+HRESULT refuse(EXCEPINFO* exception, const CallError& error, const MemberInfo* member,
+               const ClassInfo& info) noexcept {
+    try {
+        const Failure failure(
+            error.result,
+            misfit_description(error.result, member == nullptr ? nullptr : member->name,
+                               error.parameter));
+        fill(exception, error.result, failure.description().data(), info);
+        set_error_object(failure, info.prog_id, info.interface_id);
+    } catch (const std::bad_alloc&) {
+        // The answer alone has to do.
+        return error.result;
+    }
+    return error.result;
 }
 
 }  // namespace
@@ -152,30 +188,35 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
                                              LCID /*locale*/, WORD flags, DISPPARAMS* parameters,
                                              VARIANT* result, EXCEPINFO* exception,
                                              UINT* bad_argument) {
+    if (result != nullptr) VariantInit(result);
     if (!IsEqualIID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
-    if (parameters == nullptr) return E_INVALIDARG;
-    const MemberInfo* const entry = wanted(self->info_->accessors(member), flags);
-    if (entry == nullptr) return DISP_E_MEMBERNOTFOUND;
+    if (!complete(parameters)) return E_INVALIDARG;
+    const ClassInfo& info = *self->info_;
+    const ClassInfo::Accessors accessors = info.accessors(member);
+    const MemberInfo* const entry = wanted(accessors, flags, *parameters);
+    if (entry == nullptr) {
+        return refuse(exception, {DISP_E_MEMBERNOTFOUND}, accessors.any(), info);
+    }
 
     const KeepAlive alive(*self);
     const DefaultFloatingPoint floating_point;
     try {
-        if (result != nullptr) VariantInit(result);
         LateCall call(*entry, *parameters, result);
         entry->late(self->implementation_, call);
         return S_OK;
     } catch (const CallError& error) {
-        if (bad_argument != nullptr) *bad_argument = error.argument;
-        return error.result;
+        if (bad_argument != nullptr && error.argument) *bad_argument = *error.argument;
+        return refuse(exception, error, entry, info);
     } catch (...) {
-        fill(exception, current_failure(), *self->info_);
+        const Failure failure = current_failure();
+        fill(exception, hresult_of(failure), failure.description().data(), info);
         return DISP_E_EXCEPTION;
     }
 }
 
 HRESULT ObjectBase::run(void (*body)(void*), void* context) noexcept {
     const KeepAlive alive(*this);
-    return run_at_boundary(info_->prog_id, body, context);
+    return run_at_boundary(info_->prog_id, info_->interface_id, body, context);
 }
 
 }  // namespace kovrel

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "automation/boundary.h"
+#include "automation/early_call.h"
 #include "automation/native_type.h"
 #include "automation/object.h"
 
@@ -55,12 +56,16 @@ class Argument {
         }
     }
 
-    void store(RawOf<Parameter> variable) {
+    void store(RawOf<Parameter> variable, const MemberInfo& declared, std::size_t index) {
         if constexpr (written_back<Parameter>) {
             if (!changed()) return;
-            auto raw = NativeOf<Parameter>::to_raw(value_);
-            NativeOf<Parameter>::release(*variable);
-            *variable = raw;
+            if constexpr (std::is_same_v<Value, Variant>) {
+                store_variant(*variable, value_, declared, index);
+            } else {
+                auto raw = NativeOf<Parameter>::to_raw(value_);
+                NativeOf<Parameter>::release(*variable);
+                *variable = raw;
+            }
         }
     }
 
@@ -111,12 +116,10 @@ class Crossing {
     template <class... Out>
     [[gnu::noinline]] static HRESULT early(ObjectBase* self, Member member, std::size_t place,
                                            RawOf<Parameters>... raw, Out... out) {
-        if (((out == nullptr) || ...)) return E_POINTER;
-        ((*out = {}), ...);
-        if ((is_null(raw) || ...)) return E_POINTER;
         auto body = [&] {
-            call_early(self->implementation(), member, self->info().members[place], Indexes{},
-                       raw..., out...);
+            const MemberInfo& declared = self->info().members[place];
+            check_pointers(declared, Indexes{}, raw..., out...);
+            call_early(self->implementation(), member, declared, Indexes{}, raw..., out...);
         };
         return self->run([](void* context) { (*static_cast<decltype(body)*>(context))(); }, &body);
     }
@@ -129,35 +132,42 @@ class Crossing {
     using Arguments = std::tuple<Argument<Parameters>...>;
     using Indexes = std::index_sequence_for<Parameters...>;
 
-    template <class Raw>
-    static bool is_null(Raw /*raw*/) noexcept {
-        return false;
-    }
-    template <class Pointee>
-    static bool is_null(Pointee* raw) noexcept {
-        // A by-value text or object may be null; a reference to a variable may not.
-        constexpr bool reference =
-            ((by_reference<Parameters> && std::is_same_v<RawOf<Parameters>, Pointee*>) || ...);
-        return reference && raw == nullptr;
+    /// A by-value text or object may be null; a reference to a variable may not. The result is
+    /// empty until there is one.
+    template <std::size_t... Index, class... Out>
+    static void check_pointers(const MemberInfo& declared,
+                               std::index_sequence<Index...> /*indexes*/, RawOf<Parameters>... raw,
+                               Out... out) {
+        if (((out == nullptr) || ...)) refuse_argument(E_POINTER, declared, sizeof...(Parameters));
+        ((*out = {}), ...);
+        (check_pointer<Parameters>(raw, declared, Index), ...);
     }
 
-    /// A variant that the caller left out counts as its parameter's default, as in a late call.
+    template <class Parameter>
+    static void check_pointer(RawOf<Parameter> raw, const MemberInfo& declared, std::size_t index) {
+        if constexpr (by_reference<Parameter>) {
+            if (raw == nullptr) refuse_argument(E_POINTER, declared, index);
+        } else {
+            (void)raw, (void)declared, (void)index;
+        }
+    }
+
     template <class Parameter>
     static auto from_raw(RawOf<Parameter> raw, const MemberInfo& declared, std::size_t index) {
-        auto value = [&] {
+        const auto& given = [&]() -> const auto& {
             if constexpr (by_reference<Parameter>) {
-                return NativeOf<Parameter>::from_raw(*raw);
+                return *raw;
             } else {
-                return NativeOf<Parameter>::from_raw(raw);
+                return raw;
             }
-        }();
-        if constexpr (std::is_same_v<decltype(value), Variant>) {
-            const ParameterInfo& parameter = declared.parameters[index];
-            if (value.is_missing() && parameter.optional) value = Variant(parameter.when_missing);
-        } else {
-            (void)index;
         }
-        return value;
+        ();
+        if constexpr (std::is_same_v<std::remove_cvref_t<Parameter>, Variant>) {
+            return variant_argument(given, declared, index);
+        } else {
+            (void)declared, (void)index;
+            return NativeOf<Parameter>::from_raw(given);
+        }
     }
 
     template <std::size_t... Index, class... Out>
@@ -165,7 +175,7 @@ class Crossing {
                            std::index_sequence<Index...> /*indexes*/, RawOf<Parameters>... raw,
                            Out... out) {
         Arguments arguments{Argument<Parameters>(from_raw<Parameters>(raw, declared, Index))...};
-        const auto store = [&] { (std::get<Index>(arguments).store(raw), ...); };
+        const auto store = [&] { (std::get<Index>(arguments).store(raw, declared, Index), ...); };
         const auto call = [&] {
             return member(implementation, std::get<Index>(arguments).pass()...);
         };

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "automation/com_ptr.h"
-#include "automation/record_sizes.h"
+#include "automation/type_library_repair.h"
 #include "automation/variant.h"
 #include "runtime/failure.h"
 
@@ -129,8 +129,9 @@ class LibraryWriter {
 
     void begin_interface(const ClassInfo& info) {
         auto type = create(info.interface_name, TKIND_INTERFACE, info.interface_id, info.help);
-        check(
-            type->SetTypeFlags(TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FDISPATCHABLE));
+        // No member is found at run time that is not declared: compilers refuse other names.
+        check(type->SetTypeFlags(TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FDISPATCHABLE |
+                                 TYPEFLAG_FNONEXTENSIBLE));
         user_types_[&info] = std::move(type);
     }
 
@@ -266,6 +267,7 @@ void write_type_library(const LibraryInfo& library, const std::wstring& path, SY
         sizes.push_back({library.enumerations.size() + sizes.size(), record->size * pointer_size});
     }
     write_record_sizes(path, sizes);
+    write_true_defaults(path);
 }
 
 }  // namespace kovrel

@@ -8,9 +8,7 @@
 #include "runtime/failure.h"
 
 namespace kovrel {
-namespace {
 
-/// How many of the value's bytes belong to its type; 0 for a type that owns something or has none.
 std::size_t plain_size(VARTYPE type) noexcept {
     switch (type) {
         case VT_I1:
@@ -36,20 +34,6 @@ std::size_t plain_size(VARTYPE type) noexcept {
         default:
             return 0;
     }
-}
-
-bool refers_to_nothing(const VARIANT& value) noexcept {
-    return (value.vt & VT_BYREF) != 0 && value.byref == nullptr;
-}
-
-}  // namespace
-
-HRESULT copy_followed(VARIANT& target, const VARIANT& source) noexcept {
-    if (refers_to_nothing(source)) return DISP_E_TYPEMISMATCH;
-    if (source.vt == (VT_BYREF | VT_VARIANT) && refers_to_nothing(*source.pvarVal)) {
-        return DISP_E_TYPEMISMATCH;
-    }
-    return VariantCopyInd(&target, const_cast<VARIANT*>(&source));
 }
 
 void throw_conversion_failure(HRESULT result) {

@@ -86,9 +86,8 @@ class Variant : public VARIANT {
 
 static_assert(sizeof(Variant) == sizeof(VARIANT), "arrays of VARIANT are handed out as Variant");
 
-/// Copies a value, what it refers to instead of the reference. A reference to nothing is a type
-/// mismatch, where the platform would follow it.
-HRESULT copy_followed(VARIANT& target, const VARIANT& source) noexcept;
+/// How many of a value's bytes belong to its type; 0 for a type that owns something or has none.
+[[nodiscard]] std::size_t plain_size(VARTYPE type) noexcept;
 
 /// The result of a platform conversion as a Failure.
 [[noreturn]] void throw_conversion_failure(HRESULT result);

@@ -1,6 +1,9 @@
 #include "zip/zip_library.h"
 
+#include <cstring>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "automation/module.h"
 #include "runtime/failure.h"
@@ -41,34 +44,48 @@ bool is_file(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-HMODULE load() {
-    const QuietLoader quiet;
-    FailureNumber failure = FailureNumber::file_not_found;
-    for (const std::wstring& folder : {own_folder(), system_folder()}) {
-        if (folder.empty() || !is_file(folder + file_name)) continue;
-        // What the DLL needs itself comes from its own folder or the system's too.
-        HMODULE module =
-            LoadLibraryExW((folder + file_name).c_str(), nullptr,
-                           LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32);
-        if (module != nullptr) return module;
-        failure = FailureNumber::dll_load;
-    }
-    throw Failure(failure);
+/// A failure that names the file over which it came.
+Failure failure_over(FailureNumber number, const std::wstring& file) {
+    const auto value = static_cast<std::int32_t>(number);
+    return {value, std::wstring(failure_description(value)) + L": " + file};
 }
 
 template <class Function>
-Function entry_point(HMODULE module, const char* name) {
+Function entry_point(HMODULE module, const std::wstring& path, const char* name) {
     const FARPROC address = GetProcAddress(module, name);
-    if (address == nullptr) throw Failure(FailureNumber::dll_function_not_found);
+    if (address == nullptr) {
+        const std::wstring missing(name, name + std::strlen(name));
+        throw failure_over(FailureNumber::dll_function_not_found, missing + L", " + path);
+    }
     return reinterpret_cast<Function>(reinterpret_cast<void*>(address));
 }
 
 }  // namespace
 
-ZipLibrary::ZipLibrary()
-    : module_(load()),
-      init(entry_point<decltype(init)>(module_.get(), "ZpInit")),
-      set_options(entry_point<decltype(set_options)>(module_.get(), "ZpSetOptions")),
-      archive(entry_point<decltype(archive)>(module_.get(), "ZpArchive")) {}
+ZipLibrary::ZipLibrary() : ZipLibrary(load()) {}
+
+ZipLibrary::ZipLibrary(Loaded loaded)
+    : module_(std::move(loaded.module)),
+      init(entry_point<decltype(init)>(module_.get(), loaded.path, "ZpInit")),
+      set_options(entry_point<decltype(set_options)>(module_.get(), loaded.path, "ZpSetOptions")),
+      archive(entry_point<decltype(archive)>(module_.get(), loaded.path, "ZpArchive")) {}
+
+ZipLibrary::Loaded ZipLibrary::load() {
+    const QuietLoader quiet;
+    std::optional<Failure> unusable;
+    for (const std::wstring& folder : {own_folder(), system_folder()}) {
+        const std::wstring path = folder + file_name;
+        if (folder.empty() || !is_file(path)) continue;
+        // What the DLL needs itself comes from its own folder or the system's too.
+        Module module(
+            LoadLibraryExW(path.c_str(), nullptr,
+                           LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32));
+        if (module) return {std::move(module), path};
+        if (!unusable) unusable = failure_over(FailureNumber::dll_load, path);
+    }
+    if (unusable) throw Failure(*unusable);
+    // Where it belongs.
+    throw failure_over(FailureNumber::file_not_found, own_folder() + file_name);
+}
 
 }  // namespace kovrel

@@ -1,5 +1,6 @@
 // The standard error box for what hosts' objects report: numbers and texts of every kind.
 #include <gtest/gtest.h>
+#include <tuple>
 
 #include "tests/automation/every_way.h"
 #include "tests/support/scripted_object.h"
@@ -57,12 +58,44 @@ TEST_P(ErrorBox, ANegativeNumberHasItsSign) {
     expect_box({static_cast<std::int32_t>(0x80000000), L"El menor", DISP_E_EXCEPTION, 0},
                L"-2147483648", L"El menor");
     // Without a text of the object's own it is the system's.
-    ASSERT_NE(text_of_system(E_ACCESSDENIED), L"");
-    expect_box({static_cast<std::int32_t>(E_ACCESSDENIED), {}, DISP_E_EXCEPTION, 0}, L"-2147024891",
-               text_of_system(E_ACCESSDENIED));
-    expect_box(bare_failure(E_ACCESSDENIED), L"-2147024891", text_of_system(E_ACCESSDENIED));
+    ASSERT_NE(text_of_system(E_FAIL), L"");
+    expect_box({static_cast<std::int32_t>(E_FAIL), {}, DISP_E_EXCEPTION, 0}, L"-2147467259",
+               text_of_system(E_FAIL));
+    expect_box(bare_failure(E_FAIL), L"-2147467259", text_of_system(E_FAIL));
     // An exception without any number is an unspecified failure.
     expect_box({0, L"Sin número", DISP_E_EXCEPTION, 0}, L"-2147467259", L"Sin número");
+}
+
+// The platform's own codes are those failures that they stand for, whichever way they come.
+TEST_P(ErrorBox, APlatformCodeIsTheFailureThatItStandsFor) {
+    const std::vector<std::tuple<HRESULT, const wchar_t*, const wchar_t*>> codes{
+        {E_INVALIDARG, L"5", L"Llamada a procedimiento o argumento no válidos"},
+        {DISP_E_OVERFLOW, L"6", L"Desbordamiento"},
+        {E_OUTOFMEMORY, L"7", L"Memoria insuficiente"},
+        {DISP_E_BADINDEX, L"9", L"Subíndice fuera del intervalo"},
+        {DISP_E_ARRAYISLOCKED, L"10", L"La matriz es fija o está bloqueada temporalmente"},
+        {DISP_E_DIVBYZERO, L"11", L"División por cero"},
+        {DISP_E_TYPEMISMATCH, L"13", L"No coinciden los tipos"},
+        {STG_E_FILENOTFOUND, L"53", L"No se encontró el archivo"},
+        {E_ACCESSDENIED, L"70", L"Permiso denegado"},
+        {DISP_E_UNKNOWNNAME, L"438", L"El objeto no admite esta propiedad o método"},
+        {DISP_E_MEMBERNOTFOUND, L"438", L"El objeto no admite esta propiedad o método"},
+        {E_NOTIMPL, L"445", L"El objeto no admite esta acción"},
+        {DISP_E_NONAMEDARGS, L"446", L"El objeto no admite argumentos con nombre"},
+        {DISP_E_UNKNOWNLCID, L"447", L"El objeto no admite la configuración regional actual"},
+        {DISP_E_PARAMNOTFOUND, L"448", L"No se encontró el argumento con nombre"},
+        {DISP_E_PARAMNOTOPTIONAL, L"449", L"Argumento no opcional"},
+        {DISP_E_BADPARAMCOUNT, L"450",
+         L"Número de argumentos incorrecto o asignación de propiedad no válida"},
+        {DISP_E_NOTACOLLECTION, L"451", L"El objeto no es una colección"},
+        {DISP_E_BADVARTYPE, L"458", L"La variable usa un tipo de automatización no admitido"},
+    };
+    for (const auto& [code, number, description] : codes) {
+        expect_box(bare_failure(code), number, description);
+        expect_box({static_cast<std::int32_t>(code), {}, DISP_E_EXCEPTION, 0}, number, description);
+        expect_box({static_cast<std::int32_t>(code), L"Lo que dice el objeto", DISP_E_EXCEPTION, 0},
+                   number, L"Lo que dice el objeto");
+    }
 }
 
 TEST_P(ErrorBox, ADescriptionIsWrittenAsItStands) {

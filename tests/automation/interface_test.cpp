@@ -81,7 +81,8 @@ std::wstring default_text(const VARIANT& value) {
         case VT_BSTR:
             return L'"' + std::wstring(text_of(value.bstrVal)) + L'"';
         case VT_BOOL:
-            return value.boolVal != VARIANT_FALSE ? L"verdadero" : L"falso";
+            if (value.boolVal == VARIANT_FALSE) return L"falso";
+            return value.boolVal == VARIANT_TRUE ? L"verdadero" : L"?";
         case VT_I2:
             return std::to_wstring(value.iVal);
         case VT_I4:
@@ -184,6 +185,7 @@ TEST_F(Interface, EveryClassListsItsMembersInOrder) {
         const UINT count = attributes->cFuncs;
         EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FDUAL, 0);
         EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FOLEAUTOMATION, 0);
+        EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FNONEXTENSIBLE, 0);
         info->ReleaseTypeAttr(attributes);
 
         std::vector<std::wstring> members;
@@ -199,6 +201,21 @@ TEST_F(Interface, EveryClassListsItsMembersInOrder) {
         for (std::size_t index = 0; index < members.size(); ++index) {
             EXPECT_EQ(narrow(members[index]), narrow(expected.members[index]));
         }
+    }
+}
+
+/// A compiler asks the side that it calls members by name through.
+TEST_F(Interface, NoOtherNamesAreAccepted) {
+    for (const ExpectedClass& expected : expected_classes()) {
+        const auto instance = create((L"Kovrel." + expected.name).c_str());
+        ASSERT_TRUE(instance);
+        ComPtr<ITypeInfo> info;
+        ASSERT_EQ(instance->GetTypeInfo(0, LOCALE_NEUTRAL, info.put()), S_OK);
+        TYPEATTR* attributes = nullptr;
+        ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
+        EXPECT_EQ(attributes->typekind, TKIND_DISPATCH);
+        EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FNONEXTENSIBLE, 0) << narrow(expected.name);
+        info->ReleaseTypeAttr(attributes);
     }
 }
 

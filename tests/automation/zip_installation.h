@@ -11,7 +11,7 @@ namespace kovrel::test {
 class Installation {
  public:
     explicit Installation(const std::string& name)
-        : folder_(std::filesystem::path(KOVREL_INSTALLATIONS) / name) {
+        : folder_((std::filesystem::path(KOVREL_INSTALLATIONS) / name).make_preferred()) {
         std::filesystem::remove_all(folder_);
         std::filesystem::create_directories(folder_);
         std::filesystem::copy_file(KOVREL_LIBRARY, folder_ / "kovrel.dll");

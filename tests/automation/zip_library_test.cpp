@@ -9,9 +9,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const wchar_t* missing = L"Error 53\r (No se encontró el archivo)";
-constexpr const wchar_t* not_loaded = L"Error 48\r (Error al cargar el archivo DLL)";
-constexpr const wchar_t* no_entry = L"Error 453\r (No se encontró la función DLL especificada)";
+/// What the user reads when it is over a file that nothing was packed.
+std::wstring missing(const fs::path& dll) {
+    return L"Error 53\r (No se encontró el archivo: " + dll.wstring() + L")";
+}
+std::wstring not_loaded(const fs::path& dll) {
+    return L"Error 48\r (Error al cargar el archivo DLL: " + dll.wstring() + L")";
+}
+std::wstring no_entry(const fs::path& dll) {
+    return L"Error 453\r (No se encontró la función DLL especificada: ZpInit, " + dll.wstring() +
+           L")";
+}
 
 /// A system DLL that this process cannot load.
 constexpr const wchar_t* other_bitness = sizeof(void*) == 8
@@ -33,6 +41,7 @@ class SystemFile {
         std::error_code ignored;
         EXPECT_TRUE(fs::remove(path_, ignored));
     }
+    [[nodiscard]] const fs::path& path() const { return path_; }
 
  private:
     fs::path path_;
@@ -58,7 +67,8 @@ class ZipDll : public Archives {
 };
 
 TEST_F(ZipDll, Missing) {
-    expect_failure(Installation("missing"), missing);
+    const Installation installation("missing");
+    expect_failure(installation, missing(installation.zip32()));
 }
 
 TEST_F(ZipDll, IsNotTakenFromTheCurrentFolderNorTheSearchPath) {
@@ -70,7 +80,7 @@ TEST_F(ZipDll, IsNotTakenFromTheCurrentFolderNorTheSearchPath) {
     path.resize(GetEnvironmentVariableW(L"PATH", path.data(), static_cast<DWORD>(path.size())));
     SetEnvironmentVariableW(L"PATH", (good.wstring() + L";" + path).c_str());
     fs::current_path(good);
-    expect_failure(installation, missing);
+    expect_failure(installation, missing(installation.zip32()));
     fs::current_path(before);
     SetEnvironmentVariableW(L"PATH", path.c_str());
 }
@@ -86,13 +96,13 @@ TEST_F(ZipDll, NotToldBeforeTheChecks) {
 TEST_F(ZipDll, NoDll) {
     const Installation installation("text");
     std::ofstream(installation.zip32()) << "no es una DLL";
-    expect_failure(installation, not_loaded);
+    expect_failure(installation, not_loaded(installation.zip32()));
 }
 
 TEST_F(ZipDll, AFolderOfItsName) {
     const Installation installation("folder");
     fs::create_directory(installation.zip32());
-    expect_failure(installation, missing);
+    expect_failure(installation, missing(installation.zip32()));
 }
 
 TEST_F(ZipDll, OfTheOtherBitness) {
@@ -100,13 +110,13 @@ TEST_F(ZipDll, OfTheOtherBitness) {
     if (!fs::exists(other_bitness)) GTEST_SKIP() << "this system has one bitness only";
     const Installation installation("bitness");
     fs::copy_file(other_bitness, installation.zip32());
-    expect_failure(installation, not_loaded);
+    expect_failure(installation, not_loaded(installation.zip32()));
 }
 
 TEST_F(ZipDll, WithoutTheEntryPoints) {
     const Installation installation("entries");
     fs::copy_file(KOVREL_OTHER_DLL, installation.zip32());
-    expect_failure(installation, no_entry);
+    expect_failure(installation, no_entry(installation.zip32()));
     // It was let go again, so that a better one can take its place.
     EXPECT_TRUE(fs::remove(installation.zip32()));
 }
@@ -114,10 +124,10 @@ TEST_F(ZipDll, WithoutTheEntryPoints) {
 // What the system folder holds lacks the entry points: that tells that it was loaded.
 TEST_F(ZipDll, IsTakenFromTheSystemFolderNext) {
     const SystemFile system(KOVREL_OTHER_DLL, L"zip32.dll");
-    expect_failure(Installation("system"), no_entry);
+    expect_failure(Installation("system"), no_entry(system.path()));
     const Installation unusable("system_after_text");
     std::ofstream(unusable.zip32()) << "no es una DLL";
-    expect_failure(unusable, no_entry);
+    expect_failure(unusable, no_entry(system.path()));
 }
 
 TEST_F(ZipDll, BesideTheLibraryComesFirst) {
@@ -133,7 +143,7 @@ TEST_F(ZipDll, BesideTheLibraryComesFirst) {
 
 TEST_F(ZipDll, CanBeAddedLater) {
     const Installation installation("later");
-    expect_failure(installation, missing);
+    expect_failure(installation, missing(installation.zip32()));
     fs::copy_file(KOVREL_ZIP_LIBRARY, installation.zip32());
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"a.zip", {path("a.txt")}), path("a.zip"));
