@@ -1,14 +1,29 @@
 #include "progress/bar_colors.h"
 
+#include <initializer_list>
+
 namespace kovrel {
+namespace {
+
+/// The percentage says the same as the bar.
+constexpr double bar_contrast = 2;
+
+bool legible(const BarColors& colors) {
+    return contrast(colors.bar(), white_color) >= text_contrast &&
+           contrast(colors.pen, colors.ground) >= text_contrast &&
+           contrast(colors.bar(), colors.ground) >= bar_contrast;
+}
+
+}  // namespace
 
 BarColors bar_colors(Color window, Color highlight) {
-    const Color bar = dark_enough_for_white(highlight);
-    const BarColors colors{window, ~(bar ^ window) & white_color};
-    const bool legible = contrast(colors.pen, window) >= text_contrast;
-    // On white the pen is the bar's own colour.
-    return legible && contrast(bar, window) >= shape_contrast ? colors
-                                                              : BarColors{white_color, bar};
+    for (const Color ground : {window, white_color}) {
+        for (Color part = 255; part > 0; --part) {
+            const BarColors colors{ground, ~(darkened(highlight, part) ^ ground) & white_color};
+            if (legible(colors)) return colors;
+        }
+    }
+    return {white_color, 0};
 }
 
 }  // namespace kovrel

@@ -15,8 +15,8 @@ struct BarColors {
     bool operator==(const BarColors&) const = default;
 };
 
-/// The ground of a window and a bar of the highlight's colour, as dark as its white text needs;
-/// white ground where text or bar could not be told from the window's.
+/// The ground of a window and a bar of the highlight's colour, darkened as far as both texts need
+/// it; on white where the window's ground leaves no such bar.
 [[nodiscard]] BarColors bar_colors(Color window, Color highlight);
 
 }  // namespace kovrel

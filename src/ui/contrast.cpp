@@ -28,14 +28,11 @@ double contrast(Color one, Color other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-Color dark_enough_for_white(Color color) {
+Color darkened(Color color, Color part) {
     constexpr Color whole = 255;
-    Color result = color;
-    for (Color part = whole; contrast(result, white_color) < text_contrast; --part) {
-        result = 0;
-        for (const unsigned shift : {0U, 8U, 16U}) {
-            result |= channel(color, shift) * part / whole << shift;
-        }
+    Color result = 0;
+    for (const unsigned shift : {0U, 8U, 16U}) {
+        result |= channel(color, shift) * part / whole << shift;
     }
     return result;
 }

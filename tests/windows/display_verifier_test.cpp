@@ -12,34 +12,6 @@ TEST(Display, HasTheResolutionThatItWasStartedFor) {
     EXPECT_EQ(on_screen(GetDesktopWindow()).bottom, 768);
 }
 
-/// The line that a text box of one line shows its text in.
-RECT line_of(HWND field) {
-    RECT line = on_screen(field);
-    RECT inner{};
-    GetClientRect(field, &inner);
-    MapWindowPoints(field, nullptr, reinterpret_cast<POINT*>(&inner), 2);
-    const auto place = static_cast<DWORD>(ask(field, EM_POSFROMCHAR, 0));
-    HDC const context = GetDC(field);
-    HGDIOBJ const previous =
-        SelectObject(context, reinterpret_cast<HGDIOBJ>(ask(field, WM_GETFONT)));
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(context, &metrics);
-    SelectObject(context, previous);
-    ReleaseDC(field, context);
-    line.top = inner.top + static_cast<short>(HIWORD(place));
-    line.bottom = line.top + metrics.tmHeight;
-    return line;
-}
-
-void is_in_the_middle(HWND field) {
-    const RECT line = line_of(field);
-    const RECT whole = on_screen(field);
-    EXPECT_GT(line.top, whole.top);
-    EXPECT_NEAR(line.top - whole.top, whole.bottom - line.bottom, 1);
-    // No smaller than a line of text, no larger than half a line more.
-    EXPECT_LT(whole.bottom - whole.top, (line.bottom - line.top) * 3 / 2 + 2);
-}
-
 void is_beside(HWND mark, HWND field) {
     const RECT left = on_screen(field);
     const RECT right = on_screen(mark);
