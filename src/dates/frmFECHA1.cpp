@@ -8,7 +8,10 @@
 #include "frame/clock.h"
 #include "frame/guarded.h"
 #include "runtime/failure.h"
+#include "ui/date_field.h"
 #include "ui/shared_window.h"
+#include "ui/text_box.h"
+#include "ui/text_box_lines.h"
 
 namespace kovrel {
 namespace {
@@ -18,7 +21,6 @@ constexpr double inner_width = 5400;
 constexpr double margin = 240;
 constexpr Place question{margin, 210, inner_width - 2 * margin, 240};
 constexpr double row_height = 420;
-constexpr double tallest_question = 9000;
 constexpr double date_label_width = 720;
 constexpr double date_width = 2100;
 constexpr double field_height = 345;
@@ -41,18 +43,25 @@ std::shared_ptr<frmFECHA1> frmFECHA1::shared() {
 void frmFECHA1::create_controls() {
     const INITCOMMONCONTROLSEX date_classes{sizeof date_classes, ICC_DATE_CLASSES};
     InitCommonControlsEx(&date_classes);
-    add({L"STATIC", L"Escriba una fecha...", SS_NOPREFIX, lbl_mensaje, question});
+    // As in a text box: a word longer than a line is broken.
+    add({L"STATIC", L"Escriba una fecha...", SS_NOPREFIX | SS_EDITCONTROL, lbl_mensaje, question});
     add({L"STATIC", L"Fecha:", SS_NOPREFIX | SS_CENTERIMAGE, lbl_fecha, {}});
     HWND const field = add(
         {DATETIMEPICK_CLASSW, L"", WS_TABSTOP | DTS_SHOWNONE | DTS_SHORTDATEFORMAT, DTP_FECHA, {}});
     SendMessageW(field, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(L"dd'/'MM'/'yyyy"));
+    begin_with_the_day(field);
     // The button shows its picture alone; its text is for those who cannot see it.
     add({L"BUTTON", L"Aceptar", WS_TABSTOP | BS_DEFPUSHBUTTON | BS_ICON, cmdOK, {}});
     set_tooltip(cmdOK, L"Aceptar");
+    // In the label's place where the screen has no room for the whole question.
+    give_dialog_keys(add({L"EDIT", L"", WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY,
+                          txt_mensaje, question, WS_EX_CLIENTEDGE}));
+    SendMessageW(control(txt_mensaje), EM_SETLIMITTEXT, 0, 0);
+    ShowWindow(control(txt_mensaje), SW_HIDE);
 }
 
 void frmFECHA1::apply_scale() {
-    Icon picture = draw_sign(Sign::accept, scale().pixels(picture_size));
+    Icon picture = make_icon(Sign::accept, scale().pixels(picture_size));
     SendMessageW(control(cmdOK), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(picture.get()));
     picture_ = std::move(picture);
     lay_out();
@@ -63,32 +72,42 @@ void frmFECHA1::form_load() {
     set_value(Date{static_cast<double>(today())});
 }
 
-void frmFECHA1::lay_out() {
+double frmFECHA1::question_height() const {
     HWND const label = control(lbl_mensaje);
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(label)) + 1, L'\0');
     const int length = GetWindowTextW(label, text.data(), static_cast<int>(text.size()));
     RECT bounds{0, 0, scale().pixels(question.width), 0};
-    {
-        HDC const context = GetDC(label);
-        const Selected with_font(context, font());
-        DrawTextW(context, text.c_str(), length, &bounds, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
-        ReleaseDC(label, context);
-    }
+    const WindowContext context(label);
+    const Selected with_font(context.get(), font());
+    DrawTextW(context.get(), text.c_str(), length, &bounds,
+              DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_EXPANDTABS | DT_NOPREFIX);
+    return std::max<double>(scale().twips(bounds.bottom), question.height);
+}
+
+void frmFECHA1::lay_out() {
+    constexpr double rest = question.top + margin + row_height + margin;
     Place message = question;
-    message.height =
-        std::clamp<double>(scale().twips(bounds.bottom), question.height, tallest_question);
+    message.height = question_height();
+    const double room = std::max(tallest_inner() - rest, question.height);
+    const bool scrolls = message.height > room;
+    message.height = std::min(message.height, room);
     move(lbl_mensaje, message);
+    move(txt_mensaje, message);
+    ShowWindow(control(lbl_mensaje), scrolls ? SW_HIDE : SW_SHOWNA);
+    ShowWindow(control(txt_mensaje), scrolls ? SW_SHOWNA : SW_HIDE);
     const double row = message.top + message.height + margin;
     const double field_top = row + (row_height - field_height) / 2;
     move(lbl_fecha, {margin, field_top, date_label_width, field_height});
-    move(DTP_FECHA, {margin + date_label_width, field_top, date_width, field_height});
+    move_field(DTP_FECHA, {margin + date_label_width, field_top, date_width, field_height});
     move(cmdOK, {inner_width - margin - button_width, row, button_width, row_height});
     resize_inner(inner_width, row + row_height + margin);
+    keep_on_screen();
 }
 
 void frmFECHA1::set_message(const std::wstring& message) {
     load();
     SetWindowTextW(control(lbl_mensaje), message.c_str());
+    SetWindowTextW(control(txt_mensaje), text_box_lines(message).c_str());
     lay_out();
     center_on_screen();
 }

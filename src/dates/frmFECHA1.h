@@ -7,14 +7,13 @@
 #include <string>
 
 #include "automation/variant.h"
-#include "ui/drawn_icon.h"
 #include "ui/window.h"
 
 namespace kovrel {
 
 class frmFECHA1 final : public Window {
  public:
-    enum Control : int { lbl_mensaje = 101, lbl_fecha, DTP_FECHA, cmdOK };
+    enum Control : int { lbl_mensaje = 101, lbl_fecha, DTP_FECHA, cmdOK, txt_mensaje };
     static constexpr const wchar_t* window_class = L"Kovrel.frmFECHA1";
 
     frmFECHA1();
@@ -22,7 +21,8 @@ class frmFECHA1 final : public Window {
     /// The one that everybody on the thread shares while anybody holds it.
     [[nodiscard]] static std::shared_ptr<frmFECHA1> shared();
 
-    /// The question; the window grows with it. Loads the window.
+    /// The question; the window grows with it until the screen is full, then it scrolls. Loads the
+    /// window.
     void set_message(const std::wstring& message);
     /// What the date field shows. Failure 5 for a date that it cannot: it begins with the year
     /// 1601. Loads the window.
@@ -41,6 +41,7 @@ class frmFECHA1 final : public Window {
     void clicked(int id) override;
     void closing() override {}
 
+    [[nodiscard]] double question_height() const;
     void lay_out();
 
     Icon picture_;

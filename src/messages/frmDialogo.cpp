@@ -2,7 +2,7 @@
 
 #include "frame/guarded.h"
 #include "messages/dialog_layout.h"
-#include "messages/dialog_text.h"
+#include "ui/text_box_lines.h"
 #include "ui/text_box.h"
 
 namespace kovrel {

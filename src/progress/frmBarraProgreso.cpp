@@ -4,7 +4,7 @@
 #include <cwchar>
 
 #include "frame/guarded.h"
-#include "progress/cancel_icon.h"
+#include "progress/bar_colors.h"
 #include "progress/progress_bar.h"
 #include "progress/progress_layout.h"
 #include "ui/modal.h"
@@ -22,8 +22,6 @@ constexpr double base_height = 810;
 constexpr double button_width = 1740;
 constexpr double button_height = 600;
 constexpr double icon_size = 480;
-
-constexpr COLORREF bar_background = RGB(255, 255, 255);
 
 std::int32_t whole(double twips) {
     return static_cast<std::int32_t>(std::lround(twips));
@@ -58,7 +56,8 @@ frmBarraProgreso::frmBarraProgreso()
 void frmBarraProgreso::create_controls() {
     HWND const header =
         add({picture_box_class, L"", 0, PictureCab, {margin, 0, area_width, header_height}});
-    add({L"STATIC", L"", SS_LEFT | SS_NOPREFIX, lbl_mensaje, {}}, header);
+    // As in a text box: a line that does not fit is not begun.
+    add({L"STATIC", L"", SS_LEFT | SS_NOPREFIX | SS_EDITCONTROL, lbl_mensaje, {}}, header);
     add({picture_box_class, L"", WS_BORDER, PictureBarra, {margin, 0, area_width, bar_height}});
     HWND const base = add({picture_box_class,
                            L"",
@@ -75,8 +74,7 @@ void frmBarraProgreso::create_controls() {
 }
 
 void frmBarraProgreso::apply_scale() {
-    const int size = scale().pixels(icon_size);
-    Icon icon = make_icon(cancel_icon(size), size);
+    Icon icon = make_icon(Sign::rejected, scale().pixels(icon_size));
     SendMessageW(control(cmdCancel), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
     icon_ = std::move(icon);
     LOGFONTW font = system_font(scale().dots_per_inch());
@@ -84,7 +82,26 @@ void frmBarraProgreso::apply_scale() {
     font.lfQuality = NONANTIALIASED_QUALITY;
     font.lfWeight = FW_BOLD;
     bar_.surface->set_font(font);
-    bar_.surface->set_back_color(bar_background);
+    set_bar_colors();
+    draw_bar();
+}
+
+/// A host's colour is that of the bar itself, and so is its inverse on white.
+void frmBarraProgreso::set_bar_colors() {
+    const BarColors colors =
+        lgForeColor != -1 ? BarColors{white_color, static_cast<Color>(lgForeColor)}
+                          : bar_colors(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_HIGHLIGHT));
+    bar_.surface->set_back_color(colors.ground);
+    bar_.surface->set_ForeColor(static_cast<std::int32_t>(colors.pen));
+}
+
+/// Anew, since the picture has another size or other colours.
+void frmBarraProgreso::draw_bar() {
+    if (percentage) {
+        draw_progress_bar(HostObject(bar_.object), *percentage);
+    } else {
+        bar_.surface->Cls();
+    }
 }
 
 void frmBarraProgreso::form_load() {
@@ -103,9 +120,7 @@ void frmBarraProgreso::form_load() {
         SetWindowPos(handle(), nullptr, 0, 0, width, bounds.bottom - bounds.top,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
         bar_.surface->set_viewer(control(PictureBarra));
-        bar_.surface->set_ForeColor(lgForeColor != -1
-                                        ? lgForeColor
-                                        : static_cast<std::int32_t>(GetSysColor(COLOR_HIGHLIGHT)));
+        set_bar_colors();
         ShowWindow(control(PictureBase), boBotones ? SW_SHOWNA : SW_HIDE);
         stack_areas();
         fit_height();
@@ -156,8 +171,7 @@ void frmBarraProgreso::picture_box_resized(int id) {
         RECT inner{};
         GetClientRect(control(PictureBarra), &inner);
         bar_.surface->resize(inner.right, inner.bottom, scale());
-        // A picture of another size begins empty: on another display the bar is drawn anew.
-        if (percentage) draw_progress_bar(HostObject(bar_.object), *percentage);
+        draw_bar();
     }
 }
 

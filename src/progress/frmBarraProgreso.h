@@ -26,7 +26,7 @@ class frmBarraProgreso final : public Window {
     std::int32_t lgAnchoFrm = 0;     ///< outer width; 0: the design's
     std::int32_t lgTopFrm = -1;      ///< -1: centred on the screen
     std::int32_t lgLeftFrm = -1;     ///< -1: centred on the screen
-    std::int32_t lgForeColor = -1;   ///< colour of the bar and its text; -1: the system's highlight
+    std::int32_t lgForeColor = -1;   ///< colour of the bar and its text; -1: the system's
 
     std::optional<std::int32_t> percentage;  ///< what the bar shows; none before the first update
 
@@ -56,6 +56,8 @@ class frmBarraProgreso final : public Window {
     void closing() override;
     void form_unload() override;
 
+    void set_bar_colors();
+    void draw_bar();
     void stack_areas();
     void fit_height();
 

@@ -21,7 +21,9 @@ constexpr double label_width = 1590;
 constexpr double field_left_edge = label_left + label_width;
 constexpr double field_height = 330;
 constexpr double mark_size = 300;
-constexpr double mark_left = field_left_edge + 2490 + 120;
+constexpr double tax_id_width = 1350;
+constexpr double account_width = 2490;
+constexpr double mark_gap = 120;  // between a field and its mark
 constexpr double button_width = 1260;
 constexpr double button_height = 390;
 constexpr double button_left = inner_width - 2 * margin - button_width;
@@ -75,8 +77,9 @@ void frmNIFCCC::create_controls() {
         return add({L"EDIT", L"", edit, masked,
                     beside_field(top, field_left_edge, width, field_height), WS_EX_CLIENTEDGE});
     };
-    const auto add_mark = [&](double top, int id, const wchar_t* text) {
-        add({picture_box_class, text, 0, id, beside_field(top, mark_left, mark_size, mark_size)});
+    const auto add_mark = [&](double top, double field_width, int id, const wchar_t* text) {
+        add({picture_box_class, text, 0, id,
+             beside_field(top, field_left_edge + field_width + mark_gap, mark_size, mark_size)});
         ShowWindow(control(id), SW_HIDE);
         set_tooltip(id, text);
     };
@@ -92,17 +95,18 @@ void frmNIFCCC::create_controls() {
     };
 
     tax_id_ = std::make_unique<MaskedEdit>(
-        add_row(first_frame, lbl_nif, L"&NIF, NIE o CIF:", MkNIF, 1350), tax_id_mask());
-    add_mark(first_frame, img_nifok, L"NIF aceptado");
-    add_mark(first_frame, img_nifno, L"NIF no aceptado");
+        add_row(first_frame, lbl_nif, L"&NIF, NIE o CIF:", MkNIF, tax_id_width), tax_id_mask());
+    add_mark(first_frame, tax_id_width, img_nifok, L"NIF aceptado");
+    add_mark(first_frame, tax_id_width, img_nifno, L"NIF no aceptado");
     add({L"BUTTON", L"&Copiar NIF", button, cmd_copiaNIF,
          beside_field(first_frame, button_left, button_width, button_height)});
     add_frame(first_frame, frameNIF, L"Identificación fiscal");
 
     account_ = std::make_unique<MaskedEdit>(
-        add_row(second_frame, lbl_ccc, L"C&uenta (20 dígitos):", MkCCC, 2490), account_mask());
-    add_mark(second_frame, img_cccok, L"Cuenta aceptada");
-    add_mark(second_frame, img_cccno, L"Cuenta no aceptada");
+        add_row(second_frame, lbl_ccc, L"C&uenta (20 dígitos):", MkCCC, account_width),
+        account_mask());
+    add_mark(second_frame, account_width, img_cccok, L"Cuenta aceptada");
+    add_mark(second_frame, account_width, img_cccno, L"Cuenta no aceptada");
     add({L"BUTTON", L"C&opiar cuenta", button, cmd_copiaCCC,
          beside_field(second_frame, button_left, button_width, button_height)});
     add_frame(second_frame, frameCCC, L"Código de Cuenta Bancaria");
@@ -116,13 +120,15 @@ void frmNIFCCC::create_controls() {
 }
 
 void frmNIFCCC::apply_scale() {
-    accepted_ = draw_sign(Sign::accepted, scale().pixels(mark_size));
-    refused_ = draw_sign(Sign::rejected, scale().pixels(mark_size));
-    heading_ = draw_sign(Sign::papers, scale().pixels(heading_picture));
+    accepted_ = make_icon(Sign::accepted, scale().pixels(mark_size));
+    refused_ = make_icon(Sign::rejected, scale().pixels(mark_size));
+    heading_ = make_icon(Sign::papers, scale().pixels(heading_picture));
     LOGFONTW bold = system_font(scale().dots_per_inch());
     bold.lfWeight = FW_BOLD;
     heading_font_ = make_font(bold);
     SendMessageW(control(Label), WM_SETFONT, reinterpret_cast<WPARAM>(heading_font_.get()), TRUE);
+    move_field(MkNIF, beside_field(first_frame, field_left_edge, tax_id_width, field_height));
+    move_field(MkCCC, beside_field(second_frame, field_left_edge, account_width, field_height));
     InvalidateRect(handle(), nullptr, TRUE);
 }
 

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "frame/clsFGen.h"
-#include "ui/drawn_icon.h"
 #include "ui/masked_edit.h"
 #include "ui/window.h"
 

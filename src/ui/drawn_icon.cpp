@@ -3,10 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 #include <span>
-
-#include "runtime/failure.h"
 
 namespace kovrel {
 namespace {
@@ -104,8 +101,10 @@ Ink ink_at(Sign sign, Point point) {
 std::uint32_t pixel(Sign sign, int column, int row, int size) {
     Ink sum;
     for (int step = 0; step < samples * samples; ++step) {
-        const double x = column + (step % samples + 0.5) / samples;
-        const double y = row + (step / samples + 0.5) / samples;
+        const int across = step % samples;
+        const int down = step / samples;
+        const double x = column + (across + 0.5) / samples;
+        const double y = row + (down + 0.5) / samples;
         const Ink ink = ink_at(sign, {x * design_size / size, y * design_size / size});
         sum.red += ink.red * ink.opacity;
         sum.green += ink.green * ink.opacity;
@@ -121,29 +120,15 @@ std::uint32_t pixel(Sign sign, int column, int row, int size) {
 
 }  // namespace
 
-Icon draw_sign(Sign sign, int size) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = size;
-    info.bmiHeader.biHeight = -size;  // rows from the top
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    const Bitmap colours(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    const Bitmap mask(CreateBitmap(size, size, 1, 1, nullptr));
-    if (colours.get() == nullptr || mask.get() == nullptr) {
-        throw Failure(FailureNumber::out_of_memory);
-    }
-    auto* const pixels = static_cast<std::uint32_t*>(bits);
+std::vector<std::uint32_t> draw_sign(Sign sign, int size) {
+    std::vector<std::uint32_t> pixels;
+    pixels.reserve(static_cast<std::size_t>(size) * static_cast<std::size_t>(size));
     for (int row = 0; row < size; ++row) {
         for (int column = 0; column < size; ++column) {
-            pixels[row * size + column] = pixel(sign, column, row, size);
+            pixels.push_back(pixel(sign, column, row, size));
         }
     }
-    ICONINFO description{TRUE, 0, 0, mask.get(), colours.get()};
-    Icon icon(CreateIconIndirect(&description));
-    if (icon.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
-    return icon;
+    return pixels;
 }
 
 }  // namespace kovrel

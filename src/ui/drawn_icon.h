@@ -2,7 +2,8 @@
 // that the windows' buttons and fields carry.
 #pragma once
 
-#include "ui/gdi.h"
+#include <cstdint>
+#include <vector>
 
 namespace kovrel {
 
@@ -13,7 +14,8 @@ enum class Sign {
     rejected,  ///< a cross in a red disc
 };
 
-/// A square picture with soft edges, `size` pixels wide. Failure 7 when it cannot be made.
-[[nodiscard]] Icon draw_sign(Sign sign, int size);
+/// A square picture with soft edges, `size` by `size` pixels, top row first: 0xAARRGGBB. Colours
+/// are whole, as the platform's icons have them: it multiplies them by their opacity itself.
+[[nodiscard]] std::vector<std::uint32_t> draw_sign(Sign sign, int size);
 
 }  // namespace kovrel

@@ -16,9 +16,7 @@ Function user_function(const char* name) noexcept {
 }
 
 int screen_dots_per_inch() noexcept {
-    HDC const screen = GetDC(nullptr);
-    const int result = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
+    const int result = GetDeviceCaps(WindowContext(nullptr).get(), LOGPIXELSY);
     return result > 0 ? result : USER_DEFAULT_SCREEN_DPI;
 }
 
@@ -28,6 +26,10 @@ int dots_per_inch(HWND window) noexcept {
     static const auto of_window = user_function<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
     const int result = of_window != nullptr ? static_cast<int>(of_window(window)) : 0;
     return result > 0 ? result : screen_dots_per_inch();
+}
+
+int system_metric(int index, int dots_per_inch) noexcept {
+    return MulDiv(GetSystemMetrics(index), dots_per_inch, screen_dots_per_inch());
 }
 
 LOGFONTW system_font(int dots_per_inch) noexcept {
@@ -56,7 +58,16 @@ Font make_font(const LOGFONTW& description) {
     return font;
 }
 
-Icon make_icon(const std::vector<std::uint32_t>& pixels, int size) {
+int line_height(HWND window, HFONT font) noexcept {
+    const WindowContext context(window);
+    const Selected with_font(context.get(), font);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context.get(), &metrics);
+    return static_cast<int>(metrics.tmHeight);
+}
+
+Icon make_icon(Sign sign, int size) {
+    const std::vector<std::uint32_t> pixels = draw_sign(sign, size);
     // Systems without opacity in icons show what the mask lets through.
     const auto row_bytes = static_cast<std::size_t>((size + 15) / 16 * 2);
     std::vector<std::uint8_t> mask(row_bytes * static_cast<std::size_t>(size));

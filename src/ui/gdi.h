@@ -3,9 +3,9 @@
 
 #include <windows.h>
 
-#include <cstdint>
 #include <utility>
-#include <vector>
+
+#include "ui/drawn_icon.h"
 
 namespace kovrel {
 
@@ -50,8 +50,8 @@ class Icon {
     HICON handle_ = nullptr;
 };
 
-/// A square icon of 0xAARRGGBB pixels, top row first, colours multiplied by their opacity.
-[[nodiscard]] Icon make_icon(const std::vector<std::uint32_t>& pixels, int size);
+/// A sign as an icon, `size` pixels wide. Failure 7 when it cannot be made.
+[[nodiscard]] Icon make_icon(Sign sign, int size);
 
 /// Puts an object into a device context for as long as it lives.
 class Selected {
@@ -67,8 +67,26 @@ class Selected {
     HGDIOBJ previous_;
 };
 
+/// The device context of a window, or of the screen (null), with the font that it comes with: what
+/// is put into it lives less long.
+class WindowContext {
+ public:
+    explicit WindowContext(HWND window) noexcept : window_(window), handle_(GetDC(window)) {}
+    WindowContext(const WindowContext&) = delete;
+    WindowContext& operator=(const WindowContext&) = delete;
+    ~WindowContext() { ReleaseDC(window_, handle_); }
+    [[nodiscard]] HDC get() const noexcept { return handle_; }
+
+ private:
+    HWND window_;
+    HDC handle_;
+};
+
 /// The dots per inch of the display that a window is on, as its process sees them.
 [[nodiscard]] int dots_per_inch(HWND window) noexcept;
+
+/// GetSystemMetrics, for a display of that resolution.
+[[nodiscard]] int system_metric(int index, int dots_per_inch) noexcept;
 
 /// The description of the system's font for messages, for a display of that resolution.
 [[nodiscard]] LOGFONTW system_font(int dots_per_inch) noexcept;
@@ -79,5 +97,8 @@ class Selected {
                                   BYTE pitch_and_family = VARIABLE_PITCH | FF_SWISS) noexcept;
 
 [[nodiscard]] Font make_font(const LOGFONTW& description);
+
+/// The height of a line of that font on a window's display, in pixels.
+[[nodiscard]] int line_height(HWND window, HFONT font) noexcept;
 
 }  // namespace kovrel

@@ -65,11 +65,12 @@ class PictureSurface::Drawing {
         if (context_ == nullptr) throw Failure(FailureNumber::out_of_memory);
         bitmap_ = SelectObject(context_, surface.bitmap_.get());
         HGDIOBJ const font = surface.font_.get();
-        SelectObject(context_, font != nullptr ? font : GetStockObject(DEFAULT_GUI_FONT));
+        font_ = SelectObject(context_, font != nullptr ? font : GetStockObject(DEFAULT_GUI_FONT));
     }
     Drawing(const Drawing&) = delete;
     Drawing& operator=(const Drawing&) = delete;
     ~Drawing() {
+        SelectObject(context_, font_);
         SelectObject(context_, bitmap_);
         DeleteDC(context_);
     }
@@ -78,6 +79,7 @@ class PictureSurface::Drawing {
  private:
     HDC context_;
     HGDIOBJ bitmap_ = nullptr;
+    HGDIOBJ font_ = nullptr;
 };
 
 constinit const ClassInfo PictureSurface::class_info = class_tables<declared>;

@@ -28,14 +28,6 @@ void register_class(const wchar_t* name, WNDPROC procedure) {
     }
 }
 
-DWORD extended_style_of(HWND window) noexcept {
-    return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE));
-}
-
-DWORD style_of(HWND window) noexcept {
-    return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE));
-}
-
 HMENU control_menu(int id) noexcept {
     return reinterpret_cast<HMENU>(static_cast<INT_PTR>(id));
 }
@@ -62,6 +54,7 @@ void Window::load() {
     try {
         scale_ = Scale(dots_per_inch(handle_));
         font_ = make_font(system_font(scale_.dots_per_inch()));
+        take_host_icons();
         create_controls();
         apply_scale();
         resize_inner(design_.inner_width, design_.inner_height);
@@ -122,9 +115,11 @@ void Window::set_caption(const std::wstring& caption) {
 }
 
 HWND Window::add(const ControlDesign& design, HWND parent) {
+    DWORD style = design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+    // It may hold controls, which it would otherwise be drawn over.
+    if (design.window_class == picture_box_class) style |= WS_CLIPCHILDREN;
     HWND const window = CreateWindowExW(design.extended_style, design.window_class, design.text,
-                                        design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0,
-                                        0, 0, 0, parent != nullptr ? parent : handle_,
+                                        style, 0, 0, 0, 0, parent != nullptr ? parent : handle_,
                                         control_menu(design.id), own_module(), nullptr);
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
     controls_.push_back({window, design.id, design.place, design.window_class});
@@ -181,28 +176,6 @@ Place Window::inner_size_of(HWND window) const noexcept {
     return {0, 0, scale_.twips(bounds.right), scale_.twips(bounds.bottom)};
 }
 
-void Window::resize_inner(double width, double height) {
-    RECT bounds{0, 0, scale_.pixels(width), scale_.pixels(height)};
-    AdjustWindowRectEx(&bounds, style_of(handle_), FALSE, extended_style_of(handle_));
-    SetWindowPos(handle_, nullptr, 0, 0, bounds.right - bounds.left, bounds.bottom - bounds.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void Window::center_on_screen() {
-    HWND const active = GetActiveWindow();
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(
-        MonitorFromWindow(active != nullptr ? active : handle_, MONITOR_DEFAULTTOPRIMARY),
-        &monitor);
-    RECT bounds{};
-    GetWindowRect(handle_, &bounds);
-    const RECT& work = monitor.rcWork;
-    SetWindowPos(handle_, nullptr, (work.left + work.right - (bounds.right - bounds.left)) / 2,
-                 (work.top + work.bottom - (bounds.bottom - bounds.top)) / 2, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void Window::set_tooltip(int id, const std::wstring& text) {
     if (tooltips_ == nullptr) {
         const VisualStyles styles;
@@ -233,10 +206,10 @@ void Window::make_font_current() {
 void Window::rescale(int dots_per_inch, const RECT& bounds) {
     scale_ = Scale(dots_per_inch);
     make_font_current();
-    apply_scale();
-    for (const Placed& placed : controls_) put_in_place(placed);
     SetWindowPos(handle_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
                  bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    apply_scale();
+    for (const Placed& placed : controls_) put_in_place(placed);
 }
 
 }  // namespace kovrel

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "ui/gdi.h"
+#include "ui/host_icon.h"
 #include "ui/scale.h"
 
 namespace kovrel {
@@ -73,12 +74,19 @@ class Window : public std::enable_shared_from_this<Window> {
     [[nodiscard]] HWND control(int id) const noexcept;
     void move(int id, const Place& place);
     [[nodiscard]] const Place& place(int id) const noexcept;
+    /// A field with one line of text, in the middle of its row. Such controls show the text at
+    /// their top, so it is as high as the line, its edges and a pixel between them.
+    void move_field(int id, const Place& row);
     /// Sizes in twips, as the display rounds them.
     [[nodiscard]] Place size_of(HWND window) const noexcept;
     [[nodiscard]] Place inner_size_of(HWND window) const noexcept;
-    /// The outer size that encloses an inner one.
+    /// The outer size that encloses an inner one, as far as the screen has room for it.
     void resize_inner(double width, double height);
+    /// The inner height of a window as tall as the screen, in twips.
+    [[nodiscard]] double tallest_inner() const noexcept;
     void center_on_screen();
+    /// Moves the window where all of it, or its top left part, can be seen.
+    void keep_on_screen();
     /// An absent tooltip is an empty text.
     void set_tooltip(int id, const std::wstring& text);
 
@@ -127,6 +135,9 @@ class Window : public std::enable_shared_from_this<Window> {
     void rescale(int dots_per_inch, const RECT& bounds);
     void put_in_place(const Placed& placed) const noexcept;
     void make_font_current();
+    void take_host_icons();
+    [[nodiscard]] SIZE outer_size(double width, double height) const noexcept;
+    [[nodiscard]] RECT work_area() const noexcept;
     [[nodiscard]] Placed* find(int id) noexcept;
 
     const WindowDesign design_;
@@ -136,6 +147,7 @@ class Window : public std::enable_shared_from_this<Window> {
     bool ready_ = false;  // events reach the window once its controls are there
     Scale scale_;
     Font font_;
+    HostIcons icons_;
     std::vector<Placed> controls_;
     std::optional<std::wstring> caption_;
     ModalScope* modal_ = nullptr;

@@ -132,8 +132,7 @@ TEST_F(DatePrompt, TheKeyboardAloneIsEnough) {
                       come_to_front(window);
                       EXPECT_EQ(tab_order(window),
                                 (std::vector<HWND>{date_field(window), ok_button(window)}));
-                      // From the check box of the field to its day.
-                      press_key(VK_RIGHT);
+                      // The first digits are the day's.
                       type_text(L"15");
                       press_key(VK_RIGHT);
                       type_text(L"08");

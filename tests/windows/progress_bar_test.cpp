@@ -32,7 +32,7 @@ std::size_t count(const Pixels& pixels, int left, int right, COLORREF color) {
 TEST_F(Progress, TheBarAtEveryState) {
     start({L"Facturación", L"Generando los recibos de noviembre...", true});
     HWND const window = only_window();
-    const COLORREF bar_color = GetSysColor(COLOR_HIGHLIGHT);
+    const COLORREF bar_color = usual_bar_color();
     for (const std::int32_t percentage : {0, 37, 50, 100}) {
         update(percentage, L"Generando los recibos de noviembre...");
         settle();
@@ -209,7 +209,7 @@ TEST_F(Progress, TheWindowIsPaintedWhileTheHostIsBusy) {
         update(percentage);
         EXPECT_FALSE(GetUpdateRect(bar_of(window), nullptr, FALSE));
         const Pixels seen = bar_pixels(window);
-        EXPECT_EQ(seen.at(seen.width * percentage / 100 - 2, 1), GetSysColor(COLOR_HIGHLIGHT));
+        EXPECT_EQ(seen.at(seen.width * percentage / 100 - 2, 1), usual_bar_color());
         EXPECT_EQ(seen.at(seen.width * percentage / 100 + 2, 1), white);
     }
 }
@@ -231,7 +231,7 @@ TEST_F(Progress, GrowsWithTheDisplaysResolution) {
     EXPECT_NEAR(cancel.right - cancel.left, 174, 1);
     // At once, and as the next update shows it.
     const Pixels seen = bar_pixels(window);
-    EXPECT_EQ(seen.at(seen.width / 2 - 1, 0), GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(seen.at(seen.width / 2 - 1, 0), usual_bar_color());
     EXPECT_EQ(seen.at(seen.width / 2, 0), white);
     EXPECT_TRUE(save_picture(window, picture_folder() / L"progress_144.png"));
     update(50, L"Generando los recibos de noviembre...");

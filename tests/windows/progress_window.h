@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "progress/bar_colors.h"
 #include "tests/automation/box_lines.h"
 #include "tests/automation/late.h"
 
@@ -83,14 +84,21 @@ inline Pixels pixels_of(HDC context, int width, int height) {
     return result;
 }
 
-/// What the screen shows of the bar.
-inline Pixels bar_pixels(HWND window) {
-    HWND const bar = bar_of(window);
-    HDC const context = GetDC(bar);
-    const RECT size = inner(bar);
+/// What the window has drawn of a control.
+inline Pixels drawn(HWND control) {
+    HDC const context = GetDC(control);
+    const RECT size = inner(control);
     Pixels result = pixels_of(context, size.right, size.bottom);
-    ReleaseDC(bar, context);
+    ReleaseDC(control, context);
     return result;
+}
+inline Pixels bar_pixels(HWND window) {
+    return drawn(bar_of(window));
+}
+
+/// The bar's colour where the host has given none.
+inline COLORREF usual_bar_color() {
+    return bar_colors(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_HIGHLIGHT)).bar();
 }
 
 /// Lets the thread's windows have what waits for them.

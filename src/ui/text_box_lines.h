@@ -1,4 +1,4 @@
-// The text of the message dialog as its text box takes it.
+// A text as a text box of several lines takes it.
 #pragma once
 
 #include <string>

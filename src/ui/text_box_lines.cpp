@@ -1,4 +1,4 @@
-#include "messages/dialog_text.h"
+#include "ui/text_box_lines.h"
 
 namespace kovrel {
 

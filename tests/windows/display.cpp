@@ -1,0 +1,204 @@
+#include "tests/windows/display.h"
+
+#include <array>
+#include <cstdlib>
+#include <map>
+
+namespace kovrel::test {
+namespace {
+
+/// A bitmap that a test draws into.
+class Canvas {
+ public:
+    Canvas(int width, int height) : width_(width), height_(height) {
+        BITMAPINFO form{};
+        form.bmiHeader.biSize = sizeof form.bmiHeader;
+        form.bmiHeader.biWidth = width;
+        form.bmiHeader.biHeight = -height;
+        form.bmiHeader.biPlanes = 1;
+        form.bmiHeader.biBitCount = 32;
+        bitmap_ = CreateDIBSection(nullptr, &form, DIB_RGB_COLORS, &bits_, nullptr, 0);
+        previous_ = SelectObject(context_, bitmap_);
+    }
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+    ~Canvas() {
+        SelectObject(context_, previous_);
+        DeleteObject(bitmap_);
+        DeleteDC(context_);
+    }
+    [[nodiscard]] HDC context() const { return context_; }
+    [[nodiscard]] Picture picture() const {
+        GdiFlush();
+        Picture result{width_, height_, {}};
+        if (bits_ == nullptr) return result;
+        const auto* const first = static_cast<const std::uint32_t*>(bits_);
+        const auto count = static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
+        for (std::size_t index = 0; index < count; ++index) {
+            const std::uint32_t pixel = first[index];
+            result.pixels.push_back((pixel & 0xFFU) << 16U | (pixel & 0xFF00U) |
+                                    (pixel >> 16U & 0xFFU));
+        }
+        return result;
+    }
+
+ private:
+    int width_;
+    int height_;
+    HDC context_ = CreateCompatibleDC(nullptr);
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ previous_ = nullptr;
+    void* bits_ = nullptr;
+};
+
+bool shows_text(const Control& control) {
+    return control.visible && !control.text.empty() &&
+           control.window_class != L"Kovrel.PictureBox" &&
+           (GetWindowLongW(control.window, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
+}
+
+/// The line that a text box of one line shows its text in.
+RECT line_of(HWND field) {
+    RECT line = on_screen(field);
+    RECT inner{};
+    GetClientRect(field, &inner);
+    MapWindowPoints(field, nullptr, reinterpret_cast<POINT*>(&inner), 2);
+    const auto place = static_cast<DWORD>(ask(field, EM_POSFROMCHAR, 0));
+    HDC const context = GetDC(field);
+    HGDIOBJ const previous =
+        SelectObject(context, reinterpret_cast<HGDIOBJ>(ask(field, WM_GETFONT)));
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context, &metrics);
+    SelectObject(context, previous);
+    ReleaseDC(field, context);
+    line.top = inner.top + static_cast<short>(HIWORD(place));
+    line.bottom = line.top + metrics.tmHeight;
+    return line;
+}
+
+std::wstring setting(const wchar_t* name) {
+    const wchar_t* const value = _wgetenv(name);
+    return value != nullptr ? value : L"";
+}
+
+}  // namespace
+
+Picture picture_of(HWND window) {
+    const RECT bounds = on_screen(window);
+    const Canvas canvas(bounds.right - bounds.left, bounds.bottom - bounds.top);
+    HDC const screen = GetDC(nullptr);
+    BitBlt(canvas.context(), 0, 0, bounds.right - bounds.left, bounds.bottom - bounds.top, screen,
+           bounds.left, bounds.top, SRCCOPY);
+    ReleaseDC(nullptr, screen);
+    return canvas.picture();
+}
+
+Picture picture_of(HICON icon, int size, Color ground) {
+    const Canvas canvas(size, size);
+    HBRUSH const brush = CreateSolidBrush(ground);
+    const RECT whole{0, 0, size, size};
+    FillRect(canvas.context(), &whole, brush);
+    DeleteObject(brush);
+    DrawIconEx(canvas.context(), 0, 0, icon, size, size, 0, nullptr, DI_NORMAL);
+    return canvas.picture();
+}
+
+Color ground_of(const Picture& picture) {
+    std::map<Color, int> counts;
+    for (const Color pixel : picture.pixels) ++counts[pixel];
+    std::pair<Color, int> most{0, 0};
+    for (const auto& entry : counts) {
+        if (entry.second > most.second) most = entry;
+    }
+    return most.first;
+}
+
+double legibility_of(const Picture& picture) {
+    const Color ground = ground_of(picture);
+    const int frame = at_resolution(60);
+    double best = 1;
+    for (int y = frame; y < picture.height - frame; ++y) {
+        for (int x = frame; x < picture.width - frame; ++x) {
+            best = std::max(best, contrast(picture.at(x, y), ground));
+        }
+    }
+    return best;
+}
+
+int resolution() {
+    return std::stoi(setting(L"KOVREL_RESOLUTION"));
+}
+
+int at_resolution(double twips) {
+    return Scale(resolution()).pixels(twips);
+}
+
+RECT on_screen(HWND window) {
+    RECT bounds{};
+    GetWindowRect(window, &bounds);
+    return bounds;
+}
+
+RECT work_area() {
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return area;
+}
+
+void is_whole(HWND window) {
+    const auto inside = [](const RECT& part, const RECT& whole) {
+        return part.left >= whole.left && part.top >= whole.top && part.right <= whole.right &&
+               part.bottom <= whole.bottom;
+    };
+    const auto shown = [](const RECT& bounds) {
+        return std::to_string(bounds.left) + ", " + std::to_string(bounds.top) + " to " +
+               std::to_string(bounds.right) + ", " + std::to_string(bounds.bottom);
+    };
+    // The window manager may still be about to put its frame around it.
+    EXPECT_TRUE(wait_until([&] { return inside(on_screen(window), work_area()); }))
+        << shown(on_screen(window)) << " in " << shown(work_area());
+    RECT inner{};
+    GetClientRect(window, &inner);
+    for (const Control& control : controls_of(window)) {
+        if (control.window_class == L"Kovrel.PictureBox") {
+            EXPECT_NE(GetWindowLongW(control.window, GWL_STYLE) & WS_CLIPCHILDREN, 0);
+        }
+        if (!control.visible) continue;
+        EXPECT_TRUE(inside(control.bounds, inner))
+            << narrow(control.window_class) << " \"" << narrow(control.text)
+            << "\": " << shown(control.bounds) << " in " << shown(inner);
+    }
+}
+
+void is_legible(HWND window) {
+    EXPECT_TRUE(bring_to_front(window));
+    for (const Control& control : controls_of(window)) {
+        if (!shows_text(control)) continue;
+        const bool is_picture = (GetWindowLongW(control.window, GWL_STYLE) &
+                                 (BS_ICON | BS_TYPEMASK)) == (BS_ICON | BS_DEFPUSHBUTTON);
+        const double enough = is_picture ? shape_contrast : text_contrast;
+        double best = 0;
+        EXPECT_TRUE(wait_until([&] {
+            best = legibility_of(picture_of(control.window));
+            return best >= enough;
+        })) << narrow(control.text)
+            << ": " << best;
+    }
+}
+
+void is_in_the_middle(HWND field) {
+    const RECT line = line_of(field);
+    const RECT whole = on_screen(field);
+    EXPECT_GT(line.top, whole.top);
+    EXPECT_NEAR(line.top - whole.top, whole.bottom - line.bottom, 1);
+    // No smaller than a line of text, no larger than half a line more.
+    EXPECT_LT(whole.bottom - whole.top, (line.bottom - line.top) * 3 / 2 + 2);
+}
+
+void keep_picture(HWND window, const std::wstring& name) {
+    EXPECT_TRUE(save_picture(
+        window, picture_folder() / (L"display_" + setting(L"KOVREL_RESOLUTION") + L"_" +
+                                    setting(L"KOVREL_COLOURS") + L"_" + name + L".png")));
+}
+
+}  // namespace kovrel::test
