@@ -13,6 +13,7 @@
 #include "automation/per_thread.h"
 #include "files/ansi_text.h"
 #include "runtime/failure.h"
+#include "ui/modal_scope.h"
 
 namespace kovrel::Prof {
 namespace {
@@ -60,6 +61,12 @@ int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
     return 0;
 }
 
+/// Modal to the whole thread, whatever owner the host has given it.
+ITEMIDLIST* run_dialog(BROWSEINFOA& record) {
+    const ModalScope scope(ModalScope::NextDialog{record.hwndOwner});
+    return SHBrowseForFolderA(&record);
+}
+
 }  // namespace
 
 std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
@@ -72,7 +79,7 @@ std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
     record.lpszTitle = title.c_str();
     record.ulFlags = BIF_RETURNONLYFSDIRS;
     record.lpfn = &on_browser_message;
-    const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(SHBrowseForFolderA(&record));
+    const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(run_dialog(record));
     if (!item) return {};
     PathBuffer path = blank_buffer();
     const bool has_path = SHGetPathFromIDListA(item.get(), path.data()) != FALSE;

@@ -8,6 +8,7 @@
 #include "files/cgsFileOpR.h"
 #include "files/open_dialog_text.h"
 #include "frame/guarded.h"
+#include "ui/modal_scope.h"
 
 namespace kovrel {
 namespace {
@@ -42,6 +43,12 @@ class Buffer {
  private:
     std::string bytes_;
 };
+
+/// Modal to the whole thread, whatever owner the host has given it.
+bool run_dialog(OPENFILENAME_NT4A& record) {
+    const ModalScope scope(ModalScope::NextDialog{record.hwndOwner});
+    return GetOpenFileNameA(reinterpret_cast<OPENFILENAMEA*>(&record)) != FALSE;
+}
 
 }  // namespace
 
@@ -83,7 +90,7 @@ bool cgsFileOpR::ShowOpen(Variant vFileName, Variant vTitle, Variant vFilter, co
             // The published sizes of this version of the record.
             static_assert(sizeof record == (sizeof(void*) == 4 ? 76 : 136));
             const bool multiple = (record.Flags & OFN_ALLOWMULTISELECT) != 0;
-            if (GetOpenFileNameA(reinterpret_cast<OPENFILENAMEA*>(&record)) == FALSE) {
+            if (!run_dialog(record)) {
                 if (CancelError) note_cancelled();
                 return;
             }
