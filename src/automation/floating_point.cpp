@@ -1,8 +1,8 @@
 #include "automation/floating_point.h"
 
-#include <windows.h>
-
 #include <array>
+
+#include "automation/thread_slot.h"
 
 namespace kovrel {
 namespace {
@@ -61,43 +61,31 @@ void hand_back(const FloatingPointState& host) noexcept {
     }
 }
 
-/// Where a thread notes the innermost scope that it computes in. Kept for as long as the library is
-/// in the process.
-DWORD scope_slot() noexcept {
-    static const DWORD slot = TlsAlloc();
-    return slot;
-}
-
-DefaultFloatingPoint* current_scope() noexcept {
-    return static_cast<DefaultFloatingPoint*>(TlsGetValue(scope_slot()));
-}
-
-void set_current_scope(DefaultFloatingPoint* scope) noexcept {
-    TlsSetValue(scope_slot(), scope);
-}
+/// The innermost scope that the thread computes in.
+constinit ThreadSlot<DefaultFloatingPoint> current_scope;
 
 }  // namespace
 
-DefaultFloatingPoint::DefaultFloatingPoint() noexcept : outer_(current_scope()) {
+DefaultFloatingPoint::DefaultFloatingPoint() noexcept : outer_(current_scope.get()) {
     enter_default(host_);
-    set_current_scope(this);
+    current_scope.set(this);
 }
 
 DefaultFloatingPoint::~DefaultFloatingPoint() {
-    set_current_scope(outer_);
+    current_scope.set(outer_);
     hand_back(host_);
 }
 
-HostFloatingPoint::HostFloatingPoint() noexcept : scope_(current_scope()) {
+HostFloatingPoint::HostFloatingPoint() noexcept : scope_(current_scope.get()) {
     if (scope_ == nullptr) return;
-    set_current_scope(nullptr);
+    current_scope.set(nullptr);
     hand_back(scope_->host_);
 }
 
 HostFloatingPoint::~HostFloatingPoint() {
     if (scope_ == nullptr) return;
     enter_default(scope_->host_);
-    set_current_scope(scope_);
+    current_scope.set(scope_);
 }
 
 }  // namespace kovrel

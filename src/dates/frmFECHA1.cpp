@@ -142,7 +142,7 @@ void frmFECHA1::clicked(int id) {
     if (id != cmdOK) return;
     guarded({L") en procedimiento cmdOK_Click del Formulario frmFECHA1."}, [&] {
         // Digits still being typed count once the field loses the focus.
-        SetFocus(control(cmdOK));
+        focus_on(cmdOK);
         if (FechaOk()) {
             chosen = *value();
             unload();
@@ -150,7 +150,7 @@ void frmFECHA1::clicked(int id) {
         }
         show({L"Por favor, escriba una fecha correctamente", NoticeStyle::exclamation,
               std::nullopt});
-        SetFocus(control(DTP_FECHA));
+        focus_on(DTP_FECHA);
     });
 }
 

@@ -14,6 +14,7 @@
 #include "automation/per_thread.h"
 #include "files/ansi_text.h"
 #include "runtime/failure.h"
+#include "ui/modal_scope.h"
 
 namespace kovrel::Prof {
 namespace {
@@ -61,7 +62,9 @@ int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
     return 0;
 }
 
-ITEMIDLIST* browse(BROWSEINFOA& record) {
+/// Modal to the whole thread, whatever owner the host has given it.
+ITEMIDLIST* run_dialog(BROWSEINFOA& record) {
+    const ModalScope scope(ModalScope::NextDialog{record.hwndOwner});
     const HostFloatingPoint host;
     return SHBrowseForFolderA(&record);
 }
@@ -78,7 +81,7 @@ std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
     record.lpszTitle = title.c_str();
     record.ulFlags = BIF_RETURNONLYFSDIRS;
     record.lpfn = &on_browser_message;
-    const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(browse(record));
+    const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(run_dialog(record));
     if (!item) return {};
     PathBuffer path = blank_buffer();
     const bool has_path = SHGetPathFromIDListA(item.get(), path.data()) != FALSE;

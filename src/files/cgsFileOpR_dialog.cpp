@@ -9,6 +9,7 @@
 #include "files/cgsFileOpR.h"
 #include "files/open_dialog_text.h"
 #include "frame/guarded.h"
+#include "ui/modal_scope.h"
 
 namespace kovrel {
 namespace {
@@ -44,8 +45,9 @@ class Buffer {
     std::string bytes_;
 };
 
-/// True once the user has chosen.
-bool ask_user(OPENFILENAME_NT4A& record) {
+/// Modal to the whole thread, whatever owner the host has given it. True once the user has chosen.
+bool run_dialog(OPENFILENAME_NT4A& record) {
+    const ModalScope scope(ModalScope::NextDialog{record.hwndOwner});
     const HostFloatingPoint host;
     return GetOpenFileNameA(reinterpret_cast<OPENFILENAMEA*>(&record)) != FALSE;
 }
@@ -90,7 +92,7 @@ bool cgsFileOpR::ShowOpen(Variant vFileName, Variant vTitle, Variant vFilter, co
             // The published sizes of this version of the record.
             static_assert(sizeof record == (sizeof(void*) == 4 ? 76 : 136));
             const bool multiple = (record.Flags & OFN_ALLOWMULTISELECT) != 0;
-            if (!ask_user(record)) {
+            if (!run_dialog(record)) {
                 if (CancelError) note_cancelled();
                 return;
             }

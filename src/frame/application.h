@@ -13,8 +13,8 @@ namespace kovrel {
 inline constexpr const wchar_t* application_title = L"" KOVREL_TITLE;
 
 /// Shows a notice in a modal message box and waits for the answer: the published button codes
-/// (1 OK, 2 Cancel, 6 Yes, 7 No). The box belongs to the thread's active window; without one it
-/// disables every window of the thread.
+/// (1 OK, 2 Cancel, 6 Yes, 7 No). It disables every window of the thread, and is shown again where
+/// it goes away unanswered; one that cannot be shown is answered with No, Cancel or OK.
 std::int32_t show(const Notice& notice);
 
 }  // namespace kovrel

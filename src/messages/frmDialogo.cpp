@@ -20,7 +20,7 @@ constexpr int font_size = 975;  // hundredths of a point
 frmDialogo::frmDialogo()
     : Window({window_class, L"Información",
               WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX, inner_width, inner_height,
-              OKButton}) {}
+              OKButton, false}) {}
 
 void frmDialogo::create_controls() {
     constexpr DWORD text_box = WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL;

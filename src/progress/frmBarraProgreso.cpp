@@ -107,6 +107,7 @@ void frmBarraProgreso::draw_bar() {
 void frmBarraProgreso::form_load() {
     guarded({L") en procedimiento Form_Load del Formulario frmBarraProgreso."}, [&] {
         canceled_ = false;
+        watch_.emplace(handle());
         if (!strCaption.empty()) set_caption(strCaption);
         if (!strMensaje.empty()) SetWindowTextW(control(lbl_mensaje), strMensaje.c_str());
         if (lgAltoMensaje != 0) {
@@ -193,19 +194,30 @@ void frmBarraProgreso::take_focus() const noexcept {
     SetFocus(handle());
 }
 
-void frmBarraProgreso::lost_activation(HWND to) {
-    // Windows of other programs and threads have the keyboard as long as the user leaves it there;
-    // so have the boxes that the host shows, and a second window like this one, which would take
-    // it back in turn.
-    if (to == nullptr || GetWindowThreadProcessId(to, nullptr) != GetCurrentThreadId()) return;
-    if (is_modal(to) || is_progress_window(to)) return;
-    // The other window is still in the middle of becoming the active one.
-    PostMessageW(handle(), first_posted, 0, 0);
+void frmBarraProgreso::Watch::window_activated(HWND activated) noexcept {
+    // The other window is still on its way to become the active one.
+    if (activated != window) PostMessageW(window, first_posted, 0, 0);
 }
 
 void frmBarraProgreso::posted(UINT /*message*/, int /*value*/) {
-    guarded({L") en procedimiento Form_LostFocus del Formulario frmBarraProgreso."},
-            [&] { take_focus(); });
+    guarded({L") en procedimiento Form_LostFocus del Formulario frmBarraProgreso."}, [&] {
+        // Windows of other programs and threads have the keyboard as long as the user leaves it
+        // there; so have the boxes that the host shows, and a second window like this one, which
+        // would take it back in turn.
+        HWND const active = GetActiveWindow();
+        if (active == handle() || IsWindowEnabled(handle()) == FALSE) return;
+        if (GetWindowThreadProcessId(active, nullptr) != GetCurrentThreadId()) return;
+        if (is_modal(active) || is_progress_window(active)) return;
+        come_before(active);
+        take_focus();
+    });
+}
+
+/// A host that is always on top has it there too.
+void frmBarraProgreso::come_before(HWND other) const noexcept {
+    const bool is_topmost = (GetWindowLongPtrW(other, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+    SetWindowPos(handle(), is_topmost ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 /// Esc, Alt+F4 and the like: the same as the button, where there is one.
@@ -230,6 +242,7 @@ void frmBarraProgreso::catch_up() {
 
 void frmBarraProgreso::form_unload() {
     guarded({L") en procedimiento Form_Unload del Formulario frmBarraProgreso."}, [&] {
+        watch_.reset();
         bar_.surface->set_viewer(nullptr);
         strCaption.clear();
         strMensaje.clear();

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "ui/picture_surface.h"
+#include "ui/thread_watch.h"
 #include "ui/window.h"
 
 namespace kovrel {
@@ -45,25 +46,33 @@ class frmBarraProgreso final : public Window {
     void catch_up();
 
  private:
+    /// Tells the window that another of its thread's becomes the active one.
+    struct Watch final : ThreadWatch {
+        explicit Watch(HWND told) noexcept : window(told) {}
+        void window_activated(HWND activated) noexcept override;
+        HWND const window;
+    };
+
     void create_controls() override;
     void apply_scale() override;
     void form_load() override;
     void picture_box_resized(int id) override;
     void paint_picture_box(int id, HDC context, const RECT& bounds) override;
     void clicked(int id) override;
-    void lost_activation(HWND to) override;
     void posted(UINT message, int value) override;
     void closing() override;
     void form_unload() override;
 
     void set_bar_colors();
     void draw_bar();
+    void come_before(HWND other) const noexcept;
     void stack_areas();
     void fit_height();
 
     PictureObject bar_ = make_picture();
     Icon icon_;
     bool canceled_ = false;
+    std::optional<Watch> watch_;  // while loaded
 };
 
 }  // namespace kovrel

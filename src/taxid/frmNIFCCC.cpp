@@ -46,7 +46,7 @@ Place beside_field(double frame_top, double left, double width, double height) {
 
 frmNIFCCC::frmNIFCCC()
     : Window({window_class, L"Verificador de NIF y cuenta bancaria", WS_CAPTION | WS_SYSMENU,
-              inner_width, inner_height}) {}
+              inner_width, inner_height, cmdOK}) {}
 
 std::shared_ptr<frmNIFCCC> frmNIFCCC::shared() {
     return SharedWindow<frmNIFCCC>::get();

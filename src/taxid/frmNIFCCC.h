@@ -55,6 +55,7 @@ class frmNIFCCC final : public Window {
     void notified(int id, UINT code) override;
     HBRUSH background_of(HWND control, HDC context) override;
     void focus_moved(HWND from, HWND to) override;
+    void press_ended() override;
     void posted(UINT message, int value) override;
     void form_unload() override;
 
@@ -63,6 +64,7 @@ class frmNIFCCC final : public Window {
     void show_image(int id, bool wanted);
     void hide_images(int accepted, int refused);
     void put_focus_back(int id);
+    void check_later() const noexcept;
     bool check_left_field();
     bool leave(int id);
     bool validate_tax_id();
@@ -70,7 +72,6 @@ class frmNIFCCC final : public Window {
     void tax_id_changed();
     void account_changed();
     void copy(int id);
-    void enter();
     void close();
 
     std::shared_ptr<clsFGen> general_;

@@ -13,11 +13,6 @@ namespace {
 constexpr int tax_id_selection = 10;
 constexpr int account_selection = 23;
 
-bool is_push_button(HWND window) noexcept {
-    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) &
-            (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
-}
-
 }  // namespace
 
 void frmNIFCCC::show_image(int id, bool wanted) {
@@ -44,7 +39,7 @@ void frmNIFCCC::ccc_ok_no(const bool& Estado) {
 void frmNIFCCC::put_focus_back(int id) {
     // What the field takes the focus from has not been left by the user.
     returning_ = true;
-    SetFocus(control(id));
+    focus_on(id);
     returning_ = false;
 }
 
@@ -53,11 +48,18 @@ void frmNIFCCC::focus_moved(HWND from, HWND to) {
     const int id = GetDlgCtrlID(from);
     const MaskedEdit* const left = field(id);
     if (left == nullptr) return;
-    // A click on the button that closes the window is not held up by a field half filled in.
-    const bool closes = to == control(cmdOK) && GetKeyState(VK_LBUTTON) < 0;
-    if (closes && !left->text().empty() && !left->complete()) return;
     left_field_ = id;
-    PostMessageW(handle(), field_left, static_cast<WPARAM>(id), 0);
+    // A box while the mouse presses a button would take its click away: the click has the field
+    // checked.
+    if (to != pressed_button()) check_later();
+}
+
+void frmNIFCCC::press_ended() {
+    if (left_field_ != 0) check_later();
+}
+
+void frmNIFCCC::check_later() const noexcept {
+    PostMessageW(handle(), field_left, 0, 0);
 }
 
 void frmNIFCCC::posted(UINT message, int value) {
@@ -170,16 +172,6 @@ void frmNIFCCC::copy(int id) {
     put_on_clipboard(handle(), copied.select(id == MkNIF ? tax_id_selection : account_selection));
 }
 
-/// The Enter key presses the button that has the focus; a field is left for the next control.
-void frmNIFCCC::enter() {
-    HWND const focus = GetFocus();
-    if (is_push_button(focus)) {
-        clicked(GetDlgCtrlID(focus));
-    } else if (HWND const next = GetNextDlgTabItem(handle(), focus, FALSE)) {
-        SetFocus(next);
-    }
-}
-
 /// A value that is still to be checked is checked first; a field half filled in is left as it is.
 void frmNIFCCC::close() {
     const MaskedEdit* const left = field(left_field_);
@@ -191,9 +183,6 @@ void frmNIFCCC::clicked(int id) {
     switch (id) {
         case cmdOK:
             close();
-            break;
-        case IDOK:
-            enter();
             break;
         case cmd_copiaNIF:
             if (!check_left_field()) break;

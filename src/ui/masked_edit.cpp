@@ -16,6 +16,12 @@ bool reads(WORD flags) noexcept {
     return (flags & (DISPATCH_PROPERTYGET | DISPATCH_METHOD)) != 0;
 }
 
+/// By the dialog's own message, so that the default button is framed anew.
+void focus_dialog_on(HWND text_box) noexcept {
+    SendMessageW(GetAncestor(text_box, GA_ROOT), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(text_box),
+                 TRUE);
+}
+
 }  // namespace
 
 /// The members that the validators of fields use.
@@ -87,7 +93,7 @@ class MaskedEdit::Face final : public IDispatch {
             case tag:
                 return Variant(tag_);
             case set_focus:
-                SetFocus(field.text_box_);
+                focus_dialog_on(field.text_box_);
                 return Variant();
             default:
                 throw Failure(FailureNumber::member_not_found);
@@ -164,8 +170,12 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         return pass_on(&MaskedEdit::procedure, subclass_id, text_box_, message, wparam, lparam);
     };
     switch (message) {
+        case WM_GETDLGCODE:
+            // Enter is the field's own key: it goes on to the next control.
+            return by_default() | (wparam == VK_RETURN ? DLGC_WANTMESSAGE : 0);
         case WM_CHAR: {
             const auto character = static_cast<wchar_t>(wparam);
+            if (character == VK_RETURN) return 0;
             if (character == VK_BACK) step_over_separator(false);
             if (character >= L' ') {
                 DWORD begin = 0;
@@ -181,6 +191,10 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             break;
         }
         case WM_KEYDOWN:
+            if (wparam == VK_RETURN) {
+                SendMessageW(GetAncestor(text_box_, GA_ROOT), WM_NEXTDLGCTL, FALSE, FALSE);
+                return 0;
+            }
             if (wparam != VK_DELETE) return by_default();
             step_over_separator(true);
             break;

@@ -1,6 +1,5 @@
 #include "ui/modal.h"
 
-#include <new>
 #include <optional>
 
 #include "automation/floating_point.h"
@@ -11,26 +10,6 @@ namespace {
 void dispatch(MSG& message) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
-}
-
-struct Search {
-    HWND except;
-    std::vector<HWND>* found;
-    bool complete = true;
-};
-
-/// No exception may pass through the system's own code.
-BOOL CALLBACK collect_enabled(HWND window, LPARAM parameter) noexcept {
-    auto* search = reinterpret_cast<Search*>(parameter);
-    if (window == search->except || !IsWindowVisible(window) || !IsWindowEnabled(window)) {
-        return TRUE;
-    }
-    try {
-        search->found->push_back(window);
-    } catch (const std::bad_alloc&) {
-        search->complete = false;
-    }
-    return search->complete ? TRUE : FALSE;
 }
 
 void pump(HWND window, void (*after_each)()) {
@@ -56,28 +35,6 @@ void pump_events(void (*after_each)()) {
 
 void pump_events_of(HWND window) {
     pump(window, nullptr);
-}
-
-ModalScope::ModalScope(HWND window) : active_(GetActiveWindow()), focus_(GetFocus()) {
-    Search search{window, &disabled_};
-    EnumThreadWindows(GetCurrentThreadId(), collect_enabled, reinterpret_cast<LPARAM>(&search));
-    if (!search.complete) throw std::bad_alloc();
-    const HostFloatingPoint host;
-    for (HWND other : disabled_) EnableWindow(other, FALSE);
-}
-
-void ModalScope::release() noexcept {
-    const HostFloatingPoint host;
-    for (HWND other : disabled_) {
-        if (IsWindow(other)) EnableWindow(other, TRUE);
-    }
-    disabled_.clear();
-}
-
-void ModalScope::restore_focus() const noexcept {
-    const HostFloatingPoint host;
-    if (active_ != nullptr && IsWindow(active_)) SetActiveWindow(active_);
-    if (focus_ != nullptr && IsWindow(focus_)) SetFocus(focus_);
 }
 
 void run_modal_loop(HWND window) {

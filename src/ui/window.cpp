@@ -8,6 +8,7 @@
 #include "automation/module.h"
 #include "runtime/failure.h"
 #include "ui/modal.h"
+#include "ui/modal_scope.h"
 #include "ui/visual_styles.h"
 
 namespace kovrel {
@@ -28,6 +29,10 @@ void register_class(const wchar_t* name, WNDPROC procedure) {
     }
 }
 
+void set_owner(HWND window, HWND owner) noexcept {
+    SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+}
+
 HMENU control_menu(int id) noexcept {
     return reinterpret_cast<HMENU>(static_cast<INT_PTR>(id));
 }
@@ -36,6 +41,15 @@ HMENU control_menu(int id) noexcept {
 
 bool Window::visible() const noexcept {
     return handle_ != nullptr && IsWindowVisible(handle_) != FALSE;
+}
+
+bool Window::is_modeless(HWND window) noexcept {
+    if (GetClassLongPtrW(window, GCLP_WNDPROC) != reinterpret_cast<ULONG_PTR>(&procedure)) {
+        return false;
+    }
+    const auto* const self =
+        reinterpret_cast<const Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    return self != nullptr && self->modal_ == nullptr;
 }
 
 void Window::load() {
@@ -59,6 +73,7 @@ void Window::load() {
         apply_scale();
         resize_inner(design_.inner_width, design_.inner_height);
         center_on_screen();
+        frame_default_button(nullptr);
         ready_ = true;
         form_load();
         for (const Placed& placed : std::vector(controls_)) {
@@ -82,23 +97,26 @@ void Window::show_modal() {
     const auto alive = shared_from_this();
     if (visible()) throw Failure(FailureNumber::form_already_shown);
     load();
-    std::optional<ModalScope> scope;
-    try {
-        scope.emplace(handle_);
-    } catch (...) {
-        // Nobody else would.
-        unload();
-        throw;
-    }
-    modal_ = &*scope;
     HWND const window = handle_;
-    const HostFloatingPoint host;
-    ShowWindow(window, SW_SHOW);
-    SetForegroundWindow(window);
-    run_modal_loop(window);
-    modal_ = nullptr;
-    scope->release();
-    scope->restore_focus();
+    if (design_.has_owner) set_owner(window, modal_owner());
+    {
+        std::optional<ModalScope> scope;
+        try {
+            scope.emplace(window);
+        } catch (...) {
+            // Nobody else would.
+            unload();
+            throw;
+        }
+        modal_ = &*scope;
+        const HostFloatingPoint host;
+        ShowWindow(window, SW_SHOW);
+        SetForegroundWindow(window);
+        run_modal_loop(window);
+        modal_ = nullptr;
+    }
+    // Hidden, it is nobody's: an owner that goes would take it along.
+    if (IsWindow(window)) set_owner(window, nullptr);
 }
 
 void Window::unload() noexcept {

@@ -24,6 +24,7 @@ struct WindowDesign {
     double inner_width;      ///< twips
     double inner_height;     ///< twips
     int default_button = 0;  ///< the control that the Enter key presses; 0: none
+    bool has_owner = true;   ///< while modal: the thread's active window
 };
 
 /// A picture box: it holds controls, tells the window when its size changes, and can be painted.
@@ -43,6 +44,8 @@ class Window : public std::enable_shared_from_this<Window> {
     [[nodiscard]] HWND handle() const noexcept { return handle_; }
     [[nodiscard]] bool loaded() const noexcept { return handle_ != nullptr; }
     [[nodiscard]] bool visible() const noexcept;
+    /// One of these, which keeps no other from being used.
+    [[nodiscard]] static bool is_modeless(HWND window) noexcept;
 
     /// Makes the window and its controls, hidden; nothing when it is loaded already.
     void load();
@@ -72,6 +75,9 @@ class Window : public std::enable_shared_from_this<Window> {
     /// A visible control in the window or in one of its picture boxes.
     HWND add(const ControlDesign& control, HWND parent = nullptr);
     [[nodiscard]] HWND control(int id) const noexcept;
+    /// The button that the mouse presses; null: none.
+    [[nodiscard]] HWND pressed_button() const noexcept { return pressed_button_; }
+    void focus_on(int id) const noexcept;
     void move(int id, const Place& place);
     [[nodiscard]] const Place& place(int id) const noexcept;
     /// A field with one line of text, in the middle of its row. Such controls show the text at
@@ -103,7 +109,9 @@ class Window : public std::enable_shared_from_this<Window> {
     /// The background of a control that shows a text, where it is not the window's own.
     virtual HBRUSH background_of(HWND /*control*/, HDC /*context*/) { return nullptr; }
     virtual void focus_moved(HWND /*from*/, HWND /*to*/) {}
-    virtual void lost_activation(HWND /*to*/) {}
+    /// The mouse no longer presses the button that it pressed; a click follows at once or not at
+    /// all.
+    virtual void press_ended() {}
     virtual void posted(UINT /*message*/, int /*value*/) {}
     /// The close box or Alt+F4.
     virtual void closing() { unload(); }
@@ -115,8 +123,6 @@ class Window : public std::enable_shared_from_this<Window> {
     static constexpr UINT first_posted = WM_APP + 0x100;
 
  private:
-    friend class ModalScope;
-
     struct Placed {
         HWND window;
         int id;
@@ -131,7 +137,10 @@ class Window : public std::enable_shared_from_this<Window> {
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
     void command(int id, UINT code, bool from_control);
     bool pressed(WPARAM key);
+    void watched(HWND control, UINT message, WPARAM wparam);
     void focus_inside();
+    [[nodiscard]] int default_button(HWND focus) const noexcept;
+    void frame_default_button(HWND focus) const noexcept;
     void rescale(int dots_per_inch, const RECT& bounds);
     void put_in_place(const Placed& placed) const noexcept;
     void make_font_current();
@@ -144,6 +153,7 @@ class Window : public std::enable_shared_from_this<Window> {
     HWND handle_ = nullptr;
     HWND tooltips_ = nullptr;
     HWND last_focus_ = nullptr;
+    HWND pressed_button_ = nullptr;
     bool ready_ = false;  // events reach the window once its controls are there
     Scale scale_;
     Font font_;

@@ -17,6 +17,11 @@ struct Painting {
     RECT bounds;
 };
 
+bool is_push_button(HWND window) noexcept {
+    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) &
+            (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
+}
+
 }  // namespace
 
 void Window::focus_inside() {
@@ -37,6 +42,28 @@ void Window::command(int id, UINT code, bool from_control) {
         clicked(id);
     } else {
         notified(id, code);
+    }
+}
+
+void Window::focus_on(int id) const noexcept {
+    SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(id)), TRUE);
+}
+
+/// The push button that has the focus, or else that of the window's design.
+int Window::default_button(HWND focus) const noexcept {
+    return is_push_button(focus) && IsChild(handle_, focus) ? GetDlgCtrlID(focus)
+                                                            : design_.default_button;
+}
+
+/// No other button has the frame.
+void Window::frame_default_button(HWND focus) const noexcept {
+    const int framed = default_button(focus);
+    for (const Placed& placed : controls_) {
+        if (!is_push_button(placed.window)) continue;
+        const auto style = static_cast<DWORD>(GetWindowLongPtrW(placed.window, GWL_STYLE));
+        const DWORD kind = placed.id == framed ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        if ((style & BS_TYPEMASK) == kind) continue;
+        SendMessageW(placed.window, BM_SETSTYLE, (LOWORD(style) & ~BS_TYPEMASK) | kind, TRUE);
     }
 }
 
@@ -77,23 +104,24 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
                 return reinterpret_cast<LRESULT>(brush);
             }
             break;
-        case DM_GETDEFID:
-            return design_.default_button != 0 ? MAKELRESULT(design_.default_button, DC_HASDEFID)
-                                               : 0;
+        case DM_GETDEFID: {
+            const int id = default_button(GetFocus());
+            return id != 0 ? MAKELRESULT(id, DC_HASDEFID) : 0;
+        }
         case WM_NEXTDLGCTL:
-            // A label's access key: to the label itself, and on from there.
+            // To a control, as a label's access key does, or to the next one or the last.
             SetFocus(LOWORD(lparam) != FALSE ? reinterpret_cast<HWND>(wparam)
                                              : GetNextDlgTabItem(handle_, GetFocus(), wparam != 0));
             return 0;
+        case WM_SHOWWINDOW:
+            // A window that is waited for stays, though the one that owns it is minimised.
+            if (lparam == SW_PARENTCLOSING) return 0;
+            break;
         case WM_SETFOCUS:
             focus_inside();
             return 0;
         case WM_ACTIVATE:
-            if (LOWORD(wparam) == WA_INACTIVE) {
-                lost_activation(reinterpret_cast<HWND>(lparam));
-            } else {
-                focus_inside();
-            }
+            if (LOWORD(wparam) != WA_INACTIVE) focus_inside();
             return 0;
         case WM_CLOSE:
             closing();
@@ -131,7 +159,7 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPA
     if (message == WM_NCDESTROY) {
         const std::shared_ptr<Window> last = std::move(self->self_);
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-        self->handle_ = self->tooltips_ = self->last_focus_ = nullptr;
+        self->handle_ = self->tooltips_ = self->last_focus_ = self->pressed_button_ = nullptr;
         self->controls_.clear();
         return DefWindowProcW(window, message, wparam, lparam);
     }
@@ -173,13 +201,27 @@ LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, L
     }
 }
 
+/// What a control has done with a message.
+void Window::watched(HWND control, UINT message, WPARAM wparam) {
+    if (message == WM_SETFOCUS) {
+        frame_default_button(control);
+    } else if (message == WM_KILLFOCUS) {
+        focus_moved(control, reinterpret_cast<HWND>(wparam));
+    } else if (message == WM_CAPTURECHANGED && control == pressed_button_) {
+        pressed_button_ = nullptr;
+        press_ended();
+    }
+}
+
 LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
                                      UINT_PTR id, DWORD_PTR owner) {
     const DefaultFloatingPoint floating_point;
     auto* const self = reinterpret_cast<Window*>(owner);
+    const std::shared_ptr<Window> alive = self->weak_from_this().lock();
     if (message == WM_SETFOCUS) self->last_focus_ = window;
+    const bool is_press = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
+    if (is_press && is_push_button(window)) self->pressed_button_ = window;
     if (message == WM_KEYDOWN && self->ready_) {
-        const std::shared_ptr<Window> alive = self->weak_from_this().lock();
         try {
             if (self->pressed(wparam)) return 0;
         } catch (...) {
@@ -187,8 +229,12 @@ LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, L
         }
     }
     const LRESULT result = pass_on(&Window::watch_focus, id, window, message, wparam, lparam);
-    if (message == WM_KILLFOCUS && self->ready_) {
-        self->focus_moved(window, reinterpret_cast<HWND>(wparam));
+    if (!self->ready_) return result;
+    try {
+        self->watched(window, message, wparam);
+    } catch (...) {
+        // What the window would have done about it is lost; the host goes on.
+        return result;
     }
     return result;
 }

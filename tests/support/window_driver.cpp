@@ -52,9 +52,39 @@ void send(std::vector<INPUT> inputs) {
     SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
+INPUT mouse_input(DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    return input;
+}
+
 BOOL CALLBACK collect(HWND window, LPARAM list) {
     reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
     return TRUE;
+}
+
+/// The mouse over the middle of the control; its bounds.
+RECT point_at(HWND control) {
+    // A new window may still be on its way to where the window manager puts it.
+    RECT bounds{};
+    int still = 0;
+    wait_until(
+        [&] {
+            const RECT before = bounds;
+            GetWindowRect(control, &bounds);
+            still = EqualRect(&before, &bounds) ? still + 1 : 0;
+            return still >= polls_at_rest;
+        },
+        Milliseconds{3000});
+    const POINT middle{(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
+    wait_until(
+        [&] {
+            SetCursorPos(middle.x, middle.y);
+            return WindowFromPoint(middle) == control;
+        },
+        Milliseconds{3000});
+    return bounds;
 }
 
 }  // namespace
@@ -228,30 +258,16 @@ void type_text(std::wstring_view text) {
 }
 
 void click(HWND control) {
-    // A new window may still be on its way to where the window manager puts it.
-    RECT bounds{};
-    int still = 0;
-    wait_until(
-        [&] {
-            const RECT before = bounds;
-            GetWindowRect(control, &bounds);
-            still = EqualRect(&before, &bounds) ? still + 1 : 0;
-            return still >= polls_at_rest;
-        },
-        Milliseconds{3000});
-    const POINT middle{(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
-    wait_until(
-        [&] {
-            SetCursorPos(middle.x, middle.y);
-            return WindowFromPoint(middle) == control;
-        },
-        Milliseconds{3000});
-    INPUT down{};
-    down.type = INPUT_MOUSE;
-    down.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
-    INPUT up = down;
-    up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    send({down, up});
+    point_at(control);
+    send({mouse_input(MOUSEEVENTF_LEFTDOWN), mouse_input(MOUSEEVENTF_LEFTUP)});
+}
+
+void press_and_leave(HWND control) {
+    const RECT bounds = point_at(control);
+    send({mouse_input(MOUSEEVENTF_LEFTDOWN)});
+    wait_until([&] { return focus_of(control) == control; }, Milliseconds{3000});
+    SetCursorPos(bounds.right + 4, bounds.bottom + 4);
+    send({mouse_input(MOUSEEVENTF_LEFTUP)});
 }
 
 void resize(HWND window, int width, int height) {

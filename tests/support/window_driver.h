@@ -74,6 +74,8 @@ enum class Modifier { none, shift, control, alt };
 void press_key(WORD virtual_key, Modifier modifier = Modifier::none);
 void type_text(std::wstring_view text);
 void click(HWND control);
+// Presses the left button on the control and lets it go beside it: no click.
+void press_and_leave(HWND control);
 
 // Outer size in pixels.
 void resize(HWND window, int width, int height);

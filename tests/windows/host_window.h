@@ -11,9 +11,9 @@ namespace kovrel::test {
 
 class HostWindow {
  public:
-    explicit HostWindow(const wchar_t* title)
+    explicit HostWindow(const wchar_t* title, HWND owner = nullptr)
         : window_(CreateWindowExW(0, L"#32770", title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20,
-                                  300, 200, nullptr, nullptr, nullptr, nullptr)),
+                                  300, 200, owner, nullptr, nullptr, nullptr)),
           field_(CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_BORDER, 10, 10, 200,
                                  24, window_, nullptr, nullptr, nullptr)) {}
     HostWindow(const HostWindow&) = delete;
