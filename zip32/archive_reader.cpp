@@ -20,6 +20,19 @@ bool agree(std::uint64_t narrow, std::uint64_t refers, std::uint64_t wide) {
     return narrow == refers || narrow == wide;
 }
 
+// Whether an end record stands in the comment of another one: which of them counts, programs do
+// not agree about.
+bool is_in_comment(ByteView tail, std::size_t position) {
+    for (std::size_t i = 0; i < position; ++i) {
+        const ByteView record = tail.subspan(i);
+        if (load32(record, 0) == end_signature &&
+            i + end_record_size + load16(record, 20) > position) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 ArchiveReader::ArchiveReader(const std::string& path) : file_(path), file_size_(file_.size()) {
@@ -58,15 +71,24 @@ void ArchiveReader::find_directory() {
         std::min<std::uint64_t>(file_size_, end_record_size + largest_comment);
     const std::uint64_t from = file_size_ - reach;
     const Bytes tail = read(from, static_cast<std::size_t>(reach));
+    std::size_t last_cut_off = 0;
     for (std::size_t i = tail.size() < 4 ? 0 : tail.size() - 3; i-- > 0;) {
         const ByteView record = ByteView(tail).subspan(i);
         if (load32(record, 0) != end_signature) {
             continue;
         }
-        if (record.size() < end_record_size ||
+        if (record.size() < end_record_size) {
+            last_cut_off = std::max(last_cut_off, i);
+            continue;
+        }
+        // The numbers of a whole record may happen to spell another signature.
+        if (last_cut_off >= i + end_record_size ||
             record.size() < end_record_size + load16(record, 20) ||
             !accept_end(from + i, record.first(end_record_size + load16(record, 20)))) {
             refuse("its end is broken");
+        }
+        if (is_in_comment(tail, i)) {
+            refuse("its comment holds an end of its own");
         }
         return;
     }

@@ -14,6 +14,18 @@ constexpr std::uint64_t zip64_from = 0xF0000000;
 // The ZIP64 field of a directory entry at its longest.
 constexpr std::size_t longest_zip64_field = 28;
 
+// Programs search the end record from the file's end: one that begins within the numbers of the
+// real one and goes on in the comment would be found first.
+bool spells_another_end(ByteView records, const std::string& comment) {
+    const ByteView end = records.last(end_record_size + comment.size());
+    for (std::size_t i = 1; i + end_record_size <= end.size(); ++i) {
+        if (load32(end, i) == end_signature) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 CentralEntry ArchiveWriter::new_entry(const std::string& name, const FileStatus& status) {
@@ -128,6 +140,11 @@ void ArchiveWriter::finish(const std::string& comment) {
     end.size = output_.position() - end.offset;
     record.clear();
     append_directory_end(record, end, output_.position());
+    if (spells_another_end(record, end.comment)) {
+        end.comment.clear();
+        record.clear();
+        append_directory_end(record, end, output_.position());
+    }
     output_.write(record);
     output_.flush();
 }

@@ -43,6 +43,12 @@ struct FileStatus {
 
 bool remove_file(const std::string& path) noexcept;
 
+/// Where a path that is a link leads, whether or not there is a file; any other path is itself.
+[[nodiscard]] std::string final_path(const std::string& path);
+
+/// Removes a file unless some process has it open.
+void remove_unheld_file(const std::string& path);
+
 /// The form in which two names are one file: capitals on Windows, the name itself elsewhere.
 [[nodiscard]] std::string name_key(const std::string& name);
 
@@ -66,7 +72,11 @@ class InputFile {
 };
 
 /// A file that is written beside its target under a name of its own and takes the target's place
-/// only by replace_target(); gone at the end of its life otherwise.
+/// only by replace_target(); gone at the end of its life otherwise. What a killed process has left
+/// of its own goes when the next one is made in the folder: this one is held all its life.
+///
+/// What it replaces is kept but for the content: permissions, owner and attributes, as far as the
+/// system lets this user give them. Until then nobody has more rights to it than to the target.
 class NewFile {
  public:
     /// Throws ZipError cannot_create.
@@ -90,5 +100,8 @@ class NewFile {
 
 /// A name for a file under work, in the folder of `target`; another at each call.
 [[nodiscard]] std::string temporary_name_beside(const std::string& target);
+
+/// Removes the files of such names in the folder of `target` that no process works on any more.
+void remove_abandoned_files_beside(const std::string& target);
 
 }  // namespace kovrel::zip

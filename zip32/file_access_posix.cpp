@@ -1,10 +1,11 @@
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
+#include <climits>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -97,6 +98,39 @@ std::string name_key(const std::string& name) {
     return name;
 }
 
+std::string final_path(const std::string& path) {
+    constexpr int most_links = 40;
+    std::string result = path;
+    std::string text(PATH_MAX, '\0');
+    for (int links = 0; links < most_links; ++links) {
+        const ssize_t length = readlink(result.c_str(), text.data(), text.size());
+        if (length <= 0) {
+            return result;
+        }
+        const std::string_view target(text.data(), static_cast<std::size_t>(length));
+        result = is_absolute(target, PathStyle::posix)
+                     ? std::string(target)
+                     : folder_of(result, PathStyle::posix).append(target);
+    }
+    return path;
+}
+
+// A file under work is locked by its writer as long as the writer lives.
+void remove_unheld_file(const std::string& path) {
+    const int file = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) {
+        return;
+    }
+    struct stat opened {};
+    struct stat named {};
+    if (flock(file, LOCK_EX | LOCK_NB) == 0 && fstat(file, &opened) == 0 &&
+        lstat(path.c_str(), &named) == 0 && S_ISREG(named.st_mode) &&
+        opened.st_dev == named.st_dev && opened.st_ino == named.st_ino) {
+        remove_file(path);
+    }
+    close(file);
+}
+
 InputFile::InputFile(const std::string& path)
     : handle_(open(path.c_str(), O_RDONLY | O_CLOEXEC)), path_(path) {
     if (handle_ < 0) {
@@ -138,66 +172,6 @@ std::size_t InputFile::read_at(std::uint64_t offset, std::span<std::uint8_t> roo
         done += static_cast<std::size_t>(count);
     }
     return done;
-}
-
-NewFile::NewFile(const std::string& target) : target_(target) {
-    for (int attempt = 0; handle_ < 0 && attempt < 100; ++attempt) {
-        path_ = temporary_name_beside(target);
-        handle_ = open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (handle_ < 0 && errno != EEXIST) {
-            break;
-        }
-    }
-    if (handle_ < 0) {
-        throw ZipError(ZipCode::cannot_create, "could not create: " + target);
-    }
-    struct stat status {};
-    if (stat(target.c_str(), &status) == 0) {
-        // The new archive keeps the old one's permissions; where it may not, the default stands.
-        [[maybe_unused]] const int changed = fchmod(descriptor(handle_), status.st_mode & 07777U);
-    }
-}
-
-NewFile::~NewFile() {
-    if (handle_ >= 0) {
-        close(descriptor(handle_));
-    }
-    if (!path_.empty()) {
-        remove_file(path_);
-    }
-}
-
-void NewFile::write_at(std::uint64_t offset, ByteView bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count =
-            pwrite(descriptor(handle_), bytes.data(), bytes.size(), static_cast<off_t>(offset));
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
-        if (count <= 0) {
-            throw ZipError(ZipCode::write_failed, "could not write: " + target_);
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(count));
-        offset += static_cast<std::uint64_t>(count);
-    }
-}
-
-void NewFile::set_size(std::uint64_t size) {
-    if (ftruncate(descriptor(handle_), static_cast<off_t>(size)) != 0) {
-        throw ZipError(ZipCode::write_failed, "could not write: " + target_);
-    }
-}
-
-void NewFile::replace_target() {
-    const bool stored = fsync(descriptor(handle_)) == 0 || errno == EINVAL;
-    const bool closed = close(descriptor(std::exchange(handle_, -1))) == 0;
-    if (!stored || !closed) {
-        throw ZipError(ZipCode::write_failed, "could not write: " + target_);
-    }
-    if (std::rename(path_.c_str(), target_.c_str()) != 0) {
-        throw ZipError(ZipCode::cannot_create, "could not replace: " + target_);
-    }
-    path_.clear();
 }
 
 }  // namespace kovrel::zip

@@ -4,33 +4,14 @@
 #include <utility>
 
 #include "file_access.h"
-#include "names.h"
 #include "wide_text.h"
+#include "windows_files.h"
 #include "zip_error.h"
 
 namespace kovrel::zip {
 namespace {
 
-constexpr std::intptr_t no_handle = -1;
 constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-// One call moves at most this much, so that a count always fits a DWORD.
-constexpr std::size_t largest_move = std::size_t{1} << 30;
-
-HANDLE as_handle(std::intptr_t value) {
-    return reinterpret_cast<HANDLE>(value);
-}
-
-// The path as the file functions take it; past the classic limit, in the form without limit.
-std::wstring system_path(const std::string& path) {
-    const std::wstring wide = utf16_from_utf8(path);
-    const DWORD needed = GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
-    if (needed < MAX_PATH - 12 || wide.starts_with(L"\\\\?\\")) {
-        return wide;
-    }
-    std::wstring full(needed, L'\0');
-    full.resize(GetFullPathNameW(wide.c_str(), needed, full.data(), nullptr));
-    return full.starts_with(L"\\\\") ? L"\\\\?\\UNC\\" + full.substr(2) : L"\\\\?\\" + full;
-}
 
 DosTime local_dos_time(const FILETIME& moment) {
     SYSTEMTIME universal{};
@@ -125,6 +106,23 @@ bool remove_file(const std::string& path) noexcept {
     }
 }
 
+std::string final_path(const std::string& path) {
+    const HANDLE file = open_to_compare(path);
+    if (file == INVALID_HANDLE_VALUE) {
+        return path;
+    }
+    std::wstring found(GetFinalPathNameByHandleW(file, nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+    found.resize(GetFinalPathNameByHandleW(file, found.data(), static_cast<DWORD>(found.size()),
+                                           FILE_NAME_NORMALIZED));
+    CloseHandle(file);
+    return found.empty() ? path : utf8_from_utf16(without_limit_prefix(found));
+}
+
+void remove_unheld_file(const std::string& path) {
+    // A file under work is opened so that nobody else can, until it has its target's name.
+    remove_file(path);
+}
+
 std::string name_key(const std::string& name) {
     const std::wstring wide = utf16_from_utf8(name);
     std::wstring upper(wide.size(), L'\0');
@@ -178,67 +176,6 @@ std::size_t InputFile::read_at(std::uint64_t offset, std::span<std::uint8_t> roo
         done += count;
     }
     return done;
-}
-
-NewFile::NewFile(const std::string& target) : target_(target) {
-    for (int attempt = 0; handle_ == no_handle && attempt < 100; ++attempt) {
-        path_ = temporary_name_beside(target);
-        handle_ = reinterpret_cast<std::intptr_t>(
-            CreateFileW(system_path(path_).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
-                        CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (handle_ == no_handle && GetLastError() != ERROR_FILE_EXISTS) {
-            break;
-        }
-    }
-    if (handle_ == no_handle) {
-        throw ZipError(ZipCode::cannot_create, "could not create: " + target);
-    }
-}
-
-NewFile::~NewFile() {
-    if (handle_ != no_handle) {
-        CloseHandle(as_handle(handle_));
-    }
-    if (!path_.empty()) {
-        remove_file(path_);
-    }
-}
-
-void NewFile::write_at(std::uint64_t offset, ByteView bytes) {
-    while (!bytes.empty()) {
-        OVERLAPPED place{};
-        place.Offset = static_cast<DWORD>(offset);
-        place.OffsetHigh = static_cast<DWORD>(offset >> 32);
-        DWORD count = 0;
-        const auto wanted = static_cast<DWORD>(std::min(bytes.size(), largest_move));
-        if (!WriteFile(as_handle(handle_), bytes.data(), wanted, &count, &place) || count == 0) {
-            throw ZipError(ZipCode::write_failed, "could not write: " + target_);
-        }
-        bytes = bytes.subspan(count);
-        offset += count;
-    }
-}
-
-void NewFile::set_size(std::uint64_t size) {
-    LARGE_INTEGER place{};
-    place.QuadPart = static_cast<LONGLONG>(size);
-    if (!SetFilePointerEx(as_handle(handle_), place, nullptr, FILE_BEGIN) ||
-        !SetEndOfFile(as_handle(handle_))) {
-        throw ZipError(ZipCode::write_failed, "could not write: " + target_);
-    }
-}
-
-void NewFile::replace_target() {
-    const bool stored = FlushFileBuffers(as_handle(handle_)) != 0;
-    const bool closed = CloseHandle(as_handle(std::exchange(handle_, no_handle))) != 0;
-    if (!stored || !closed) {
-        throw ZipError(ZipCode::write_failed, "could not write: " + target_);
-    }
-    if (!MoveFileExW(system_path(path_).c_str(), system_path(target_).c_str(),
-                     MOVEFILE_REPLACE_EXISTING)) {
-        throw ZipError(ZipCode::cannot_create, "could not replace: " + target_);
-    }
-    path_.clear();
 }
 
 }  // namespace kovrel::zip

@@ -108,6 +108,10 @@ std::string last_component(std::string_view path, PathStyle style) {
     return is_dots(last) ? std::string() : std::string(last);
 }
 
+std::string folder_of(std::string_view path, PathStyle style) {
+    return std::string(path.substr(0, path.size() - last_component(path, style).size()));
+}
+
 std::string relative_name(std::string_view path, PathStyle style) {
     int skipped = 0;
     if (has_drive(path, style)) {

@@ -21,6 +21,9 @@ inline constexpr PathStyle native_path_style =
 /// "." or "..".
 [[nodiscard]] std::string last_component(std::string_view path, PathStyle style);
 
+/// What stands before the last component, its separator or drive included: empty without any.
+[[nodiscard]] std::string folder_of(std::string_view path, PathStyle style);
+
 /// The path with "/" between its components and without drive, server, leading separators and the
 /// components "." and "..", so that unpacking never leaves the chosen folder.
 [[nodiscard]] std::string relative_name(std::string_view path, PathStyle style);

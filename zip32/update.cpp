@@ -139,7 +139,7 @@ class Update {
  public:
     Update(const std::string& archive_path, const UpdateOptions& options,
            const UpdateEvents& events)
-        : archive_path_(archive_path), options_(options), events_(events) {}
+        : archive_path_(final_path(archive_path)), options_(options), events_(events) {}
 
     ZipCode run(const std::vector<std::string>& names) {
         if (archive_path_.empty() || options_.level < 0 || options_.level > 9) {
@@ -240,7 +240,7 @@ class Update {
         }
     }
 
-    const std::string& archive_path_;
+    const std::string archive_path_;
     const UpdateOptions& options_;
     const UpdateEvents& events_;
     std::vector<const Input*> packed_;

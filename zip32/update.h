@@ -46,7 +46,12 @@ struct UpdateEvents {
 ///
 /// - The archive is written beside its target and takes its place only when complete. Whatever the
 ///   answer, the target is either the old archive, untouched, or the new one. Only a process that
-///   is killed leaves its working file (zi and eight digits, .tmp) beside it.
+///   is killed leaves its working file (zi and eight digits, .tmp) beside it, until the next update
+///   in that folder.
+/// - A new archive keeps what it replaces was but for the content: permissions, owner, attributes.
+///   Where the path is a link, the archive that it leads to is replaced, not the link.
+/// - An archive whose comment holds the end record of another one is refused: programs do not agree
+///   about which of them it is.
 /// - Its bytes depend on the files, the old archive, the options and the system's time zone, never
 ///   on the number of threads.
 /// - A file replaces the entry of exactly its name, failing that the first whose name is the same

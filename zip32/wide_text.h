@@ -10,7 +10,7 @@ namespace kovrel::zip {
 [[nodiscard]] std::string utf8_from_utf16(std::wstring_view text);
 /// From the user's ANSI code page, in which callers of zip32.dll hand over their texts.
 [[nodiscard]] std::string utf8_from_ansi(std::string_view text);
-/// To the ANSI code page, with its nearest character for what it does not have.
+/// To the ANSI code page, with "?" for what it does not have: never a letter that resembles it.
 [[nodiscard]] std::string ansi_from_utf8(std::string_view text);
 
 }  // namespace kovrel::zip

@@ -311,11 +311,16 @@ TEST_F(ZipUpdate, EachEntryIsToldUnlessQuiet) {
     EXPECT_THAT(messages, ElementsAre("updating: a (stored)"));
 }
 
+// The archive with a comment; it must have none yet.
+std::string with_comment(std::string archive, const std::string& comment) {
+    archive[archive.size() - 2] = static_cast<char>(comment.size());
+    archive[archive.size() - 1] = static_cast<char>(comment.size() >> 8);
+    return archive + comment;
+}
+
 TEST_F(ZipUpdate, BytesBeforeTheArchiveAndItsCommentStay) {
     ASSERT_EQ(pack({folder.write("a", "1")}), ZipCode::ok);
-    std::string archive = folder.read("a.zip");
-    archive[archive.size() - 2] = 4;
-    folder.write("a.zip", "PROGRAMA" + archive + "hola");
+    folder.write("a.zip", "PROGRAMA" + with_comment(folder.read("a.zip"), "hola"));
     ASSERT_EQ(pack({folder.write("b", "2")}), ZipCode::ok);
     const std::string updated = folder.read("a.zip");
     EXPECT_TRUE(updated.starts_with("PROGRAMAPK"));
@@ -325,6 +330,66 @@ TEST_F(ZipUpdate, BytesBeforeTheArchiveAndItsCommentStay) {
     ASSERT_EQ(pack({folder.write("b", "3")}), ZipCode::ok);
     EXPECT_TRUE(folder.read("a.zip").starts_with("PK"));
     EXPECT_THAT(names(), ElementsAre("a", "b"));
+}
+
+// Programs that search the end of an archive from behind find this one, others the real one.
+TEST_F(ZipUpdate, ACommentThatHoldsAnEndOfItsOwnIsRefused) {
+    ASSERT_EQ(pack({folder.write("a", "1"), folder.write("b", "2"), folder.write("c", "3")}),
+              ZipCode::ok);
+    const std::string archive = folder.read("a.zip");
+    const std::string real_end = archive.substr(archive.size() - 22);
+    const std::string empty_end = std::string("PK\5\6") + std::string(18, '\0');
+    const std::string longer_end = empty_end.substr(0, 20) + std::string("\4\0hola", 6);
+    for (const std::string& comment :
+         {empty_end, "hola" + empty_end, empty_end + "hola", "hola" + longer_end, real_end,
+          empty_end + empty_end, std::string(30'000, 'x') + empty_end}) {
+        const std::string before = with_comment(archive, comment);
+        folder.write("a.zip", before);
+        EXPECT_EQ(pack({folder.write("d", "4")}), ZipCode::bad_archive);
+        EXPECT_TRUE(folder.read("a.zip") == before);
+    }
+    // A comment that only looks like one is any comment.
+    folder.write("a.zip", with_comment(archive, "PK\5\7 y PK\6\5, PK\5"));
+    EXPECT_EQ(pack({folder / "d"}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("a", "b", "c", "d"));
+    EXPECT_TRUE(folder.read("a.zip").ends_with("PK\5\7 y PK\6\5, PK\5"));
+}
+
+// 0x4B50 entries and a directory of so many bytes that the two numbers spell "PK\5\6": with a
+// comment behind them, programs that search from the end would find another one.
+TEST_F(ZipUpdate, NumbersThatSpellAnEndDoNotMeetAComment) {
+    constexpr std::size_t count = 0x4B50;
+    constexpr std::size_t last_digits = 0x0605;
+    const std::size_t least = count * (central_header_size + 6);
+    const std::size_t size = least + (0x10000 + last_digits - least % 0x10000) % 0x10000;
+    std::size_t padding = size - least;
+    Bytes bytes;
+    Bytes directory;
+    for (std::size_t i = 0; i + 1 < count; ++i) {
+        CentralEntry entry;
+        entry.name = std::to_string(100'000 + i);
+        const std::size_t more = std::min<std::size_t>(padding, 60);
+        entry.name.append(more, 'x');
+        padding -= more;
+        entry.local_offset = bytes.size();
+        append_local_header(bytes, entry, false);
+        append_central_entry(directory, entry);
+    }
+    ASSERT_EQ(padding, 0U);
+    const std::string comment(40, 'c');
+    const std::size_t offset = bytes.size();
+    append_all(bytes, directory);
+    append_directory_end(bytes, {count - 1, directory.size(), offset, comment}, bytes.size());
+    folder.write("a.zip", {bytes.begin(), bytes.end()});
+    ASSERT_EQ(pack({folder.write("ultimo", "1")}), ZipCode::ok);
+    const std::string end = folder.read("a.zip").substr(folder.read("a.zip").size() - 22);
+    EXPECT_EQ(end.substr(0, 4), "PK\5\6");
+    EXPECT_EQ(end.substr(10, 4), "PK\5\6");
+    EXPECT_EQ(names().size(), count);
+    // Which does not keep the next update from finding the real one.
+    ASSERT_EQ(pack({folder.write("ultimo", "2")}), ZipCode::ok);
+    EXPECT_EQ(data_of("ultimo"), "2");
+    EXPECT_EQ(names().size(), count);
 }
 
 // An archive of one stored entry as a streaming program writes it: sizes after the data.

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """What may go wrong around an update: the process killed in the middle, the disk full, inputs that
 cannot be read. The archive under its name is always the old one or the new one, whole.
-Usage: failures_archives.py TOPIC ZIP_CLI; status 77 where the topic cannot be tried."""
+Usage: failures_archives.py TOPIC COMMAND..., which is zip_cli, or the emulator and a program that
+calls the DLL; status 77 where the topic cannot be tried."""
 import os
 import random
 import shutil
@@ -13,10 +14,12 @@ import time
 import warnings
 import zipfile
 
-CLI = sys.argv[2]
-KILLS = 100
+COMMAND = sys.argv[2:]
+ON_WINDOWS = COMMAND[-1].endswith(".exe")
+# Programs take long to start in the emulator.
+KILLS = 20 if ON_WINDOWS else 100
 # Fewer would mean that the kills miss the writing and prove nothing.
-LEAST_KILLS_WHILE_WRITING = 20
+LEAST_KILLS_WHILE_WRITING = KILLS // 5
 CANNOT_BE_TRIED = 77
 
 
@@ -41,8 +44,16 @@ def write(path, data):
     return path
 
 
+def packing(archive, *paths):
+    def named(path):
+        return "Z:" + path.replace("/", "\\") if ON_WINDOWS else path
+
+    switches = [] if ON_WINDOWS else ["-t", "2"]
+    return [*COMMAND, *switches, named(archive), *map(named, paths)]
+
+
 def pack(archive, *paths, through=()):
-    return subprocess.run([*through, CLI, "-t", "2", archive, *paths],
+    return subprocess.run([*through, *packing(archive, *paths)],
                           stderr=subprocess.DEVNULL).returncode
 
 
@@ -61,18 +72,44 @@ def working_files(folder):
             if name.startswith("zi") and name.endswith(".tmp")]
 
 
-def kill_at_a_moment(child, rng, duration):
+def working_on(folder):
+    """The processes that were told to work in a folder: the emulator may start more than one."""
+    found = []
+    mark = os.path.basename(folder).encode()
+    for pid in filter(str.isdigit, os.listdir("/proc")):
+        try:
+            if int(pid) != os.getpid() and mark in read(f"/proc/{pid}/cmdline"):
+                found.append(int(pid))
+        except OSError:
+            continue
+    return found
+
+
+def kill(child, folder):
+    deadline = time.monotonic() + 20
+    while pids := working_on(folder):
+        for pid in pids:
+            try:
+                os.kill(pid, signal.SIGKILL)
+            except ProcessLookupError:
+                continue
+        child.poll()
+        expect(time.monotonic() < deadline, "a process cannot be killed")
+    child.wait()
+
+
+def kill_at_a_moment(child, rng, duration, folder):
     deadline = time.monotonic() + rng.uniform(0, duration)
     while child.poll() is None and time.monotonic() < deadline:
         time.sleep(0.001)
-    child.send_signal(signal.SIGKILL)
+    kill(child, folder)
 
 
-def kill_while_writing(child, rng, duration, folder):
+def kill_while_writing(child, rng, duration, folder, before):
     """However long the machine takes to get there; from right then to near the end."""
-    while child.poll() is None and not working_files(folder):
+    while child.poll() is None and set(working_files(folder)) <= before:
         time.sleep(0.001)
-    kill_at_a_moment(child, rng, duration * 0.7)
+    kill_at_a_moment(child, rng, duration * 0.7, folder)
 
 
 def kills(folder):
@@ -88,29 +125,88 @@ def kills(folder):
         expect(pack(archive, *inputs) == 0, "the updated archive")
         durations.append(time.monotonic() - start)
     new = read(archive)
+    # Not of the form that files under work have, or not to be removed.
+    others = [write(os.path.join(folder, name), b"1")
+              for name in ("zi0123456g.tmp", "zi01234567.tmp2", "zi012345678.tmp", "zz01234567.tmp")]
+    os.mkdir(os.path.join(folder, "zi89abcdef.tmp"))
+    kept = sorted(os.listdir(folder))
     rng = random.Random(3)
     counts = {"old": 0, "new": 0, "while writing": 0}
     for i in range(KILLS):
         write(archive, old)
-        child = subprocess.Popen([CLI, "-t", "2", archive, *inputs])
+        before = set(working_files(folder))
+        child = subprocess.Popen(packing(archive, *inputs), stderr=subprocess.DEVNULL)
         if i % 2 == 0:
-            kill_at_a_moment(child, rng, max(durations) * 1.2)
+            kill_at_a_moment(child, rng, max(durations) * 1.2, folder)
         else:
-            kill_while_writing(child, rng, min(durations), folder)
-        child.wait()
+            kill_while_writing(child, rng, min(durations), folder, before)
         found = read(archive)
         expect(found in (old, new), "after a kill the archive is neither the old nor the new one")
-        left = working_files(folder)
+        left = set(working_files(folder)) - before
+        expect(len(left) <= 1, f"working files of one update: {left}")
         expect(not left or found == old, "a working file beside the new archive")
         counts["old" if found == old else "new"] += 1
         counts["while writing"] += bool(left)
-        for name in left:
-            os.remove(os.path.join(folder, name))
-    expect(sorted(os.listdir(folder)) == ["a.zip", "f0", "f1", "f2", "viejo"], "stray files")
+        if left and i % 4 == 0:
+            expect(pack(archive, old_file) == 0, "an update after a kill")
+            expect(sorted(os.listdir(folder)) == kept, "what a killed update has left")
     expect(pack(archive, *inputs) == 0 and read(archive) == new, "an update after the kills")
+    expect(sorted(os.listdir(folder)) == kept, f"stray files: {os.listdir(folder)}")
+    expect(all(read(path) == b"1" for path in others), "other files of such names")
     print(f"{KILLS} kills, {counts['while writing']} of them while the archive was written: "
           f"{counts['old']} left the old archive, {counts['new']} the new one")
     expect(counts["while writing"] >= LEAST_KILLS_WHILE_WRITING, "too few kills while writing")
+
+
+def side_by_side(folder):
+    """Updates in one folder at one time: none removes the file that another one works on."""
+    inputs = [write(os.path.join(folder, f"f{i}"), text(i, 400_000)) for i in range(3)]
+    archives = [os.path.join(folder, f"a{i}.zip") for i in range(4)]
+    for _ in range(2 if ON_WINDOWS else 20):
+        running = [subprocess.Popen(packing(archive, *inputs), stderr=subprocess.DEVNULL)
+                   for archive in archives]
+        expect([child.wait() for child in running] == [0] * len(archives), "updates side by side")
+        for archive in archives:
+            expect(contents(archive) == [(f"f{i}", read(inputs[i])) for i in range(3)], archive)
+        expect(not working_files(folder), "stray files")
+
+
+def what_an_archive_was(folder):
+    """Replaced by its update, it keeps its permissions and owner, and its place behind a link."""
+    archive = os.path.join(folder, "a.zip")
+    first, second = (write(os.path.join(folder, name), name.encode()) for name in ("f1", "f2"))
+    new_mode = None
+    for mode in (0o600, 0o644) if ON_WINDOWS else (0o600, 0o644, 0o640, 0o666, 0o755):
+        expect(pack(archive, first) == 0, "the first archive")
+        if new_mode is None:
+            new_mode = os.stat(archive).st_mode & 0o777
+        os.chmod(archive, mode)
+        before = os.stat(archive)
+        expect(pack(archive, second) == 0, f"the updated archive of mode {mode:o}")
+        after = os.stat(archive)
+        expect(after.st_mode == before.st_mode, f"mode {mode:o} became {after.st_mode & 0o7777:o}")
+        expect((after.st_uid, after.st_gid) == (before.st_uid, before.st_gid), "the owner")
+        os.remove(archive)
+    mask = os.umask(0)
+    os.umask(mask)
+    expect(new_mode == 0o666 & ~mask, f"a new archive of mode {new_mode:o}")
+
+    elsewhere = os.path.join(folder, "otra carpeta")
+    os.mkdir(elsewhere)
+    target = os.path.join(elsewhere, "b.zip")
+    inner = os.path.join(elsewhere, "c.zip")
+    os.symlink("c.zip", inner + ".link")
+    for link, leads_to in ((archive, target), (os.path.join(folder, "c.zip"), inner + ".link")):
+        os.symlink(leads_to, link)
+        # Where a link leads to no file yet, POSIX systems tell where that is.
+        made_as = os.path.realpath(link) if ON_WINDOWS else link
+        expect(pack(made_as, first) == 0, "an archive where a link leads")
+        expect(pack(link, second) == 0, "an update through a link")
+        expect(os.readlink(link) == leads_to, "the link")
+        expect(contents(os.path.realpath(link)) == [("f1", b"f1"), ("f2", b"f2")],
+               "the archive that the link leads to")
+    expect(sorted(os.listdir(elsewhere)) == ["b.zip", "c.zip", "c.zip.link"],
+           f"beside the archive: {os.listdir(elsewhere)}")
 
 
 def unreadable_input(folder):
@@ -156,7 +252,7 @@ def full_disk(folder):
         tried = subprocess.run([*share, "mount", "-t", "tmpfs", "tmpfs", folder],
                                stderr=subprocess.DEVNULL)
         if tried.returncode == 0:
-            inside = subprocess.run([*share, sys.executable, __file__, "on_a_full_disk", CLI])
+            inside = subprocess.run([*share, sys.executable, __file__, "on_a_full_disk", *COMMAND])
             expect(inside.returncode == 0, f"status {inside.returncode}")
             return
     skip("mounting is not permitted here")
@@ -190,13 +286,14 @@ def write_limit(folder):
     archive = os.path.join(folder, "limite.zip")
     large = write(os.path.join(folder, "grande2"), random.Random(4).randbytes(3_000_000))
     before = sorted(os.listdir(folder))
-    code = subprocess.run(["bash", "-c", 'trap "" XFSZ; ulimit -f 1000; exec "$@"', "-", CLI,
-                           archive, large], stderr=subprocess.DEVNULL).returncode
+    code = subprocess.run(["bash", "-c", 'trap "" XFSZ; ulimit -f 1000; exec "$@"', "-",
+                           *packing(archive, large)], stderr=subprocess.DEVNULL).returncode
     expect(code == 14, f"a failed write's return code, {code}")
     expect(sorted(os.listdir(folder)) == before, "stray files after a failed write")
 
 
-TOPICS = (kills, unreadable_input, pipe, full_disk, on_a_full_disk, write_limit)
+TOPICS = (kills, side_by_side, what_an_archive_was, unreadable_input, pipe, full_disk,
+          on_a_full_disk, write_limit)
 
 
 def main():

@@ -1,5 +1,6 @@
 #include "plain_reader.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <zlib.h>
@@ -52,7 +53,7 @@ std::optional<Directory> wide_directory(const std::string& archive, std::size_t 
 }
 
 std::optional<Directory> find_directory(const std::string& archive) {
-    const std::size_t end = archive.rfind("PK\5\6");
+    const std::size_t end = archive.rfind("PK\5\6", std::max<std::size_t>(archive.size(), 22) - 22);
     if (end == std::string::npos || end + 22 > archive.size()) {
         return std::nullopt;
     }

@@ -214,6 +214,40 @@ TEST_F(Zip32Dll, AnArchiveThatAnotherProgramHoldsStaysAsItIs) {
     EXPECT_EQ(folder.count(), 3U);
 }
 
+TEST_F(Zip32Dll, AnArchiveKeepsItsAttributes) {
+    ASSERT_EQ(pack({folder.write("f", "1")}), 0);
+    const std::wstring path = utf16_from_utf8(folder / "á.zip");
+    constexpr DWORD attributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    ASSERT_TRUE(SetFileAttributesW(path.c_str(), attributes));
+    ASSERT_EQ(GetFileAttributesW(path.c_str()) & attributes, attributes);
+    EXPECT_EQ(pack({folder.write("g", "2")}), 0);
+    EXPECT_THAT(contents(), ElementsAre("f=1", "g=2"));
+    EXPECT_EQ(GetFileAttributesW(path.c_str()) & attributes, attributes);
+    EXPECT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL));
+    EXPECT_EQ(pack({folder / "g"}), 0);
+    EXPECT_EQ(GetFileAttributesW(path.c_str()) & attributes, 0U);
+}
+
+// Files of other names are not taken for them, whatever their letters resemble.
+TEST_F(Zip32Dll, WhatTheCodePageLacksIsAQuestionMark) {
+    folder.write("O.txt", "ajeno");
+    folder.write("d/Ω.txt", "griego");
+    EXPECT_EQ(ansi_from_utf8("aΩЖ一b"), "a???b");
+    EXPECT_EQ(pack({folder / "Ω.txt"}), 12);
+    EXPECT_THAT(printed, testing::Contains(testing::EndsWith("\\?.txt\n")));
+    folder.write("O.zip", "ajeno");
+    const std::string file = ansi_from_utf8(folder / "O.txt");
+    const char* const name = file.c_str();
+    EXPECT_EQ(archive(1, ansi_from_utf8(folder / "Ω.zip").c_str(), &name), 15);
+    EXPECT_EQ(folder.read("O.zip"), "ajeno");
+    EXPECT_EQ(folder.count(), 3U);
+    // Those found in a folder have their own names, and are told as the code page can.
+    options.recurse = 1;
+    EXPECT_EQ(pack({folder / "d"}), 0);
+    EXPECT_THAT(names(), ElementsAre("Ω.txt"));
+    EXPECT_THAT(served, testing::Contains(testing::StartsWith("?.txt")));
+}
+
 TEST_F(Zip32Dll, NamesThatDifferInCapitalsAreOneFile) {
     EXPECT_EQ(pack({folder.write("Ñandú.txt", "1")}), 0);
     EXPECT_EQ(pack({folder.write("x/ñANDÚ.TXT", "2")}), 0);
@@ -345,6 +379,12 @@ TEST_F(Zip32Dll, PathsPastTheClassicLimit) {
     CloseHandle(file);
     EXPECT_EQ(pack({folder / (name + "f")}), 0);
     EXPECT_THAT(names(), ElementsAre("f"));
+    // The archive there too, new and updated.
+    const std::string in_it = ansi_from_utf8(folder / (name + "f"));
+    const char* const long_name = in_it.c_str();
+    EXPECT_EQ(archive(1, (in_it + ".zip").c_str(), &long_name), 0);
+    EXPECT_EQ(archive(1, (in_it + ".zip").c_str(), &long_name), 0);
+    EXPECT_TRUE(DeleteFileW((path + L"\\f.zip").c_str()));
     for (std::size_t end = path.size(); end > folder.path().wstring().size() + 4;
          end = path.rfind(L'\\')) {
         path.resize(end);
