@@ -3,6 +3,7 @@
 #pragma once
 
 #include "automation/class_info.h"
+#include "automation/variant.h"
 
 namespace kovrel {
 
