@@ -1,5 +1,7 @@
 #include "automation/object.h"
 
+#include <algorithm>
+
 #include "automation/floating_point.h"
 #include "automation/late_call.h"
 #include "automation/platform_failure.h"
@@ -64,13 +66,11 @@ void fill(EXCEPINFO* exception, HRESULT code, const wchar_t* description,
 }
 
 /// Answers a call that does not fit, with words for the hosts that ask for them.
-HRESULT refuse(EXCEPINFO* exception, const CallError& error, const MemberInfo* member,
+HRESULT refuse(EXCEPINFO* exception, const CallError& error, const wchar_t* member,
                const ClassInfo& info) noexcept {
     try {
-        const Failure failure(
-            error.result,
-            misfit_description(error.result, member == nullptr ? nullptr : member->name,
-                               error.parameter));
+        const Failure failure(error.result,
+                              misfit_description(error.result, member, error.parameter));
         fill(exception, error.result, failure.description().data(), info);
         set_error_object(failure, info.prog_id, info.interface_id);
     } catch (const std::bad_alloc&) {
@@ -178,7 +178,13 @@ HRESULT STDMETHODCALLTYPE ObjectBase::get_ids_of_names(ObjectBase* self, REFIID 
     if (!IsEqualIID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
     try {
-        return self->info_->find_ids(names, count, ids);
+        const HRESULT result = self->info_->find_ids(names, count, ids);
+        if (result != DISP_E_UNKNOWNNAME) return result;
+        const auto unknown = std::find(ids, ids + count, DISPID_UNKNOWN) - ids;
+        const CallError error =
+            unknown == 0 ? CallError{result} : CallError{DISP_E_PARAMNOTFOUND, {}, names[unknown]};
+        refuse(nullptr, error, names[0], *self->info_);
+        return result;
     } catch (...) {
         return hresult_of(current_failure());
     }
@@ -195,7 +201,9 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
     const ClassInfo::Accessors accessors = info.accessors(member);
     const MemberInfo* const entry = wanted(accessors, flags, *parameters);
     if (entry == nullptr) {
-        return refuse(exception, {DISP_E_MEMBERNOTFOUND}, accessors.any(), info);
+        const MemberInfo* const any = accessors.any();
+        return refuse(exception, {DISP_E_MEMBERNOTFOUND}, any == nullptr ? nullptr : any->name,
+                      info);
     }
 
     const KeepAlive alive(*self);
@@ -206,7 +214,7 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
         return S_OK;
     } catch (const CallError& error) {
         if (bad_argument != nullptr && error.argument) *bad_argument = *error.argument;
-        return refuse(exception, error, entry, info);
+        return refuse(exception, error, entry->name, info);
     } catch (...) {
         const Failure failure = current_failure();
         fill(exception, hresult_of(failure), failure.description().data(), info);

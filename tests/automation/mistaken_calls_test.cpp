@@ -86,6 +86,18 @@ TEST_F(MistakenCalls, ANameThatIsNone) {
     SysFreeString(exception.bstrSource);
 }
 
+// GetIDsOfNames has no room for words but the thread's.
+TEST_F(MistakenCalls, AMisspeltName) {
+    EXPECT_EQ(call(dates_.get(), L"Dias_Mess", {2, 2024}).result, DISP_E_UNKNOWNNAME);
+    const LastError member;
+    EXPECT_EQ(member.description, "El objeto no admite esta propiedad o método: Dias_Mess");
+    EXPECT_EQ(member.source, "Kovrel.clsFFechas");
+    EXPECT_EQ(invoke(dates_.get(), L"Dias_Mes", DISPATCH_METHOD, {2, 2024}, {L"Año"}).result,
+              DISP_E_UNKNOWNNAME);
+    EXPECT_EQ(LastError().description,
+              "No se encontró el argumento con nombre: argumento Año de Dias_Mes");
+}
+
 TEST_F(MistakenCalls, MoreNamesThanAnArchiveTakes) {
     const auto zip = create(L"Kovrel.clsFZip");
     Variant names;
