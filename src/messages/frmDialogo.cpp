@@ -2,8 +2,8 @@
 
 #include "frame/guarded.h"
 #include "messages/dialog_layout.h"
-#include "ui/text_box_lines.h"
 #include "ui/text_box.h"
+#include "ui/text_box_lines.h"
 
 namespace kovrel {
 namespace {
