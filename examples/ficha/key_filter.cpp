@@ -31,7 +31,7 @@ wchar_t KeyFilter::filtered(wchar_t typed) const {
     // The filters work on codes of the ANSI code page, as key-press events give them.
     char code = 0;
     BOOL unknown = FALSE;
-    WideCharToMultiByte(CP_ACP, 0, &typed, 1, &code, 1, nullptr, &unknown);
+    WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, &typed, 1, &code, 1, nullptr, &unknown);
     if (unknown != FALSE) return accepts_ == Accepts::capitals ? typed : L'\0';
 
     auto key = static_cast<std::int16_t>(static_cast<unsigned char>(code));

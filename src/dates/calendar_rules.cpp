@@ -60,9 +60,9 @@ double sunday_of(double date) {
     return moved_by(monday_of(date), 6);
 }
 
-std::wstring week_caption(double date, const RegionalSettings& settings) {
-    return L"Semana del " + short_date_text(day_of(monday_of(date)), settings) + L" al " +
-           short_date_text(day_of(sunday_of(date)), settings);
+std::wstring week_caption(double date, const Regional& regional) {
+    return L"Semana del " + regional.short_date(day_of(monday_of(date))) + L" al " +
+           regional.short_date(day_of(sunday_of(date)));
 }
 
 void default_to_current_month(std::int16_t& month, std::int16_t& year, std::int32_t today) {

@@ -45,7 +45,7 @@ struct MonthOfYear {
 [[nodiscard]] double sunday_of(double date);
 
 /// "Semana del", the date's Monday, "al", its Sunday, by the user's short date pattern.
-[[nodiscard]] std::wstring week_caption(double date, const RegionalSettings& settings);
+[[nodiscard]] std::wstring week_caption(double date, const Regional& regional);
 
 /// Replaces a month of 0 and a year of 0 by those of `today`.
 void default_to_current_month(std::int16_t& month, std::int16_t& year, std::int32_t today);

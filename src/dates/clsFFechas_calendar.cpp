@@ -72,7 +72,7 @@ Date clsFFechas::UltimoDiaSemana(const Date& DtFecha) {
 }
 
 std::wstring clsFFechas::SemanaDel(const Date& DtFecha) {
-    return week_caption(DtFecha.days, SystemRegional().settings());
+    return week_caption(DtFecha.days, SystemRegional());
 }
 
 Date clsFFechas::PrimerDiaMesActual(std::int16_t& Mes, std::int16_t& Año) {

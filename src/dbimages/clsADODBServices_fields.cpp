@@ -31,12 +31,17 @@ void write_bytes(BinaryFile& file, const Variant& bytes) {
     file.write(access.elements().data(), access.elements().size());
 }
 
-/// Asks a field for its next bytes and writes what it gives. Where no bytes are asked for, fields
-/// may give a null or nothing.
-void copy_chunk(const HostObject& field, std::int64_t size, BinaryFile& file) {
-    const Variant bytes = field.get(L"GetChunk", {Variant(static_cast<std::int32_t>(size))});
-    if (size == 0 && (bytes.is_null() || bytes.is_empty())) return;
-    write_bytes(file, bytes);
+/// Asks a field for its bytes, chunk by chunk, and writes what it gives. Where no bytes are asked
+/// for, fields may give a null or nothing; a null that is all that a field holds is none to write.
+void copy_chunks(const HostObject& field, const ChunkPlan& plan, BinaryFile& file) {
+    const auto next = [&](std::int64_t size) {
+        return field.get(L"GetChunk", {Variant(static_cast<std::int32_t>(size))});
+    };
+    const Variant first = next(plan.first);
+    const bool has_more = plan.count > 0;
+    const bool is_nothing = first.is_empty() || (first.is_null() && has_more);
+    if (plan.first != 0 || !is_nothing) write_bytes(file, first);
+    for (std::int64_t chunk = 0; chunk < plan.count; ++chunk) write_bytes(file, next(plan.size));
 }
 
 bool reads_true(const HostObject& object, std::wstring_view member) {
@@ -120,11 +125,7 @@ ComPtr<IPictureDisp> clsADODBServices::GetLargeImageFromField(const ComPtr<IDisp
         const std::wstring path = temporary_picture_file();
         BinaryFile file = BinaryFile::create(path);
         const HostObject field(f);
-        const ChunkPlan plan = reading_chunks(whole_number(field, L"ActualSize"));
-        copy_chunk(field, plan.first, file);
-        for (std::int64_t chunk = 0; chunk < plan.count; ++chunk) {
-            copy_chunk(field, plan.size, file);
-        }
+        copy_chunks(field, reading_chunks(whole_number(field, L"ActualSize")), file);
         file.close();
         picture = load_picture(path);
         delete_file(path);

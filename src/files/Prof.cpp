@@ -69,6 +69,19 @@ ITEMIDLIST* run_dialog(BROWSEINFOA& record) {
     return SHBrowseForFolderA(&record);
 }
 
+/// The system writes letters that resemble them for those that the code page lacks, which would be
+/// another folder's path.
+void put_question_marks(const ITEMIDLIST* item, PathBuffer& path) {
+    std::array<wchar_t, MAX_PATH> real{};
+    if (!SHGetPathFromIDListW(item, real.data())) return;
+    const std::string bytes = to_ansi(real.data());
+    const bool is_same_but_for_them =
+        bytes.size() < path.size() && path[bytes.size()] == '\0' &&
+        std::equal(bytes.begin(), bytes.end(), path.begin(),
+                   [](char exact, char given) { return exact == given || exact == '?'; });
+    if (is_same_but_for_them) std::copy(bytes.begin(), bytes.end(), path.begin());
+}
+
 }  // namespace
 
 std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
@@ -87,6 +100,7 @@ std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
     const bool has_path = SHGetPathFromIDListA(item.get(), path.data()) != FALSE;
     const auto* const end = std::find(path.begin(), path.end(), '\0');
     if (!has_path || end == path.end()) throw Failure(FailureNumber::invalid_argument);
+    put_question_marks(item.get(), path);
     return from_ansi({path.data(), static_cast<std::size_t>(end - path.data())});
 }
 

@@ -14,15 +14,22 @@ int length_of(std::size_t size) {
     return static_cast<int>(size);
 }
 
+/// Never a letter that resembles the one that the code page lacks. UTF-8, which can be the system's
+/// code page, has them all and refuses the flag.
+DWORD conversion_flags() {
+    return GetACP() == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+}
+
 }  // namespace
 
 std::string to_ansi(std::wstring_view text) {
     const int length = length_of(text.size());
     if (length == 0) return {};
+    const DWORD flags = conversion_flags();
     const int size =
-        WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+        WideCharToMultiByte(CP_ACP, flags, text.data(), length, nullptr, 0, nullptr, nullptr);
     std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_ACP, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
+    WideCharToMultiByte(CP_ACP, flags, text.data(), length, bytes.data(), size, nullptr, nullptr);
     return bytes;
 }
 

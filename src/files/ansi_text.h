@@ -7,8 +7,9 @@
 
 namespace kovrel {
 
-/// The text in the system's 8-bit code page; a character that the page lacks becomes its best fit
-/// or "?". Characters of code 0 are kept.
+/// The text in the system's 8-bit code page; a character that the page lacks becomes "?", never one
+/// that resembles it: a name with such a character is no other file's. Characters of code 0 are
+/// kept.
 [[nodiscard]] std::string to_ansi(std::wstring_view text);
 
 /// The text that bytes of the system's 8-bit code page stand for.

@@ -115,12 +115,13 @@ HANDLE open_file(const std::wstring& path, DWORD access, DWORD disposition) {
 }  // namespace
 
 std::wstring first_listed(const std::wstring& path, Listing listing) {
-    std::wstring pattern(path);
-    if (pattern.empty() || pattern.find_last_of(L"\\/:") == pattern.size() - 1) pattern += L'*';
-    Search search(unlimited(pattern));
+    const bool is_whole_folder = path.empty() || path.find_last_of(L"\\/:") == path.size() - 1;
+    // A drive's root does not list itself.
+    std::wstring itself = is_whole_folder && listing == Listing::files_and_folders ? L"." : L"";
+    Search search(unlimited(is_whole_folder ? path + L'*' : path));
     if (!search.found()) {
         const DWORD error = GetLastError();
-        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) return {};
+        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) return itself;
         if (error != ERROR_PATH_NOT_FOUND) raise(error);
         if (drive_is_missing(path)) throw Failure(FailureNumber::device_unavailable);
         return {};
@@ -128,9 +129,11 @@ std::wstring first_listed(const std::wstring& path, Listing listing) {
     DWORD passed_over = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     if (listing == Listing::files) passed_over |= FILE_ATTRIBUTE_DIRECTORY;
     do {
-        if ((search.entry().dwFileAttributes & passed_over) == 0) return search.entry().cFileName;
+        const std::wstring_view name = search.entry().cFileName;
+        if ((search.entry().dwFileAttributes & passed_over) == 0) return std::wstring(name);
+        if (name == itself) itself.clear();
     } while (search.next());
-    return {};
+    return itself;
 }
 
 void create_folder(const std::wstring& path) {
@@ -180,6 +183,8 @@ void BinaryFile::write(const void* bytes, std::size_t count) {
                        &done, nullptr)) {
             raise(GetLastError());
         }
+        // Some file systems take nothing, and say no more than that, where there is no room.
+        if (done == 0) raise(ERROR_DISK_FULL);
         total += done;
     }
 }

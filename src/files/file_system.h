@@ -19,7 +19,8 @@ enum class Listing { files, files_and_folders };
 
 /// The name of the first entry that a path names, or matches with wildcards (`*`, `?`); empty when
 /// there is none. A path that ends in a separator stands for all that its folder holds, the folder
-/// itself (".") included; an empty one for all that the current folder holds.
+/// itself (".") included, be it the root of an empty drive; an empty one for all that the current
+/// folder holds.
 [[nodiscard]] std::wstring first_listed(const std::wstring& path, Listing listing);
 
 /// Creates one folder; its parent must be there.

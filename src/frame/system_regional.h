@@ -10,6 +10,8 @@ class SystemRegional final : public Regional {
     SystemRegional();
     [[nodiscard]] std::optional<double> number(std::wstring_view text) const override;
     [[nodiscard]] std::optional<double> date(std::wstring_view text) const override;
+    [[nodiscard]] std::wstring short_date(std::int32_t day) const override;
+    [[nodiscard]] std::wstring capitals(std::wstring_view text) const override;
 };
 
 /// The last of the hundred years that a two-digit year stands for: a setting of the user's.

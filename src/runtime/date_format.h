@@ -1,4 +1,4 @@
-// Writing dates as texts: by the user's short date pattern and in the fixed formats in use.
+// Writing dates as texts in the fixed formats in use.
 // All functions take a day count (30 December 1899 is 0) of the years 100 to 9999.
 #pragma once
 
@@ -8,10 +8,6 @@
 #include "runtime/regional.h"
 
 namespace kovrel {
-
-/// The date by the user's short date pattern, in the system's notation: d, dd, ddd, dddd, M to
-/// MMMM, y to yyyy, literals between quotes, any other character as it stands. Names are Spanish.
-[[nodiscard]] std::wstring short_date_text(std::int32_t day, const RegionalSettings& settings);
 
 /// "YY" and "YYYY": the year with two and with four digits.
 [[nodiscard]] std::wstring two_digit_year_text(std::int32_t day);

@@ -1,6 +1,7 @@
 // The user's regional settings, as the rules need them.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,14 +13,13 @@ namespace kovrel {
 struct RegionalSettings {
     wchar_t decimal_separator = L',';
     wchar_t group_separator = L'.';
-    /// The short date pattern, in the system's notation (d, dd, M, MM, yy, yyyy, quoted literals).
-    std::wstring short_date = L"dd/MM/yyyy";
     /// What stands for "/" in a date pattern.
     std::wstring date_separator = L"/";
 };
 
-/// Reads texts as numbers and dates by the user's settings. The reading itself is the platform's
-/// work; rules reach it here, so that they can be built and tested where there is no such platform.
+/// Reads texts as numbers and dates and writes dates by the user's settings and in the user's
+/// language. That is the platform's work; rules reach it here, so that they can be built and tested
+/// where there is no such platform.
 class Regional {
  public:
     explicit Regional(RegionalSettings settings) : settings_(std::move(settings)) {}
@@ -34,6 +34,10 @@ class Regional {
     /// The date that a text stands for, as a day count (30 December 1899 is 0, the time of day is
     /// the fraction); absent when the text is not a date.
     [[nodiscard]] virtual std::optional<double> date(std::wstring_view text) const = 0;
+    /// The date of a day count of the years 100 to 9999 by the user's short date pattern.
+    [[nodiscard]] virtual std::wstring short_date(std::int32_t day) const = 0;
+    /// The text in capitals, each character by itself.
+    [[nodiscard]] virtual std::wstring capitals(std::wstring_view text) const = 0;
 
  private:
     RegionalSettings settings_;

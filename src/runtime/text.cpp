@@ -27,18 +27,12 @@ wchar_t to_upper(wchar_t character) noexcept {
         return shifted(0x20);
     }
     if (code == 0xFF) return static_cast<wchar_t>(0x178);
-    if (code == 0x131) return L'I';
-    // From here on capitals and small letters alternate, with the capital on the even code in
-    // two ranges and on the odd code in the two others.
-    const bool small_is_odd = (code >= 0x100 && code <= 0x137) || (code >= 0x14A && code <= 0x177);
-    const bool small_is_even = (code >= 0x139 && code <= 0x148) || (code >= 0x179 && code <= 0x17E);
-    if ((small_is_odd && code % 2 == 1) || (small_is_even && code % 2 == 0)) return shifted(1);
     return character;
 }
 
 void make_upper(std::wstring& text) noexcept {
-    // ASCII and most of Latin-1 in a loop that compilers vectorize, so without branches; texts
-    // with other letters are rare and go through the table.
+    // All but the last letter of Latin-1 in a loop that compilers vectorize, so without branches;
+    // texts with that one or with other letters are rare.
     std::int32_t seen = 0;
     for (wchar_t& character : text) {
         const auto code = static_cast<std::int32_t>(character);

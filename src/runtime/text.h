@@ -20,8 +20,8 @@ namespace kovrel {
 [[nodiscard]] std::wstring_view trim_left(std::wstring_view text) noexcept;
 [[nodiscard]] std::wstring_view trim(std::wstring_view text) noexcept;
 
-/// The capital of a letter: ASCII, Latin-1 and Latin Extended-A, by the Unicode character table.
-/// Any other character is its own capital.
+/// The capital of a letter of ASCII or Latin-1, which is all that names and words of the library's
+/// own need; any other character is its own capital. For users' texts see Regional::capitals.
 [[nodiscard]] wchar_t to_upper(wchar_t character) noexcept;
 [[nodiscard]] std::wstring to_upper(std::wstring_view text);
 void make_upper(std::wstring& text) noexcept;

@@ -11,10 +11,11 @@ namespace kovrel {
 std::wstring clsFGen::Verifica_NIF(std::wstring Nif, const bool& Mensajes) {
     return guarded<std::wstring>({L") en procedimiento Verifica_NIF del Módulo de clase clsFGen."},
                                  [&](std::wstring& result) {
-                                     std::wstring working = to_upper(Nif);
+                                     const SystemRegional regional;
+                                     std::wstring working = regional.capitals(Nif);
                                      QuitaCaracteresyEspacios(working);
                                      TaxIdVerdict verdict = verify_normalized_tax_id(
-                                         std::move(working), Nif.size(), SystemRegional());
+                                         std::move(working), Nif.size(), regional);
                                      if (verdict.notice && Mensajes) show(*verdict.notice);
                                      result = std::move(verdict.result);
                                  });

@@ -135,9 +135,8 @@ TaxIdVerdict verify_normalized_tax_id(std::wstring working, std::size_t typed_le
 }
 
 TaxIdVerdict verify_tax_id(std::wstring_view typed, const Regional& regional) {
-    std::wstring working = strip_separators(typed);
-    for (wchar_t& character : working) character = to_upper(character);
-    return verify_normalized_tax_id(std::move(working), typed.size(), regional);
+    return verify_normalized_tax_id(regional.capitals(strip_separators(typed)), typed.size(),
+                                    regional);
 }
 
 }  // namespace kovrel

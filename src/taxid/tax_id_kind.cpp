@@ -33,7 +33,7 @@ std::wstring_view tax_id_kind(std::wstring_view letter, const Regional& regional
         L"Y - NIE: Número Identificador de Extranjero",
     };
     if (regional.number(letter)) return L"NIF - Número de Identificación Fiscal";
-    const auto position = letters.find(to_upper(letter));
+    const auto position = letters.find(regional.capitals(letter));
     return position == std::wstring_view::npos ? L"ERROR" : descriptions[position];
 }
 

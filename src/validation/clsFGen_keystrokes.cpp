@@ -17,11 +17,13 @@ constexpr AnsiCodePage system_code_page{
             const std::wstring text = from_ansi({&byte, 1});
             return text.empty() ? L'\0' : text.front();
         },
-    .code =
-        [](wchar_t character) {
-            const std::string bytes = to_ansi({&character, 1});
-            return bytes.empty() ? std::uint8_t{0} : static_cast<std::uint8_t>(bytes.front());
-        },
+    .code = [](wchar_t character) -> std::optional<std::uint8_t> {
+        const std::string bytes = to_ansi({&character, 1});
+        if (bytes.size() != 1 || from_ansi(bytes) != std::wstring_view(&character, 1)) {
+            return std::nullopt;
+        }
+        return static_cast<std::uint8_t>(bytes.front());
+    },
 };
 
 /// The key goes to the caller's variable, the result back to the caller.
@@ -52,7 +54,7 @@ std::int16_t clsFGen::Solo_Fecha(std::int16_t& pulsa) {
 std::int16_t clsFGen::Convierte_May(std::int16_t& pulsa) {
     return guarded<std::int16_t>({L") en procedimiento Convierte_May del Módulo de clase clsFGen."},
                                  [&](std::int16_t& result) {
-                                     pulsa = capital_key(pulsa, system_code_page);
+                                     pulsa = capital_key(pulsa, system_code_page, SystemRegional());
                                      result = pulsa;
                                  });
 }

@@ -49,8 +49,11 @@ FilteredKey filter_date_key(std::int16_t key) {
     return digit_or_discarded(key);
 }
 
-std::int16_t capital_key(std::int16_t key, const AnsiCodePage& code_page) {
-    return code_page.code(to_upper(code_page.character(single_byte(key))));
+std::int16_t capital_key(std::int16_t key, const AnsiCodePage& code_page,
+                         const Regional& regional) {
+    const wchar_t character = code_page.character(single_byte(key));
+    const std::wstring capital = regional.capitals({&character, 1});
+    return code_page.code(capital.front()).value_or(single_byte(key));
 }
 
 }  // namespace kovrel

@@ -3,6 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+
+#include "runtime/regional.h"
 
 namespace kovrel {
 
@@ -17,7 +20,8 @@ struct FilteredKey {
 /// The system's ANSI code page, which the caller supplies.
 struct AnsiCodePage {
     wchar_t (*character)(std::uint8_t code);
-    std::uint8_t (*code)(wchar_t character);
+    /// Absent for a character that the page lacks.
+    std::optional<std::uint8_t> (*code)(wchar_t character);
 };
 
 /// For numeric fields: digits, backspace, tab, escape, comma, point and, unless only positive
@@ -29,7 +33,9 @@ struct AnsiCodePage {
 /// For date fields: digits, backspace, slash and minus. Failure 5 for a code outside 0 to 255.
 [[nodiscard]] FilteredKey filter_date_key(std::int16_t key);
 
-/// The code of the capital of a key's character. Failure 5 for a code outside 0 to 255.
-[[nodiscard]] std::int16_t capital_key(std::int16_t key, const AnsiCodePage& code_page);
+/// The code of the capital of a key's character; the key itself where the code page lacks that
+/// capital. Failure 5 for a code outside 0 to 255.
+[[nodiscard]] std::int16_t capital_key(std::int16_t key, const AnsiCodePage& code_page,
+                                       const Regional& regional);
 
 }  // namespace kovrel

@@ -1,6 +1,9 @@
 #include "zip/FZip.h"
 
+#include <windows.h>
+
 #include <array>
+#include <atomic>
 #include <cstddef>
 
 #include "files/ansi_text.h"
@@ -9,6 +12,7 @@
 #include "frame/application.h"
 #include "frame/guarded.h"
 #include "frame/wait.h"
+#include "runtime/failure.h"
 #include "zip/zip_library.h"
 #include "zip/zip_notices.h"
 
@@ -51,6 +55,27 @@ ZpOptions options() {
     return result;
 }
 
+SRWLOCK library_lock = SRWLOCK_INIT;
+std::atomic<DWORD> library_user{0};
+
+/// The zip library keeps what it is told from one call to the next, for the whole process: threads
+/// of several apartments come one after the other. A call from within another one on the same
+/// thread, which would wait for itself, fails with 70.
+class LibraryTurn {
+ public:
+    LibraryTurn() {
+        if (library_user == GetCurrentThreadId()) throw Failure(FailureNumber::permission_denied);
+        AcquireSRWLockExclusive(&library_lock);
+        library_user = GetCurrentThreadId();
+    }
+    LibraryTurn(const LibraryTurn&) = delete;
+    LibraryTurn& operator=(const LibraryTurn&) = delete;
+    ~LibraryTurn() {
+        library_user = 0;
+        ReleaseSRWLockExclusive(&library_lock);
+    }
+};
+
 /// The DLL's answers are not looked at: whether there is an archive tells how it went.
 void pack(const std::wstring& archive, const ZIPnames& names, std::size_t count) {
     const std::string path = to_ansi(archive);
@@ -64,6 +89,7 @@ void pack(const std::wstring& archive, const ZIPnames& names, std::size_t count)
     const ZpCallbacks record = callbacks();
     const ZpOptions choices = options();
     const ZipLibrary library;
+    const LibraryTurn turn;
     library.init(&record);
     library.set_options(&choices);
     library.archive(static_cast<int>(count), path.c_str(), list.data());

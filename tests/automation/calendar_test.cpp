@@ -1,9 +1,12 @@
 // clsFFechas' calendar, as hosts call it.
 #include "runtime/calendar.h"
 
+#include <array>
+#include <cwchar>
 #include <gtest/gtest.h>
 
 #include "tests/automation/every_way.h"
+#include "tests/automation/import_patch.h"
 
 namespace kovrel::test {
 namespace {
@@ -184,6 +187,71 @@ TEST_P(Calendar, TheCaptionOfAWeek) {
               "texto Semana del 26/02/2024 al 03/03/2024");
     EXPECT_EQ(shown_for(L"SemanaDel", {Variant(Date{45366.75})}),
               "texto Semana del 11/03/2024 al 17/03/2024");
+}
+
+/// Another short date pattern of the user's, in the library's eyes.
+class ShortDatePattern {
+ public:
+    explicit ShortDatePattern(const wchar_t* pattern) { its_pattern = pattern; }
+    [[nodiscard]] bool in_place() const { return patch_.in_place(); }
+
+ private:
+    static inline const wchar_t* its_pattern = nullptr;
+    static int WINAPI tell(LCID locale, LCTYPE type, wchar_t* room, int size) {
+        if (type != LOCALE_SSHORTDATE) return GetLocaleInfoW(locale, type, room, size);
+        return swprintf(room, static_cast<std::size_t>(size), L"%ls", its_pattern) + 1;
+    }
+
+    const ImportPatch patch_{L"kovrel.dll", "GetLocaleInfoW", reinterpret_cast<void*>(&tell)};
+};
+
+/// As the system writes it for the user.
+std::wstring date_text(int year, int month, int day, const wchar_t* pattern) {
+    SYSTEMTIME time{};
+    time.wYear = static_cast<WORD>(year);
+    time.wMonth = static_cast<WORD>(month);
+    time.wDay = static_cast<WORD>(day);
+    std::array<wchar_t, 200> text{};
+    EXPECT_NE(GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &time, pattern, text.data(),
+                              static_cast<int>(text.size()), nullptr),
+              0);
+    return text.data();
+}
+
+TEST_P(CalendarAnySettings, TheCaptionOfAWeekInTheUsersLanguage) {
+    std::array<wchar_t, LOCALE_NAME_MAX_LENGTH> user{};
+    GetUserDefaultLocaleName(user.data(), static_cast<int>(user.size()));
+    for (const wchar_t* const pattern :
+         {L"d-MMM-yyyy", L"ddd d MMM yy", L"dddd, d MMMM yyyy", L"d 'de' MMMM 'de' yyyy",
+          L"d'd''d'M", L"yyyy.MM.dd", L"d'y'M"}) {
+        const ShortDatePattern patterned(pattern);
+        ASSERT_TRUE(patterned.in_place());
+        const std::string caption = shown_for(L"SemanaDel", {date(2026, 9, 16)});
+        EXPECT_EQ(caption, narrow(L"texto Semana del " + date_text(2026, 9, 14, pattern) + L" al " +
+                                  date_text(2026, 9, 20, pattern)));
+        if (std::wstring_view(pattern) != L"d-MMM-yyyy") continue;
+        if (user.data() == std::wstring_view(L"es-ES")) {
+            EXPECT_EQ(caption, "texto Semana del 14-sept-2026 al 20-sept-2026");
+        } else if (user.data() == std::wstring_view(L"ca-ES")) {
+            EXPECT_EQ(caption, "texto Semana del 14-de set.-2026 al 20-de set.-2026");
+        }
+    }
+}
+
+// The system writes no dates before 1601 itself.
+TEST_P(CalendarAnySettings, TheCaptionOfAWeekOfAnyYear) {
+    const auto caption = [&](const wchar_t* pattern, int year, int month, int day) {
+        const ShortDatePattern patterned(pattern);
+        return shown_for(L"SemanaDel", {date(year, month, day)});
+    };
+    EXPECT_EQ(caption(L"dd/MM/yyyy", 1600, 2, 29), "texto Semana del 28/02/1600 al 05/03/1600");
+    EXPECT_EQ(caption(L"d/M/yy", 105, 1, 14), "texto Semana del 12/1/05 al 18/1/05");
+    EXPECT_EQ(caption(L"d'y'/y", 1600, 12, 27), "texto Semana del 25y/00 al 31y/00");
+    EXPECT_EQ(caption(L"dd/MM/yyyy", 9999, 12, 24), "texto Semana del 20/12/9999 al 26/12/9999");
+    const wchar_t* const pattern = L"dddd d MMMM";
+    EXPECT_EQ(caption(pattern, 1492, 10, 12),
+              narrow(L"texto Semana del " + date_text(1892, 10, 10, pattern) + L" al " +
+                     date_text(1892, 10, 16, pattern)));
 }
 
 TEST_P(CalendarAnySettings, FirstAndLastDaysOfAMonth) {

@@ -386,6 +386,33 @@ TEST_P(BrowseRecordsAnySettings, AnItemThatIsNoFolderOfTheDisksIsReported) {
 
 INSTANTIATE_TEST_SUITE_P(All, BrowseRecordsAnySettings, testing::ValuesIn(every_way));
 
+/// What the code page lacks is "?" in the path chosen: a letter that resembles it would make it
+/// another folder's.
+TEST(BrowserOfTheSystem, AFolderThatTheCodePageCannotNameIsNoOther) {
+    const TestFolder folder{L"Carpetas"};
+    for (const wchar_t* const name : {L"O", L"\x03A9", L"Año"}) {
+        std::filesystem::create_directory(folder / name);
+    }
+    static std::wstring chosen;
+    const auto choose = [](BROWSEINFOA* /*record*/)
+                            WINAPI -> ITEMIDLIST* { return ILCreateFromPathW(chosen.c_str()); };
+    ITEMIDLIST*(WINAPI* const stand_in)(BROWSEINFOA*) = choose;
+    const ImportPatch browser(L"kovrel.dll", "SHBrowseForFolderA",
+                              reinterpret_cast<void*>(stand_in));
+    const auto profile = create(L"Kovrel.clsProfile");
+    ASSERT_TRUE(browser.in_place());
+    for (const Way way : every_way) {
+        const auto browse = [&](const wchar_t* name) {
+            chosen = folder / name;
+            return shown(
+                call_in(way, profile.get(), L"BrowseForFolder", {Variant(0), Variant(L"x")}, {})
+                    .value);
+        };
+        EXPECT_EQ(browse(L"\x03A9"), narrow(L"texto " + (folder / L"?")));
+        EXPECT_EQ(browse(L"Año"), narrow(L"texto " + (folder / L"Año")));
+    }
+}
+
 /// A name typed without extension is looked for with the extension 0.
 TEST(OpenDialogOfTheSystem, TheDefaultExtensionIsZero) {
     TestFolder folder{L"Extensión"};

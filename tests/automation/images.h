@@ -13,7 +13,7 @@
 
 #include "automation/safe_array.h"
 #include "tests/automation/box_lines.h"
-#include "tests/automation/late.h"
+#include "tests/automation/every_way.h"
 #include "tests/automation/test_folder.h"
 #include "tests/support/scripted_object.h"
 

@@ -66,6 +66,25 @@ class FullDisk {
     const ImportPatch patch_{L"kovrel.dll", "WriteFile", reinterpret_cast<void*>(&write)};
 };
 
+/// A disk that takes no byte and calls that a success; at last it refuses, so that who goes on
+/// trying comes to an end.
+class StubbornDisk {
+ public:
+    StubbornDisk() { asked = 0; }
+    [[nodiscard]] bool in_place() const { return patch_.in_place(); }
+
+ private:
+    static inline int asked = 0;
+    static BOOL WINAPI write(HANDLE /*file*/, const void* /*bytes*/, DWORD /*size*/, DWORD* written,
+                             OVERLAPPED* /*place*/) {
+        *written = 0;
+        SetLastError(ERROR_CANCELLED);
+        return ++asked < 1000;
+    }
+
+    const ImportPatch patch_{L"kovrel.dll", "WriteFile", reinterpret_cast<void*>(&write)};
+};
+
 /// A file that opens and cannot be read.
 class DamagedDisk {
  public:
@@ -262,26 +281,32 @@ TEST_F(ImageFiles, AFolderThatTakesNoFileIsToldBeforeTheFieldIsAsked) {
     EXPECT_EQ(temporary_files(), Paths{});
 }
 
-TEST_F(ImageFiles, AFullDiskIsTold) {
-    const Variant picture = picture_of(L"photo.bmp");
+template <class Disk>
+class ImageFilesOnAFullDisk : public ImageFiles {};
+
+using FullDisks = testing::Types<FullDisk, StubbornDisk>;
+TYPED_TEST_SUITE(ImageFilesOnAFullDisk, FullDisks);
+
+TYPED_TEST(ImageFilesOnAFullDisk, IsTold) {
+    const Variant picture = this->picture_of(L"photo.bmp");
     Field field;
     field.object_->property(L"Value", bytes_of(content_of(picture_file(L"photo.jpg"))));
     field.stored = content_of(picture_file(L"photo.jpg"));
     field.object_->clear_log();
-    const FullDisk disk;
+    const TypeParam disk;
     ASSERT_TRUE(disk.in_place());
     BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
-    EXPECT_FALSE(load(field.argument()));
+    EXPECT_FALSE(this->load(field.argument()));
     EXPECT_EQ(temporary_files(), Paths{});
-    EXPECT_FALSE(load_large(field));
+    EXPECT_FALSE(this->load_large(field));
     EXPECT_EQ(temporary_files().size(), 1U);
     field.object_->clear_log();
-    store_picture(field.argument(), picture);
+    this->store_picture(field.argument(), picture);
     EXPECT_EQ(field.object_->log(), Log{});
     EXPECT_EQ(lines_of(boxes),
-              (Lines{own_box(L"61: Disco lleno"),
-                     failure_line(L"61\\r (Disco lleno", L"GetLargeImageFromField"),
-                     failure_line(L"61\\r (Disco lleno", L"PutPictureInField")}));
+              (Lines{this->own_box(L"61: Disco lleno"),
+                     this->failure_line(L"61\\r (Disco lleno", L"GetLargeImageFromField"),
+                     this->failure_line(L"61\\r (Disco lleno", L"PutPictureInField")}));
 }
 
 TEST_F(ImageFiles, AFileThatCannotBeReadStoresNothing) {

@@ -246,6 +246,23 @@ TEST_F(Images, ALargeFieldThatFailsEndsInTheStandardBox) {
                failure_line(L"438\\r (El objeto no admite esta propiedad o método", procedure)}));
 }
 
+TEST_F(Images, ANullFieldFailsTheSameInBothReadings) {
+    Field field;  // its value is a null
+    field.object_->method(L"GetChunk", [](const auto&) { return Variant::null(); });
+    for (const Way way : every_way) {
+        const auto read = [&](const wchar_t* member, const ExpectedBox& box) {
+            const Answer answer = call_in(way, services_.get(), member, {field.argument()}, {box});
+            EXPECT_EQ(answer.result, S_OK);
+            EXPECT_EQ(answer.value.pdispVal, nullptr);
+        };
+        read(L"GetImageFromField", {L"ERROR  94: Uso no válido de Null", 0, L"kovrel"});
+        read(L"GetLargeImageFromField",
+             {L"Error 94\r (Uso no válido de Null) en procedimiento GetLargeImageFromField del "
+              L"Módulo de clase clsADODBServices.",
+              16, L"Gestión"});
+    }
+}
+
 TEST_F(Images, APictureIsStoredAndItsFileStays) {
     BoxWatcher no_box;
     Field source;

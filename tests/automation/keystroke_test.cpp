@@ -84,8 +84,15 @@ TEST_P(KeystrokesAnySettings, Capitals) {
     capital(0xFF, 0x9F);  // ÿ
     capital(0xDF, 0xDF);  // ß
     capital(0x80, 0x80);  // €
+    capital(0x83, 0x83);  // ƒ: the code page lacks its capital
     for (int control = 0; control < 32; ++control) capital(control, control);
     capital(127, 127);
+    // None becomes another character.
+    for (int key = 128; key <= 255; ++key) {
+        filtered(L"Convierte_May", key);
+        const int once = GetParam() == Way::values ? key : key_;
+        EXPECT_GE(once, 128) << key;
+    }
 }
 
 TEST_P(KeystrokesAnySettings, CodesOutsideTheCodePageFail) {

@@ -9,6 +9,7 @@
 #include "tests/automation/every_way.h"
 #include "tests/automation/import_patch.h"
 #include "tests/automation/test_folder.h"
+#include "tests/support/own_drive.h"
 
 namespace kovrel::test {
 namespace {
@@ -158,6 +159,31 @@ TEST_F(ProfileAnySettings, AFileAndAMatchingNameCountAsListed) {
     EXPECT_TRUE(exists(folder_ / L"datos.txt"));
     EXPECT_TRUE(exists(folder_ / L"dat?s.*"));
     EXPECT_FALSE(exists(folder_ / L"otr?s.*"));
+}
+
+TEST_F(ProfileAnySettings, TheRootOfAnEmptyDriveIsAFolder) {
+    const OwnDrive drive(folder_ / L"unidad");
+    ASSERT_FALSE(drive.root().empty());
+    const std::wstring letter = drive.root().substr(0, 2);
+    const std::wstring hidden = drive.root() + L"oculto";
+    for (const Way way : every_way) {
+        for (const bool has_hidden_entry : {false, true}) {
+            if (has_hidden_entry) {
+                std::filesystem::create_directory(hidden);
+                ASSERT_TRUE(SetFileAttributesW(hidden.c_str(),
+                                               FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
+            }
+            for (const std::wstring& root : {drive.root(), letter, letter + L"/"}) {
+                const Answer answer = call_in(way, profile_.get(), L"ExisteCarpeta",
+                                              {Variant(root), Variant(true), Variant(true)}, {});
+                EXPECT_EQ(shown(answer.value), shown(Variant(true))) << narrow(root);
+            }
+            EXPECT_FALSE(exists(drive.root() + L"falta"));
+            EXPECT_FALSE(exists(drive.root() + L"falta\\"));
+            EXPECT_EQ(folder_of(drive.root()), drive.root());
+        }
+        std::filesystem::remove(hidden);
+    }
 }
 
 TEST_F(ProfileAnySettings, LongAndForeignFoldersWork) {

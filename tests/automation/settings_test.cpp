@@ -58,6 +58,43 @@ TEST_P(IniAndPathsAnySettings, WhatIsSavedIsReadBack) {
     EXPECT_NE(read(L"General", L"Griego").find(" y ?"), std::string::npos);
 }
 
+// What the code page lacks is "?" in the file, never a letter that resembles it: a reader looks
+// where a writer wrote, and in no section or key of another name.
+TEST_P(IniAndPathsAnySettings, SectionsAndKeysMatchOnlyThemselves) {
+    const BoxWatcher no_box;
+    save(L"secO", L"claveO", L"ajeno");
+    EXPECT_EQ(read(L"sec\x03A9", L"claveO"), "texto ");
+    EXPECT_EQ(read(L"secO", L"clave\x03A9"), "texto ");
+    save(L"sec\x03A9", L"clave\x03A9", L"omega \x03A9");
+    EXPECT_EQ(read(L"sec\x03A9", L"clave\x03A9"), "texto omega ?");
+    EXPECT_EQ(read(L"secO", L"claveO"), "texto ajeno");
+    EXPECT_EQ(read(L"secO", L"clave\x03A9"), "texto ");
+    EXPECT_NE(content_of(file_).find("[sec?]"), std::string::npos);
+    EXPECT_NE(content_of(file_).find("clave?=omega ?"), std::string::npos);
+    EXPECT_EQ(
+        call_for(L"DeleteSetting", {file(), Variant(L"secO"), Variant(L"clave\x03A9")}).result,
+        S_OK);
+    EXPECT_EQ(call_for(L"DeleteSetting", {file(), Variant(L"sec\x03A9")}).result, S_OK);
+    EXPECT_EQ(read(L"sec\x03A9", L"clave\x03A9"), "texto ");
+    EXPECT_EQ(read(L"secO", L"claveO"), "texto ajeno");
+    EXPECT_EQ(read(L"General", L"Falta", Variant(L"\x03A9")), "texto ?");
+}
+
+TEST_P(IniAndPathsAnySettings, AFileWhoseNameTheCodePageLacksIsNoOther) {
+    const BoxWatcher no_box;
+    folder_.write(L"O.ini", "[a]\r\nb=ajeno\r\n");
+    const Variant greek(folder_ / L"\x03A9.ini");
+    EXPECT_EQ(text_for(L"GetSetting", {greek, Variant(L"a"), Variant(L"b"), Variant(7)}),
+              "texto 7");
+    EXPECT_EQ(
+        call_for(L"SaveSetting", {greek, Variant(L"a"), Variant(L"b"), Variant(L"propio")}).result,
+        S_OK);
+    EXPECT_EQ(content_of(folder_ / L"O.ini"), "[a]\r\nb=ajeno\r\n");
+    EXPECT_FALSE(std::filesystem::exists(folder_ / L"\x03A9.ini"));
+    const std::filesystem::directory_iterator entries{std::filesystem::path(folder_.path())};
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+}
+
 TEST_P(IniAndPathsAnySettings, ThePlatformsOwnRulesForValues) {
     const BoxWatcher no_box;
     save(L"Valores", L"vacío", L"");

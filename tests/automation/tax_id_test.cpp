@@ -3,6 +3,7 @@
 
 #include "tests/automation/box_lines.h"
 #include "tests/automation/early.h"
+#include "tests/automation/every_way.h"
 
 namespace kovrel::test {
 namespace {
@@ -62,6 +63,26 @@ TEST_F(TaxIds, AWrongLetterIsNamedAndReplaced) {
     expect_box(L"X-1234567-A", L"X1234567AL",
                L"La letra del N.I.E. 'A' es incorrecta y será sustituida por la correcta: 'L'", 48,
                L"Error en la letra del N.I.E.");
+}
+
+// By the system's rules, which know more letters than the library's own texts have.
+TEST_F(TaxIds, EveryLetterHasItsCapital) {
+    for (const Way way : every_way) {
+        const auto typed = [&](const wchar_t* text, const wchar_t* letter) {
+            const std::wstring box = std::wstring(L"La letra del N.I.F. '") + letter +
+                                     L"' es incorrecta y será sustituida por la correcta: 'Z'";
+            const Answer answer =
+                call_in(way, general_.get(), L"Verifica_NIF", {Variant(text), Variant(true)},
+                        {{box.c_str(), 48, L"Error en la letra del N.I.F."}});
+            EXPECT_EQ(shown(answer.value), "texto 12345678Z");
+        };
+        typed(L"12345678ñ", L"Ñ");
+        typed(L"12345678\u0151", L"\u0150");  // ő
+        typed(L"12345678\u03C9", L"\u03A9");  // ω
+        typed(L"12345678\u0436", L"\u0416");  // ж
+        typed(L"12345678\u1E63", L"\u1E62");  // ṣ
+        typed(L"12345678\u00DF", L"\u00DF");  // ß
+    }
 }
 
 TEST_F(TaxIds, ACifIsRejectedWithItsReason) {

@@ -96,6 +96,7 @@ int __stdcall ZpArchive(int count, const char* archive, const char* const* names
     copy_text(record.archive, archive);
     for (std::size_t i = 0; i < 100; ++i) copy_text(record.names[i], names[i]);
     call_back();
+    if (record.at_work != nullptr) record.at_work(record.context);
     if (record.makes_archive) {
         CloseHandle(CreateFileA(archive, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     }

@@ -13,6 +13,9 @@ struct ZipSpyRecord {
     int options_answer;
     int archive_answer;
     bool makes_archive;
+    // Called, where there is one, with the DLL at work on an archive.
+    void (*at_work)(void* context);
+    void* context;
 
     // What was seen. The calls in their order: i, o, a.
     char calls[8];

@@ -2,6 +2,10 @@
 // the answers: nothing.
 #include "tests/automation/zip_spy.h"
 
+#include <cstring>
+#include <functional>
+#include <thread>
+
 #include "tests/automation/zip_installation.h"
 #include "zip32/wide_text.h"
 
@@ -41,8 +45,16 @@ class ZipSpy : public Archives {
     }
     void TearDown() override { FreeLibrary(spy_); }
 
+    /// Has the stand-in do something while it is at work on an archive.
+    void while_at_work(std::function<void()> action) {
+        action_ = std::move(action);
+        seen_->context = &action_;
+        seen_->at_work = [](void* context) { (*static_cast<std::function<void()>*>(context))(); };
+    }
+
     HMODULE spy_ = nullptr;
     ZipSpyRecord* seen_ = nullptr;
+    std::function<void()> action_;
 };
 
 TEST_F(ZipSpy, ThreeCallsInTheirOrder) {
@@ -140,6 +152,60 @@ TEST_F(ZipSpy, AnExistingFileIsLeftToIt) {
     EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(replaced_text));
     EXPECT_EQ(seen_->archive, ansi(path("a.zip")));
     EXPECT_EQ(folder_.read("a.zip"), "queda");
+}
+
+// The DLL takes one caller at a time.
+TEST_F(ZipSpy, TwoApartmentsComeOneAfterTheOther) {
+    std::thread second;
+    std::string calls_meanwhile;
+    while_at_work([&] {
+        if (second.joinable()) return;
+        second = std::thread([&] {
+            const ComApartment apartment;
+            const auto zip = installation().create_zip();
+            const Outcome outcome =
+                call(zip.get(), L"GenerarZip", {L"b.zip", folder(), list_of({L"g"})});
+            EXPECT_EQ(text_of_result(outcome), L"");
+        });
+        // It has come in, or time enough for that has passed.
+        wait_until([&] { return std::strlen(seen_->calls) > 3; }, Milliseconds{1000});
+        calls_meanwhile = seen_->calls;
+    });
+    BoxWatcher no_box;
+    EXPECT_EQ(generate(L"a.zip", {L"f"}), L"");
+    ASSERT_TRUE(second.joinable());
+    second.join();
+    EXPECT_EQ(calls_meanwhile, "ioa");
+    EXPECT_STREQ(seen_->calls, "ioaioa");
+}
+
+// Nor does it take a caller that it has called itself, whom waiting for the end would not help.
+TEST_F(ZipSpy, ACallFromWithinAnotherOneFails) {
+    while_at_work([&] {
+        seen_->at_work = nullptr;
+        EXPECT_EQ(generate(L"b.zip", {L"g"}), L"");
+        EXPECT_STREQ(seen_->calls, "ioa");
+    });
+    BoxWatcher boxes({answer(IDOK)});
+    EXPECT_EQ(generate(L"a.zip", {L"f"}), L"");
+    ASSERT_EQ(boxes.seen().size(), 1U);
+    EXPECT_EQ(
+        narrow(boxes.seen()[0].text),
+        narrow(L"Error 70\r (Permiso denegado) en procedimiento GenerarZipA del Módulo fZip."));
+    // The next one finds its turn free.
+    EXPECT_EQ(generate(L"c.zip", {L"h"}), L"");
+    EXPECT_STREQ(seen_->calls, "ioaioa");
+}
+
+// Never as a letter that resembles it: that would be another file.
+TEST_F(ZipSpy, WhatTheCodePageLacksIsAQuestionMark) {
+    BoxWatcher no_box;
+    for (const bool with_record : {false, true}) {
+        with_record_ = with_record;
+        EXPECT_EQ(generate(L"\x03A9.zip", {L"C:\\\x03A9\x4E2D\x0436.txt"}), L"");
+        EXPECT_EQ(seen_->archive, ansi(folder()) + "\\?.zip");
+        EXPECT_STREQ(seen_->names[0], "C:\\???.txt");
+    }
 }
 
 TEST_F(ZipSpy, NotCalledAfterAFailedCheck) {

@@ -187,6 +187,38 @@ TEST_F(Archives, OneFile) {
     EXPECT_EQ(folder_.count(), 2U);
 }
 
+// "\u03A9" (omega) is no letter of the code page; nor is it an O.
+TEST_F(Archives, FilesOfResemblingNamesAreLeftAlone) {
+    file("O.txt", "ajeno");
+    file("O.zip", "tampoco un zip");
+    const std::wstring greek = file("\xCE\xA9.txt", "griego");
+    BoxWatcher no_box;
+    for (const bool with_record : {false, true}) {
+        with_record_ = with_record;
+        EXPECT_EQ(generate(L"a.zip", {greek}), L"");
+        EXPECT_EQ(generate(L"\x03A9.zip", {file("b.txt", "2")}), L"");
+        EXPECT_EQ(folder_.read("O.zip"), "tampoco un zip");
+        EXPECT_EQ(folder_.count(), 4U);
+        // The others of a list are packed.
+        EXPECT_EQ(generate(L"c.zip", {greek, path("b.txt")}), path("c.zip"));
+        EXPECT_THAT(entries("c.zip"), ElementsAre("b.txt"));
+        DeleteFileW(path("c.zip").c_str());
+    }
+}
+
+TEST_F(Archives, AnEmptyDriveIsAFolder) {
+    const test::OwnDrive drive(folder() + L"\\unidad");
+    ASSERT_FALSE(drive.root().empty());
+    const std::wstring input = file("a.txt", "1");
+    for (const bool with_record : {false, true}) {
+        with_record_ = with_record;
+        BoxWatcher no_box;
+        EXPECT_EQ(generate(L"a.zip", drive.root(), {input}), drive.root() + L"a.zip");
+        EXPECT_THAT(entries("unidad/a.zip"), ElementsAre("a.txt"));
+        ASSERT_TRUE(DeleteFileW((drive.root() + L"a.zip").c_str()));
+    }
+}
+
 TEST_F(Archives, ABackslashAtTheFoldersEndStays) {
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"a.zip", folder() + L"\\", {file("a.txt", "1")}), path("a.zip"));

@@ -6,6 +6,7 @@
 
 #include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/own_drive.h"
 #include "tests/zip/plain_reader.h"
 #include "tests/zip/test_folder.h"
 

@@ -9,15 +9,17 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "runtime/date_format.h"
 #include "runtime/regional.h"
 #include "runtime/text.h"
 
 namespace kovrel::testing_support {
 
-class SpanishRegional final : public Regional {
+class SpanishRegional : public Regional {
  public:
-    SpanishRegional() : Regional(RegionalSettings{}) {}
+    explicit SpanishRegional(RegionalSettings settings = {}) : Regional(std::move(settings)) {}
 
     /// Blanks at both ends, one sign before or after the digits, or parentheses around them for a
     /// negative number; points between whole digits; a decimal comma; an exponent; &H and &O.
@@ -64,6 +66,16 @@ class SpanishRegional final : public Regional {
         if (year < 100) return std::nullopt;
         if (const auto day_first = day_count(year, parts[1], parts[0])) return day_first;
         return parts[1] > 12 ? day_count(year, parts[0], parts[1]) : std::nullopt;
+    }
+
+    /// dd/mm/yyyy, with the separator of the settings.
+    [[nodiscard]] std::wstring short_date(std::int32_t day) const override {
+        return day_month_year_text(day, settings());
+    }
+
+    /// ASCII and Latin-1 alone.
+    [[nodiscard]] std::wstring capitals(std::wstring_view text) const override {
+        return to_upper(text);
     }
 
  private:

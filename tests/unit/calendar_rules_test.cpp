@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "runtime/failure.h"
+#include "tests/support/spanish_regional.h"
 
 namespace kovrel {
 namespace {
@@ -177,12 +178,12 @@ TEST(WeekAround, FailsAtTheEndsOfTheCalendar) {
 }
 
 TEST(WeekCaption, NamesMondayAndSunday) {
-    RegionalSettings settings;
-    EXPECT_EQ(week_caption(day_count({2024, 2, 29}) + 0.5, settings),
+    const testing_support::SpanishRegional slashes;
+    EXPECT_EQ(week_caption(day_count({2024, 2, 29}) + 0.5, slashes),
               L"Semana del 26/02/2024 al 03/03/2024");
-    settings.short_date = L"d/M/yyyy";
-    EXPECT_EQ(week_caption(day_count({2024, 2, 29}), settings),
-              L"Semana del 26/2/2024 al 3/3/2024");
+    const testing_support::SpanishRegional dashes(RegionalSettings{.date_separator = L"-"});
+    EXPECT_EQ(week_caption(day_count({2024, 2, 29}), dashes),
+              L"Semana del 26-02-2024 al 03-03-2024");
 }
 
 TEST(CurrentMonth, StandsInForZero) {

@@ -5,20 +5,17 @@
 #include <limits>
 
 #include "runtime/failure.h"
+#include "tests/support/spanish_regional.h"
 
 namespace kovrel {
 namespace {
 
 // Answers every text that reaches it with the same number.
-class FixedRegional final : public Regional {
+class FixedRegional final : public testing_support::SpanishRegional {
  public:
-    explicit FixedRegional(std::optional<double> number)
-        : Regional(RegionalSettings{}), number_(number) {}
+    explicit FixedRegional(std::optional<double> number) : number_(number) {}
 
     [[nodiscard]] std::optional<double> number(std::wstring_view) const override { return number_; }
-    [[nodiscard]] std::optional<double> date(std::wstring_view) const override {
-        return std::nullopt;
-    }
 
  private:
     std::optional<double> number_;

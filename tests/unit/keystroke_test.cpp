@@ -6,6 +6,7 @@
 #include <initializer_list>
 
 #include "runtime/failure.h"
+#include "tests/support/spanish_regional.h"
 
 namespace kovrel {
 namespace {
@@ -22,15 +23,27 @@ constexpr AnsiCodePage windows_1252{
         return code >= 0x80 && code < 0xA0 ? upper_controls[code - 0x80U]
                                            : static_cast<wchar_t>(code);
     },
-    [](wchar_t character) {
+    [](wchar_t character) -> std::optional<std::uint8_t> {
         const auto* const found =
             std::find(upper_controls.begin(), upper_controls.end(), character);
-        if (found == upper_controls.end()) return static_cast<std::uint8_t>(character);
-        return static_cast<std::uint8_t>(0x80 + (found - upper_controls.begin()));
+        if (found != upper_controls.end()) {
+            return static_cast<std::uint8_t>(0x80 + (found - upper_controls.begin()));
+        }
+        if (character > 0xFF) return std::nullopt;
+        return static_cast<std::uint8_t>(character);
     }};
 
+/// Knows capitals that the code page has and one that it lacks.
+class Capitals final : public testing_support::SpanishRegional {
+ public:
+    [[nodiscard]] std::wstring capitals(std::wstring_view text) const override {
+        if (text == L"\u0161") return L"\u0160";
+        return text == L"\u0192" ? L"\u0191" : SpanishRegional::capitals(text);
+    }
+};
+
 std::int16_t capital(std::int16_t key) {
-    return capital_key(key, windows_1252);
+    return capital_key(key, windows_1252, Capitals());
 }
 
 template <class Action>
@@ -90,6 +103,10 @@ TEST(CapitalKey, GoesThroughTheCodePageBothWays) {
     EXPECT_EQ(capital(0xFC), 0xDC);  // ü
     EXPECT_EQ(capital(0x9A), 0x8A);  // š
     EXPECT_EQ(capital(0xFF), 0x9F);  // ÿ
+}
+
+TEST(CapitalKey, StaysWhereTheCodePageLacksTheCapital) {
+    EXPECT_EQ(capital(0x83), 0x83);  // ƒ
 }
 
 TEST(CapitalKey, KeepsEveryOtherKey) {

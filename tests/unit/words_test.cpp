@@ -314,14 +314,11 @@ TEST_F(Words, AStepThatFailsLeavesAnEmptyPiece) {
 }
 
 /// Settings under which the numbers of a text read a little above their true value.
-class InexactRegional final : public Regional {
+class InexactRegional final : public testing_support::SpanishRegional {
  public:
-    InexactRegional() : Regional(RegionalSettings{.decimal_separator = L'.'}) {}
+    InexactRegional() : SpanishRegional(RegionalSettings{.decimal_separator = L'.'}) {}
     [[nodiscard]] std::optional<double> number(std::wstring_view text) const override {
         return leading_number(text) * (1 + 1e-15);
-    }
-    [[nodiscard]] std::optional<double> date(std::wstring_view) const override {
-        return std::nullopt;
     }
 };
 
