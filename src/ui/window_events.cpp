@@ -207,7 +207,10 @@ void Window::watched(HWND control, UINT message, WPARAM wparam) {
         frame_default_button(control);
     } else if (message == WM_KILLFOCUS) {
         focus_moved(control, reinterpret_cast<HWND>(wparam));
-    } else if (message == WM_CAPTURECHANGED && control == pressed_button_) {
+    }
+    const bool ends_press =
+        message == WM_CAPTURECHANGED || message == WM_LBUTTONUP || message == WM_KILLFOCUS;
+    if (ends_press && control == pressed_button_) {
         pressed_button_ = nullptr;
         press_ended();
     }
