@@ -1,7 +1,6 @@
 #include "ui/contrast.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace kovrel {
 namespace {
@@ -10,10 +9,22 @@ Color channel(Color color, unsigned shift) {
     return color >> shift & 0xFFU;
 }
 
+/// By Newton's method, for 0.05 to 1; it needs nothing of a mathematical library.
+double fifth_root(double number) {
+    double root = 1;
+    for (int round = 0; round < 20; ++round) {
+        root = (4 * root + number / (root * root * root * root)) / 5;
+    }
+    return root;
+}
+
 /// The light that a channel gives, 0 to 1, from its value on the screen.
 double light(Color value) {
     const double part = value / 255.0;
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    if (part <= 0.04045) return part / 12.92;
+    const double base = (part + 0.055) / 1.055;
+    const double root = fifth_root(base);
+    return base * base * root * root;  // to the power of 2.4
 }
 
 double luminance(Color color) {
