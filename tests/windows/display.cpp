@@ -76,6 +76,32 @@ RECT line_of(HWND field) {
     return line;
 }
 
+bool inside(const RECT& part, const RECT& whole) {
+    return part.left >= whole.left && part.top >= whole.top && part.right <= whole.right &&
+           part.bottom <= whole.bottom;
+}
+
+std::string shown(const RECT& bounds) {
+    return std::to_string(bounds.left) + ", " + std::to_string(bounds.top) + " to " +
+           std::to_string(bounds.right) + ", " + std::to_string(bounds.bottom);
+}
+
+/// What the screen or the window cuts off, one a line.
+std::string parts_outside(HWND window) {
+    std::string result;
+    if (!inside(on_screen(window), work_area())) {
+        result = shown(on_screen(window)) + " in " + shown(work_area()) + "\n";
+    }
+    RECT inner{};
+    GetClientRect(window, &inner);
+    for (const Control& control : controls_of(window)) {
+        if (!control.visible || inside(control.bounds, inner)) continue;
+        result += narrow(control.window_class) + " \"" + narrow(control.text.substr(0, 40)) +
+                  "\": " + shown(control.bounds) + " in " + shown(inner) + "\n";
+    }
+    return result;
+}
+
 std::wstring setting(const wchar_t* name) {
     const wchar_t* const value = _wgetenv(name);
     return value != nullptr ? value : L"";
@@ -146,32 +172,24 @@ RECT work_area() {
 }
 
 void is_whole(HWND window) {
-    const auto inside = [](const RECT& part, const RECT& whole) {
-        return part.left >= whole.left && part.top >= whole.top && part.right <= whole.right &&
-               part.bottom <= whole.bottom;
+    // The window manager may still be about to give it its frame and its size.
+    std::string outside = "not yet";
+    const bool own = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+    int still = 0;
+    const auto whole = [&] {
+        outside = parts_outside(window);
+        still = outside.empty() ? still + 1 : 0;
+        return still >= 5;
     };
-    const auto shown = [](const RECT& bounds) {
-        return std::to_string(bounds.left) + ", " + std::to_string(bounds.top) + " to " +
-               std::to_string(bounds.right) + ", " + std::to_string(bounds.bottom);
-    };
-    // The window manager may still be about to put its frame around it.
-    EXPECT_TRUE(wait_until([&] { return inside(on_screen(window), work_area()); }))
-        << shown(on_screen(window)) << " in " << shown(work_area());
-    RECT inner{};
-    GetClientRect(window, &inner);
+    EXPECT_TRUE(own ? pump_until(whole) : wait_until(whole)) << outside;
     for (const Control& control : controls_of(window)) {
-        if (control.window_class == L"Kovrel.PictureBox") {
-            EXPECT_NE(GetWindowLongW(control.window, GWL_STYLE) & WS_CLIPCHILDREN, 0);
-        }
-        if (!control.visible) continue;
-        EXPECT_TRUE(inside(control.bounds, inner))
-            << narrow(control.window_class) << " \"" << narrow(control.text)
-            << "\": " << shown(control.bounds) << " in " << shown(inner);
+        if (control.window_class != L"Kovrel.PictureBox") continue;
+        EXPECT_NE(GetWindowLongW(control.window, GWL_STYLE) & WS_CLIPCHILDREN, 0);
     }
 }
 
 void is_legible(HWND window) {
-    EXPECT_TRUE(bring_to_front(window));
+    EXPECT_TRUE(bring_to_front(window, default_limit));
     for (const Control& control : controls_of(window)) {
         if (!shows_text(control)) continue;
         const bool is_picture = (GetWindowLongW(control.window, GWL_STYLE) &

@@ -56,7 +56,7 @@ TEST_F(Dialogs, TheMessageDialogIsSharpInEveryState) {
     for (const bool proportional : {false, true}) {
         show_dialog(
             [&](HWND window) {
-                EXPECT_TRUE(bring_to_front(window));
+                EXPECT_TRUE(bring_to_front(window, default_limit));
                 is_whole(window);
                 is_legible(window);
                 keep_picture(window, proportional ? L"dialog_sans_serif" : L"dialog_courier");
@@ -70,7 +70,7 @@ TEST_F(Dialogs, TheButtonIsWholeAtEverySizeThatTheDialogIsGiven) {
         HWND const button = find_control(window, L"Button");
         const int height = at_resolution(3000);
         resize(window, at_resolution(4000), height);
-        EXPECT_TRUE(bring_to_front(window));
+        EXPECT_TRUE(bring_to_front(window, default_limit));
         const Picture whole = button_picture(button);
         const auto still_whole = [&](const char* state) {
             SCOPED_TRACE(state);
@@ -120,7 +120,7 @@ TEST_F(Dialogs, TheDateFieldShowsThatItHasTheKeyboard) {
             }));
             return seen;
         };
-        EXPECT_TRUE(bring_to_front(window));
+        EXPECT_TRUE(bring_to_front(window, default_limit));
         EXPECT_TRUE(wait_until([&] { return focus_of(window) == field; }));
         const Picture with = settled();
         keep_picture(window, L"date_prompt_focus");
@@ -164,7 +164,7 @@ TEST_F(Dialogs, ALongQuestionLeavesTheButtonOnTheScreen) {
         SCOPED_TRACE(sentences);
         const std::wstring question = question_of(sentences);
         ask_date(question, [&](HWND window) {
-            EXPECT_TRUE(bring_to_front(window));
+            EXPECT_TRUE(bring_to_front(window, default_limit));
             is_whole(window);
             HWND const text = scrolling_question(window);
             HWND const label = find_control(window, L"Static", question);

@@ -31,6 +31,7 @@ void move_to(HWND window, int from, int to) {
 /// To every other resolution and back.
 void move_about(HWND window, const std::function<void()>& check) {
     int at = resolution();
+    is_whole(window);
     for (const int next : {96, 192, 144, resolution()}) {
         SCOPED_TRACE(std::to_string(at) + " to " + std::to_string(next));
         move_to(window, at, next);

@@ -47,13 +47,23 @@ std::string icon_color(HWND window, WPARAM kind) {
     return color == red ? "red" : color == green ? "green" : color == blue ? "blue" : "other";
 }
 
+/// A window that is busy answers nothing for a while.
+void has_icon(HWND window, WPARAM kind, const std::string& color) {
+    std::string seen;
+    EXPECT_TRUE(wait_until([&] { return (seen = icon_color(window, kind)) == color; })) << seen;
+}
+
 using Work = std::function<void(HWND)>;
 
-/// Opens each window of the library in turn.
-void in_every_window(const Work& work) {
+/// Opens each window of the library in turn, from a host's window in front or from none.
+void in_every_window(HWND host, const Work& work) {
+    const auto activate = [host] {
+        EXPECT_TRUE(host == nullptr || bring_to_front(host, default_limit));
+    };
     const auto modal = [&](const wchar_t* window_class, const wchar_t* prog_id,
                            const wchar_t* member, const std::vector<LateArgument>& arguments) {
         SCOPED_TRACE(narrow(window_class));
+        activate();
         const auto object = create(prog_id);
         BoxWatcher windows({on_window({window_class, {}, 0}, [&](HWND window) {
             work(window);
@@ -67,6 +77,7 @@ void in_every_window(const Work& work) {
     modal(L"Kovrel.frmFECHA1", L"Kovrel.clsFFechas", L"PideFecha", {L"¿Fecha?"});
     modal(L"Kovrel.frmNIFCCC", L"Kovrel.clsFGen", L"LanzaVerificadorNIFyCCC", {});
     SCOPED_TRACE("frmBarraProgreso");
+    activate();
     const auto general = create(L"Kovrel.clsFGen");
     call(general.get(), L"BarraProgresoInicia", {L"Facturación", L"Recibos"});
     const auto found = top_level_windows({L"Kovrel.frmBarraProgreso", {}, GetCurrentProcessId()});
@@ -75,10 +86,10 @@ void in_every_window(const Work& work) {
     call(general.get(), L"BarraProgresoFinaliza");
 }
 
-void every_window_has(const std::string& large, const std::string& small) {
-    in_every_window([&](HWND window) {
-        EXPECT_EQ(icon_color(window, ICON_BIG), large);
-        EXPECT_EQ(icon_color(window, ICON_SMALL), small);
+void every_window_has(HWND host, const std::string& large, const std::string& small) {
+    in_every_window(host, [&](HWND window) {
+        has_icon(window, ICON_BIG, large);
+        has_icon(window, ICON_SMALL, small);
     });
 }
 
@@ -88,11 +99,10 @@ TEST(HostIcon, IsThatOfTheHostsWindow) {
     const HostWindow host(L"Contratos");
     SendMessageW(host.window(), WM_SETICON, ICON_BIG, large.parameter());
     SendMessageW(host.window(), WM_SETICON, ICON_SMALL, small.parameter());
-    SetActiveWindow(host.window());
-    every_window_has("red", "green");
+    every_window_has(host.window(), "red", "green");
     // One alone serves for both.
     SendMessageW(host.window(), WM_SETICON, ICON_SMALL, 0);
-    every_window_has("red", "red");
+    every_window_has(host.window(), "red", "red");
 }
 
 TEST(HostIcon, OrThatOfItsOwner) {
@@ -101,8 +111,7 @@ TEST(HostIcon, OrThatOfItsOwner) {
     SendMessageW(owner.window(), WM_SETICON, ICON_BIG, icon.parameter());
     HWND const owned = CreateWindowExW(0, L"#32770", L"Filtro", WS_POPUP | WS_CAPTION | WS_VISIBLE,
                                        50, 50, 200, 100, owner.window(), nullptr, nullptr, nullptr);
-    SetActiveWindow(owned);
-    every_window_has("blue", "blue");
+    every_window_has(owned, "blue", "blue");
     DestroyWindow(owned);
 }
 
@@ -118,18 +127,16 @@ TEST(HostIcon, OrThatOfTheWindowsClass) {
     HWND const host =
         CreateWindowExW(0, form.lpszClassName, L"Recibos", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 20, 20,
                         300, 200, nullptr, nullptr, form.hInstance, nullptr);
-    SetActiveWindow(host);
-    every_window_has("green", "green");
+    every_window_has(host, "green", "green");
     DestroyWindow(host);
     UnregisterClassW(form.lpszClassName, form.hInstance);
 }
 
 TEST(HostIcon, OrTheProgramsFirst) {
     // Without a window, and with one that has no icon.
-    every_window_has("blue", "blue");
+    every_window_has(nullptr, "blue", "blue");
     const HostWindow host(L"Contratos");
-    SetActiveWindow(host.window());
-    every_window_has("blue", "blue");
+    every_window_has(host.window(), "blue", "blue");
 }
 
 TEST(HostIcon, StaysWhenTheHostChangesItsOwn) {
@@ -138,13 +145,13 @@ TEST(HostIcon, StaysWhenTheHostChangesItsOwn) {
     {
         const PlainIcon icon(red);
         SendMessageW(host.window(), WM_SETICON, ICON_BIG, icon.parameter());
-        SetActiveWindow(host.window());
+        EXPECT_TRUE(bring_to_front(host.window(), default_limit));
         call(general.get(), L"BarraProgresoInicia", {L"Facturación", L"Recibos"});
         SendMessageW(host.window(), WM_SETICON, ICON_BIG, 0);
     }
     const auto found = top_level_windows({L"Kovrel.frmBarraProgreso", {}, GetCurrentProcessId()});
     ASSERT_EQ(found.size(), 1U);
-    EXPECT_EQ(icon_color(found.front(), ICON_BIG), "red");
+    has_icon(found.front(), ICON_BIG, "red");
     call(general.get(), L"BarraProgresoFinaliza");
 }
 

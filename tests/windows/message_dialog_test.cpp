@@ -66,10 +66,15 @@ LOGFONTW font_of(HWND control) {
 void resize_and_settle(HWND dialog, int width, int height) {
     const RECT before = inner(dialog);
     resize(dialog, width, height);
+    // The window manager may come back to an earlier size once more.
+    int still = 0;
     EXPECT_TRUE(wait_until([&] {
         ask(dialog, WM_NULL);
         const RECT now = inner(dialog);
-        return !EqualRect(&now, &before) && bounds_in(strip(dialog), dialog).bottom == now.bottom;
+        const RECT base = bounds_in(strip(dialog), dialog);
+        const bool followed = base.bottom == now.bottom && base.right == now.right;
+        still = followed && !EqualRect(&now, &before) ? still + 1 : 0;
+        return still >= 10;
     }));
 }
 

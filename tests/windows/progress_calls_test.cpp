@@ -33,7 +33,7 @@ TEST_F(Progress, EveryWayOfCallingItDoesTheSame) {
         EXPECT_EQ(text_of(find_control(window, L"Static")), L"Se generan");
         EXPECT_TRUE(IsWindowVisible(base_of(window)));
         EXPECT_EQ(inner(header_of(window)).bottom, 100);
-        EXPECT_EQ(outer(window).right - outer(window).left, 600);
+        has_width(window, 600);
         is_at(window, 200, 100);
         const Answer updated =
             done(L"BarraProgresoActualiza", {Variant(std::int32_t{50}), Variant(L"Otro")});

@@ -54,6 +54,11 @@ inline void is_at(HWND window, int left, int top) {
     EXPECT_TRUE(pump_until([&] { return outer(window).left == left && outer(window).top == top; }))
         << outer(window).left << ", " << outer(window).top;
 }
+// So may its size be that of its design.
+inline void has_width(HWND window, int width) {
+    EXPECT_TRUE(pump_until([&] { return outer(window).right - outer(window).left == width; }))
+        << outer(window).right - outer(window).left;
+}
 inline RECT inner(HWND window) {
     RECT bounds{};
     GetClientRect(window, &bounds);
