@@ -1,10 +1,8 @@
 // Every member without memory: each request that it makes is refused once, and again with all that
 // follow. Nothing breaks, nothing is lost, and the host or the user is told.
-#include <array>
 #include <cstdio>
 #include <gtest/gtest.h>
 
-#include "taxid/frmNIFCCC.h"
 #include "tests/robustness/last_words.h"
 #include "tests/robustness/resources.h"
 #include "tests/robustness/scarce_memory.h"
@@ -130,42 +128,6 @@ TEST(WithoutMemory, EveryMemberFailsCleanly) {
     std::printf("%zu members, %zu requests, %ld boxes\n", members, requests, Unattended::boxes());
     EXPECT_GT(members, 140U);
     EXPECT_GT(requests, 700U);
-}
-
-/// As the keyboard state has it while the user holds the mouse's left button.
-void hold_left_button(bool held) {
-    std::array<BYTE, 256> keys{};
-    GetKeyboardState(keys.data());
-    keys[VK_LBUTTON] = held ? 0x80 : 0;
-    SetKeyboardState(keys.data());
-}
-
-TEST(WithoutMemory, AFieldIsLeftCleanly) {
-    const Unattended unattended;
-    auto instance = OwnLibrary::get().create(L"clsFGen");
-    ScarceMemory::warm_up(instance.get());
-    const ScarceMemory memory;
-    announce("the verifier's field left without memory");
-    bool left = false;
-    Unattended::set_seed(1);
-    Unattended::on_next_event([&] {
-        ASSERT_EQ(own_windows().size(), 1U);
-        HWND const window = own_windows().front();
-        HWND const field = GetDlgItem(window, frmNIFCCC::MkNIF);
-        SetFocus(field);
-        SetWindowTextW(field, L"12345678A");
-        ScarceMemory::refuse(1, ScarceMemory::Refusal::from_then_on);
-        hold_left_button(true);
-        SetFocus(GetDlgItem(window, frmNIFCCC::cmdOK));
-        hold_left_button(false);
-        ScarceMemory::grant_all();
-        left = GetFocus() == GetDlgItem(window, frmNIFCCC::cmdOK);
-        PostMessageW(window, WM_CLOSE, 0, 0);
-    });
-    const OwnClass& of_class = OwnLibrary::get().named(L"clsFGen");
-    const OwnMember& member = of_class.member(L"LanzaVerificadorNIFyCCC", DISPATCH_METHOD);
-    EXPECT_EQ(call_member(instance.get(), member, {}), S_OK);
-    EXPECT_TRUE(left);
 }
 
 }  // namespace
