@@ -16,12 +16,6 @@ constexpr std::uint16_t x87_control_bits = 0x0F3F;  // the rest means nothing
 constexpr std::uint16_t x87_exceptions = 0x7F;      // noted so far, the stack's with them
 constexpr std::uint16_t x87_pending = 0x80;         // one is about to be raised
 
-/// Left in memory: read as one value, the processor would wait for its three stores.
-void read(FloatingPointState& state) noexcept {
-    asm volatile("stmxcsr %0\n\tfnstcw %1\n\tfnstsw %2"
-                 : "=m"(state.sse), "=m"(state.x87_control), "=m"(state.x87_status));
-}
-
 void set_sse(std::uint32_t value) noexcept {
     asm volatile("ldmxcsr %0" : : "m"(value) : "memory");
 }
@@ -40,23 +34,34 @@ void set_x87(const FloatingPointState& state) noexcept {
     asm volatile("fldenv %0" : : "m"(environment) : "memory");
 }
 
+bool is_default_x87(std::uint16_t control) noexcept {
+    return (control & x87_control_bits) == (default_x87 & x87_control_bits);
+}
+
+std::uint16_t x87_status() noexcept {
+    std::uint16_t status = 0;
+    asm volatile("fnstsw %0" : "=a"(status));
+    return status;
+}
+
+/// The host's state is left in memory as it is stored, in its pieces: the processor would wait for
+/// them where they are read as one.
 void enter_default(FloatingPointState& host) noexcept {
-    read(host);
+    asm volatile("stmxcsr %0\n\tfnstcw %1" : "=m"(host.sse), "=m"(host.x87_control));
     if ((host.sse & ~sse_exceptions) != default_sse) set_sse(default_sse);
-    if ((host.x87_control & x87_control_bits) != (default_x87 & x87_control_bits)) {
-        // The next instruction that waits would raise it, here.
-        if ((host.x87_status & x87_pending) != 0) asm volatile("fnclex");
-        set_x87_control(default_x87);
-    }
+    if (is_default_x87(host.x87_control)) return;
+    host.x87_status = x87_status();
+    // The next instruction that waits would raise it, here.
+    if ((host.x87_status & x87_pending) != 0) asm volatile("fnclex");
+    set_x87_control(default_x87);
 }
 
 void hand_back(const FloatingPointState& host) noexcept {
-    FloatingPointState own;
-    read(own);
-    if (own.sse != host.sse) set_sse(host.sse);
-    if (((own.x87_status ^ host.x87_status) & x87_exceptions) != 0) {
+    set_sse(host.sse);
+    if (!is_default_x87(host.x87_control) &&
+        ((x87_status() ^ host.x87_status) & x87_exceptions) != 0) {
         set_x87(host);
-    } else if (own.x87_control != host.x87_control) {
+    } else {
         set_x87_control(host.x87_control);
     }
 }

@@ -7,7 +7,9 @@
 
 namespace kovrel {
 
-/// Both floating-point units: what they are set to, and the exceptions that they have noted.
+/// Both floating-point units: what they are set to, and the exceptions that they have noted. What
+/// the older unit notes counts where it is not set to the default, and any function may add to it
+/// where it is.
 struct FloatingPointState {
     std::uint32_t sse;
     std::uint16_t x87_control;

@@ -175,7 +175,7 @@ HRESULT STDMETHODCALLTYPE ObjectBase::get_type_info(ObjectBase* self, UINT index
 
 HRESULT STDMETHODCALLTYPE ObjectBase::get_ids_of_names(ObjectBase* self, REFIID id, LPOLESTR* names,
                                                        UINT count, LCID /*locale*/, DISPID* ids) {
-    if (!IsEqualIID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
+    if (!InlineIsEqualGUID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
     try {
         const HRESULT result = self->info_->find_ids(names, count, ids);
@@ -194,8 +194,8 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
                                              LCID /*locale*/, WORD flags, DISPPARAMS* parameters,
                                              VARIANT* result, EXCEPINFO* exception,
                                              UINT* bad_argument) {
-    if (result != nullptr) VariantInit(result);
-    if (!IsEqualIID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
+    if (result != nullptr) result->vt = VT_EMPTY;
+    if (!InlineIsEqualGUID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (!complete(parameters)) return E_INVALIDARG;
     const ClassInfo& info = *self->info_;
     const ClassInfo::Accessors accessors = info.accessors(member);

@@ -10,7 +10,6 @@
 #include "runtime/failure.h"
 
 // The linker's names for them: "__wrap_" and the name of what is replaced, as it is linked.
-// NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming)
 extern "C" {
 
 /// __gnu_cxx::__verbose_terminate_handler
@@ -42,4 +41,3 @@ extern "C" {
 }
 
 }  // extern "C"
-// NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)

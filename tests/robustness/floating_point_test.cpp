@@ -317,7 +317,7 @@ TEST_F(HostsFloatingPoint, KeepsTheExceptionsThatItHasNoted) {
     const auto general = library_.create(L"clsFGen");
     // Nothing, then a division by zero that nobody has been told of yet.
     for (void (*const note)() :
-         {+[] { set_environment(default_environment); },
+         {+[] { set_environment(host_environments[3]); },
           +[] {
               const std::uint16_t raised = 0x037B;
               const std::uint32_t divided = 0x1F84;
