@@ -244,6 +244,7 @@ TEST_F(Arguments, WhatIsNoListOfTextsIsRefused) {
     EXPECT_EQ(late(L"Une", {L"a"}).result, DISP_E_TYPEMISMATCH);
     Variant nothing;
     nothing.vt = VT_ARRAY | VT_BSTR;
+    nothing.parray = nullptr;
     EXPECT_EQ(late(L"Une", {nothing}).result, DISP_E_TYPEMISMATCH);
     EXPECT_EQ(late(L"Une", {Variant(sample_)}).result, DISP_E_TYPEMISMATCH);
 }

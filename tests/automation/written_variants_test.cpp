@@ -14,7 +14,7 @@ enum class Binding { early, late };
 /// A variable with a type, as compiled hosts keep it, and the variant that refers to it.
 struct TypedVariable {
     explicit TypedVariable(VARTYPE its_type) : type(its_type) {
-        if (type == VT_DECIMAL) held.decVal = {};
+        held.decVal = {};  // every type's zero
         held.vt = VT_EMPTY;
     }
     ~TypedVariable() { held.vt = type; }
