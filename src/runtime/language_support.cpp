@@ -40,4 +40,13 @@ extern "C" {
     throw kovrel::Failure(kovrel::FailureNumber::invalid_argument);
 }
 
+#ifdef __i386__
+/// The 32-bit run time takes away, when the module is told of the process's end, what it needs to
+/// find handlers of exceptions. Objects may be called after that, and a failing member throws: it
+/// stays, as the module does.
+void* __wrap___deregister_frame_info(const void* /*frames*/) {
+    return nullptr;
+}
+#endif
+
 }  // extern "C"

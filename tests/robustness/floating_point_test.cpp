@@ -2,6 +2,7 @@
 // one, no exception is raised, and the host finds its own again, or what it has changed it to.
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -180,10 +181,14 @@ TEST_F(HostsFloatingPoint, KnownResults) {
     }
 }
 
-/// The value as it is: a conversion would compute.
+/// The value's own bytes: a conversion would compute.
 std::string as_it_is(const Variant& value) {
-    return value.vt == VT_BSTR ? shown(value)
-                               : std::to_string(value.vt) + ' ' + std::to_string(value.llVal);
+    if (value.vt == VT_BSTR) return shown(value);
+    // The field of the date prompt adds the time of day when it is emptied and filled again.
+    if (value.vt == VT_DATE) return "day " + std::to_string(std::floor(value.date));
+    std::int64_t content = 0;
+    std::memcpy(&content, &value.llVal, plain_size(value.vt));
+    return std::to_string(value.vt) + ' ' + std::to_string(content);
 }
 
 TEST_F(HostsFloatingPoint, IsFoundAgainAfterEveryMember) {
