@@ -85,7 +85,9 @@ bool save_picture(HWND window, const std::filesystem::path& file) {
     std::error_code ignored;
     std::filesystem::create_directories(file.parent_path(), ignored);
     RECT bounds;
-    if (!GetWindowRect(window, &bounds) || IsRectEmpty(&bounds)) return false;
+    // What lies outside the screen cannot be copied, and keeps the rest from being copied too.
+    const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    if (!GetWindowRect(window, &bounds) || !IntersectRect(&bounds, &bounds, &screen)) return false;
     // The screen follows the program with a delay: the picture is taken once it is still.
     std::vector<std::uint32_t> before;
     int still = 0;
