@@ -23,7 +23,7 @@ struct Date {
 /// be converted is a Failure: 94 for a null, 6 for a number out of range, 13 for anything else.
 class Variant : public VARIANT {
  public:
-    Variant() noexcept { vt = VT_EMPTY; }
+    Variant() noexcept : VARIANT{} {}
     explicit Variant(bool value) noexcept;
     explicit Variant(std::uint8_t value) noexcept;
     explicit Variant(std::int16_t value) noexcept;
