@@ -3,6 +3,7 @@
 #include <olectl.h>
 
 #include <atomic>
+#include <cxxabi.h>
 
 #include "automation/boundary.h"
 #include "automation/module.h"
@@ -78,6 +79,9 @@ HRESULT get_class_object(const LibraryInfo& library, REFCLSID class_id, REFIID i
     if (result == nullptr) return E_POINTER;
     *result = nullptr;
     stay_loaded();
+    // The run time keeps a thread's exceptions in a place of its own. Made at the first throw, it
+    // would end the process where there is no memory left.
+    [[maybe_unused]] const void* volatile made = abi::__cxa_get_globals();
     for (const ClassInfo* info : library.classes) {
         if (!IsEqualCLSID(class_id, info->class_id)) continue;
         const auto factory = ComPtr<IClassFactory>::attach(new (std::nothrow) ClassFactory(*info));
