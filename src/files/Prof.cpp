@@ -12,8 +12,8 @@
 
 #include "automation/floating_point.h"
 #include "automation/per_thread.h"
-#include "files/ansi_text.h"
 #include "runtime/failure.h"
+#include "services/text_encoding.h"
 #include "ui/modal_scope.h"
 
 namespace kovrel::Prof {

@@ -5,10 +5,10 @@
 #include <ocidl.h>
 
 #include "automation/floating_point.h"
-#include "files/ansi_text.h"
 #include "files/cgsFileOpR.h"
 #include "files/open_dialog_text.h"
 #include "frame/guarded.h"
+#include "services/text_encoding.h"
 #include "ui/modal_scope.h"
 
 namespace kovrel {

@@ -1,9 +1,9 @@
 // cgsFileOpR: INI files and path texts.
-#include "files/ansi_text.h"
 #include "files/cgsFileOpR.h"
 #include "files/ini_file.h"
 #include "files/path_text.h"
 #include "frame/guarded.h"
+#include "services/text_encoding.h"
 
 namespace kovrel {
 

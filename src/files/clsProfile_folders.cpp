@@ -1,6 +1,5 @@
 // clsProfile: folders, path texts and INI values.
 #include "files/Prof.h"
-#include "files/ansi_text.h"
 #include "files/clsProfile.h"
 #include "files/file_system.h"
 #include "files/folder_notices.h"
@@ -8,6 +7,7 @@
 #include "files/path_text.h"
 #include "frame/application.h"
 #include "frame/guarded.h"
+#include "services/text_encoding.h"
 
 namespace kovrel {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <array>
 
-#include "files/ansi_text.h"
 #include "files/ini_text.h"
+#include "services/text_encoding.h"
 
 namespace kovrel {
 

@@ -1,5 +1,5 @@
 // INI files through the system's 8-bit functions. The arguments are texts of the system code page
-// (see files/ansi_text.h), read up to their first character of code 0.
+// (see services/text_encoding.h), read up to their first character of code 0.
 #pragma once
 
 #include <string>

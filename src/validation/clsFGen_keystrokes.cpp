@@ -1,9 +1,9 @@
 // clsFGen: filters for single keystrokes and the province of a postal code.
-#include "files/ansi_text.h"
 #include "frame/application.h"
 #include "frame/clsFGen.h"
 #include "frame/guarded.h"
 #include "frame/system_regional.h"
+#include "services/text_encoding.h"
 #include "validation/keystroke.h"
 #include "validation/province.h"
 

@@ -6,13 +6,13 @@
 #include <atomic>
 #include <cstddef>
 
-#include "files/ansi_text.h"
 #include "files/clsProfile.h"
 #include "files/file_system.h"
 #include "frame/application.h"
 #include "frame/guarded.h"
 #include "frame/wait.h"
 #include "runtime/failure.h"
+#include "services/text_encoding.h"
 #include "zip/zip_library.h"
 #include "zip/zip_notices.h"
 

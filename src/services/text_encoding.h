@@ -1,5 +1,5 @@
-// Texts for the system's 8-bit functions: converted to the system code page for the call and back
-// afterwards.
+// Texts in UTF-16, as the system has them, in UTF-8, and in its 8-bit code page, for its functions
+// that take no other.
 #pragma once
 
 #include <string>
@@ -14,5 +14,8 @@ namespace kovrel {
 
 /// The text that bytes of the system's 8-bit code page stand for.
 [[nodiscard]] std::wstring from_ansi(std::string_view bytes);
+
+[[nodiscard]] std::string to_utf8(std::wstring_view text);
+[[nodiscard]] std::wstring from_utf8(std::string_view bytes);
 
 }  // namespace kovrel
