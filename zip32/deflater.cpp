@@ -37,16 +37,12 @@ void store_in_stream(Piece& piece) {
 Piece::Piece() : window(dictionary_size + piece_size), packed(packed_room) {}
 
 PieceDeflater::PieceDeflater(int level) : level_(level) {
-    if (level_ > 0 && deflateInit2(&stream_, level_, Z_DEFLATED, raw_deflate_window, memory_level,
-                                   Z_DEFAULT_STRATEGY) != Z_OK) {
+    if (level_ == 0) return;
+    if (deflateInit2(&stream_, level_, Z_DEFLATED, raw_deflate_window, memory_level,
+                     Z_DEFAULT_STRATEGY) != Z_OK) {
         throw std::bad_alloc();
     }
-}
-
-PieceDeflater::~PieceDeflater() {
-    if (level_ > 0) {
-        deflateEnd(&stream_);
-    }
+    stream_end_.reset(&stream_);
 }
 
 void PieceDeflater::run(Piece& piece) {

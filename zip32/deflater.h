@@ -5,6 +5,7 @@
 #include <zlib.h>
 
 #include "bytes.h"
+#include "runtime/owned.h"
 
 namespace kovrel::zip {
 
@@ -39,7 +40,6 @@ class PieceDeflater {
     explicit PieceDeflater(int level);
     PieceDeflater(const PieceDeflater&) = delete;
     PieceDeflater& operator=(const PieceDeflater&) = delete;
-    ~PieceDeflater();
 
     /// Fills packed and crc. The result depends on the piece and the level alone. A piece that is
     /// not the last ends at a byte boundary, so that the next one's bytes can follow it.
@@ -48,6 +48,7 @@ class PieceDeflater {
  private:
     int level_;
     z_stream stream_{};
+    Owned<z_stream*, &deflateEnd> stream_end_;  // null at level 0
 };
 
 }  // namespace kovrel::zip

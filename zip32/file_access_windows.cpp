@@ -4,7 +4,8 @@
 #include <utility>
 
 #include "file_access.h"
-#include "wide_text.h"
+#include "runtime/owned.h"
+#include "services/text_encoding.h"
 #include "windows_files.h"
 #include "zip_error.h"
 
@@ -24,9 +25,11 @@ DosTime local_dos_time(const FILETIME& moment) {
         {local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond});
 }
 
-HANDLE open_to_compare(const std::string& path) {
-    return CreateFileW(system_path(path).c_str(), FILE_READ_ATTRIBUTES, share_all, nullptr,
-                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+// Null when there is no such file.
+Owned<HANDLE, &CloseHandle> open_to_compare(const std::string& path) {
+    const HANDLE file = CreateFileW(system_path(path).c_str(), FILE_READ_ATTRIBUTES, share_all,
+                                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    return Owned<HANDLE, &CloseHandle>(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 
 }  // namespace
@@ -59,38 +62,31 @@ std::optional<FileStatus> file_status(const std::string& path) {
 std::vector<std::string> folder_names(const std::string& path) {
     std::vector<std::string> names;
     WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW(system_path(path + "\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) {
+    const HANDLE handle = FindFirstFileW(system_path(path + "\\*").c_str(), &found);
+    if (handle == INVALID_HANDLE_VALUE) {
         return names;
     }
+    const Owned<HANDLE, &FindClose> search(handle);
     do {
         const std::wstring_view name = found.cFileName;
         if (name != L"." && name != L"..") {
-            names.push_back(utf8_from_utf16(name));
+            names.push_back(to_utf8(name));
         }
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
+    } while (FindNextFileW(handle, &found));
     std::sort(names.begin(), names.end());
     return names;
 }
 
 bool is_same_file(const std::string& first, const std::string& second) {
-    const HANDLE one = open_to_compare(first);
-    const HANDLE other = open_to_compare(second);
+    const auto one = open_to_compare(first);
+    const auto other = open_to_compare(second);
     BY_HANDLE_FILE_INFORMATION one_is{};
     BY_HANDLE_FILE_INFORMATION other_is{};
-    const bool same = one != INVALID_HANDLE_VALUE && other != INVALID_HANDLE_VALUE &&
-                      GetFileInformationByHandle(one, &one_is) &&
-                      GetFileInformationByHandle(other, &other_is) &&
-                      one_is.dwVolumeSerialNumber == other_is.dwVolumeSerialNumber &&
-                      one_is.nFileIndexHigh == other_is.nFileIndexHigh &&
-                      one_is.nFileIndexLow == other_is.nFileIndexLow;
-    for (const HANDLE handle : {one, other}) {
-        if (handle != INVALID_HANDLE_VALUE) {
-            CloseHandle(handle);
-        }
-    }
-    return same;
+    return one && other && GetFileInformationByHandle(one.get(), &one_is) &&
+           GetFileInformationByHandle(other.get(), &other_is) &&
+           one_is.dwVolumeSerialNumber == other_is.dwVolumeSerialNumber &&
+           one_is.nFileIndexHigh == other_is.nFileIndexHigh &&
+           one_is.nFileIndexLow == other_is.nFileIndexLow;
 }
 
 bool is_replaceable(const std::string& path) {
@@ -107,15 +103,13 @@ bool remove_file(const std::string& path) noexcept {
 }
 
 std::string final_path(const std::string& path) {
-    const HANDLE file = open_to_compare(path);
-    if (file == INVALID_HANDLE_VALUE) {
-        return path;
-    }
-    std::wstring found(GetFinalPathNameByHandleW(file, nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
-    found.resize(GetFinalPathNameByHandleW(file, found.data(), static_cast<DWORD>(found.size()),
-                                           FILE_NAME_NORMALIZED));
-    CloseHandle(file);
-    return found.empty() ? path : utf8_from_utf16(without_limit_prefix(found));
+    const auto file = open_to_compare(path);
+    if (!file) return path;
+    std::wstring found(GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED),
+                       L'\0');
+    found.resize(GetFinalPathNameByHandleW(file.get(), found.data(),
+                                           static_cast<DWORD>(found.size()), FILE_NAME_NORMALIZED));
+    return found.empty() ? path : to_utf8(without_limit_prefix(found));
 }
 
 void remove_unheld_file(const std::string& path) {
@@ -124,11 +118,11 @@ void remove_unheld_file(const std::string& path) {
 }
 
 std::string name_key(const std::string& name) {
-    const std::wstring wide = utf16_from_utf8(name);
+    const std::wstring wide = from_utf8(name);
     std::wstring upper(wide.size(), L'\0');
     LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, wide.data(), static_cast<int>(wide.size()),
                  upper.data(), static_cast<int>(upper.size()));
-    return utf8_from_utf16(upper);
+    return to_utf8(upper);
 }
 
 InputFile::InputFile(const std::string& path)

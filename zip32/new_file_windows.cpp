@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "file_access.h"
+#include "runtime/owned.h"
 #include "windows_files.h"
 #include "zip_error.h"
 
@@ -41,8 +42,8 @@ void make_private(const std::wstring& path) {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     if (ConvertStringSecurityDescriptorToSecurityDescriptorW(owner_only, SDDL_REVISION_1,
                                                              &descriptor, nullptr)) {
+        const Owned<PSECURITY_DESCRIPTOR, &LocalFree> owner(descriptor);
         set_security(path, descriptor);
-        LocalFree(descriptor);
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "wide_text.h"
+#include "services/text_encoding.h"
 
 namespace kovrel::zip {
 namespace {
@@ -21,7 +21,7 @@ std::wstring full_path(const std::wstring& path) {
 }
 
 std::wstring system_path(const std::string& path) {
-    std::wstring wide = utf16_from_utf8(path);
+    std::wstring wide = from_utf8(path);
     const DWORD needed = GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
     if (needed < MAX_PATH - 12 || wide.starts_with(unlimited)) {
         return wide;

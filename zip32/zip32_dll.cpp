@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "services/text_encoding.h"
 #include "update.h"
-#include "wide_text.h"
 #include "zip32.h"
 
 namespace kovrel::zip {
@@ -63,7 +63,7 @@ std::optional<UpdateOptions> engine_options(const ZpOptions& given) {
     options.folder_entries = given.no_folder_entries == 0;
     options.move = given.move != 0;
     options.drop_prefix = given.junk_prefix != 0;
-    options.root = utf8_from_ansi(settings.root.data());
+    options.root = to_utf8(from_ansi(settings.root.data()));
     return options;
 }
 
@@ -73,7 +73,7 @@ void print(std::string_view line) {
         return;
     }
     std::array<char, print_buffer_size> buffer{};
-    const std::string text = ansi_from_utf8(line);
+    const std::string text = to_ansi(from_utf8(line));
     const std::size_t length = std::min(text.size(), buffer.size() - 2);
     std::memcpy(buffer.data(), text.data(), length);
     buffer[length] = '\n';
@@ -83,7 +83,7 @@ void print(std::string_view line) {
 bool entry_done(std::string_view name, std::uint64_t size) {
     const ZpService callback = settings.callbacks.service;
     return callback != nullptr &&
-           callback(ansi_from_utf8(name).c_str(), static_cast<unsigned long>(size)) != 0;
+           callback(to_ansi(from_utf8(name)).c_str(), static_cast<unsigned long>(size)) != 0;
 }
 
 ZipCode archive_files(int count, const char* archive, const char* const* names) {
@@ -98,11 +98,11 @@ ZipCode archive_files(int count, const char* archive, const char* const* names) 
     std::vector<std::string> paths;
     for (int i = 0; i < count; ++i) {
         if (names[i] != nullptr && names[i][0] != '\0') {
-            paths.push_back(utf8_from_ansi(names[i]));
+            paths.push_back(to_utf8(from_ansi(names[i])));
         }
     }
     const UpdateEvents events{print, entry_done, settings.options.quiet != 0};
-    return update_archive(utf8_from_ansi(archive), paths, *options, events);
+    return update_archive(to_utf8(from_ansi(archive)), paths, *options, events);
 }
 
 }  // namespace

@@ -9,8 +9,8 @@ using testing::HasSubstr;
 
 TEST_F(Zip32Dll, MissingAndLockedFilesAreLeftOut) {
     const std::string locked = folder.write("cerrado.txt", "1");
-    const HANDLE lock = CreateFileW(utf16_from_utf8(locked).c_str(), GENERIC_READ | GENERIC_WRITE,
-                                    0, nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE lock = CreateFileW(from_utf8(locked).c_str(), GENERIC_READ | GENERIC_WRITE, 0,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(lock, INVALID_HANDLE_VALUE);
     EXPECT_EQ(pack({folder / "no", locked, folder.write("f", "2")}), 18);
     EXPECT_THAT(names(), ElementsAre("f"));
@@ -25,8 +25,8 @@ TEST_F(Zip32Dll, ALockedFileLeavesItsOldEntry) {
     const std::string file = folder.write("f", "viejo");
     ASSERT_EQ(pack({file}), 0);
     folder.write("f", "nuevo");
-    const HANDLE lock = CreateFileW(utf16_from_utf8(file).c_str(), GENERIC_READ, 0, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
+    const HANDLE lock =
+        CreateFileW(from_utf8(file).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(pack({file, folder.write("g", "2")}), 18);
     CloseHandle(lock);
     EXPECT_THAT(names(), ElementsAre("f", "g"));
@@ -34,12 +34,12 @@ TEST_F(Zip32Dll, ALockedFileLeavesItsOldEntry) {
 }
 
 TEST_F(Zip32Dll, ReadOnlyFilesArePackedAndAReadOnlyArchiveStays) {
-    const std::wstring file = utf16_from_utf8(folder.write("f", "1"));
+    const std::wstring file = from_utf8(folder.write("f", "1"));
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE);
     EXPECT_EQ(pack({folder / "f"}), 0);
     EXPECT_EQ(test::read_plain(folder.read("á.zip"))[0].attributes & 0xFFU, 0x21U);
     SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL);
-    const std::wstring target = utf16_from_utf8(folder / "á.zip");
+    const std::wstring target = from_utf8(folder / "á.zip");
     SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_EQ(pack({folder / "f"}), 15);
     SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -48,7 +48,7 @@ TEST_F(Zip32Dll, ReadOnlyFilesArePackedAndAReadOnlyArchiveStays) {
 TEST_F(Zip32Dll, AnArchiveThatAnotherProgramHoldsStaysAsItIs) {
     ASSERT_EQ(pack({folder.write("f", "1")}), 0);
     const std::string before = folder.read("á.zip");
-    const HANDLE held = CreateFileW(utf16_from_utf8(folder / "á.zip").c_str(), GENERIC_READ,
+    const HANDLE held = CreateFileW(from_utf8(folder / "á.zip").c_str(), GENERIC_READ,
                                     FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(pack({folder.write("g", "2")}), 15);
     CloseHandle(held);
@@ -58,7 +58,7 @@ TEST_F(Zip32Dll, AnArchiveThatAnotherProgramHoldsStaysAsItIs) {
 
 TEST_F(Zip32Dll, AnArchiveKeepsItsAttributes) {
     ASSERT_EQ(pack({folder.write("f", "1")}), 0);
-    const std::wstring path = utf16_from_utf8(folder / "á.zip");
+    const std::wstring path = from_utf8(folder / "á.zip");
     constexpr DWORD attributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     ASSERT_TRUE(SetFileAttributesW(path.c_str(), attributes));
     ASSERT_EQ(GetFileAttributesW(path.c_str()) & attributes, attributes);
@@ -74,13 +74,13 @@ TEST_F(Zip32Dll, AnArchiveKeepsItsAttributes) {
 TEST_F(Zip32Dll, CharactersOutsideTheCodePageBecomeQuestionMarks) {
     folder.write("O.txt", "ajeno");
     folder.write("d/Ω.txt", "griego");
-    EXPECT_EQ(ansi_from_utf8("aΩЖ一b"), "a???b");
+    EXPECT_EQ(ansi("aΩЖ一b"), "a???b");
     EXPECT_EQ(pack({folder / "Ω.txt"}), 12);
     EXPECT_THAT(printed, testing::Contains(testing::EndsWith("\\?.txt\n")));
     folder.write("O.zip", "ajeno");
-    const std::string file = ansi_from_utf8(folder / "O.txt");
+    const std::string file = ansi(folder / "O.txt");
     const char* const name = file.c_str();
-    EXPECT_EQ(archive(1, ansi_from_utf8(folder / "Ω.zip").c_str(), &name), 15);
+    EXPECT_EQ(archive(1, ansi(folder / "Ω.zip").c_str(), &name), 15);
     EXPECT_EQ(folder.read("O.zip"), "ajeno");
     EXPECT_EQ(folder.count(), 3U);
     // Files found by recursion keep their names; only the report is in the code page.
@@ -115,8 +115,8 @@ TEST_F(Zip32Dll, DuplicatesOfAReplacedEntryAreRemoved) {
 TEST_F(Zip32Dll, DuplicatesOfALockedFilesEntryStay) {
     folder.write("á.zip", test::made_on_unix({{"f", "1"}, {"g", "2"}, {"f", "3"}, {"F", "4"}}));
     const std::string file = folder.write("f", "nuevo");
-    const HANDLE lock = CreateFileW(utf16_from_utf8(file).c_str(), GENERIC_READ, 0, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
+    const HANDLE lock =
+        CreateFileW(from_utf8(file).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(lock, INVALID_HANDLE_VALUE);
     EXPECT_EQ(pack({file, folder.write("h", "5")}), 18);
     EXPECT_THAT(contents(), ElementsAre("f=1", "g=2", "f=3", "F=4", "h=5"));
@@ -132,8 +132,8 @@ TEST_F(Zip32Dll, TimesAreLocal) {
     FILETIME moment{};
     ASSERT_TRUE(TzSpecificLocalTimeToSystemTime(nullptr, &local, &universal));
     ASSERT_TRUE(SystemTimeToFileTime(&universal, &moment));
-    const HANDLE handle = CreateFileW(utf16_from_utf8(file).c_str(), FILE_WRITE_ATTRIBUTES, 0,
-                                      nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE handle = CreateFileW(from_utf8(file).c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr,
+                                      OPEN_EXISTING, 0, nullptr);
     ASSERT_TRUE(SetFileTime(handle, nullptr, nullptr, &moment));
     CloseHandle(handle);
     EXPECT_EQ(pack({file}), 0);
@@ -150,7 +150,7 @@ TEST_F(Zip32Dll, PathsPastTheClassicLimit) {
     std::wstring path = L"\\\\?\\" + folder.path().wstring();
     for (std::size_t from = 0, to = 0; (to = name.find('\\', from)) != std::string::npos;
          from = to + 1) {
-        path += L"\\" + utf16_from_utf8(name.substr(from, to - from));
+        path += L"\\" + from_utf8(name.substr(from, to - from));
         ASSERT_TRUE(CreateDirectoryW(path.c_str(), nullptr));
     }
     const HANDLE file =
@@ -160,7 +160,7 @@ TEST_F(Zip32Dll, PathsPastTheClassicLimit) {
     EXPECT_EQ(pack({folder / (name + "f")}), 0);
     EXPECT_THAT(names(), ElementsAre("f"));
     // The archive in such a folder, new and updated.
-    const std::string in_it = ansi_from_utf8(folder / (name + "f"));
+    const std::string in_it = ansi(folder / (name + "f"));
     const char* const long_name = in_it.c_str();
     EXPECT_EQ(archive(1, (in_it + ".zip").c_str(), &long_name), 0);
     EXPECT_EQ(archive(1, (in_it + ".zip").c_str(), &long_name), 0);

@@ -7,16 +7,20 @@
 #include <cstring>
 #include <gmock/gmock.h>
 
+#include "services/text_encoding.h"
 #include "tests/zip/made_archive.h"
 #include "tests/zip/plain_reader.h"
 #include "tests/zip/test_folder.h"
-#include "wide_text.h"
 #include "zip32.h"
 
 namespace kovrel::zip {
 
 using test::PlainEntry;
 using test::TestFolder;
+
+inline std::string ansi(const std::string& text) {
+    return to_ansi(from_utf8(text));
+}
 
 inline std::vector<std::string> printed;
 inline std::vector<std::string> served;
@@ -71,17 +75,17 @@ class Zip32Dll : public testing::Test {
     // Callers hand over a record of 100 pointers, filled from the front.
     int pack(const std::vector<std::string>& names) {
         std::array<const char*, 100> record{};
-        std::vector<std::string> ansi;
+        std::vector<std::string> texts;
         for (const std::string& name : names) {
-            ansi.push_back(ansi_from_utf8(name));
+            texts.push_back(ansi(name));
         }
-        for (std::size_t i = 0; i < ansi.size(); ++i) {
-            record[i] = ansi[i].c_str();
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            record[i] = texts[i].c_str();
         }
         const ZpCallbacks callbacks{print, password, comment, service};
         EXPECT_EQ(init(&callbacks), 1);
         EXPECT_EQ(set_options(&options), 1);
-        return archive(static_cast<int>(names.size()), ansi_from_utf8(folder / "á.zip").c_str(),
+        return archive(static_cast<int>(names.size()), ansi(folder / "á.zip").c_str(),
                        record.data());
     }
 

@@ -94,7 +94,7 @@ TEST_F(Zip32Dll, LevelsAndOptions) {
 
 TEST_F(Zip32Dll, FoldersFromARoot) {
     folder.write("d/e/f", "1");
-    std::string root = ansi_from_utf8(test::utf8(folder.path()));
+    std::string root = ansi(test::utf8(folder.path()));
     options.root_folder = root.c_str();
     options.junk_folders = options.no_folder_entries = 0;
     options.recurse = 1;
@@ -104,7 +104,7 @@ TEST_F(Zip32Dll, FoldersFromARoot) {
     ASSERT_EQ(set_options(&options), 1);
     root.assign(root.size(), 'x');
     const char* const name = "d\\e\\f";
-    EXPECT_EQ(archive(1, ansi_from_utf8(folder / "b.zip").c_str(), &name), 0);
+    EXPECT_EQ(archive(1, ansi(folder / "b.zip").c_str(), &name), 0);
 }
 
 TEST_F(Zip32Dll, TheServiceCallbackStopsEverything) {
