@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "incompressible.h"
 #include "tests/zip/plain_reader.h"
 #include "tests/zip/test_folder.h"
 #include "worker_pool.h"

@@ -1,4 +1,4 @@
-// Archives that this engine would not make, as other programs leave them.
+// Archives as other programs write them and this engine does not.
 #pragma once
 
 #include <string>

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
-#include "extra_fields.h"
+#include "records.h"
 #include "times.h"
 
 namespace kovrel::zip {
