@@ -27,7 +27,7 @@ struct Piece {
     [[nodiscard]] ByteView packed_data() const { return ByteView(packed).first(packed_length); }
 
     Bytes window;                       // the bytes before the piece, then the piece
-    std::size_t dictionary_length = 0;  // of the bytes before the piece
+    std::size_t dictionary_length = 0;  // how many bytes before the piece are valid
     std::size_t length = 0;
     bool last = false;  // whether it ends its file
     Bytes packed;
@@ -52,9 +52,9 @@ class PieceDeflater {
     Owned<z_stream*, &deflateEnd> stream_end_;  // null at level 0
 };
 
-/// Whether deflate could hardly save half a percent, found in one quick look: all byte values are
-/// about equally frequent everywhere, and almost nothing is repeated within deflate's reach. Never
-/// true below 4 KiB, where trying is as quick as looking. `known`: how many bytes right before
+/// A quick estimate: true where deflate could hardly save half a percent, since all byte values are
+/// about equally frequent everywhere and almost nothing is repeated within deflate's reach. Never
+/// true below 4 KiB, where deflating is as quick as this. `known`: how many bytes right before
 /// `data` in memory deflate may refer back to.
 [[nodiscard]] bool looks_incompressible(ByteView data, std::size_t known = 0);
 

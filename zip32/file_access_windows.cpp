@@ -18,7 +18,7 @@ constexpr std::wstring_view unlimited = LR"(\\?\)";
 constexpr std::wstring_view unlimited_server = LR"(\\?\UNC\)";
 constexpr std::wstring_view server = LR"(\\)";
 
-// The text of a function that is asked twice, first with no room for the length.
+// The text that a function returns when called twice, first for the text's length.
 template <typename Call>
 std::wstring text_of(Call call) {
     std::wstring text(call(nullptr, 0), L'\0');
@@ -79,8 +79,8 @@ std::wstring system_path(const std::string& path) {
                                     : std::wstring(unlimited).append(full);
 }
 
-// Not DOS, although the attributes are its: Info-ZIP's unzip takes the names of DOS entries for
-// code page 850 even where they are marked as UTF-8.
+// Not DOS, despite the DOS attributes: Info-ZIP's unzip decodes the names of DOS entries as code
+// page 850 even where they are marked as UTF-8.
 std::uint16_t made_by_this_system() noexcept {
     return 10 << 8 | 20;
 }

@@ -1,4 +1,4 @@
-// Tells pictures, films and archives, which are compressed already, from what deflate can shrink.
+// Recognises data that is compressed already, such as pictures, films and archives.
 #include <algorithm>
 #include <array>
 #include <cstring>

@@ -11,8 +11,8 @@
 namespace kovrel::zip {
 namespace {
 
-// Locks a new file against its removal by other updates; false when one of them was faster. A file
-// system without locks has none for them either.
+// Locks a new file against its removal by other updates; false if one has removed it already. On a
+// file system without locks they cannot lock it to remove it either.
 bool hold(int file) {
     struct stat status {};
     return (flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) &&
@@ -38,7 +38,7 @@ void keep_permissions(int file, const struct stat& old) {
 bool NewFile::create() {
     struct stat old {};
     const bool replaces = stat(target_.c_str(), &old) == 0;
-    // What replaces a private file is never less private itself.
+    // The replacement of a private file must never be less private.
     const int descriptor =
         open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, replaces ? 0600 : 0666);
     if (descriptor < 0) return errno != EEXIST;

@@ -1,7 +1,8 @@
 // The engine's one operation: files packed into a new archive, or into an existing one whose other
-// entries stay as they are. The container is our own code, over zlib, and not a library's so that
-// one file is deflated on several threads into the same bytes as on one, kept entries are copied as
-// they stand, and the old archive stays whole until the new one takes its place.
+// entries stay as they are. The container format is our own code, over zlib, rather than a
+// library's, so that one file is deflated on several threads into the same bytes as on one, kept
+// entries are copied as they stand, and the old archive stays whole until the new one takes its
+// place.
 #pragma once
 
 #include <cstdint>
@@ -25,8 +26,8 @@ struct UpdateOptions {
     int level = 6;         // 0 stores; 1 fastest to 9 smallest
     unsigned threads = 0;  // 0: one for each of the machine's cores
     Selection selection = Selection::all;
-    bool drop_folder_names = true;  // entries get the last component of the path alone
-    bool recurse = false;           // a folder among the names brings what it holds
+    bool drop_folder_names = true;  // entries get only the last component of the path
+    bool recurse = false;           // folders among the names are packed with their contents
     bool include_hidden = false;    // hidden and system files found by recursion too
     bool folder_entries = false;    // folders get entries (never with dropped names)
     bool move = false;              // files are deleted once the archive is complete

@@ -26,7 +26,7 @@ WorkerPool::WorkerPool(unsigned threads, int level) {
             threads_.emplace_back([this, &deflater] { work(deflater); });
         }
     } catch (const std::exception&) {
-        // Those that could be started do the work; with none, the calling thread does.
+        // The threads that did start do the work; with none, submit() does.
     }
 }
 

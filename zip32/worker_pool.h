@@ -16,8 +16,8 @@ namespace kovrel::zip {
 
 class WorkerPool final {
  public:
-    /// `threads` 1 compresses on the calling thread, in submit(); more start that many threads
-    /// (fewer where the system gives no more). Throws std::bad_alloc.
+    /// With 1 thread, submit() compresses on the calling thread; with more, that many are started
+    /// (fewer if the system cannot start them). Throws std::bad_alloc.
     WorkerPool(unsigned threads, int level);
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;

@@ -47,7 +47,7 @@ struct ZpOptions {
     std::int32_t crlf_to_lf;         // 11: refused
     std::int32_t lf_to_crlf;         // 12: refused
     std::int32_t junk_folders;       // 13: entries get the file's name without its folders
-    std::int32_t recurse;            // 14: 1: folders bring what they hold; 2 (patterns): refused
+    std::int32_t recurse;            // 14: 1: folders with their contents; 2 (patterns): refused
     std::int32_t grow;               // 15: ignored: existing archives are always added to
     std::int32_t dos_names;          // 16: refused
     std::int32_t move;               // 17: files are deleted once the archive is complete
