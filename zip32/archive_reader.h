@@ -1,4 +1,4 @@
-// An existing archive: its entries and where each one's bytes lie, ready to be copied as they are.
+// An existing archive: its entries and where the bytes of each lie, to be copied as they are.
 #pragma once
 
 #include <string>
@@ -28,7 +28,7 @@ class ArchiveReader {
 
     /// In the order of the central directory.
     [[nodiscard]] const std::vector<OldEntry>& entries() const noexcept { return entries_; }
-    /// How many bytes stand before the first entry (the program of a self-extracting archive).
+    /// The bytes before the first entry (the program of a self-extracting archive).
     [[nodiscard]] std::uint64_t prefix_size() const noexcept { return prefix_size_; }
     [[nodiscard]] const std::string& comment() const noexcept { return end_.comment; }
 
@@ -38,20 +38,20 @@ class ArchiveReader {
  private:
     void find_directory();
     bool accept_end(std::uint64_t position, ByteView record);
-    bool accept_end64(std::uint64_t end_position);
-    bool place_directory(std::uint64_t after);
+    bool accept_end64(const DirectoryEnd& narrow, std::uint64_t end_position);
+    bool place_directory(const DirectoryEnd& end, std::uint64_t after);
     void read_entries();
     void locate(OldEntry& entry) const;
     [[nodiscard]] std::uint64_t descriptor_length(const CentralEntry& entry,
                                                   std::uint64_t position) const;
-    void order_by_place();
+    void check_extents();
     [[nodiscard]] Bytes read(std::uint64_t offset, std::size_t length) const;
 
     InputFile file_;
     std::uint64_t file_size_;
     DirectoryEnd end_;
     std::uint64_t directory_start_ = 0;  // in the file
-    std::uint64_t base_ = 0;             // what the archive's own offsets are counted from
+    std::uint64_t base_ = 0;             // where the archive's own offsets count from
     std::uint64_t prefix_size_ = 0;
     std::vector<OldEntry> entries_;
 };

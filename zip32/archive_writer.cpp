@@ -8,20 +8,18 @@ namespace {
 
 constexpr std::uint16_t version_store = 10;
 constexpr std::uint16_t version_deflate = 20;
-// Files from this size on get room for 64-bit sizes in their local header. It is written before
-// the data: the margin to 4 GiB is for a file that grows while it is read.
+// Files from this size on get 64-bit sizes in their local header, which is written before the data:
+// the margin to 4 GiB is for a file that grows while it is read.
 constexpr std::uint64_t zip64_from = 0xF0000000;
 // The ZIP64 field of a directory entry at its longest.
 constexpr std::size_t longest_zip64_field = 28;
 
-// Programs search the end record from the file's end: one that begins within the numbers of the
-// real one and goes on in the comment would be found first.
+// Programs search for the end record from the file's end: they would find one that begins within
+// the numbers of the real one and extends into the comment.
 bool spells_another_end(ByteView records, const std::string& comment) {
     const ByteView end = records.last(end_record_size + comment.size());
     for (std::size_t i = 1; i + end_record_size <= end.size(); ++i) {
-        if (load32(end, i) == end_signature) {
-            return true;
-        }
+        if (load32(end, i) == end_signature) return true;
     }
     return false;
 }
@@ -51,22 +49,15 @@ void ArchiveWriter::copy_entry(const ArchiveReader& old, const OldEntry& entry) 
 }
 
 void ArchiveWriter::add_folder(CentralEntry entry) {
-    entry.local_offset = output_.position();
-    Bytes header;
-    append_local_header(header, entry, false);
-    output_.write(header);
+    begin_entry(entry, false);
     append_entry(std::move(entry));
 }
 
 void ArchiveWriter::add_file(CentralEntry entry, const InputFile& file, PieceFeeder& feeder,
                              int level) {
     const bool zip64 = file.size() >= zip64_from;
-    entry.local_offset = output_.position();
-    Bytes header;
-    append_local_header(header, entry, zip64);
-    output_.write(header);
+    begin_entry(entry, zip64);
     const std::uint64_t data = output_.position();
-
     take_pieces(entry, feeder, level);
     if (entry.method == method_deflate && entry.packed_size >= entry.size) {
         output_.rewind(data);
@@ -75,10 +66,17 @@ void ArchiveWriter::add_file(CentralEntry entry, const InputFile& file, PieceFee
     if (!zip64 && entry.size >= in_zip64) {
         throw ZipError(ZipCode::entry_too_large, "grew while it was read: " + entry.name);
     }
-    header.clear();
+    Bytes header;
     append_local_header(header, entry, zip64);
     output_.overwrite(entry.local_offset, header);
     append_entry(std::move(entry));
+}
+
+void ArchiveWriter::begin_entry(CentralEntry& entry, bool zip64) {
+    entry.local_offset = output_.position();
+    Bytes header;
+    append_local_header(header, entry, zip64);
+    output_.write(header);
 }
 
 void ArchiveWriter::take_pieces(CentralEntry& entry, PieceFeeder& feeder, int level) {
@@ -86,7 +84,7 @@ void ArchiveWriter::take_pieces(CentralEntry& entry, PieceFeeder& feeder, int le
     for (bool first = true; !last; first = false) {
         std::unique_ptr<Piece> piece = feeder.next_piece();
         last = piece->last;
-        // A file of one piece is still at hand, so that its better form is known already.
+        // A file of one piece is still in memory: its smaller form is already known.
         const bool deflate = level > 0 && !(first && last && piece->packed_length >= piece->length);
         if (first) {
             entry.method = deflate ? method_deflate : method_store;
@@ -102,7 +100,7 @@ void ArchiveWriter::take_pieces(CentralEntry& entry, PieceFeeder& feeder, int le
     }
 }
 
-// Reads the file anew, since its pieces are gone; checksum and size are those of this reading.
+// Reads the file again, since its pieces are gone; checksum and size are those of this reading.
 void ArchiveWriter::store_whole(CentralEntry& entry, const InputFile& file) {
     entry.method = method_store;
     entry.version_needed = version_store;

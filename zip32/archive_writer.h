@@ -1,5 +1,5 @@
-// Writes an archive from front to back: entries copied from an older one, folders, and files as
-// their pieces arrive.
+// Writes an archive from front to back: entries copied from an older one, folders, and files piece
+// by piece.
 #pragma once
 
 #include <string>
@@ -17,22 +17,23 @@ class ArchiveWriter {
  public:
     explicit ArchiveWriter(OutputBuffer& output) : output_(output) {}
 
-    /// An entry with the name, time and attributes that it will have; the rest comes from its data.
+    /// An entry with its name, time and attributes; the rest comes from its data.
     [[nodiscard]] static CentralEntry new_entry(const std::string& name, const FileStatus& status);
 
     void copy_prefix(const ArchiveReader& old);
-    /// The entry's bytes as they stand in the old archive.
+    /// Copies the entry's bytes as they stand in the old archive.
     void copy_entry(const ArchiveReader& old, const OldEntry& entry);
     void add_folder(CentralEntry entry);
-    /// The feeder's current file, deflated or stored, whichever is smaller (stored with `level` 0).
-    /// Throws ZipError entry_too_large when a file grows past 4 GiB while it is read.
+    /// Adds the feeder's current file, deflated or stored, whichever is smaller (stored at level
+    /// 0). Throws ZipError entry_too_large when a file grows past 4 GiB while it is read.
     void add_file(CentralEntry entry, const InputFile& file, PieceFeeder& feeder, int level);
-    /// The central directory and the records after it. Throws ZipError.
+    /// Writes the central directory and the records after it. Throws ZipError.
     void finish(const std::string& comment);
 
     [[nodiscard]] const CentralEntry& last_entry() const { return entries_.back(); }
 
  private:
+    void begin_entry(CentralEntry& entry, bool zip64);
     void take_pieces(CentralEntry& entry, PieceFeeder& feeder, int level);
     void store_whole(CentralEntry& entry, const InputFile& file);
     void append_entry(CentralEntry entry);

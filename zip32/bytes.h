@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace kovrel::zip {
@@ -11,31 +12,29 @@ namespace kovrel::zip {
 using Bytes = std::vector<std::uint8_t>;
 using ByteView = std::span<const std::uint8_t>;
 
-/// The Width-byte integer at `offset`; the caller has made sure that it lies inside `bytes`.
-template <std::size_t Width>
-[[nodiscard]] std::uint64_t load(ByteView bytes, std::size_t offset) {
-    std::uint64_t value = 0;
-    for (std::size_t i = Width; i-- > 0;) {
-        value = value << 8 | bytes[offset + i];
-    }
-    return value;
+[[nodiscard]] inline ByteView as_bytes(std::string_view text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
-[[nodiscard]] inline std::uint16_t load16(ByteView bytes, std::size_t offset) {
-    return static_cast<std::uint16_t>(load<2>(bytes, offset));
-}
-[[nodiscard]] inline std::uint32_t load32(ByteView bytes, std::size_t offset) {
-    return static_cast<std::uint32_t>(load<4>(bytes, offset));
-}
-[[nodiscard]] inline std::uint64_t load64(ByteView bytes, std::size_t offset) {
-    return load<8>(bytes, offset);
-}
-
+/// The integer at `offset`; the caller has made sure that it lies inside `bytes`.
 template <typename Integer>
-void append(Bytes& bytes, Integer value) {
-    for (std::size_t i = 0; i < sizeof(Integer); ++i) {
-        bytes.push_back(static_cast<std::uint8_t>(static_cast<std::uint64_t>(value) >> (8 * i)));
-    }
+[[nodiscard]] Integer load(ByteView bytes, std::size_t offset) {
+    std::uint64_t value = 0;
+    for (std::size_t i = sizeof(Integer); i-- > 0;) value = value << 8 | bytes[offset + i];
+    return static_cast<Integer>(value);
+}
+
+inline constexpr auto load16 = load<std::uint16_t>;
+inline constexpr auto load32 = load<std::uint32_t>;
+inline constexpr auto load64 = load<std::uint64_t>;
+
+/// Appends each integer in as many bytes as its type has.
+template <typename... Integer>
+void append(Bytes& bytes, Integer... values) {
+    const auto append_one = [&bytes](std::uint64_t value, std::size_t width) {
+        for (; width > 0; --width, value >>= 8) bytes.push_back(static_cast<std::uint8_t>(value));
+    };
+    (append_one(values, sizeof(Integer)), ...);
 }
 
 template <typename Range>

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <new>
 
-#include "incompressible.h"
 #include "zip_error.h"
 
 namespace kovrel::zip {
@@ -15,8 +14,8 @@ constexpr int memory_level = 8;
 constexpr std::size_t packed_room = piece_size + piece_size / 8 + 1024;
 constexpr std::size_t largest_stored_block = 0xFFFF;
 
-// Deflate's own blocks without compression: a byte that says whether it is the last, the length,
-// its complement and the bytes. The stream is at a byte boundary where a piece begins.
+// Deflate's uncompressed blocks: a byte that says whether it is the last, the length, its
+// complement and the bytes. The stream is at a byte boundary where a piece begins.
 void store_in_stream(Piece& piece) {
     piece.packed.clear();
     ByteView rest = piece.data();
@@ -24,9 +23,8 @@ void store_in_stream(Piece& piece) {
         const ByteView block = rest.first(std::min(rest.size(), largest_stored_block));
         rest = rest.subspan(block.size());
         const auto length = static_cast<std::uint16_t>(block.size());
-        append(piece.packed, static_cast<std::uint8_t>(piece.last && rest.empty() ? 1 : 0));
-        append(piece.packed, length);
-        append(piece.packed, static_cast<std::uint16_t>(~length));
+        append(piece.packed, static_cast<std::uint8_t>(piece.last && rest.empty() ? 1 : 0), length,
+               static_cast<std::uint16_t>(~length));
         append_all(piece.packed, block);
     }
     piece.packed_length = piece.packed.size();
@@ -37,16 +35,12 @@ void store_in_stream(Piece& piece) {
 Piece::Piece() : window(dictionary_size + piece_size), packed(packed_room) {}
 
 PieceDeflater::PieceDeflater(int level) : level_(level) {
-    if (level_ > 0 && deflateInit2(&stream_, level_, Z_DEFLATED, raw_deflate_window, memory_level,
-                                   Z_DEFAULT_STRATEGY) != Z_OK) {
+    if (level_ == 0) return;
+    if (deflateInit2(&stream_, level_, Z_DEFLATED, raw_deflate_window, memory_level,
+                     Z_DEFAULT_STRATEGY) != Z_OK) {
         throw std::bad_alloc();
     }
-}
-
-PieceDeflater::~PieceDeflater() {
-    if (level_ > 0) {
-        deflateEnd(&stream_);
-    }
+    stream_end_.reset(&stream_);
 }
 
 void PieceDeflater::run(Piece& piece) {
@@ -54,9 +48,7 @@ void PieceDeflater::run(Piece& piece) {
     piece.crc = static_cast<std::uint32_t>(
         crc32(crc32(0, nullptr, 0), data.data(), static_cast<uInt>(data.size())));
     piece.packed_length = 0;
-    if (level_ == 0) {
-        return;
-    }
+    if (level_ == 0) return;
     if (looks_incompressible(data, piece.dictionary_length)) {
         store_in_stream(piece);
         return;

@@ -1,5 +1,6 @@
 // The files that the engine touches. Paths and names are UTF-8 everywhere (on POSIX systems the
-// bytes that the system gives); one source file per system stands behind this header.
+// bytes that the system gives). file_access.cpp is portable; the sources named after a system hold
+// what differs.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "bytes.h"
@@ -24,8 +26,7 @@ struct FileStatus {
     std::uint32_t attributes = 0;
 };
 
-/// What an entry made here says about its origin ("version made by"): 2.0 and Windows (10) or Unix
-/// (3).
+/// The "version made by" of new entries: 2.0, and Windows (10) or Unix (3).
 [[nodiscard]] std::uint16_t made_by_this_system() noexcept;
 
 /// The status of a regular file or folder; nothing when there is none of that name (nor for
@@ -49,34 +50,65 @@ bool remove_file(const std::string& path) noexcept;
 /// Removes a file unless some process has it open.
 void remove_unheld_file(const std::string& path);
 
-/// The form in which two names are one file: capitals on Windows, the name itself elsewhere.
+/// Equal for two names that the system takes for one file: in capitals on Windows, the name itself
+/// elsewhere.
 [[nodiscard]] std::string name_key(const std::string& name);
 
-/// An open file that is read only. Others may go on reading, writing and renaming it.
+/// Owner of an open file. Its functions do not throw.
+class OpenFile {
+ public:
+    /// The system's handle or descriptor; -1, which both return on failure, for none.
+    explicit OpenFile(std::intptr_t handle = -1) noexcept : handle_(handle) {}
+    OpenFile(OpenFile&& other) noexcept : handle_(std::exchange(other.handle_, -1)) {}
+    OpenFile& operator=(OpenFile&& other) noexcept {
+        std::swap(handle_, other.handle_);
+        return *this;
+    }
+    ~OpenFile();
+
+    explicit operator bool() const noexcept { return handle_ != -1; }
+    [[nodiscard]] std::intptr_t handle() const noexcept { return handle_; }
+
+    [[nodiscard]] std::optional<std::uint64_t> size() const noexcept;
+    /// How many bytes one call of the system has read, 0 at the end; nothing when it fails.
+    [[nodiscard]] std::optional<std::size_t> read_some(std::uint64_t offset,
+                                                       std::span<std::uint8_t> room) const noexcept;
+    /// How many bytes one call of the system has written; 0 when it fails.
+    [[nodiscard]] std::size_t write_some(std::uint64_t offset, ByteView bytes) const noexcept;
+    [[nodiscard]] bool set_size(std::uint64_t size) const noexcept;
+    /// Waits until what was written is on the disk.
+    [[nodiscard]] bool flush() const noexcept;
+
+ private:
+    std::intptr_t handle_;
+};
+
+/// Others may go on reading, writing and renaming the file.
+[[nodiscard]] OpenFile open_for_reading(const std::string& path);
+
+/// An open file to pack, or an existing archive.
 class InputFile {
  public:
     /// Throws ZipError cannot_open_file.
     explicit InputFile(const std::string& path);
-    InputFile(InputFile&& other) noexcept;
-    InputFile& operator=(InputFile&& other) = delete;
-    ~InputFile();
 
+    /// Throws ZipError read_failed.
     [[nodiscard]] std::uint64_t size() const;
     /// Fills `room` from `offset` unless the file ends before; the count of bytes read.
     /// Throws ZipError read_failed.
     std::size_t read_at(std::uint64_t offset, std::span<std::uint8_t> room) const;
 
  private:
-    std::intptr_t handle_;
+    OpenFile file_;
     std::string path_;
 };
 
 /// A file that is written beside its target under a name of its own and takes the target's place
-/// only by replace_target(); gone at the end of its life otherwise. What a killed process has left
-/// of its own goes when the next one is made in the folder: this one is held all its life.
+/// only in replace_target(); removed at the end of its life otherwise. What a killed process has
+/// left is removed when the next one is created in the folder; one in use is locked against that.
 ///
-/// What it replaces is kept but for the content: permissions, owner and attributes, as far as the
-/// system lets this user give them. Until then nobody has more rights to it than to the target.
+/// It gets the target's permissions, owner and attributes, as far as the system lets this user set
+/// them. Until then nobody has more rights to it than to the target.
 class NewFile {
  public:
     /// Throws ZipError cannot_create.
@@ -88,20 +120,19 @@ class NewFile {
     /// Throws ZipError write_failed.
     void write_at(std::uint64_t offset, ByteView bytes);
     void set_size(std::uint64_t size);
-    /// Puts the file on the disk and in the target's place, in one step for whoever looks.
+    /// Flushes the file to the disk and puts it in the target's place in one step.
     /// Throws ZipError write_failed or cannot_create; the target is then as it was.
     void replace_target();
 
  private:
+    // Implemented for each system.
+    /// Creates path_; false when there is such a file. On any other failure file_ stays empty.
+    [[nodiscard]] bool create();
+    [[nodiscard]] bool rename_to_target();
+
     std::string target_;
     std::string path_;
-    std::intptr_t handle_ = -1;
+    OpenFile file_;
 };
-
-/// A name for a file under work, in the folder of `target`; another at each call.
-[[nodiscard]] std::string temporary_name_beside(const std::string& target);
-
-/// Removes the files of such names in the folder of `target` that no process works on any more.
-void remove_abandoned_files_beside(const std::string& target);
 
 }  // namespace kovrel::zip

@@ -4,15 +4,13 @@
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 #include "file_access.h"
 #include "names.h"
-#include "zip_error.h"
+#include "runtime/owned.h"
 
 namespace kovrel::zip {
 namespace {
@@ -20,25 +18,29 @@ namespace {
 constexpr std::uint32_t dos_read_only = 0x01;
 constexpr std::uint32_t dos_folder = 0x10;
 
-int descriptor(std::intptr_t handle) {
-    return static_cast<int>(handle);
-}
-
 DosTime local_dos_time(std::time_t moment) {
     std::tm local{};
-    if (localtime_r(&moment, &local) == nullptr) {
-        return to_dos_time({1980, 1, 1, 0, 0, 0});
-    }
+    if (localtime_r(&moment, &local) == nullptr) return to_dos_time({1980, 1, 1, 0, 0, 0});
     return to_dos_time({local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
                         local.tm_min, local.tm_sec});
 }
 
-std::uint32_t entry_attributes(const struct stat& status) {
-    std::uint32_t dos = S_ISDIR(status.st_mode) ? dos_folder : 0;
-    if ((status.st_mode & S_IWUSR) == 0) {
-        dos |= dos_read_only;
-    }
-    return static_cast<std::uint32_t>(status.st_mode & 0xFFFF) << 16 | dos;
+bool is_same(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+int descriptor(const OpenFile& file) {
+    return static_cast<int>(file.handle());
+}
+
+// A call that a signal has interrupted is made again.
+template <typename Call>
+ssize_t uninterrupted(Call call) {
+    ssize_t result = 0;
+    do {
+        result = call();
+    } while (result < 0 && errno == EINTR);
+    return result;
 }
 
 }  // namespace
@@ -55,25 +57,21 @@ std::optional<FileStatus> file_status(const std::string& path) {
     }
     FileStatus result;
     result.folder = S_ISDIR(status.st_mode);
-    result.hidden_or_system = last_component(path, PathStyle::posix).starts_with('.');
+    result.hidden_or_system = last_component(path).starts_with('.');
     result.size = static_cast<std::uint64_t>(status.st_size);
     result.modified = local_dos_time(status.st_mtime);
-    result.attributes = entry_attributes(status);
+    result.attributes = static_cast<std::uint32_t>(status.st_mode & 0xFFFF) << 16 |
+                        (result.folder ? dos_folder : 0) |
+                        ((status.st_mode & S_IWUSR) == 0 ? dos_read_only : 0);
     return result;
 }
 
 std::vector<std::string> folder_names(const std::string& path) {
     std::vector<std::string> names;
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(path.c_str()), closedir);
-    while (folder) {
-        const dirent* found = readdir(folder.get());
-        if (found == nullptr) {
-            break;
-        }
+    const Owned<DIR*, &closedir> folder(opendir(path.c_str()));
+    while (const dirent* found = folder ? readdir(folder.get()) : nullptr) {
         const std::string_view name = found->d_name;
-        if (name != "." && name != "..") {
-            names.emplace_back(name);
-        }
+        if (name != "." && name != "..") names.emplace_back(name);
     }
     std::sort(names.begin(), names.end());
     return names;
@@ -83,7 +81,7 @@ bool is_same_file(const std::string& first, const std::string& second) {
     struct stat one {};
     struct stat other {};
     return stat(first.c_str(), &one) == 0 && stat(second.c_str(), &other) == 0 &&
-           one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+           is_same(one, other);
 }
 
 bool is_replaceable(const std::string& path) {
@@ -104,74 +102,61 @@ std::string final_path(const std::string& path) {
     std::string text(PATH_MAX, '\0');
     for (int links = 0; links < most_links; ++links) {
         const ssize_t length = readlink(result.c_str(), text.data(), text.size());
-        if (length <= 0) {
-            return result;
-        }
+        if (length <= 0) return result;
         const std::string_view target(text.data(), static_cast<std::size_t>(length));
-        result = is_absolute(target, PathStyle::posix)
-                     ? std::string(target)
-                     : folder_of(result, PathStyle::posix).append(target);
+        result = is_absolute(target) ? std::string(target) : folder_of(result).append(target);
     }
     return path;
 }
 
-// A file under work is locked by its writer as long as the writer lives.
+// Whoever writes a temporary file holds a lock on it.
 void remove_unheld_file(const std::string& path) {
-    const int file = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (file < 0) {
-        return;
-    }
+    const OpenFile file(open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     struct stat opened {};
     struct stat named {};
-    if (flock(file, LOCK_EX | LOCK_NB) == 0 && fstat(file, &opened) == 0 &&
-        lstat(path.c_str(), &named) == 0 && S_ISREG(named.st_mode) &&
-        opened.st_dev == named.st_dev && opened.st_ino == named.st_ino) {
+    if (file && flock(descriptor(file), LOCK_EX | LOCK_NB) == 0 &&
+        fstat(descriptor(file), &opened) == 0 && lstat(path.c_str(), &named) == 0 &&
+        S_ISREG(named.st_mode) && is_same(opened, named)) {
         remove_file(path);
     }
-    close(file);
 }
 
-InputFile::InputFile(const std::string& path)
-    : handle_(open(path.c_str(), O_RDONLY | O_CLOEXEC)), path_(path) {
-    if (handle_ < 0) {
-        throw ZipError(ZipCode::cannot_open_file, "could not open for reading: " + path);
-    }
+OpenFile::~OpenFile() {
+    if (*this) close(descriptor(*this));
 }
 
-InputFile::InputFile(InputFile&& other) noexcept
-    : handle_(std::exchange(other.handle_, -1)), path_(std::move(other.path_)) {}
-
-InputFile::~InputFile() {
-    if (handle_ >= 0) {
-        close(descriptor(handle_));
-    }
+OpenFile open_for_reading(const std::string& path) {
+    return OpenFile(open(path.c_str(), O_RDONLY | O_CLOEXEC));
 }
 
-std::uint64_t InputFile::size() const {
+std::optional<std::uint64_t> OpenFile::size() const noexcept {
     struct stat status {};
-    if (fstat(descriptor(handle_), &status) != 0) {
-        throw ZipError(ZipCode::read_failed, "could not read: " + path_);
-    }
+    if (fstat(descriptor(*this), &status) != 0) return std::nullopt;
     return static_cast<std::uint64_t>(status.st_size);
 }
 
-std::size_t InputFile::read_at(std::uint64_t offset, std::span<std::uint8_t> room) const {
-    std::size_t done = 0;
-    while (done < room.size()) {
-        const ssize_t count = pread(descriptor(handle_), room.data() + done, room.size() - done,
-                                    static_cast<off_t>(offset + done));
-        if (count < 0 && errno == EINTR) {
-            continue;
-        }
-        if (count < 0) {
-            throw ZipError(ZipCode::read_failed, "could not read: " + path_);
-        }
-        if (count == 0) {
-            break;
-        }
-        done += static_cast<std::size_t>(count);
-    }
-    return done;
+std::optional<std::size_t> OpenFile::read_some(std::uint64_t offset,
+                                               std::span<std::uint8_t> room) const noexcept {
+    const ssize_t count = uninterrupted([&] {
+        return pread(descriptor(*this), room.data(), room.size(), static_cast<off_t>(offset));
+    });
+    return count < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(count));
+}
+
+std::size_t OpenFile::write_some(std::uint64_t offset, ByteView bytes) const noexcept {
+    const ssize_t count = uninterrupted([&] {
+        return pwrite(descriptor(*this), bytes.data(), bytes.size(), static_cast<off_t>(offset));
+    });
+    return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+}
+
+bool OpenFile::set_size(std::uint64_t size) const noexcept {
+    return ftruncate(descriptor(*this), static_cast<off_t>(size)) == 0;
+}
+
+bool OpenFile::flush() const noexcept {
+    // EINVAL: a file system that has nothing to flush.
+    return fsync(descriptor(*this)) == 0 || errno == EINVAL;
 }
 
 }  // namespace kovrel::zip

@@ -1,17 +1,37 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <utility>
 
 #include "file_access.h"
-#include "wide_text.h"
+#include "runtime/owned.h"
+#include "services/text_encoding.h"
 #include "windows_files.h"
-#include "zip_error.h"
 
 namespace kovrel::zip {
 namespace {
 
 constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+// One call moves at most this much, so that a count always fits a DWORD.
+constexpr std::size_t largest_move = std::size_t{1} << 30;
+
+constexpr std::wstring_view unlimited = LR"(\\?\)";
+constexpr std::wstring_view unlimited_server = LR"(\\?\UNC\)";
+constexpr std::wstring_view server = LR"(\\)";
+
+// The text that a function returns when called twice, first for the text's length.
+template <typename Call>
+std::wstring text_of(Call call) {
+    std::wstring text(call(nullptr, 0), L'\0');
+    text.resize(call(text.data(), static_cast<DWORD>(text.size())));
+    return text;
+}
+
+std::wstring without_limit_prefix(const std::wstring& path) {
+    if (path.starts_with(unlimited_server)) {
+        return std::wstring(server).append(path, unlimited_server.size());
+    }
+    return path.starts_with(unlimited) ? path.substr(unlimited.size()) : path;
+}
 
 DosTime local_dos_time(const FILETIME& moment) {
     SYSTEMTIME universal{};
@@ -24,15 +44,43 @@ DosTime local_dos_time(const FILETIME& moment) {
         {local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond});
 }
 
-HANDLE open_to_compare(const std::string& path) {
-    return CreateFileW(system_path(path).c_str(), FILE_READ_ATTRIBUTES, share_all, nullptr,
-                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+OpenFile open_to_compare(const std::string& path) {
+    return open_file(path, FILE_READ_ATTRIBUTES, share_all, OPEN_EXISTING,
+                     FILE_FLAG_BACKUP_SEMANTICS);
+}
+
+OVERLAPPED at_offset(std::uint64_t offset) {
+    OVERLAPPED place{};
+    place.Offset = static_cast<DWORD>(offset);
+    place.OffsetHigh = static_cast<DWORD>(offset >> 32);
+    return place;
 }
 
 }  // namespace
 
-// Not DOS, although the attributes are its: Info-ZIP's unzip takes the names of DOS entries for
-// code page 850 even where they are marked as UTF-8.
+OpenFile open_file(const std::string& path, DWORD access, DWORD share, DWORD disposition,
+                   DWORD flags) {
+    return OpenFile(reinterpret_cast<std::intptr_t>(CreateFileW(
+        system_path(path).c_str(), access, share, nullptr, disposition, flags, nullptr)));
+}
+
+std::wstring full_path(const std::wstring& path) {
+    return text_of([&](wchar_t* text, DWORD size) {
+        return GetFullPathNameW(path.c_str(), size, text, nullptr);
+    });
+}
+
+std::wstring system_path(const std::string& path) {
+    std::wstring wide = from_utf8(path);
+    const DWORD needed = GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
+    if (needed < MAX_PATH - 12 || wide.starts_with(unlimited)) return wide;
+    const std::wstring full = full_path(wide);
+    return full.starts_with(server) ? std::wstring(unlimited_server).append(full, server.size())
+                                    : std::wstring(unlimited).append(full);
+}
+
+// Not DOS, despite the DOS attributes: Info-ZIP's unzip decodes the names of DOS entries as code
+// page 850 even where they are marked as UTF-8.
 std::uint16_t made_by_this_system() noexcept {
     return 10 << 8 | 20;
 }
@@ -59,38 +107,27 @@ std::optional<FileStatus> file_status(const std::string& path) {
 std::vector<std::string> folder_names(const std::string& path) {
     std::vector<std::string> names;
     WIN32_FIND_DATAW found{};
-    const HANDLE search = FindFirstFileW(system_path(path + "\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) {
-        return names;
-    }
+    const HANDLE handle = FindFirstFileW(system_path(path + "\\*").c_str(), &found);
+    if (handle == INVALID_HANDLE_VALUE) return names;
+    const Owned<HANDLE, &FindClose> search(handle);
     do {
         const std::wstring_view name = found.cFileName;
-        if (name != L"." && name != L"..") {
-            names.push_back(utf8_from_utf16(name));
-        }
-    } while (FindNextFileW(search, &found));
-    FindClose(search);
+        if (name != L"." && name != L"..") names.push_back(to_utf8(name));
+    } while (FindNextFileW(handle, &found));
     std::sort(names.begin(), names.end());
     return names;
 }
 
 bool is_same_file(const std::string& first, const std::string& second) {
-    const HANDLE one = open_to_compare(first);
-    const HANDLE other = open_to_compare(second);
+    const OpenFile one = open_to_compare(first);
+    const OpenFile other = open_to_compare(second);
     BY_HANDLE_FILE_INFORMATION one_is{};
     BY_HANDLE_FILE_INFORMATION other_is{};
-    const bool same = one != INVALID_HANDLE_VALUE && other != INVALID_HANDLE_VALUE &&
-                      GetFileInformationByHandle(one, &one_is) &&
-                      GetFileInformationByHandle(other, &other_is) &&
-                      one_is.dwVolumeSerialNumber == other_is.dwVolumeSerialNumber &&
-                      one_is.nFileIndexHigh == other_is.nFileIndexHigh &&
-                      one_is.nFileIndexLow == other_is.nFileIndexLow;
-    for (const HANDLE handle : {one, other}) {
-        if (handle != INVALID_HANDLE_VALUE) {
-            CloseHandle(handle);
-        }
-    }
-    return same;
+    return one && other && GetFileInformationByHandle(as_handle(one), &one_is) &&
+           GetFileInformationByHandle(as_handle(other), &other_is) &&
+           one_is.dwVolumeSerialNumber == other_is.dwVolumeSerialNumber &&
+           one_is.nFileIndexHigh == other_is.nFileIndexHigh &&
+           one_is.nFileIndexLow == other_is.nFileIndexLow;
 }
 
 bool is_replaceable(const std::string& path) {
@@ -107,75 +144,68 @@ bool remove_file(const std::string& path) noexcept {
 }
 
 std::string final_path(const std::string& path) {
-    const HANDLE file = open_to_compare(path);
-    if (file == INVALID_HANDLE_VALUE) {
-        return path;
-    }
-    std::wstring found(GetFinalPathNameByHandleW(file, nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
-    found.resize(GetFinalPathNameByHandleW(file, found.data(), static_cast<DWORD>(found.size()),
-                                           FILE_NAME_NORMALIZED));
-    CloseHandle(file);
-    return found.empty() ? path : utf8_from_utf16(without_limit_prefix(found));
+    const OpenFile file = open_to_compare(path);
+    if (!file) return path;
+    const std::wstring found = text_of([&](wchar_t* text, DWORD size) {
+        return GetFinalPathNameByHandleW(as_handle(file), text, size, FILE_NAME_NORMALIZED);
+    });
+    return found.empty() ? path : to_utf8(without_limit_prefix(found));
 }
 
 void remove_unheld_file(const std::string& path) {
-    // A file under work is opened so that nobody else can, until it has its target's name.
+    // A temporary file is opened for its writer alone until it has its target's name.
     remove_file(path);
 }
 
 std::string name_key(const std::string& name) {
-    const std::wstring wide = utf16_from_utf8(name);
-    std::wstring upper(wide.size(), L'\0');
-    LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, wide.data(), static_cast<int>(wide.size()),
-                 upper.data(), static_cast<int>(upper.size()));
-    return utf8_from_utf16(upper);
+    std::wstring key = from_utf8(name);
+    const int size = static_cast<int>(key.size());
+    LCMapStringW(LOCALE_INVARIANT, LCMAP_UPPERCASE, key.data(), size, key.data(), size);
+    return to_utf8(key);
 }
 
-InputFile::InputFile(const std::string& path)
-    : handle_(reinterpret_cast<std::intptr_t>(CreateFileW(system_path(path).c_str(), GENERIC_READ,
-                                                          share_all, nullptr, OPEN_EXISTING,
-                                                          FILE_FLAG_SEQUENTIAL_SCAN, nullptr))),
-      path_(path) {
-    if (handle_ == no_handle) {
-        throw ZipError(ZipCode::cannot_open_file, "could not open for reading: " + path);
-    }
+OpenFile::~OpenFile() {
+    if (*this) CloseHandle(as_handle(*this));
 }
 
-InputFile::InputFile(InputFile&& other) noexcept
-    : handle_(std::exchange(other.handle_, no_handle)), path_(std::move(other.path_)) {}
-
-InputFile::~InputFile() {
-    if (handle_ != no_handle) {
-        CloseHandle(as_handle(handle_));
-    }
+OpenFile open_for_reading(const std::string& path) {
+    return open_file(path, GENERIC_READ, share_all, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN);
 }
 
-std::uint64_t InputFile::size() const {
+std::optional<std::uint64_t> OpenFile::size() const noexcept {
     LARGE_INTEGER size{};
-    if (!GetFileSizeEx(as_handle(handle_), &size)) {
-        throw ZipError(ZipCode::read_failed, "could not read: " + path_);
-    }
+    if (!GetFileSizeEx(as_handle(*this), &size)) return std::nullopt;
     return static_cast<std::uint64_t>(size.QuadPart);
 }
 
-std::size_t InputFile::read_at(std::uint64_t offset, std::span<std::uint8_t> room) const {
-    std::size_t done = 0;
-    while (done < room.size()) {
-        OVERLAPPED place{};
-        place.Offset = static_cast<DWORD>(offset + done);
-        place.OffsetHigh = static_cast<DWORD>((offset + done) >> 32);
-        DWORD count = 0;
-        const auto wanted = static_cast<DWORD>(std::min(room.size() - done, largest_move));
-        if (!ReadFile(as_handle(handle_), room.data() + done, wanted, &count, &place) &&
-            GetLastError() != ERROR_HANDLE_EOF) {
-            throw ZipError(ZipCode::read_failed, "could not read: " + path_);
-        }
-        if (count == 0) {
-            break;
-        }
-        done += count;
+std::optional<std::size_t> OpenFile::read_some(std::uint64_t offset,
+                                               std::span<std::uint8_t> room) const noexcept {
+    OVERLAPPED place = at_offset(offset);
+    DWORD count = 0;
+    const auto wanted = static_cast<DWORD>(std::min(room.size(), largest_move));
+    if (!ReadFile(as_handle(*this), room.data(), wanted, &count, &place) &&
+        GetLastError() != ERROR_HANDLE_EOF) {
+        return std::nullopt;
     }
-    return done;
+    return count;
+}
+
+std::size_t OpenFile::write_some(std::uint64_t offset, ByteView bytes) const noexcept {
+    OVERLAPPED place = at_offset(offset);
+    DWORD count = 0;
+    const auto wanted = static_cast<DWORD>(std::min(bytes.size(), largest_move));
+    return WriteFile(as_handle(*this), bytes.data(), wanted, &count, &place) ? count : 0;
+}
+
+bool OpenFile::set_size(std::uint64_t size) const noexcept {
+    LARGE_INTEGER place{};
+    place.QuadPart = static_cast<LONGLONG>(size);
+    return SetFilePointerEx(as_handle(*this), place, nullptr, FILE_BEGIN) &&
+           SetEndOfFile(as_handle(*this));
+}
+
+bool OpenFile::flush() const noexcept {
+    return FlushFileBuffers(as_handle(*this)) != 0;
 }
 
 }  // namespace kovrel::zip

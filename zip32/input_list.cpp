@@ -9,7 +9,7 @@ namespace kovrel::zip {
 namespace {
 
 constexpr std::size_t longest_name = 0xFFFF;
-// Folders deeper than this are a loop of links.
+// Deeper folders are taken for a loop of links.
 constexpr int deepest_folder = 100;
 
 std::string join(std::string_view folder, std::string_view name) {
@@ -24,9 +24,7 @@ class Collector {
 
     void add_named(const std::string& given) {
         std::string path = given;
-        if (!options_.root.empty() && !is_absolute(given, native_path_style)) {
-            path = join(options_.root, given);
-        }
+        if (!options_.root.empty() && !is_absolute(given)) path = join(options_.root, given);
         const std::optional<FileStatus> status = file_status(path);
         if (!status) {
             warn("name not matched: " + given);
@@ -40,26 +38,20 @@ class Collector {
     std::vector<Input> take() { return std::move(inputs_); }
 
  private:
-    void warn(const std::string& text) const {
-        if (events_.message) {
-            events_.message("warning: " + text);
-        }
-    }
+    void warn(const std::string& text) const { events_.tell("warning: " + text); }
 
     void add_file(const std::string& path, const std::string& given, const FileStatus& status) {
         if (is_same_file(path, archive_path_)) {
             warn("the archive is not packed into itself: " + given);
             return;
         }
-        add({path,
-             options_.drop_folder_names ? last_component(given, native_path_style)
-                                        : relative_name(given, native_path_style),
+        add({path, options_.drop_folder_names ? last_component(given) : relative_name(given),
              status});
     }
 
     void add_folder(const std::string& path, const std::string& given, const FileStatus& status,
                     int depth) {
-        std::string name = relative_name(given, native_path_style);
+        std::string name = relative_name(given);
         if (options_.folder_entries && !options_.drop_folder_names && !name.empty()) {
             add({path, name + '/', status});
         }
@@ -111,9 +103,7 @@ std::vector<Input> collect_inputs(const std::string& archive_path,
                                   const std::vector<std::string>& names,
                                   const UpdateOptions& options, const UpdateEvents& events) {
     Collector collector(archive_path, options, events);
-    for (const std::string& name : names) {
-        collector.add_named(name);
-    }
+    for (const std::string& name : names) collector.add_named(name);
     return collector.take();
 }
 

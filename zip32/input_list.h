@@ -1,4 +1,4 @@
-// From the names given by the caller to the files that will be packed, each under its entry name.
+// The files to pack, each with its entry name, from the names that the caller gives.
 #pragma once
 
 #include <string>
@@ -15,8 +15,8 @@ struct Input {
     FileStatus status;
 };
 
-/// In the order of the names; what a folder holds follows it, in byte order of the names there.
-/// Names that lead nowhere are told to `events`. Throws ZipError bad_parameters when two different
+/// In the order of the names; a folder's contents follow it, in byte order of the names there.
+/// Names of no file are reported to `events`. Throws ZipError bad_parameters when two different
 /// files would have the same entry name, or a name is too long for an archive.
 [[nodiscard]] std::vector<Input> collect_inputs(const std::string& archive_path,
                                                 const std::vector<std::string>& names,

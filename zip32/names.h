@@ -17,31 +17,31 @@ inline constexpr PathStyle native_path_style =
     PathStyle::posix;
 #endif
 
-/// The last component of a path; empty when the path ends in a separator or names a folder by
-/// "." or "..".
-[[nodiscard]] std::string last_component(std::string_view path, PathStyle style);
+/// The last component of a path; empty when the path ends in a separator, "." or "..".
+[[nodiscard]] std::string last_component(std::string_view path,
+                                         PathStyle style = native_path_style);
 
-/// What stands before the last component, its separator or drive included: empty without any.
-[[nodiscard]] std::string folder_of(std::string_view path, PathStyle style);
+/// What precedes the last component, with its separator or drive: empty without any.
+[[nodiscard]] std::string folder_of(std::string_view path, PathStyle style = native_path_style);
 
 /// The path with "/" between its components and without drive, server, leading separators and the
 /// components "." and "..", so that unpacking never leaves the chosen folder.
-[[nodiscard]] std::string relative_name(std::string_view path, PathStyle style);
+[[nodiscard]] std::string relative_name(std::string_view path, PathStyle style = native_path_style);
 
-[[nodiscard]] bool is_absolute(std::string_view path, PathStyle style);
+[[nodiscard]] bool is_absolute(std::string_view path, PathStyle style = native_path_style);
 
 [[nodiscard]] bool is_ascii(std::string_view text) noexcept;
 
 /// Well-formed UTF-8: no overlong forms, no surrogates, nothing past U+10FFFF.
 [[nodiscard]] bool is_utf8(std::string_view text) noexcept;
 
-/// UTF-8 of text in code page 850, the one that archives of Western European DOS and Windows
-/// systems use for names without the UTF-8 mark (its lower-case letters are also those of 437).
+/// UTF-8 of text in code page 850, in which Western European DOS and Windows systems write names
+/// without the UTF-8 mark (its lower-case letters are also those of 437).
 [[nodiscard]] std::string utf8_from_code_page_850(std::string_view text);
 
-/// The UTF-8 name of an existing entry: the UTF-8 mark (bit 11 of `flags`) decides; then the
-/// Unicode path field (0x7075) where its checksum fits; then whether the bytes are UTF-8 written
-/// on Unix (`made_by` >> 8 is 3); code page 850 otherwise.
+/// The UTF-8 name of an existing entry: the bytes themselves with the UTF-8 mark (bit 11 of
+/// `flags`); else the Unicode path field (0x7075) if its checksum matches; else the bytes if they
+/// are UTF-8 and written on Unix (`made_by` >> 8 is 3); else the bytes as code page 850.
 [[nodiscard]] std::string entry_name_utf8(std::string_view raw, std::uint16_t flags,
                                           std::uint16_t made_by, std::string_view extra);
 

@@ -3,11 +3,6 @@
 #include <algorithm>
 
 namespace kovrel::zip {
-namespace {
-
-constexpr std::size_t capacity = std::size_t{512} * 1024;
-
-}  // namespace
 
 OutputBuffer::OutputBuffer(NewFile& file) : file_(file) {
     buffer_.reserve(capacity);
@@ -18,9 +13,7 @@ void OutputBuffer::write(ByteView bytes) {
         const std::size_t count = std::min(bytes.size(), capacity - buffer_.size());
         append_all(buffer_, bytes.first(count));
         bytes = bytes.subspan(count);
-        if (buffer_.size() == capacity) {
-            flush();
-        }
+        if (buffer_.size() == capacity) flush();
     }
 }
 
@@ -32,10 +25,9 @@ void OutputBuffer::overwrite(std::uint64_t offset, ByteView bytes) {
         bytes = bytes.subspan(count);
         offset += count;
     }
-    if (!bytes.empty()) {
-        std::copy(bytes.begin(), bytes.end(),
-                  buffer_.begin() + static_cast<std::ptrdiff_t>(offset - flushed_));
-    }
+    if (bytes.empty()) return;
+    std::copy(bytes.begin(), bytes.end(),
+              buffer_.begin() + static_cast<std::ptrdiff_t>(offset - flushed_));
 }
 
 void OutputBuffer::rewind(std::uint64_t offset) {

@@ -1,4 +1,4 @@
-// Sequential writing to a new file in large pieces, with places written before open to correction.
+// Sequential writing to a new file through a buffer; earlier bytes can still be corrected.
 #pragma once
 
 #include "file_access.h"
@@ -11,13 +11,15 @@ class OutputBuffer {
 
     [[nodiscard]] std::uint64_t position() const noexcept { return flushed_ + buffer_.size(); }
     void write(ByteView bytes);
-    /// Replaces bytes written before; `offset` + their count is at most position().
+    /// Replaces earlier bytes, none of them past position().
     void overwrite(std::uint64_t offset, ByteView bytes);
-    /// Takes back everything from `offset` on; at most position().
+    /// Discards everything from `offset` on, which is at most position().
     void rewind(std::uint64_t offset);
     void flush();
 
  private:
+    static constexpr std::size_t capacity = std::size_t{512} * 1024;
+
     NewFile& file_;
     std::uint64_t flushed_ = 0;
     Bytes buffer_;

@@ -10,12 +10,10 @@ PieceFeeder::PieceFeeder(std::vector<std::string> paths, WorkerPool& pool)
     : paths_(std::move(paths)), pool_(pool) {}
 
 const InputFile* PieceFeeder::next_file() {
-    if (writer_started_) {
-        sources_.pop_front();
-    }
+    if (writer_started_) files_.pop_front();
     writer_started_ = true;
     read_ahead();
-    const std::optional<InputFile>& file = sources_.front().file;
+    const std::optional<InputFile>& file = files_.front();
     return file ? &*file : nullptr;
 }
 
@@ -35,9 +33,7 @@ void PieceFeeder::read_ahead() {
             continue;
         }
         std::unique_ptr<Piece> piece = pool_.free_piece();
-        if (!piece) {
-            return;
-        }
+        if (!piece) return;
         fill(*piece);
         reading_ = !piece->last;
         pool_.submit(std::move(piece));
@@ -45,15 +41,13 @@ void PieceFeeder::read_ahead() {
 }
 
 void PieceFeeder::open_next() {
-    const std::string& path = paths_[next_path_++];
-    Source source;
+    std::optional<InputFile>& file = files_.emplace_back();
     try {
-        source.file.emplace(path);
+        file.emplace(paths_[next_path_++]);
         reading_ = true;
     } catch (const ZipError&) {
-        // The writer is told by the missing file, when its turn comes.
+        // next_file() returns null when the writer gets there.
     }
-    sources_.push_back(std::move(source));
     offset_ = 0;
     tail_.clear();
 }
@@ -62,7 +56,7 @@ void PieceFeeder::fill(Piece& piece) {
     std::copy_backward(tail_.begin(), tail_.end(),
                        piece.window.begin() + static_cast<std::ptrdiff_t>(dictionary_size));
     piece.dictionary_length = tail_.size();
-    piece.length = sources_.back().file->read_at(offset_, piece.room());
+    piece.length = files_.back()->read_at(offset_, piece.room());
     piece.last = piece.length < piece_size;
     offset_ += piece.length;
     if (!piece.last) {

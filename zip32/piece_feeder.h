@@ -1,5 +1,5 @@
-// Reads the files to pack ahead of the writer, one piece after the other, and hands the pieces to
-// the worker pool; gives them back compressed in the same order. Never holds a whole file.
+// Reads the files to pack ahead of the writer, piece by piece, and has the worker pool compress the
+// pieces; hands them out in the same order. Never holds a whole file.
 #pragma once
 
 #include <deque>
@@ -18,8 +18,8 @@ class PieceFeeder {
     /// `paths` in the order in which the writer will ask for them.
     PieceFeeder(std::vector<std::string> paths, WorkerPool& pool);
 
-    /// Goes on to the next file. The file, or nothing when it cannot be opened; valid until the
-    /// next call. The pieces of the file before have all been taken.
+    /// Goes on to the next file, once all pieces of the one before have been taken. Null when the
+    /// file cannot be opened; valid until the next call.
     [[nodiscard]] const InputFile* next_file();
     /// The current file's next piece, compressed; the file's last piece is marked. A file of no
     /// bytes, or of a whole number of pieces, ends in a piece without data.
@@ -28,10 +28,6 @@ class PieceFeeder {
     void give_back(std::unique_ptr<Piece> piece);
 
  private:
-    struct Source {
-        std::optional<InputFile> file;
-    };
-
     void read_ahead();
     void open_next();
     void fill(Piece& piece);
@@ -39,10 +35,11 @@ class PieceFeeder {
     std::vector<std::string> paths_;
     WorkerPool& pool_;
     std::size_t next_path_ = 0;
-    std::deque<Source> sources_;  // the writer's file, then those read ahead
+    // The writer's file, then those read ahead; nothing stands for one that cannot be opened.
+    std::deque<std::optional<InputFile>> files_;
     bool writer_started_ = false;
-    bool reading_ = false;      // whether sources_.back() has more to read
-    std::uint64_t offset_ = 0;  // in sources_.back()
+    bool reading_ = false;      // whether files_.back() has more to read
+    std::uint64_t offset_ = 0;  // in files_.back()
     Bytes tail_;                // the bytes before offset_, up to a dictionary's size
 };
 

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "extra_fields.h"
-
 namespace kovrel::zip {
 namespace {
 
@@ -17,12 +15,8 @@ std::string text_at(ByteView bytes, std::size_t offset, std::size_t length) {
 
 // Takes the next 64-bit value of the ZIP64 field where the 32-bit one says so.
 bool widen(std::uint64_t& value, ByteView& field) {
-    if (value != in_zip64) {
-        return true;
-    }
-    if (field.size() < 8) {
-        return false;
-    }
+    if (value != in_zip64) return true;
+    if (field.size() < 8) return false;
     value = load64(field, 0);
     field = field.subspan(8);
     return true;
@@ -40,17 +34,32 @@ std::uint16_t narrow_short(std::uint64_t value) {
 Bytes zip64_field(const CentralEntry& entry) {
     Bytes values;
     for (const std::uint64_t value : {entry.size, entry.packed_size, entry.local_offset}) {
-        if (value >= in_zip64) {
-            append(values, value);
-        }
+        if (value >= in_zip64) append(values, value);
     }
-    if (values.empty()) {
-        return values;
-    }
+    if (values.empty()) return values;
     Bytes field;
-    append(field, zip64_field_id);
-    append(field, static_cast<std::uint16_t>(values.size()));
+    append(field, zip64_field_id, static_cast<std::uint16_t>(values.size()));
     append_all(field, values);
+    return field;
+}
+
+// The fields from "version needed" to the name's length, which both headers of an entry share.
+void append_shared_fields(Bytes& bytes, const CentralEntry& entry, bool zip64,
+                          std::uint32_t packed_size, std::uint32_t size) {
+    append(bytes, zip64 ? std::max(entry.version_needed, zip64_version) : entry.version_needed,
+           entry.flags, entry.method, entry.modified.time, entry.modified.date, entry.crc,
+           packed_size, size, static_cast<std::uint16_t>(entry.name.size()));
+}
+
+constexpr std::size_t field_header = 4;
+
+// Takes the field at the front off, header included; empty when there is no complete one.
+std::string_view take_extra_field(std::string_view& extra) {
+    if (extra.size() < field_header) return {};
+    const std::size_t length = field_header + load16(as_bytes(extra), 2);
+    if (length > extra.size()) return {};
+    const std::string_view field = extra.substr(0, length);
+    extra.remove_prefix(length);
     return field;
 }
 
@@ -64,9 +73,7 @@ std::optional<CentralEntry> take_central_entry(ByteView& directory) {
     const std::size_t extra_length = load16(directory, 30);
     const std::size_t comment_length = load16(directory, 32);
     const std::size_t length = central_header_size + name_length + extra_length + comment_length;
-    if (directory.size() < length) {
-        return std::nullopt;
-    }
+    if (directory.size() < length) return std::nullopt;
     CentralEntry entry;
     entry.made_by = load16(directory, 4);
     entry.version_needed = load16(directory, 6);
@@ -86,8 +93,7 @@ std::optional<CentralEntry> take_central_entry(ByteView& directory) {
         text_at(directory, central_header_size + name_length + extra_length, comment_length);
     directory = directory.subspan(length);
 
-    const std::string_view found = find_extra_field(extra, zip64_field_id);
-    ByteView wide(reinterpret_cast<const std::uint8_t*>(found.data()), found.size());
+    ByteView wide = as_bytes(find_extra_field(extra, zip64_field_id));
     if (!widen(entry.size, wide) || !widen(entry.packed_size, wide) ||
         !widen(entry.local_offset, wide) || (volume != 0 && volume != in_zip64_short)) {
         return std::nullopt;
@@ -98,24 +104,12 @@ std::optional<CentralEntry> take_central_entry(ByteView& directory) {
 
 void append_central_entry(Bytes& bytes, const CentralEntry& entry) {
     const Bytes wide = zip64_field(entry);
-    append(bytes, central_signature);
-    append(bytes, entry.made_by);
-    append(bytes,
-           wide.empty() ? entry.version_needed : std::max(entry.version_needed, zip64_version));
-    append(bytes, entry.flags);
-    append(bytes, entry.method);
-    append(bytes, entry.modified.time);
-    append(bytes, entry.modified.date);
-    append(bytes, entry.crc);
-    append(bytes, narrow(entry.packed_size));
-    append(bytes, narrow(entry.size));
-    append(bytes, static_cast<std::uint16_t>(entry.name.size()));
-    append(bytes, static_cast<std::uint16_t>(wide.size() + entry.extra.size()));
-    append(bytes, static_cast<std::uint16_t>(entry.comment.size()));
-    append(bytes, std::uint16_t{0});
-    append(bytes, entry.internal_attributes);
-    append(bytes, entry.external_attributes);
-    append(bytes, narrow(entry.local_offset));
+    append(bytes, central_signature, entry.made_by);
+    append_shared_fields(bytes, entry, !wide.empty(), narrow(entry.packed_size),
+                         narrow(entry.size));
+    append(bytes, static_cast<std::uint16_t>(wide.size() + entry.extra.size()),
+           static_cast<std::uint16_t>(entry.comment.size()), std::uint16_t{0},
+           entry.internal_attributes, entry.external_attributes, narrow(entry.local_offset));
     append_all(bytes, entry.name);
     append_all(bytes, wide);
     append_all(bytes, entry.extra);
@@ -124,51 +118,42 @@ void append_central_entry(Bytes& bytes, const CentralEntry& entry) {
 
 void append_local_header(Bytes& bytes, const CentralEntry& entry, bool zip64) {
     append(bytes, local_signature);
-    append(bytes, zip64 ? std::max(entry.version_needed, zip64_version) : entry.version_needed);
-    append(bytes, entry.flags);
-    append(bytes, entry.method);
-    append(bytes, entry.modified.time);
-    append(bytes, entry.modified.date);
-    append(bytes, entry.crc);
-    append(bytes, zip64 ? in_zip64 : narrow(entry.packed_size));
-    append(bytes, zip64 ? in_zip64 : narrow(entry.size));
-    append(bytes, static_cast<std::uint16_t>(entry.name.size()));
+    append_shared_fields(bytes, entry, zip64, zip64 ? in_zip64 : narrow(entry.packed_size),
+                         zip64 ? in_zip64 : narrow(entry.size));
     append(bytes, static_cast<std::uint16_t>(zip64 ? 20 : 0));
     append_all(bytes, entry.name);
-    if (zip64) {
-        append(bytes, zip64_field_id);
-        append(bytes, std::uint16_t{16});
-        append(bytes, entry.size);
-        append(bytes, entry.packed_size);
-    }
+    if (zip64) append(bytes, zip64_field_id, std::uint16_t{16}, entry.size, entry.packed_size);
 }
 
 void append_directory_end(Bytes& bytes, const DirectoryEnd& end, std::uint64_t position) {
+    constexpr std::uint16_t volume = 0;
+    constexpr std::uint32_t wide_volume = 0;
     if (end.entry_count >= in_zip64_short || end.size >= in_zip64 || end.offset >= in_zip64) {
-        append(bytes, end64_signature);
-        append(bytes, std::uint64_t{end64_record_size - 12});
-        append(bytes, zip64_version);
-        append(bytes, zip64_version);
-        append(bytes, std::uint32_t{0});
-        append(bytes, std::uint32_t{0});
-        append(bytes, end.entry_count);
-        append(bytes, end.entry_count);
-        append(bytes, end.size);
-        append(bytes, end.offset);
-        append(bytes, locator64_signature);
-        append(bytes, std::uint32_t{0});
-        append(bytes, position);
-        append(bytes, std::uint32_t{1});
+        constexpr std::uint64_t rest_of_record = end64_record_size - 12;
+        constexpr std::uint32_t volume_count = 1;
+        append(bytes, end64_signature, rest_of_record, zip64_version, zip64_version, wide_volume,
+               wide_volume, end.entry_count, end.entry_count, end.size, end.offset);
+        append(bytes, locator64_signature, wide_volume, position, volume_count);
     }
-    append(bytes, end_signature);
-    append(bytes, std::uint16_t{0});
-    append(bytes, std::uint16_t{0});
-    append(bytes, narrow_short(end.entry_count));
-    append(bytes, narrow_short(end.entry_count));
-    append(bytes, narrow(end.size));
-    append(bytes, narrow(end.offset));
-    append(bytes, static_cast<std::uint16_t>(end.comment.size()));
+    const std::uint16_t count = narrow_short(end.entry_count);
+    append(bytes, end_signature, volume, volume, count, count, narrow(end.size), narrow(end.offset),
+           static_cast<std::uint16_t>(end.comment.size()));
     append_all(bytes, end.comment);
+}
+
+std::string_view find_extra_field(std::string_view extra, std::uint16_t id) noexcept {
+    for (std::string_view field; !(field = take_extra_field(extra)).empty();) {
+        if (load16(as_bytes(field), 0) == id) return field.substr(field_header);
+    }
+    return {};
+}
+
+std::string without_extra_field(std::string_view extra, std::uint16_t id) {
+    std::string kept;
+    for (std::string_view field; !(field = take_extra_field(extra)).empty();) {
+        if (load16(as_bytes(field), 0) != id) kept.append(field);
+    }
+    return kept.append(extra);
 }
 
 }  // namespace kovrel::zip

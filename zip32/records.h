@@ -1,10 +1,11 @@
 // The records of an archive, as the published ZIP file format lays them out: local headers, the
-// central directory's entries and the records at its end, ZIP64 forms included.
+// central directory's entries, their extra fields and the records at the end, ZIP64 forms included.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "bytes.h"
 #include "times.h"
@@ -24,7 +25,7 @@ inline constexpr std::size_t end_record_size = 22;
 inline constexpr std::size_t end64_record_size = 56;
 inline constexpr std::size_t locator64_size = 20;
 
-/// A 32-bit field with this value, or a 16-bit one with the other, stands in a ZIP64 record.
+/// A 32-bit or 16-bit field of this value has its real value in a ZIP64 record.
 inline constexpr std::uint32_t in_zip64 = 0xFFFFFFFF;
 inline constexpr std::uint16_t in_zip64_short = 0xFFFF;
 
@@ -60,7 +61,7 @@ struct CentralEntry {
 
 void append_central_entry(Bytes& bytes, const CentralEntry& entry);
 
-/// The local header of an entry. With `zip64`, its sizes stand in 64 bits whatever their value.
+/// The local header of an entry. With `zip64`, both sizes are written in 64 bits.
 void append_local_header(Bytes& bytes, const CentralEntry& entry, bool zip64);
 
 /// What the records after the central directory say.
@@ -71,7 +72,14 @@ struct DirectoryEnd {
     std::string comment;       // the archive's own
 };
 
-/// With the ZIP64 records where 16 and 32 bits are not enough; `position` is where they will stand.
+/// With the ZIP64 records where 16 and 32 bits are not enough; `position` is where they begin.
 void append_directory_end(Bytes& bytes, const DirectoryEnd& end, std::uint64_t position);
+
+/// An entry's extra fields are a sequence of (16-bit id, 16-bit length, data). The data of the
+/// first one with that id; empty when there is none or the sequence is broken before it.
+[[nodiscard]] std::string_view find_extra_field(std::string_view extra, std::uint16_t id) noexcept;
+
+/// The sequence without its fields of that id; a broken tail is kept as it is.
+[[nodiscard]] std::string without_extra_field(std::string_view extra, std::uint16_t id);
 
 }  // namespace kovrel::zip

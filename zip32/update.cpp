@@ -25,7 +25,7 @@ constexpr unsigned most_threads = 16;
 struct Step {
     const OldEntry* old = nullptr;
     const Input* input = nullptr;
-    // A further entry of the name that the file replaces: it goes once the file is packed.
+    // A further entry of the name that the file replaces: dropped once the file is packed.
     bool is_duplicate = false;
 
     [[nodiscard]] bool packs() const { return input != nullptr && !is_duplicate; }
@@ -39,93 +39,51 @@ unsigned thread_count(const UpdateOptions& options) {
 
 std::optional<ArchiveReader> open_existing(const std::string& path) {
     const std::optional<FileStatus> status = file_status(path);
-    if (!status) {
-        return std::nullopt;
-    }
+    if (!status) return std::nullopt;
     if (status->folder || !is_replaceable(path)) {
         throw ZipError(ZipCode::cannot_create, "cannot be replaced: " + path);
     }
-    if (status->size == 0) {
-        return std::nullopt;
-    }
+    if (status->size == 0) return std::nullopt;
     return std::optional<ArchiveReader>(std::in_place, path);
 }
 
 bool is_wanted(const Input& input, const OldEntry* old, Selection selection) {
-    if (selection == Selection::all) {
-        return true;
-    }
+    if (selection == Selection::all) return true;
     return old == nullptr ? selection == Selection::newer_or_new
                           : old->central.modified < input.status.modified;
 }
 
-// The entry that a file replaces.
-struct Target {
-    const OldEntry* entry = nullptr;
-    std::string name;
-};
-
-using Targets = std::unordered_map<const Input*, Target>;
-
-// An old entry beside the file that is the same to the system, if there is one.
-struct Pairing {
-    const Input* input = nullptr;
-    std::string name;  // the entry's, in UTF-8
-};
-
-std::vector<Pairing> pair_with_inputs(std::span<const OldEntry> old,
-                                      const std::vector<Input>& inputs) {
-    std::unordered_map<std::string, const Input*> by_key;
-    for (const Input& input : inputs) {
-        by_key.emplace(name_key(input.name), &input);
-    }
-    std::vector<Pairing> pairings;
-    pairings.reserve(old.size());
-    for (const OldEntry& entry : old) {
-        const CentralEntry& central = entry.central;
-        std::string name =
-            entry_name_utf8(central.name, central.flags, central.made_by, central.extra);
-        const auto found = by_key.find(name_key(name));
-        pairings.push_back(found == by_key.end() ? Pairing{}
-                                                 : Pairing{found->second, std::move(name)});
-    }
-    return pairings;
-}
-
-// An archive from another system may hold names that differ in capitals alone: the very name comes
-// before the first that Windows takes for the same file.
-Targets choose_targets(std::span<const OldEntry> old, const std::vector<Pairing>& pairings) {
-    Targets targets;
-    for (std::size_t i = 0; i < old.size(); ++i) {
-        const auto& [input, name] = pairings[i];
-        if (input == nullptr) {
-            continue;
-        }
-        Target& target = targets[input];
-        if (target.entry == nullptr || (name == input->name && target.name != name)) {
-            target = {&old[i], name};
-        }
-    }
-    return targets;
-}
-
 // Old entries keep their places; a file that replaces one takes its place, new ones follow.
-// Readers would find the last entry of a name that occurs several times, so the others go too.
+// Duplicates of a replaced entry are dropped, since readers take the last entry of a name.
 std::vector<Step> plan_steps(std::span<const OldEntry> old, const std::vector<Input>& inputs,
                              Selection selection) {
-    const std::vector<Pairing> pairings = pair_with_inputs(old, inputs);
-    const Targets targets = choose_targets(old, pairings);
+    std::unordered_map<std::string, const Input*> by_key;
+    for (const Input& input : inputs) by_key.emplace(name_key(input.name), &input);
+
+    // Which entry a file replaces. An archive from another system may hold names that differ in
+    // capitals alone: the exact name comes before the first that Windows takes for the same file.
+    std::unordered_map<const Input*, std::size_t> targets;
+    std::vector<std::string> names;  // of the entries, in UTF-8
     std::vector<Step> steps;
     for (std::size_t i = 0; i < old.size(); ++i) {
-        Step step{&old[i]};
-        if (const auto& [input, name] = pairings[i]; input != nullptr) {
-            const Target& target = targets.at(input);
-            if (name == target.name && is_wanted(*input, target.entry, selection)) {
-                step.input = input;
-                step.is_duplicate = target.entry != step.old;
-            }
+        const CentralEntry& entry = old[i].central;
+        names.push_back(entry_name_utf8(entry.name, entry.flags, entry.made_by, entry.extra));
+        const auto found = by_key.find(name_key(names[i]));
+        steps.push_back({&old[i], found == by_key.end() ? nullptr : found->second});
+        if (found == by_key.end()) continue;
+        const Input* const input = found->second;
+        std::size_t& target = targets.try_emplace(input, i).first->second;
+        if (names[i] == input->name && names[target] != input->name) target = i;
+    }
+
+    for (std::size_t i = 0; i < old.size(); ++i) {
+        Step& step = steps[i];
+        if (step.input == nullptr) continue;
+        const std::size_t target = targets.at(step.input);
+        if (names[i] != names[target] || !is_wanted(*step.input, &old[target], selection)) {
+            step.input = nullptr;
         }
-        steps.push_back(step);
+        step.is_duplicate = step.input != nullptr && i != target;
     }
     for (const Input& input : inputs) {
         if (!targets.contains(&input) && is_wanted(input, nullptr, selection)) {
@@ -158,36 +116,22 @@ class Update {
         NewFile file(archive_path_);
         OutputBuffer output(file);
         ArchiveWriter writer(output);
-        if (old && !options_.drop_prefix) {
-            writer.copy_prefix(*old);
-        }
+        if (old && !options_.drop_prefix) writer.copy_prefix(*old);
         write_entries(steps, old, writer);
-        if (packed_.empty()) {
-            return ZipCode::cannot_open_file;
-        }
+        if (packed_.empty()) return ZipCode::cannot_open_file;
         writer.finish(old ? old->comment() : std::string());
         old.reset();  // an open file cannot be replaced on Windows
         file.replace_target();
-        if (options_.move) {
-            remove_packed();
-        }
+        if (options_.move) remove_packed();
         return unopened_.empty() ? ZipCode::ok : ZipCode::cannot_open_file;
     }
 
  private:
-    void tell(const std::string& line) const {
-        if (events_.message) {
-            events_.message(line);
-        }
-    }
-
     void write_entries(const std::vector<Step>& steps, const std::optional<ArchiveReader>& old,
                        ArchiveWriter& writer) {
         std::vector<std::string> paths;
         for (const Step& step : steps) {
-            if (step.packs() && !step.input->status.folder) {
-                paths.push_back(step.input->path);
-            }
+            if (step.packs() && !step.input->status.folder) paths.push_back(step.input->path);
         }
         WorkerPool pool(thread_count(options_), options_.level);
         PieceFeeder feeder(std::move(paths), pool);
@@ -200,7 +144,7 @@ class Update {
         }
     }
 
-    // A duplicate stands after the entry that is replaced, so it is known whether that worked.
+    // A duplicate follows the replaced entry, so it is known whether the file could be opened.
     [[nodiscard]] bool stays(const Step& step) const {
         return !step.is_duplicate || unopened_.contains(step.input);
     }
@@ -214,7 +158,7 @@ class Update {
         } else if (const InputFile* file = feeder.next_file()) {
             writer.add_file(std::move(entry), *file, feeder, options_.level);
         } else {
-            tell("warning: could not open for reading: " + input.path);
+            events_.tell("warning: could not open for reading: " + input.path);
             unopened_.insert(&input);
             return false;
         }
@@ -224,8 +168,8 @@ class Update {
 
     void report(const Step& step, const CentralEntry& entry) const {
         if (!events_.quiet) {
-            tell(std::string(step.old != nullptr ? "updating: " : "adding: ") + entry.name +
-                 (entry.method == method_deflate ? " (deflated)" : " (stored)"));
+            events_.tell(std::string(step.old != nullptr ? "updating: " : "adding: ") + entry.name +
+                         (entry.method == method_deflate ? " (deflated)" : " (stored)"));
         }
         if (events_.entry_done && events_.entry_done(entry.name, entry.size)) {
             throw ZipError(ZipCode::aborted, "stopped by the caller");
@@ -235,7 +179,7 @@ class Update {
     void remove_packed() const {
         for (const Input* input : packed_) {
             if (!input->status.folder && !remove_file(input->path)) {
-                tell("warning: could not delete: " + input->path);
+                events_.tell("warning: could not delete: " + input->path);
             }
         }
     }
@@ -253,9 +197,7 @@ ZipCode update_archive(const std::string& archive_path, const std::vector<std::s
                        const UpdateOptions& options, const UpdateEvents& events) {
     const auto fail = [&](ZipCode code, std::string_view text) {
         try {
-            if (events.message) {
-                events.message("error: " + std::string(text));
-            }
+            events.tell("error: " + std::string(text));
         } catch (...) {
             return ZipCode::internal_error;
         }

@@ -1,5 +1,8 @@
 // The engine's one operation: files packed into a new archive, or into an existing one whose other
-// entries stay as they are.
+// entries stay as they are. The container format is our own code, over zlib, rather than a
+// library's, so that one file is deflated on several threads into the same bytes as on one, kept
+// entries are copied as they stand, and the old archive stays whole until the new one takes its
+// place.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "return_codes.h"
+#include "zip_error.h"
 
 namespace kovrel::zip {
 
@@ -23,8 +26,8 @@ struct UpdateOptions {
     int level = 6;         // 0 stores; 1 fastest to 9 smallest
     unsigned threads = 0;  // 0: one for each of the machine's cores
     Selection selection = Selection::all;
-    bool drop_folder_names = true;  // entries get the last component of the path alone
-    bool recurse = false;           // a folder among the names brings what it holds
+    bool drop_folder_names = true;  // entries get only the last component of the path
+    bool recurse = false;           // folders among the names are packed with their contents
     bool include_hidden = false;    // hidden and system files found by recursion too
     bool folder_entries = false;    // folders get entries (never with dropped names)
     bool move = false;              // files are deleted once the archive is complete
@@ -32,39 +35,43 @@ struct UpdateOptions {
     std::string root;               // the folder that relative names start from
 };
 
-/// Who listens. Both are called on the thread of update_archive(); either may be empty.
+/// Called on the thread of update_archive(); either function may be empty.
 struct UpdateEvents {
-    /// One line for each warning, error and (not `quiet`) entry; English, UTF-8.
+    /// One line for each warning, error and, unless `quiet`, entry; English, UTF-8.
     std::function<void(std::string_view line)> message;
-    /// After each entry: its name (UTF-8) and its file's size. True stops everything.
+    /// After each entry: its name (UTF-8) and its file's size. True stops the update.
     std::function<bool(std::string_view name, std::uint64_t size)> entry_done;
     bool quiet = true;
+
+    void tell(const std::string& line) const {
+        if (message) message(line);
+    }
 };
 
 /// Packs the files of those names (UTF-8 paths) into the archive at `archive_path`; the name is
 /// taken as it is, without adding an extension.
 ///
-/// - The archive is written beside its target and takes its place only when complete. Whatever the
-///   answer, the target is either the old archive, untouched, or the new one. Only a process that
-///   is killed leaves its working file (zi and eight digits, .tmp) beside it, until the next update
-///   in that folder.
-/// - A new archive keeps what it replaces was but for the content: permissions, owner, attributes.
-///   Where the path is a link, the archive that it leads to is replaced, not the link.
-/// - An archive whose comment holds the end record of another one is refused: programs do not agree
-///   about which of them it is.
+/// - The archive is written to a temporary file beside its target, which it replaces only when
+///   complete: with any return code, the target is either the old archive, untouched, or the new
+///   one. Only a killed process leaves its temporary file (zi and eight digits, .tmp), until the
+///   next update in that folder.
+/// - The new archive keeps the old one's permissions, owner and attributes. Where the path is a
+///   link, the archive that it leads to is replaced, not the link.
+/// - An archive whose comment holds another end record is refused: programs disagree about which
+///   of them counts.
 /// - Its bytes depend on the files, the old archive, the options and the system's time zone, never
 ///   on the number of threads.
-/// - A file replaces the entry of exactly its name, failing that the first whose name is the same
-///   file's to the system (on Windows, whatever the capitals). Of several entries of the name that
-///   is replaced one remains; entries that differ from it in capitals stay.
-/// - A name that leads to no file is a warning; no file at all is nothing_to_do. A file that
-///   cannot be opened is left out (the entries of its name stay) and the answer, with the archive
-///   complete, is cannot_open_file.
+/// - A file replaces the entry of exactly its name; without one, the first whose name is the same
+///   to the system (on Windows, in any capitals). Of several entries of the replaced name one
+///   remains; entries that differ from it in capitals stay.
+/// - A name of no file is a warning; no file at all is nothing_to_do. A file that cannot be opened
+///   is left out (the entries of its name stay), and the complete archive's return code is
+///   cannot_open_file.
 /// - Two files of the same entry name are bad_parameters before anything is written; one file named
-///   twice is packed once. The archive itself is never packed into itself.
-/// - An existing file of no bytes is written over as if there were none.
+///   twice is packed once. The archive is never packed into itself.
+/// - An existing file of no bytes is replaced as if there were none.
 ///
-/// Every ZipCode that is not said there to be never answered can be; nothing is thrown.
+/// Throws nothing.
 [[nodiscard]] ZipCode update_archive(const std::string& archive_path,
                                      const std::vector<std::string>& names,
                                      const UpdateOptions& options, const UpdateEvents& events);

@@ -1,27 +1,25 @@
-// What the two sources behind file_access.h share on Windows.
+// What the two sources for Windows behind file_access.h share.
 #pragma once
 
 #include <windows.h>
 
-#include <cstdint>
 #include <string>
+
+#include "file_access.h"
 
 namespace kovrel::zip {
 
-inline constexpr std::intptr_t no_handle = -1;
-/// One call moves at most this much, so that a count always fits a DWORD.
-inline constexpr std::size_t largest_move = std::size_t{1} << 30;
-
-[[nodiscard]] inline HANDLE as_handle(std::intptr_t value) {
-    return reinterpret_cast<HANDLE>(value);
+[[nodiscard]] inline HANDLE as_handle(const OpenFile& file) {
+    return reinterpret_cast<HANDLE>(file.handle());
 }
+
+/// CreateFileW without security attributes and template.
+[[nodiscard]] OpenFile open_file(const std::string& path, DWORD access, DWORD share,
+                                 DWORD disposition, DWORD flags);
 
 [[nodiscard]] std::wstring full_path(const std::wstring& path);
 
-/// The path as the file functions take it; past the classic limit, in the form without limit.
+/// The path as the system's functions take it: past the classic limit, with the prefix "\\?\".
 [[nodiscard]] std::wstring system_path(const std::string& path);
-
-/// A path in the form without limit, as users write it.
-[[nodiscard]] std::wstring without_limit_prefix(const std::wstring& path);
 
 }  // namespace kovrel::zip

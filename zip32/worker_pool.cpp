@@ -17,22 +17,16 @@ void run_guarded(PieceDeflater& deflater, Piece& piece, std::exception_ptr& fail
 
 WorkerPool::WorkerPool(unsigned threads, int level) {
     const unsigned pieces = threads > 1 ? 2 * threads + 2 : 1;
-    for (unsigned i = 0; i < pieces; ++i) {
-        free_.push_back(std::make_unique<Piece>());
-    }
-    for (unsigned i = 0; i < std::max(threads, 1U); ++i) {
-        deflaters_.push_back(std::make_unique<PieceDeflater>(level));
-    }
-    if (threads < 2) {
-        return;
-    }
+    for (unsigned i = 0; i < pieces; ++i) free_.push_back(std::make_unique<Piece>());
+    for (unsigned i = 0; i < std::max(threads, 1U); ++i) deflaters_.emplace_back(level);
+    if (threads < 2) return;
     threads_.reserve(threads);
     try {
-        for (const auto& deflater : deflaters_) {
-            threads_.emplace_back([this, &deflater] { work(*deflater); });
+        for (PieceDeflater& deflater : deflaters_) {
+            threads_.emplace_back([this, &deflater] { work(deflater); });
         }
     } catch (const std::exception&) {
-        // Those that could be started do the work; with none, the calling thread does.
+        // The threads that did start do the work; with none, submit() does.
     }
 }
 
@@ -42,15 +36,11 @@ WorkerPool::~WorkerPool() {
         stopping_ = true;
     }
     work_to_do_.notify_all();
-    for (std::thread& thread : threads_) {
-        thread.join();
-    }
+    for (std::thread& thread : threads_) thread.join();
 }
 
 std::unique_ptr<Piece> WorkerPool::free_piece() {
-    if (free_.empty()) {
-        return nullptr;
-    }
+    if (free_.empty()) return nullptr;
     std::unique_ptr<Piece> piece = std::move(free_.back());
     free_.pop_back();
     return piece;
@@ -61,11 +51,11 @@ void WorkerPool::give_back(std::unique_ptr<Piece> piece) {
 }
 
 void WorkerPool::submit(std::unique_ptr<Piece> piece) {
-    auto job = std::make_unique<Job>();
-    job->piece = std::move(piece);
+    Job job;
+    job.piece = std::move(piece);
     if (threads_.empty()) {
-        run_guarded(*deflaters_.front(), *job->piece, job->failure);
-        job->done = true;
+        run_guarded(deflaters_.front(), *job.piece, job.failure);
+        job.done = true;
     }
     {
         const std::lock_guard lock(mutex_);
@@ -75,41 +65,33 @@ void WorkerPool::submit(std::unique_ptr<Piece> piece) {
 }
 
 std::unique_ptr<Piece> WorkerPool::take() {
-    std::unique_ptr<Job> job;
+    Job job;
     {
         std::unique_lock lock(mutex_);
-        work_done_.wait(lock, [this] { return jobs_.front()->done; });
+        work_done_.wait(lock, [this] { return jobs_.front().done; });
         job = std::move(jobs_.front());
         jobs_.pop_front();
     }
-    if (job->failure) {
-        std::rethrow_exception(job->failure);
-    }
-    return std::move(job->piece);
-}
-
-WorkerPool::Job* WorkerPool::next_job() {
-    for (const auto& job : jobs_) {
-        if (!job->started) {
-            return job.get();
-        }
-    }
-    return nullptr;
+    if (job.failure) std::rethrow_exception(job.failure);
+    return std::move(job.piece);
 }
 
 void WorkerPool::work(PieceDeflater& deflater) {
     std::unique_lock lock(mutex_);
     while (true) {
-        Job* job = nullptr;
-        work_to_do_.wait(lock, [&] { return stopping_ || (job = next_job()) != nullptr; });
-        if (stopping_) {
-            return;
-        }
-        job->started = true;
+        auto next = jobs_.end();
+        work_to_do_.wait(lock, [&] {
+            next = std::ranges::find(jobs_, false, &Job::started);
+            return stopping_ || next != jobs_.end();
+        });
+        if (stopping_) return;
+        // A reference, unlike the iterator, stays valid while jobs are added and removed.
+        Job& job = *next;
+        job.started = true;
         lock.unlock();
-        run_guarded(deflater, *job->piece, job->failure);
+        run_guarded(deflater, *job.piece, job.failure);
         lock.lock();
-        job->done = true;
+        job.done = true;
         work_done_.notify_one();
     }
 }

@@ -1,5 +1,5 @@
-// The threads that compress pieces. Pieces are handed in and taken back in one order by one
-// thread; in between they are worked on in any order.
+// The threads that compress pieces. One thread submits pieces and takes them back in the same
+// order; in between they are compressed in any order.
 #pragma once
 
 #include <condition_variable>
@@ -16,18 +16,18 @@ namespace kovrel::zip {
 
 class WorkerPool final {
  public:
-    /// `threads` 1 compresses on the calling thread, in submit(); more start that many threads
-    /// (fewer where the system gives no more). Throws std::bad_alloc.
+    /// With 1 thread, submit() compresses on the calling thread; with more, that many are started
+    /// (fewer if the system cannot start them). Throws std::bad_alloc.
     WorkerPool(unsigned threads, int level);
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
-    /// Waits for the pieces under work and drops the others.
+    /// Waits for the pieces being compressed and drops the others.
     ~WorkerPool();
 
-    /// A piece to fill, or nothing while all of them are on their way.
+    /// A piece to fill; null while all of them are submitted.
     [[nodiscard]] std::unique_ptr<Piece> free_piece();
     void submit(std::unique_ptr<Piece> piece);
-    /// The oldest piece handed in, once it is compressed; at least one is on its way.
+    /// The oldest submitted piece, of which there must be one, once it is compressed.
     /// Throws what its compression threw.
     [[nodiscard]] std::unique_ptr<Piece> take();
     void give_back(std::unique_ptr<Piece> piece);
@@ -41,14 +41,13 @@ class WorkerPool final {
     };
 
     void work(PieceDeflater& deflater);
-    [[nodiscard]] Job* next_job();
 
-    std::vector<std::unique_ptr<PieceDeflater>> deflaters_;
+    std::deque<PieceDeflater> deflaters_;
     std::vector<std::unique_ptr<Piece>> free_;
     std::mutex mutex_;
     std::condition_variable work_to_do_;
     std::condition_variable work_done_;
-    std::deque<std::unique_ptr<Job>> jobs_;  // in the order of submit()
+    std::deque<Job> jobs_;  // in the order of submit()
     bool stopping_ = false;
     std::vector<std::thread> threads_;
 };

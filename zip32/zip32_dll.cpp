@@ -1,4 +1,4 @@
-// zip32.dll's entry points: plain parameters and records on one side, the engine on the other.
+// zip32.dll's entry points: from plain parameters and records to the engine's own types.
 #include <windows.h>
 
 #include <algorithm>
@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "services/text_encoding.h"
 #include "update.h"
-#include "wide_text.h"
 #include "zip32.h"
 
 namespace kovrel::zip {
@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t print_buffer_size = 4097;
 constexpr std::size_t longest_root = 1024;
 
-// What ZpInit and ZpSetOptions were given last. Plain data, so that loading the DLL runs nothing.
+// What ZpInit and ZpSetOptions were given last. Plain data, so that loading the DLL runs no code.
 struct Settings {
     ZpCallbacks callbacks;
     ZpOptions options;
@@ -26,34 +26,25 @@ struct Settings {
 };
 Settings settings;
 
-// The run-time library leaks a thread-local slot each time it is unloaded after a throw; hosts that
-// load and unload it again and again would run out of them. So it stays, once it has worked.
+// Pins the DLL: the run-time library in it leaks a thread-local slot each time that it is unloaded
+// after a throw, and hosts that load and unload it often would run out of them.
 void stay_loaded() {
     HMODULE module = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
                        reinterpret_cast<LPCWSTR>(&stay_loaded), &module);
 }
 
-bool asks_for_another_archive(const ZpOptions& o) {
-    return o.encrypt != 0 || o.exclude_by_date != 0 || o.include_by_date != 0 ||
+bool is_refused(const ZpOptions& o) {
+    const bool is_level = o.level == 0 || (o.level >= '0' && o.level <= '9');
+    return !is_level || o.encrypt != 0 || o.exclude_by_date != 0 || o.include_by_date != 0 ||
            o.crlf_to_lf != 0 || o.lf_to_crlf != 0 || o.recurse > 1 || o.dos_names != 0 ||
            o.delete_entries != 0 || o.repair != 0;
 }
 
-std::optional<int> level_of(std::uint8_t byte) {
-    if (byte == 0) {
-        return 6;
-    }
-    return byte >= '0' && byte <= '9' ? std::optional<int>(byte - '0') : std::nullopt;
-}
-
 std::optional<UpdateOptions> engine_options(const ZpOptions& given) {
-    const std::optional<int> level = level_of(given.level);
-    if (!level || asks_for_another_archive(given)) {
-        return std::nullopt;
-    }
+    if (is_refused(given)) return std::nullopt;
     UpdateOptions options;
-    options.level = *level;
+    if (given.level != 0) options.level = given.level - '0';
     options.selection = given.freshen != 0  ? Selection::newer
                         : given.update != 0 ? Selection::newer_or_new
                                             : Selection::all;
@@ -63,17 +54,15 @@ std::optional<UpdateOptions> engine_options(const ZpOptions& given) {
     options.folder_entries = given.no_folder_entries == 0;
     options.move = given.move != 0;
     options.drop_prefix = given.junk_prefix != 0;
-    options.root = utf8_from_ansi(settings.root.data());
+    options.root = to_utf8(from_ansi(settings.root.data()));
     return options;
 }
 
 void print(std::string_view line) {
     const ZpPrint callback = settings.callbacks.print;
-    if (callback == nullptr) {
-        return;
-    }
+    if (callback == nullptr) return;
     std::array<char, print_buffer_size> buffer{};
-    const std::string text = ansi_from_utf8(line);
+    const std::string text = to_ansi(from_utf8(line));
     const std::size_t length = std::min(text.size(), buffer.size() - 2);
     std::memcpy(buffer.data(), text.data(), length);
     buffer[length] = '\n';
@@ -83,7 +72,7 @@ void print(std::string_view line) {
 bool entry_done(std::string_view name, std::uint64_t size) {
     const ZpService callback = settings.callbacks.service;
     return callback != nullptr &&
-           callback(ansi_from_utf8(name).c_str(), static_cast<unsigned long>(size)) != 0;
+           callback(to_ansi(from_utf8(name)).c_str(), static_cast<unsigned long>(size)) != 0;
 }
 
 ZipCode archive_files(int count, const char* archive, const char* const* names) {
@@ -98,29 +87,25 @@ ZipCode archive_files(int count, const char* archive, const char* const* names) 
     std::vector<std::string> paths;
     for (int i = 0; i < count; ++i) {
         if (names[i] != nullptr && names[i][0] != '\0') {
-            paths.push_back(utf8_from_ansi(names[i]));
+            paths.push_back(to_utf8(from_ansi(names[i])));
         }
     }
     const UpdateEvents events{print, entry_done, settings.options.quiet != 0};
-    return update_archive(utf8_from_ansi(archive), paths, *options, events);
+    return update_archive(to_utf8(from_ansi(archive)), paths, *options, events);
 }
 
 }  // namespace
 }  // namespace kovrel::zip
 
 extern "C" int __stdcall ZpInit(const ZpCallbacks* callbacks) {
-    if (callbacks == nullptr) {
-        return 0;
-    }
+    if (callbacks == nullptr) return 0;
     kovrel::zip::settings.callbacks = *callbacks;
     return 1;
 }
 
 extern "C" int __stdcall ZpSetOptions(const ZpOptions* options) {
     using kovrel::zip::settings;
-    if (options == nullptr) {
-        return 0;
-    }
+    if (options == nullptr) return 0;
     settings.options = *options;
     settings.options.date = nullptr;
     settings.options.root_folder = nullptr;

@@ -6,18 +6,14 @@
 #include <functional>
 #include <thread>
 
+#include "services/text_encoding.h"
 #include "tests/automation/zip_installation.h"
-#include "zip32/wide_text.h"
 
 namespace kovrel::test {
 namespace {
 
 using testing::Each;
 using testing::ElementsAre;
-
-std::string ansi(const std::wstring& text) {
-    return zip::ansi_from_utf8(zip::test::utf8(std::filesystem::path(text)));
-}
 
 class ZipSpy : public Archives {
  protected:
@@ -106,7 +102,7 @@ TEST_F(ZipSpy, CountPathAndNamesInTheAnsiCodePage) {
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"Año – 5 €.zip", {L"C:\\señal ñ.txt", L"d\\ÁÉÍÓÚ.txt", L"", L"tras"}), L"");
     EXPECT_EQ(seen_->count, 2);
-    EXPECT_EQ(seen_->archive, ansi(folder() + L"\\Año – 5 €.zip"));
+    EXPECT_EQ(seen_->archive, to_ansi(folder() + L"\\Año – 5 €.zip"));
     EXPECT_THAT(std::string(seen_->archive), testing::EndsWith("A\xF1o \x96 5 \x80.zip"));
     EXPECT_STREQ(seen_->names[0],
                  "C:\\se\xF1"
@@ -150,7 +146,7 @@ TEST_F(ZipSpy, AnExistingFileIsLeftToIt) {
     EXPECT_EQ(generate(L"a.zip", {L"f"}), path("a.zip"));
     ASSERT_EQ(boxes.seen().size(), 1U);
     EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(replaced_text));
-    EXPECT_EQ(seen_->archive, ansi(path("a.zip")));
+    EXPECT_EQ(seen_->archive, to_ansi(path("a.zip")));
     EXPECT_EQ(folder_.read("a.zip"), "queda");
 }
 
@@ -203,7 +199,7 @@ TEST_F(ZipSpy, WhatTheCodePageLacksIsAQuestionMark) {
     for (const bool with_record : {false, true}) {
         with_record_ = with_record;
         EXPECT_EQ(generate(L"\x03A9.zip", {L"C:\\\x03A9\x4E2D\x0436.txt"}), L"");
-        EXPECT_EQ(seen_->archive, ansi(folder()) + "\\?.zip");
+        EXPECT_EQ(seen_->archive, to_ansi(folder()) + "\\?.zip");
         EXPECT_STREQ(seen_->names[0], "C:\\???.txt");
     }
 }

@@ -1,6 +1,5 @@
-// An archive as it may be found on a disk, updated with one file. Whatever it holds: no crash, a
-// return code that says what is wrong, or a new archive in which every entry that could be read
-// before can still be read, byte for byte.
+// Updates any bytes as an archive with one file. Either a return code says what is wrong and the
+// bytes stay, or every entry that could be read before can still be read, byte for byte.
 #include <cstdint>
 #include <cstdlib>
 #include <map>

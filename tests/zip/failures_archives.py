@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""What may go wrong around an update: the process killed in the middle, the disk full, inputs that
-cannot be read. The archive under its name is always the old one or the new one, whole.
+"""Failures during an update: the process killed in the middle, the disk full, inputs that cannot be
+read. The archive is always either the old one or the complete new one.
 Usage: failures_archives.py TOPIC COMMAND..., which is zip_cli, or the emulator and a program that
 calls the DLL; status 77 where the topic cannot be tried."""
 import os
@@ -106,7 +106,7 @@ def kill_at_a_moment(child, rng, duration, folder):
 
 
 def kill_while_writing(child, rng, duration, folder, before):
-    """However long the machine takes to get there; from right then to near the end."""
+    """At a random moment after the writing has begun, however long that takes."""
     while child.poll() is None and set(working_files(folder)) <= before:
         time.sleep(0.001)
     kill_at_a_moment(child, rng, duration * 0.7, folder)
@@ -125,7 +125,7 @@ def kills(folder):
         expect(pack(archive, *inputs) == 0, "the updated archive")
         durations.append(time.monotonic() - start)
     new = read(archive)
-    # Not of the form that files under work have, or not to be removed.
+    # Not to be removed: names that only resemble those of temporary files, and a folder.
     others = [write(os.path.join(folder, name), b"1")
               for name in ("zi0123456g.tmp", "zi01234567.tmp2", "zi012345678.tmp", "zz01234567.tmp")]
     os.mkdir(os.path.join(folder, "zi89abcdef.tmp"))
@@ -159,7 +159,7 @@ def kills(folder):
 
 
 def side_by_side(folder):
-    """Updates in one folder at one time: none removes the file that another one works on."""
+    """Simultaneous updates in one folder: none removes another one's temporary file."""
     inputs = [write(os.path.join(folder, f"f{i}"), text(i, 400_000)) for i in range(3)]
     archives = [os.path.join(folder, f"a{i}.zip") for i in range(4)]
     for _ in range(2 if ON_WINDOWS else 20):
@@ -171,8 +171,8 @@ def side_by_side(folder):
         expect(not working_files(folder), "stray files")
 
 
-def what_an_archive_was(folder):
-    """Replaced by its update, it keeps its permissions and owner, and its place behind a link."""
+def permissions_and_links(folder):
+    """An update keeps the archive's permissions and owner, and the links to it."""
     archive = os.path.join(folder, "a.zip")
     first, second = (write(os.path.join(folder, name), name.encode()) for name in ("f1", "f2"))
     new_mode = None
@@ -198,7 +198,7 @@ def what_an_archive_was(folder):
     os.symlink("c.zip", inner + ".link")
     for link, leads_to in ((archive, target), (os.path.join(folder, "c.zip"), inner + ".link")):
         os.symlink(leads_to, link)
-        # Where a link leads to no file yet, POSIX systems tell where that is.
+        # Only POSIX systems resolve a link that leads to no file yet.
         made_as = os.path.realpath(link) if ON_WINDOWS else link
         expect(pack(made_as, first) == 0, "an archive where a link leads")
         expect(pack(link, second) == 0, "an update through a link")
@@ -216,7 +216,7 @@ def unreadable_input(folder):
     os.chmod(secret, 0)
     through = ()
     if os.access(secret, os.R_OK):
-        # The administrator may read everything, but for one who has given that right up.
+        # An administrator may read everything unless that right is dropped.
         through = ("setpriv", "--inh-caps=-all", "--bounding-set=-all")
         if subprocess.run([*through, "cat", secret], stdout=subprocess.DEVNULL,
                           stderr=subprocess.DEVNULL).returncode != 1:
@@ -292,7 +292,7 @@ def write_limit(folder):
     expect(sorted(os.listdir(folder)) == before, "stray files after a failed write")
 
 
-TOPICS = (kills, side_by_side, what_an_archive_was, unreadable_input, pipe, full_disk,
+TOPICS = (kills, side_by_side, permissions_and_links, unreadable_input, pipe, full_disk,
           on_a_full_disk, write_limit)
 
 

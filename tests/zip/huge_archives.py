@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Past the limits of the classic format, 4 GiB and 65,535 entries, judged by other programs.
+"""Past the limits of the classic format, 4 GiB and 65,535 entries, checked with other programs.
 Usage: huge_archives.py TOPIC ZIP_CLI; status 77 where there is no room for the topic's files."""
 import os
 import shutil

@@ -1,5 +1,5 @@
-// A reader of archives for tests, written apart from the engine's: it trusts nothing but the
-// central directory, ZIP64 forms included, and unpacks what it finds there.
+// A reader of archives for tests, which shares no code with the engine: it goes by the central
+// directory alone, ZIP64 forms included, and unpacks what it finds there.
 #pragma once
 
 #include <cstdint>

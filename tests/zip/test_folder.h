@@ -1,4 +1,4 @@
-// A folder of a test's own, with helpers to fill it; gone at the test's end.
+// A temporary folder for one test, with helpers to fill it.
 #pragma once
 
 #include <filesystem>

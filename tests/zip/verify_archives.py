@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Archives of the engine, judged by programs that others wrote: unzip, zip, Python's zipfile,
-bsdtar and 7-Zip. Contents must be equal byte for byte, and accented names right in each.
+"""Archives of the engine, checked with other programs: unzip, zip, Python's zipfile, bsdtar and
+7-Zip. Contents must be equal byte for byte, and accented names right in each.
 Usage: verify_archives.py COMMAND...; zip_cli, or the emulator and a program that calls the DLL."""
 import os
 import random
@@ -113,7 +113,7 @@ def main():
             expect_origin(archive, FILES)
             judge(archive, dict.fromkeys(PROGRAMS, FILES), work)
 
-        # Archives that others made, updated here: what is not replaced stays as it was.
+        # Archives of other programs, updated: entries that are not replaced stay as they were.
         changed = {"texto.txt": b"cambiado", "nuevo ñ.txt": b"nuevo" * 1000}
         other = os.path.join(work, "otros")
         os.mkdir(other)

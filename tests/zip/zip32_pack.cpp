@@ -1,4 +1,4 @@
-// zip32.dll as a command, with the records as a host fills them, for programs that judge archives:
+// zip32.dll as a command, called with the records as a host fills them:
 //   zip32_pack [-0 ... -9] ARCHIVE FILE...
 // The exit status is what the DLL answers.
 #include <windows.h>

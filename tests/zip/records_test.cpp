@@ -1,7 +1,7 @@
-// The records of an archive, written and read back, in 32 and 64 bits.
-#include <gtest/gtest.h>
-
+// The records of an archive, written and read back, classic and ZIP64.
 #include "records.h"
+
+#include <gtest/gtest.h>
 
 namespace kovrel::zip {
 namespace {
@@ -41,7 +41,7 @@ void expect_equal(const CentralEntry& a, const CentralEntry& b) {
     EXPECT_EQ(a.comment, b.comment);
 }
 
-TEST(ZipRecords, DirectoryEntryThereAndBack) {
+TEST(ZipRecords, DirectoryEntryWrittenAndRead) {
     Bytes bytes;
     append_central_entry(bytes, sample());
     EXPECT_EQ(bytes.size(), central_header_size + 8 + 5 + 4);
@@ -53,7 +53,7 @@ TEST(ZipRecords, DirectoryEntryThereAndBack) {
     EXPECT_EQ(read->version_needed, 20);
 }
 
-TEST(ZipRecords, Past4GiBTheFieldOf64BitsHoldsWhatDoesNotFit) {
+TEST(ZipRecords, TheZip64FieldHoldsWhatDoesNotFit32Bits) {
     for (int which = 1; which < 8; ++which) {
         CentralEntry entry = sample();
         if (which & 1) entry.size = 0xFFFFFFFF;
@@ -80,14 +80,14 @@ TEST(ZipRecords, BrokenDirectoryEntriesAreRefused) {
     other_volume[34] = 1;
     ByteView view(other_volume);
     EXPECT_FALSE(take_central_entry(view));
-    // A size said to stand in a field that is not there.
+    // A size that refers to a ZIP64 field, without the field.
     Bytes promised = bytes;
     for (int i = 24; i < 28; ++i) promised[static_cast<std::size_t>(i)] = 0xFF;
     view = promised;
     EXPECT_FALSE(take_central_entry(view));
 }
 
-TEST(ZipRecords, LocalHeaderIsAsLongBeforeAsAfterItsSizesAreKnown) {
+TEST(ZipRecords, LocalHeader) {
     CentralEntry entry = sample();
     for (const bool zip64 : {false, true}) {
         Bytes header;

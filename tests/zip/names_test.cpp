@@ -1,9 +1,10 @@
-// Entry names, times of day and extra fields of archives.
+// Entry names, DOS times and extra fields of archives.
+#include "names.h"
+
 #include <gtest/gtest.h>
 #include <zlib.h>
 
-#include "extra_fields.h"
-#include "names.h"
+#include "records.h"
 #include "times.h"
 
 namespace kovrel::zip {
@@ -40,7 +41,7 @@ TEST(ZipNames, AbsolutePaths) {
     EXPECT_FALSE(is_absolute("", PathStyle::windows));
 }
 
-TEST(ZipNames, Utf8IsToldFromOtherBytes) {
+TEST(ZipNames, Utf8IsValidated) {
     for (const char* good : {"", "abc", "año", "€", "\xF0\x9F\x98\x80", "\xED\x9F\xBF",
                              "\xEE\x80\x80", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_TRUE(is_utf8(good)) << good;
@@ -75,7 +76,7 @@ std::string unicode_path_field(const std::string& raw, const std::string& name) 
     return field + name;
 }
 
-TEST(ZipNames, TheUnicodeFieldCountsWhileItsChecksumFits) {
+TEST(ZipNames, TheUnicodeFieldCountsIfItsChecksumMatches) {
     EXPECT_EQ(entry_name_utf8("a?\xA4", 0, 0, unicode_path_field("a?\xA4", "a€ñ")), "a€ñ");
     EXPECT_EQ(entry_name_utf8("b\xA4", 0, 0, unicode_path_field("a?\xA4", "a€ñ")), "bñ");
     EXPECT_EQ(entry_name_utf8("b\xA4", 0, 0, unicode_path_field("b\xA4", "b\xFF")), "bñ");
@@ -88,7 +89,7 @@ TEST(ZipExtraFields, FoundAndTakenOut) {
     EXPECT_EQ(find_extra_field(one + two, 7), "");
     EXPECT_EQ(without_extra_field(one + two + one, 1), two);
     EXPECT_EQ(without_extra_field(two, 1), two);
-    // A broken tail is nobody's to throw away.
+    // A broken tail is kept.
     EXPECT_EQ(without_extra_field(one + "abc", 1), "abc");
     EXPECT_EQ(without_extra_field(one + std::string("\x09\x00\xFF\xFFq", 5), 1),
               std::string("\x09\x00\xFF\xFFq", 5));
@@ -104,7 +105,7 @@ TEST(ZipTimes, DosLayout) {
     EXPECT_EQ(to_dos_time({1980, 1, 1, 0, 0, 0}), (DosTime{33, 0}));
 }
 
-TEST(ZipTimes, OutsideTheRangeTheNearestMoment) {
+TEST(ZipTimes, OutsideTheRangeTheNearestMomentIsTaken) {
     EXPECT_EQ(to_dos_time({1979, 12, 31, 23, 59, 59}), (DosTime{33, 0}));
     EXPECT_EQ(to_dos_time({1601, 1, 1, 12, 0, 0}), (DosTime{33, 0}));
     EXPECT_EQ(to_dos_time({2108, 1, 1, 0, 0, 0}), to_dos_time({2107, 12, 31, 23, 59, 58}));

@@ -1,8 +1,8 @@
 // Pieces compressed on their own that join into one deflate stream.
+#include "deflater.h"
+
 #include <gtest/gtest.h>
 
-#include "deflater.h"
-#include "incompressible.h"
 #include "tests/zip/plain_reader.h"
 #include "tests/zip/test_folder.h"
 #include "worker_pool.h"
@@ -60,20 +60,20 @@ TEST(ZipDeflater, PiecesJoinIntoOneStream) {
     }
 }
 
-TEST(ZipDeflater, WhatCannotBeCompressedGrowsByItsBlockHeadersAlone) {
+TEST(ZipDeflater, IncompressibleDataGrowsByItsBlockHeadersAlone) {
     const std::string data = incompressible(piece_size, 5);
     const std::string packed = deflate_in_pieces(data, piece_size, 6);
     EXPECT_EQ(packed.size(), data.size() + 5 * 5);
     EXPECT_EQ(test::inflate_raw(packed, data.size()), data);
 }
 
-TEST(ZipDeflater, ThePieceBeforeIsUsed) {
+TEST(ZipDeflater, ThePieceBeforeIsTheDictionary) {
     const std::string half = incompressible(30'000, 6);
     const std::string packed = deflate_in_pieces(half + half, half.size(), 6);
     EXPECT_LT(packed.size(), half.size() + 2000);
 }
 
-TEST(ZipDeflater, Level0TakesTheChecksumAlone) {
+TEST(ZipDeflater, Level0ComputesOnlyTheChecksum) {
     Piece piece;
     const std::string data = compressible(5000, 7);
     fill(piece, data, 0, data.size());
@@ -99,7 +99,7 @@ TEST(ZipIncompressible, ASmallReadablePartOrARepetitionIsSeen) {
     EXPECT_TRUE(looks_incompressible(bytes_of(noise + noise.substr(0, 20'000))));
 }
 
-TEST(ZipWorkerPool, PiecesComeBackInTheirOrderWhateverTheThreads) {
+TEST(ZipWorkerPool, PiecesComeBackInOrderWithAnyNumberOfThreads) {
     const std::string data = compressible(3'000'000, 13);
     std::vector<std::string> results;
     for (const unsigned threads : {1U, 2U, 5U}) {
@@ -128,7 +128,7 @@ TEST(ZipWorkerPool, PiecesComeBackInTheirOrderWhateverTheThreads) {
     EXPECT_EQ(results[2], results[0]);
 }
 
-TEST(ZipWorkerPool, CanBeLeftWithPiecesOnTheirWay) {
+TEST(ZipWorkerPool, CanBeDestroyedWithPiecesInIt) {
     WorkerPool pool(3, 9);
     const std::string data = compressible(piece_size, 14);
     while (std::unique_ptr<Piece> piece = pool.free_piece()) {

@@ -1,0 +1,164 @@
+// Files packed into archives: contents, names, levels, folders, what is reported.
+#include "tests/zip/update_fixture.h"
+
+namespace kovrel::zip {
+namespace {
+
+using test::compressible;
+using test::from_utf8;
+using test::incompressible;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST_F(ZipUpdate, FilesAreDeflatedOrStoredWhicheverIsSmaller) {
+    const std::string text = compressible(700'000, 1);
+    const std::string noise = incompressible(600'000, 2);
+    ASSERT_EQ(pack({folder.write("x/texto.txt", text), folder.write("y/foto.jpg", noise),
+                    folder.write("vacio", ""), folder.write("corto", "a")}),
+              ZipCode::ok);
+    const auto found = entries();
+    ASSERT_EQ(found.size(), 4U);
+    EXPECT_EQ(found[0].name, "texto.txt");
+    EXPECT_EQ(found[0].method, 8);
+    EXPECT_TRUE(found[0].data == text);
+    EXPECT_EQ(found[1].name, "foto.jpg");
+    EXPECT_EQ(found[1].method, 0);
+    EXPECT_TRUE(found[1].data == noise);
+    EXPECT_EQ(found[2].method, 0);
+    EXPECT_EQ(found[2].data, "");
+    EXPECT_EQ(found[3].method, 0);
+    EXPECT_EQ(found[3].data, "a");
+    for (const auto& entry : found) {
+        EXPECT_TRUE(entry.readable) << entry.name;
+        EXPECT_EQ(entry.flags, 0);
+    }
+    EXPECT_THAT(messages, IsEmpty());
+    EXPECT_THAT(done, ElementsAre("texto.txt 700000", "foto.jpg 600000", "vacio 0", "corto 1"));
+    EXPECT_EQ(folder.count(), 5U);
+}
+
+TEST_F(ZipUpdate, SizesAroundThePiecesOfAFile) {
+    for (const long difference : {-1L, 0L, 1L}) {
+        for (const std::size_t pieces : {1U, 2U, 3U}) {
+            const std::size_t size = pieces * 262'144U + static_cast<std::size_t>(difference);
+            for (const bool text : {true, false}) {
+                const std::string data = text ? compressible(size, 3) : incompressible(size, 4);
+                ASSERT_EQ(pack({folder.write("f", data)}), ZipCode::ok);
+                EXPECT_TRUE(data_of("f") == data) << size;
+                EXPECT_EQ(entries()[0].method, text ? 8 : 0);
+            }
+        }
+    }
+}
+
+TEST_F(ZipUpdate, Level0Stores) {
+    options.level = 0;
+    const std::string text = compressible(600'000, 5);
+    ASSERT_EQ(pack({folder.write("t", text)}), ZipCode::ok);
+    EXPECT_EQ(entries()[0].method, 0);
+    EXPECT_TRUE(data_of("t") == text);
+}
+
+TEST_F(ZipUpdate, HigherLevelsAreNotLarger) {
+    const std::string file = folder.write("t", compressible(600'000, 6));
+    std::size_t before = 0;
+    for (options.level = 9; options.level >= 0; options.level -= 3) {
+        ASSERT_EQ(pack({file}), ZipCode::ok);
+        EXPECT_GE(folder.read("a.zip").size(), before);
+        before = folder.read("a.zip").size();
+    }
+}
+
+TEST_F(ZipUpdate, NamesOutsideAsciiAreMarkedAsUtf8) {
+    ASSERT_EQ(pack({folder.write("Añoñería €.txt", "1"), folder.write("plain.txt", "2")}),
+              ZipCode::ok);
+    EXPECT_EQ(entries()[0].name, "Añoñería €.txt");
+    EXPECT_EQ(entries()[0].flags, 1 << 11);
+    EXPECT_EQ(entries()[1].flags, 0);
+}
+
+TEST_F(ZipUpdate, TheSameBytesWithAnyNumberOfThreads) {
+    std::vector<std::string> files;
+    for (unsigned i = 0; i < 20; ++i) {
+        files.push_back(folder.write("f" + std::to_string(i), i % 3 == 0
+                                                                  ? incompressible(i * 40'000, i)
+                                                                  : compressible(i * 70'000, i)));
+    }
+    std::string first;
+    for (options.threads = 1; options.threads <= 5; ++options.threads) {
+        std::filesystem::remove(from_utf8(folder / "a.zip"));
+        ASSERT_EQ(pack(files), ZipCode::ok);
+        const std::string archive = folder.read("a.zip");
+        if (first.empty()) {
+            first = archive;
+        }
+        EXPECT_TRUE(archive == first) << options.threads;
+    }
+}
+
+TEST_F(ZipUpdate, OneFileNamedTwiceIsPackedOnce) {
+    const std::string file = folder.write("f", "1");
+    EXPECT_EQ(pack({file, file, folder / "./f"}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("f"));
+}
+
+TEST_F(ZipUpdate, AMissingFileIsAWarning) {
+    EXPECT_EQ(pack({folder / "no", folder.write("f", "1")}), ZipCode::ok);
+    EXPECT_THAT(messages, ElementsAre("warning: name not matched: " + (folder / "no")));
+    EXPECT_THAT(names(), ElementsAre("f"));
+}
+
+TEST_F(ZipUpdate, TheArchiveIsNotPackedIntoItself) {
+    ASSERT_EQ(pack({folder.write("f", "1")}), ZipCode::ok);
+    EXPECT_EQ(pack({folder / "a.zip", folder / "f"}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("f"));
+    EXPECT_THAT(messages, ElementsAre(HasSubstr("not packed into itself")));
+}
+
+TEST_F(ZipUpdate, NothingIsLeftWhenTheCallerStopsIt) {
+    stop_after = 2;
+    EXPECT_EQ(pack({folder.write("a", "1"), folder.write("b", "2"), folder.write("c", "3")}),
+              ZipCode::aborted);
+    EXPECT_FALSE(folder.exists("a.zip"));
+    EXPECT_EQ(folder.count(), 3U);
+}
+
+TEST_F(ZipUpdate, FilesAreMovedOnlyOnceTheArchiveIsComplete) {
+    options.move = true;
+    stop_after = 1;
+    EXPECT_EQ(pack({folder.write("f", "1")}), ZipCode::aborted);
+    EXPECT_TRUE(folder.exists("f"));
+    stop_after = 0;
+    EXPECT_EQ(pack({folder / "f"}), ZipCode::ok);
+    EXPECT_FALSE(folder.exists("f"));
+    EXPECT_THAT(names(), ElementsAre("f"));
+}
+
+TEST_F(ZipUpdate, FoldersAreSearchedAndKeepTheirNames) {
+    folder.write("d/z", "1");
+    folder.write("d/e/y", "2");
+    options.recurse = true;
+    options.drop_folder_names = false;
+    options.folder_entries = true;
+    options.root = test::utf8(folder.path());
+    EXPECT_EQ(pack({"d"}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("d/", "d/e/", "d/e/y", "d/z"));
+    EXPECT_EQ(data_of("d/e/y"), "2");
+    std::filesystem::remove(from_utf8(folder / "a.zip"));
+    options.folder_entries = false;
+    options.drop_folder_names = true;
+    EXPECT_EQ(pack({"d"}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("y", "z"));
+}
+
+TEST_F(ZipUpdate, EachEntryIsReportedUnlessQuiet) {
+    quiet = false;
+    ASSERT_EQ(pack({folder.write("a", "1"), folder.write("b", compressible(900, 1))}), ZipCode::ok);
+    EXPECT_THAT(messages, ElementsAre("adding: a (stored)", "adding: b (deflated)"));
+    ASSERT_EQ(pack({folder / "a"}), ZipCode::ok);
+    EXPECT_THAT(messages, ElementsAre("updating: a (stored)"));
+}
+
+}  // namespace
+}  // namespace kovrel::zip
