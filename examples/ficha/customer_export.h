@@ -13,7 +13,7 @@ namespace ficha {
 
 struct ExportJob {
     std::filesystem::path folder;
-    std::vector<CustomerRecord::Value> values;
+    std::vector<CustomerRecord::Entry> values;
     std::filesystem::path photograph;  ///< empty: none
 };
 
