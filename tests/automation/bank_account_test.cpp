@@ -1,7 +1,7 @@
 // clsFGen's bank account codes and the letters of tax identifiers, as hosts call them.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {

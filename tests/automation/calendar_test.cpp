@@ -5,8 +5,8 @@
 #include <cwchar>
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
 
 namespace kovrel::test {
 namespace {

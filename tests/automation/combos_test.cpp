@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "automation/safe_array.h"
-#include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
 #include "tests/support/ado_recordset.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/early.h"
 #include "tests/support/host_controls.h"
 #include "tests/support/scripted_recordset.h"
 

@@ -4,8 +4,8 @@
 #include <set>
 #include <thread>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 namespace {

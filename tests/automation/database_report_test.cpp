@@ -2,11 +2,12 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
-#include "tests/automation/import_patch.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/early.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/library_module.h"
 #include "tests/support/scripted_object.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {
@@ -225,13 +226,12 @@ TEST_F(DatabaseReport, AHostWithoutANameHasBoxesWithoutATitle) {
 }
 
 TEST_F(DatabaseReport, TheIdentificationKeepsNothingAlive) {
-    const auto can_unload = reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(
-        GetProcAddress(GetModuleHandleW(L"kovrel.dll"), "DllCanUnloadNow")));
-    ASSERT_NE(can_unload, nullptr);
+    const HMODULE module = GetModuleHandleW(L"kovrel.dll");
+    ASSERT_NE(module, nullptr);
     for (int call = 0; call < 3; ++call) get(messages_.get(), L"ArchiInformacion");
-    EXPECT_EQ(can_unload(), S_FALSE);
+    EXPECT_EQ(can_unload(module), S_FALSE);
     messages_ = nullptr;
-    EXPECT_EQ(can_unload(), S_OK);
+    EXPECT_EQ(can_unload(module), S_OK);
 }
 
 TEST_F(DatabaseReport, NoObjectAtAll) {
@@ -299,11 +299,9 @@ TEST_F(DatabaseReport, EarlyBound) {
 TEST_F(DatabaseReport, TheLibraryTellsItsVersionAndItsFile) {
     BoxWatcher no_box;
     EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiVersion")), L"1.0.0");
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(GetModuleHandleW(L"kovrel.dll"), path.data(), 32768));
-    const std::wstring folder = path.substr(0, path.rfind(L'\\') + 1);
+    const std::wstring folder = library_file().parent_path().wstring();
     EXPECT_EQ(narrow(text_of_result(get(messages_.get(), L"ArchiInformacion"))),
-              narrow(L"kovrel - Versión: 1.0.0 (" + folder + L"kovrel.dll)"));
+              narrow(L"kovrel - Versión: 1.0.0 (" + folder + L"\\kovrel.dll)"));
     using Get = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
     Bstr text;
     EXPECT_EQ(early<Get>(messages_.get(), L"ArchiVersion", INVOKE_PROPERTYGET)(messages_.get(),

@@ -10,9 +10,9 @@
 #include <gtest/gtest.h>
 #include <optional>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 

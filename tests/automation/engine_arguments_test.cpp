@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "automation/object.h"
-#include "tests/automation/late.h"
 #include "tests/automation/sample.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 namespace {

@@ -5,21 +5,14 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
+#include "tests/support/library_module.h"
 
 namespace kovrel::test {
 namespace {
 
 constexpr const wchar_t* library_path = KOVREL_LIBRARY;
 constexpr int load_rounds = 3'000;
-
-using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
-using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
-
-template <class Function>
-Function entry(HMODULE module, const char* name) {
-    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
-}
 
 DWORD handles() {
     DWORD count = 0;
@@ -38,7 +31,7 @@ TEST(ALoadedLibrary, CanBeLoadedAndUnloadedOverAndOver) {
     for (int round = 0; round < load_rounds; ++round) {
         const HMODULE module = LoadLibraryW(library_path);
         ASSERT_NE(module, nullptr) << "round " << round;
-        ASSERT_EQ(entry<CanUnloadNow>(module, "DllCanUnloadNow")(), S_OK);
+        ASSERT_EQ(can_unload(module), S_OK);
         ASSERT_NE(FreeLibrary(module), FALSE);
     }
     // In 32 bits it stays from its first loading on.
@@ -54,17 +47,13 @@ TEST(AUsedLibrary, SurvivesEveryUnloadingWithItsFailures) {
         const HMODULE module = LoadLibraryW(library_path);
         ASSERT_NE(module, nullptr) << "round " << round;
         {
-            ComPtr<IClassFactory> factory;
-            ASSERT_EQ(entry<GetClassObject>(module, "DllGetClassObject")(
-                          class_id, IID_IClassFactory, factory.put_void()),
-                      S_OK);
-            ComPtr<IDispatch> dates;
-            ASSERT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, dates.put_void()), S_OK);
+            const ComPtr<IDispatch> dates = create_from(module, class_id);
+            ASSERT_TRUE(dates);
             // A failure inside: month -1 is no month.
             ASSERT_EQ(call(dates.get(), L"primerdia_mesanterior", {0, 2024}).error,
                       static_cast<HRESULT>(0x800A000D));
         }
-        ASSERT_EQ(entry<CanUnloadNow>(module, "DllCanUnloadNow")(), S_OK);
+        ASSERT_EQ(can_unload(module), S_OK);
         FreeLibrary(module);
     }
     EXPECT_LE(handles(), handles_before + 20);

@@ -5,9 +5,9 @@
 
 #include "automation/registration.h"
 #include "runtime/failure.h"
-#include "tests/automation/import_patch.h"
-#include "tests/automation/late.h"
 #include "tests/automation/sample.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 namespace {

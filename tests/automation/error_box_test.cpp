@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <tuple>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 #include "tests/support/scripted_object.h"
 
 namespace kovrel::test {

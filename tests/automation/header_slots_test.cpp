@@ -6,8 +6,8 @@
 #include <kovrel.h>
 #include <map>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 namespace {

@@ -4,10 +4,10 @@
 #include <kovrel.h>
 
 #include "automation/safe_array.h"
-#include "tests/automation/late.h"
-#include "tests/automation/test_folder.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/late.h"
 #include "tests/support/scripted_object.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {

@@ -12,10 +12,11 @@
 #include <vector>
 
 #include "automation/safe_array.h"
-#include "tests/automation/box_lines.h"
-#include "tests/automation/every_way.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/every_way.h"
+#include "tests/support/library_module.h"
 #include "tests/support/scripted_object.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 
@@ -66,15 +67,9 @@ inline std::wstring picture_file(const wchar_t* name) {
     return std::wstring(KOVREL_TEST_PICTURES L"\\") + name;
 }
 
-inline std::wstring library_folder() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(GetModuleHandleW(L"kovrel.dll"), path.data(), 32768));
-    return path.substr(0, path.rfind(L'\\'));
-}
-
 inline std::vector<std::filesystem::path> temporary_files() {
     std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(library_folder())) {
+    for (const auto& entry : std::filesystem::directory_iterator(library_file().parent_path())) {
         if (entry.path().extension() == L".tmp") files.push_back(entry.path());
     }
     return files;

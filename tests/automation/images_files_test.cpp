@@ -4,7 +4,7 @@
 #include <winioctl.h>
 
 #include "tests/automation/images.h"
-#include "tests/automation/import_patch.h"
+#include "tests/support/import_patch.h"
 
 namespace kovrel::test {
 namespace {

@@ -6,8 +6,9 @@
 #include <ocidl.h>
 #include <sstream>
 
-#include "tests/automation/early.h"
+#include "services/text_encoding.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 namespace {
@@ -17,23 +18,15 @@ struct ExpectedClass {
     std::vector<std::wstring> members;
 };
 
-std::wstring wide(const std::string& text) {
-    std::wstring result(text.size(), L'\0');
-    result.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), result.data(),
-                            static_cast<int>(result.size()))));
-    return result;
-}
-
 std::vector<ExpectedClass> expected_classes() {
     std::ifstream file(std::filesystem::path(KOVREL_TEST_DATA) / L"interface.txt");
     std::vector<ExpectedClass> classes;
     for (std::string line; std::getline(file, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
         if (line.front() == '[') {
-            classes.push_back({wide(line.substr(1, line.size() - 2)), {}});
+            classes.push_back({from_utf8(line.substr(1, line.size() - 2)), {}});
         } else {
-            classes.back().members.push_back(wide(line));
+            classes.back().members.push_back(from_utf8(line));
         }
     }
     return classes;

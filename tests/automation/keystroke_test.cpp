@@ -1,7 +1,7 @@
 // clsFGen's keystroke filters and the province of a postal code, as hosts call them.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {

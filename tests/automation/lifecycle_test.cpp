@@ -1,7 +1,8 @@
 // Creation and release, the host's name and the catalogue that can be replaced.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
+#include "tests/support/library_module.h"
 
 namespace kovrel::test {
 namespace {
@@ -11,11 +12,8 @@ constexpr const wchar_t* prog_ids[] = {
     L"Kovrel.cgsFileOpR", L"Kovrel.clsProfile", L"Kovrel.clsADODBServices", L"Kovrel.clsFZip"};
 
 HRESULT can_unload() {
-    using CanUnloadNow = HRESULT(STDMETHODCALLTYPE*)();
     const HMODULE module = GetModuleHandleW(L"kovrel.dll");
-    if (module == nullptr) return E_UNEXPECTED;
-    return reinterpret_cast<CanUnloadNow>(
-        reinterpret_cast<void (*)()>(GetProcAddress(module, "DllCanUnloadNow")))();
+    return module == nullptr ? E_UNEXPECTED : test::can_unload(module);
 }
 
 TEST(Lifecycle, EveryClassIsCreatedByItsProgId) {

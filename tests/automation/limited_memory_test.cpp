@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
 
 namespace kovrel::test {
 namespace {

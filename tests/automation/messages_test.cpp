@@ -1,8 +1,8 @@
 // The catalogue of messages: every one as a real box, letter for letter, in every way of calling.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/scripted_object.h"
 
 namespace kovrel::test {

@@ -1,8 +1,8 @@
 // Calls that do not fit their member: what the host's programmer reads, early-bound and late-bound.
 #include <gtest/gtest.h>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 namespace {

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/own_drive.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {

@@ -2,8 +2,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/every_way.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {

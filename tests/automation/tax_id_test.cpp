@@ -1,9 +1,9 @@
 // clsFGen's tax identifiers, as hosts call them, with their real boxes.
 #include <gtest/gtest.h>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
-#include "tests/automation/every_way.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/early.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/late.h"
+#include "tests/support/box_lines.h"
 #include "tests/support/host_controls.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 

@@ -1,6 +1,6 @@
 // clsFGen's field validators in every way of calling them, and with fields that fail.
-#include "tests/automation/every_way.h"
 #include "tests/automation/validators.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {

@@ -1,7 +1,7 @@
 // clsFGen's field validators as hosts call them: what passes, what is told, where the focus goes.
 #include "tests/automation/validators.h"
 
-#include "tests/automation/import_patch.h"
+#include "tests/support/import_patch.h"
 
 namespace kovrel::test {
 namespace {

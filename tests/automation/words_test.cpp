@@ -2,7 +2,7 @@
 // settings: what has decimals is written in them first.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 #include "tests/support/scripted_object.h"
 
 namespace kovrel::test {

@@ -2,9 +2,9 @@
 // however it is passed, early-bound as late-bound.
 #include <gtest/gtest.h>
 
-#include "tests/automation/early.h"
-#include "tests/robustness/resources.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
+#include "tests/support/resources.h"
 
 namespace kovrel::test {
 namespace {

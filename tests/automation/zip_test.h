@@ -4,8 +4,8 @@
 #include <array>
 #include <gmock/gmock.h>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 #include "tests/support/own_drive.h"
 #include "tests/zip/plain_reader.h"
 #include "tests/zip/test_folder.h"

@@ -14,6 +14,7 @@
 #include "dates/frmFECHA1.h"
 #include "messages/frmDialogo.h"
 #include "progress/frmBarraProgreso.h"
+#include "services/text_encoding.h"
 #include "taxid/frmNIFCCC.h"
 #include "tests/support/window_driver.h"
 
@@ -28,14 +29,6 @@ const std::map<std::wstring, int> closing_buttons{
     {L"Kovrel.frmBarraProgreso", kovrel::frmBarraProgreso::cmdCancel},
     {L"Kovrel.frmNIFCCC", kovrel::frmNIFCCC::cmdOK},
 };
-
-std::wstring wide(const std::string& text) {
-    std::wstring result(text.size(), L'\0');
-    const int used = MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
-                                         result.data(), static_cast<int>(result.size()));
-    result.resize(static_cast<std::size_t>(used));
-    return result;
-}
 
 /// True for the library's windows and the system's dialogs, all of which have more than the text
 /// and buttons of a message box. Those are box_answerer's, and may have the same title.
@@ -83,7 +76,7 @@ int main(int count, char** arguments) {
     for (std::string line; std::getline(steps, line);) {
         const std::size_t bar = line.rfind('|');
         const std::string title = line.substr(0, bar);
-        HWND const window = wait_for(wide(title), limit);
+        HWND const window = wait_for(kovrel::from_utf8(title), limit);
         if (window == nullptr) {
             std::fprintf(stderr, "the window \"%s\" has not come\n", title.c_str());
             return 1;

@@ -3,8 +3,9 @@
 #include <kovrel.h>
 #include <thread>
 
-#include "tests/automation/late.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/late.h"
+#include "tests/support/library_module.h"
 
 namespace kovrel::test {
 namespace {
@@ -72,9 +73,7 @@ TEST(RegistrationFree, EveryClassIsCreated) {
         CoTaskMemFree(prog_id);
     }
     // The one that lies with the manifest.
-    std::wstring path(MAX_PATH, L'\0');
-    path.resize(GetModuleFileNameW(GetModuleHandleW(L"kovrel.dll"), path.data(), MAX_PATH));
-    EXPECT_EQ(narrow(path), "C:\\inside\\Kovrel.Assembly\\kovrel.dll");
+    EXPECT_EQ(narrow(library_file().wstring()), "C:\\inside\\Kovrel.Assembly\\kovrel.dll");
 }
 
 TEST(RegistrationFree, CallsByName) {

@@ -4,11 +4,11 @@
 #include <set>
 
 #include "tests/robustness/last_words.h"
-#include "tests/robustness/resources.h"
 #include "tests/robustness/sensible.h"
 #include "tests/robustness/unattended.h"
 #include "tests/robustness/workplace.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/resources.h"
 
 namespace kovrel::test {
 namespace {

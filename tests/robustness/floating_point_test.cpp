@@ -7,11 +7,11 @@
 #include <limits>
 
 #include "runtime/failure.h"
-#include "tests/automation/every_way.h"
 #include "tests/robustness/last_words.h"
 #include "tests/robustness/sensible.h"
 #include "tests/robustness/unattended.h"
 #include "tests/robustness/workplace.h"
+#include "tests/support/every_way.h"
 #include "tests/support/floating_point_host.h"
 
 namespace kovrel::test {

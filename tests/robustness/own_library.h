@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 

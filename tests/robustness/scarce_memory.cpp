@@ -8,7 +8,7 @@
 #include <string>
 #include <unordered_set>
 
-#include "tests/automation/import_patch.h"
+#include "tests/support/import_patch.h"
 
 namespace kovrel::test {
 namespace {

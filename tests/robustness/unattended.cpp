@@ -13,9 +13,9 @@
 #include "dates/frmFECHA1.h"
 #include "messages/frmDialogo.h"
 #include "taxid/frmNIFCCC.h"
-#include "tests/automation/import_patch.h"
 #include "tests/robustness/own_library.h"
 #include "tests/robustness/random.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/window_driver.h"
 
 namespace kovrel::test {

@@ -1,8 +1,8 @@
 // A current folder with a few files for those who look for some.
 #pragma once
 
-#include "tests/automation/test_folder.h"
 #include "tests/robustness/own_library.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 

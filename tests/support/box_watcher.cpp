@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+#include "services/text_encoding.h"
+
 namespace kovrel::test {
 
 Expectation answer(int button, std::wstring picture) {
@@ -32,12 +34,7 @@ std::filesystem::path picture_folder() {
 }
 
 std::string narrow(const std::wstring& text) {
-    const int size = static_cast<int>(text.size());
-    std::string bytes(text.size() * 3, '\0');
-    const int used = WideCharToMultiByte(CP_UTF8, 0, text.c_str(), size, bytes.data(),
-                                         static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(used));
-    return bytes;
+    return to_utf8(text);
 }
 
 BoxWatcher::BoxWatcher(std::vector<Expectation> expected, Milliseconds limit, DWORD process)

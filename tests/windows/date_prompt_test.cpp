@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "runtime/calendar.h"
-#include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/early.h"
 #include "tests/support/gui_objects.h"
 #include "tests/windows/host_window.h"
 

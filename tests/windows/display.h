@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/automation/box_lines.h"
+#include "tests/support/box_lines.h"
 #include "ui/contrast.h"
 #include "ui/scale.h"
 

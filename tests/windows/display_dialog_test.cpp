@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 #include "tests/windows/display.h"
 
 namespace kovrel::test {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 int main(int count, char** arguments) {
     SetProcessDPIAware();

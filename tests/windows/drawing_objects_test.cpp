@@ -2,7 +2,7 @@
 // pixels.
 #include <atomic>
 
-#include "tests/automation/import_patch.h"
+#include "tests/support/import_patch.h"
 #include "tests/windows/progress_window.h"
 #include "tests/windows/verifier_window.h"
 

@@ -2,7 +2,7 @@
 #include <array>
 #include <functional>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 #include "tests/windows/display.h"
 #include "tests/windows/host_window.h"
 

@@ -5,10 +5,10 @@
 #include <gmock/gmock.h>
 
 #include "messages/frmDialogo.h"
-#include "tests/automation/box_lines.h"
-#include "tests/automation/import_patch.h"
-#include "tests/automation/late.h"
+#include "tests/support/box_lines.h"
 #include "tests/support/gui_objects.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/late.h"
 #include "tests/windows/host_window.h"
 
 namespace kovrel::test {

@@ -6,9 +6,9 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/early.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "tests/automation/box_lines.h"
+#include "tests/support/box_lines.h"
 #include "tests/windows/host_window.h"
 
 namespace kovrel::test {

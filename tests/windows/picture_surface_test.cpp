@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 namespace {

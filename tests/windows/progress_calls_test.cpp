@@ -3,8 +3,8 @@
 #include <array>
 #include <thread>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
 #include "tests/windows/progress_window.h"
 
 namespace kovrel::test {

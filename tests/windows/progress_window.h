@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "progress/bar_colors.h"
-#include "tests/automation/box_lines.h"
-#include "tests/automation/late.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 

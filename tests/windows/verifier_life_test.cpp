@@ -1,7 +1,7 @@
 // The verifier's comings and goings: how it opens, what its keys do, how it closes.
 #include <atomic>
 
-#include "tests/automation/early.h"
+#include "tests/support/early.h"
 #include "tests/support/gui_objects.h"
 #include "tests/windows/host_window.h"
 #include "tests/windows/verifier_window.h"

@@ -8,8 +8,8 @@
 #include <string>
 #include <utility>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/late.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 

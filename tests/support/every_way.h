@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 

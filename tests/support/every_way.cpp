@@ -1,4 +1,4 @@
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 #include <gtest/gtest.h>
 

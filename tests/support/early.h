@@ -2,7 +2,7 @@
 // names.
 #pragma once
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 
