@@ -47,7 +47,7 @@ bool write_sheet(const std::filesystem::path& file,
     return !sheet.fail();
 }
 
-/// The list of files, as hosts without the library's record type pass it.
+/// The list of files as an array, which late-bound callers pass instead of the record.
 Value text_array(const std::vector<std::wstring>& texts) {
     Value list;
     list.parray = SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts.size()));
@@ -67,7 +67,7 @@ void export_customer(const Library& library, const ExportJob& job) {
         library.messages.call(L"MsjProcesoCancelado");
         return;
     }
-    std::error_code ignored;  // what cannot be written is told below
+    std::error_code ignored;  // failures are reported below
     std::filesystem::create_directories(job.folder, ignored);
     const std::filesystem::path sheet = job.folder / sheet_name;
     std::vector<std::wstring> files{sheet.wstring()};

@@ -17,7 +17,7 @@ struct ExportJob {
     std::filesystem::path photograph;  ///< empty: none
 };
 
-/// Tells the user how it ended: the archive and what it contains, a cancel, or what went wrong.
+/// Reports the result to the user: the archive and its contents, a cancel, or a failure.
 void export_customer(const Library& library, const ExportJob& job);
 
 }  // namespace ficha

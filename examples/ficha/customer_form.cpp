@@ -54,7 +54,7 @@ bool CustomerForm::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             const UINT event = HIWORD(wparam);
             const int id = LOWORD(wparam);
             const bool left = event == (id == IDC_PAYMENT ? CBN_KILLFOCUS : EN_KILLFOCUS);
-            // Posted, because the focus is still on its way when the field hears of it.
+            // Posted, because the focus is still changing when the field is notified.
             if (fields_.contains(id) && left && !busy_) {
                 PostMessageW(window_, field_left_message, static_cast<WPARAM>(id), 0);
             } else if (event == BN_CLICKED && !busy_) {
@@ -130,11 +130,11 @@ void CustomerForm::command(int id) {
 void CustomerForm::field_left(int id) {
     HWND const now = GetFocus();
     HWND const field = fields_.at(id)->window();
-    // Another window has come in front, the user is back in the field, or wants to close the form.
+    // Another window is active, the focus is back in the field, or the user is closing the form.
     const bool elsewhere = now == nullptr || !IsChild(window_, now);
     const bool back = now == field || IsChild(field, now);
     if (busy_ || elsewhere || back || now == GetDlgItem(window_, IDCANCEL)) return;
-    // What an unfolded list has left selected.
+    // Undoes the selection that a closed list leaves.
     SendMessageW(fields_.at(IDC_PAYMENT)->window(), CB_SETEDITSEL, 0, MAKELPARAM(-1, 0));
     accepts(id);
 }

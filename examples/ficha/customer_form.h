@@ -27,8 +27,8 @@ class CustomerForm {
     void run();
 
  private:
-    /// While it lives, the library is showing something: what happens to the focus is no news, and
-    /// no command is taken.
+    /// Marks that the library is showing a box or window: changes of the focus and commands are
+    /// ignored meanwhile.
     class Busy {
      public:
         explicit Busy(CustomerForm& form)

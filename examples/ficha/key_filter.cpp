@@ -18,7 +18,7 @@ LRESULT CALLBACK KeyFilter::procedure(HWND window, UINT message, WPARAM wparam, 
         if (key == 0) return 0;
         wparam = key;
     }
-    // The system would keep what it noted of the filter after the text box is gone.
+    // A subclass must be removed before its window is destroyed.
     if (message == WM_NCDESTROY) RemoveWindowSubclass(window, &procedure, id);
     return DefSubclassProc(window, message, wparam, lparam);
 }

@@ -38,7 +38,7 @@ void Photograph::draw(const DRAWITEMSTRUCT& frame) const {
     const int shown_x = static_cast<int>(static_cast<double>(width) * scale);
     const int shown_y = static_cast<int>(static_cast<double>(height) * scale);
     SetStretchBltMode(frame.hDC, HALFTONE);
-    // Pictures are measured from the bottom up.
+    // HIMETRIC coordinates run upwards.
     picture_->Render(frame.hDC, area.left + (room_x - shown_x) / 2,
                      area.top + (room_y - shown_y) / 2, shown_x, shown_y, 0, height, width, -height,
                      nullptr);

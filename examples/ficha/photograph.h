@@ -11,9 +11,9 @@ namespace ficha {
 
 class Photograph {
  public:
-    /// Takes what the library gives for a field; nothing where that is no picture.
+    /// Takes the picture that the library returns for a field; none if it is not a picture.
     void set(const Value& picture);
-    /// As large as the frame holds, its proportions kept; a hint while there is no picture.
+    /// Scaled to the frame with its proportions; a hint while there is no picture.
     void draw(const DRAWITEMSTRUCT& frame) const;
 
  private:

@@ -53,7 +53,7 @@ class CalendarAnySettings : public testing::TestWithParam<Way> {
     const std::string no_ = shown(Variant(false));
 };
 
-/// What follows the user's short date.
+/// Members whose result depends on the user's short date pattern.
 class Calendar : public CalendarAnySettings {};
 
 constexpr const wchar_t* mismatch = L"No coinciden los tipos";
@@ -89,14 +89,14 @@ TEST_P(CalendarAnySettings, AYearThatHasFourDigitsAlready) {
     }
 }
 
-TEST_P(CalendarAnySettings, AYearThatNoDateHas) {
+TEST_P(CalendarAnySettings, AYearOutOfRangeShowsTheErrorBox) {
     const Answer answer = call_for(L"ConvierteAñoA4", {whole(-2001)},
                                    {{L"Error 13\r (No coinciden los tipos) en procedimiento "
                                      L"ConvierteAñoA4 del Módulo de clase clsFFechas.",
                                      16, L"kovrel"}});
     EXPECT_EQ(answer.result, S_OK);
     EXPECT_EQ(shown(answer.value), "texto ");
-    // The sum was in the variable before the failure.
+    // The parameter is assigned before the failure.
     EXPECT_EQ(shown(answer.arguments[0]), shown(whole(writes_back() ? -1 : -2001)));
 }
 
@@ -119,7 +119,7 @@ TEST_P(CalendarAnySettings, DaysOfMonthsAndYears) {
     EXPECT_EQ(shown_for(L"Dias_Anyo", {whole(2024)}), "entero16 366");
 }
 
-TEST_P(CalendarAnySettings, FailuresOfTheGuardedMembers) {
+TEST_P(CalendarAnySettings, FailuresShowTheErrorBox) {
     const ExpectedBox days_overflow{
         L"Error 6\r (Desbordamiento) en procedimiento Dias_Mes del Módulo de clase clsFFechas.", 16,
         L"kovrel"};
@@ -129,7 +129,7 @@ TEST_P(CalendarAnySettings, FailuresOfTheGuardedMembers) {
         16, L"kovrel"};
     EXPECT_EQ(shown_for(L"Dias_Mes", {whole(32767), whole(2024)}, {days_overflow}), "entero16 0");
     EXPECT_EQ(shown_for(L"Dias_Mes", {whole(1), whole(32767)}, {days_argument}), "entero16 0");
-    // The inner member tells its failure and answers 0, which is no 29.
+    // Dias_Mes shows the box and returns 0, which is not 29.
     EXPECT_EQ(shown_for(L"EsBisiesto", {whole(32767)}, {days_argument}), no_);
     EXPECT_EQ(shown_for(L"Dias_Anyo", {whole(32767)}, {days_argument}), "entero16 365");
     const ExpectedBox weeks{
@@ -154,7 +154,7 @@ TEST_P(CalendarAnySettings, WeeksOfAMonth) {
     EXPECT_EQ(week(2024, 9, 30), "entero16 6");
     EXPECT_EQ(week(2024, 12, 31), "entero16 6");
     EXPECT_EQ(shown_for(L"SemanaEnElMes", {Variant(Date{45366.75})}), "entero16 3");
-    // No date of the calendar.
+    // Outside the years 100 to 9999.
     for (const double days : {1e9, -1e9, 2958466.0, -657435.0}) {
         EXPECT_EQ(shown_for(L"SemanaEnElMes", {Variant(Date{days})},
                             {{L"Error 5\r (Llamada a procedimiento o argumento no válidos) en "
@@ -189,7 +189,7 @@ TEST_P(Calendar, TheCaptionOfAWeek) {
               "texto Semana del 11/03/2024 al 17/03/2024");
 }
 
-/// Another short date pattern of the user's, in the library's eyes.
+/// Makes the library see another short date pattern in the user's settings.
 class ShortDatePattern {
  public:
     explicit ShortDatePattern(const wchar_t* pattern) { its_pattern = pattern; }
@@ -205,7 +205,7 @@ class ShortDatePattern {
     const ImportPatch patch_{L"kovrel.dll", "GetLocaleInfoW", reinterpret_cast<void*>(&tell)};
 };
 
-/// As the system writes it for the user.
+/// The date as the system formats it for the user.
 std::wstring date_text(int year, int month, int day, const wchar_t* pattern) {
     SYSTEMTIME time{};
     time.wYear = static_cast<WORD>(year);
@@ -238,7 +238,7 @@ TEST_P(CalendarAnySettings, TheCaptionOfAWeekInTheUsersLanguage) {
     }
 }
 
-// The system writes no dates before 1601 itself.
+// The system's formatting begins with the year 1601.
 TEST_P(CalendarAnySettings, TheCaptionOfAWeekOfAnyYear) {
     const auto caption = [&](const wchar_t* pattern, int year, int month, int day) {
         const ShortDatePattern patterned(pattern);
@@ -267,13 +267,13 @@ const ExpectedBox no_days_of_month{
     L"Módulo de clase clsFFechas.",
     16, L"kovrel"};
 
-TEST_P(CalendarAnySettings, AYearWithoutDaysIsToldAndFailsToTheHost) {
-    // The inner member tells its own failure; what goes on with its 0 is no date.
+TEST_P(CalendarAnySettings, AYearOutOfRangeFailsToTheHost) {
+    // Dias_Mes shows the box and returns 0; the date made with it then fails.
     expect_failure(L"UltimoDiaMesActual", {whole(1), whole(32767)}, 13, mismatch,
                    {no_days_of_month});
     expect_failure(L"ultimodia_mesanterior", {month_number(3), whole(32767)}, 13, mismatch,
                    {no_days_of_month});
-    // Without a last day to ask for there is no box.
+    // The first day needs no Dias_Mes, so no box.
     expect_failure(L"PrimerDiaMesActual", {whole(1), whole(32767)}, 13, mismatch);
     expect_failure(L"primerdia_mesanterior", {month_number(3), whole(32767)}, 13, mismatch);
     expect_failure(L"ultimodia_mesanterior", {month_number(1), whole(32767)}, 13, mismatch);
@@ -283,7 +283,7 @@ TEST_P(CalendarAnySettings, ZeroStandsForTodaysMonthAndYear) {
     SYSTEMTIME now{};
     Answer first;
     Answer last;
-    do {  // again where midnight fell between
+    do {  // repeated when the month changes in between
         GetLocalTime(&now);
         first = call_for(L"PrimerDiaMesActual", {whole(0), whole(0)});
         last = call_for(L"UltimoDiaMesActual", {whole(0), whole(0)});
@@ -298,10 +298,10 @@ TEST_P(CalendarAnySettings, ZeroStandsForTodaysMonthAndYear) {
         EXPECT_EQ(shown(answer.arguments[0]), shown(whole(writes_back() ? now.wMonth : 0)));
         EXPECT_EQ(shown(answer.arguments[1]), shown(whole(writes_back() ? now.wYear : 0)));
     }
-    // Left out altogether they stand for the same.
+    // Omitted arguments count as 0.
     EXPECT_EQ(shown_for(L"PrimerDiaMesActual", {}), shown(first.value));
     EXPECT_EQ(shown_for(L"UltimoDiaMesActual", {}), shown(last.value));
-    // Just one of the two; and what was replaced before a failure stays so.
+    // One of the two alone; a value replaced before a failure stays replaced.
     EXPECT_EQ(shown_for(L"PrimerDiaMesActual", {whole(3), whole(0)}), shown_date(now.wYear, 3, 1));
     const Answer month_only = call_for(L"UltimoDiaMesActual", {whole(3), whole(0)});
     EXPECT_EQ(shown(month_only.value), shown_date(now.wYear, 3, 31));
@@ -329,7 +329,7 @@ TEST_P(CalendarAnySettings, TheMonthBefore) {
     EXPECT_EQ(last(1, 2024), shown_date(2023, 12, 31));
     EXPECT_EQ(last(3, 2024), shown_date(2024, 2, 29));
     EXPECT_EQ(last(3, 2023), shown_date(2023, 2, 28));
-    // A 0 is not January, and a first of month -1 is no date.
+    // Month 0 is not taken for January, and month -1 fails.
     expect_failure(L"primerdia_mesanterior", {month_number(0), whole(2024)}, 13, mismatch);
     expect_failure(L"ultimodia_mesanterior", {month_number(0), whole(2024)}, 13, mismatch);
     expect_failure(L"primerdia_mesanterior", {month_number(1), whole(-32768)}, 6,
@@ -354,7 +354,7 @@ TEST_P(CalendarAnySettings, NamesOfMonths) {
 INSTANTIATE_TEST_SUITE_P(All, CalendarAnySettings, testing::ValuesIn(every_way));
 INSTANTIATE_TEST_SUITE_P(All, Calendar, testing::ValuesIn(every_way));
 
-TEST(CalendarOfScripts, TextsAndWiderNumbersBecomeWhatTheMemberTakes) {
+TEST(CalendarOfScripts, ArgumentsAreConvertedToTheParameterTypes) {
     const auto calendar = create(L"Kovrel.clsFFechas");
     EXPECT_EQ(shown(call(calendar.get(), L"PrimerDiaSemana", {L"17/03/2024"}).value),
               shown_date(2024, 3, 11));
@@ -362,7 +362,7 @@ TEST(CalendarOfScripts, TextsAndWiderNumbersBecomeWhatTheMemberTakes) {
     EXPECT_EQ(call(calendar.get(), L"mes_letra", {256}).result, DISP_E_OVERFLOW);
     EXPECT_EQ(call(calendar.get(), L"EsBisiesto", {40000}).result, DISP_E_OVERFLOW);
     EXPECT_EQ(call(calendar.get(), L"PrimerDiaSemana", {L"mañana"}).result, DISP_E_TYPEMISMATCH);
-    // A script's variable keeps the type that scripts give to numbers only until it is written to.
+    // The script's variable changes its type when the result is written back.
     Variant year(24);
     EXPECT_EQ(
         text_of_result(call(calendar.get(), L"ConvierteAñoA4", {LateArgument::variable(year)})),
@@ -371,7 +371,7 @@ TEST(CalendarOfScripts, TextsAndWiderNumbersBecomeWhatTheMemberTakes) {
     EXPECT_EQ(call(calendar.get(), L"EsBisiesto", {}).result, DISP_E_BADPARAMCOUNT);
 }
 
-TEST(CalendarOfScripts, TheShortDateIsTheUsers) {
+TEST(CalendarOfScripts, UseTheUsersShortDate) {
     const auto calendar = create(L"Kovrel.clsFFechas");
     const Variant monday(Date{45362});
     const Variant sunday(Date{45368});

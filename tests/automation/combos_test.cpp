@@ -101,10 +101,10 @@ TEST_F(Combos, ANegativeNumberOfColumnsIsAFailure) {
     EXPECT_FALSE(load_columns(combo, records, -1));
     EXPECT_EQ(lines_of(boxes),
               (Lines{failure_line(L"9\\r (Subíndice fuera del intervalo", multi_column)}));
-    EXPECT_EQ(records.position, 3U);  // where the failure left it
+    EXPECT_EQ(records.position, 3U);  // not moved back after the failure
 }
 
-TEST_F(Combos, WithoutRecordsTheTwoDiffer) {
+TEST_F(Combos, AnEmptyRecordsetClearsTheListOnlyWhenLoadingColumns) {
     BoxWatcher no_box;
     for (const std::int32_t count : {0, -1}) {
         ScriptedCombo combo;
@@ -149,7 +149,7 @@ TEST_F(Combos, AFailureLeavesTheRecordsetWhereItHappened) {
               (Lines{failure_line(L"94\\r (Uso no válido de Null", single_column)}));
 }
 
-TEST_F(Combos, AFailureToGoBackKeepsTheResult) {
+TEST_F(Combos, AFailureToRestoreTheBookmarkKeepsTheResult) {
     BoxWatcher boxes({answer(IDOK), answer(IDOK)});
     ScriptedCombo combo;
     ScriptedRecordset records(three_rows());
@@ -179,7 +179,7 @@ TEST_F(Combos, AClosedRecordset) {
                      failure_line(L"3704\\r (El objeto está cerrado", multi_column)}));
 }
 
-TEST_F(Combos, WrongAnswersOfARecordset) {
+TEST_F(Combos, ARecordsetThatReturnsWrongTypes) {
     const auto fetched = [](Variant answered) {
         return [answered](const auto&) { return answered; };
     };
@@ -245,7 +245,7 @@ TEST_F(Combos, RecordsetsThatLackAMember) {
         BoxWatcher boxes({answer(IDOK)});
         EXPECT_FALSE(load(procedure, {combo.argument(), records.argument()}));
         EXPECT_EQ(lines_of(boxes), (Lines{failure_line(text, procedure)}));
-        EXPECT_EQ(records.position, position);  // where the failure left it
+        EXPECT_EQ(records.position, position);  // not moved back after the failure
         EXPECT_EQ(combo.object().calls_of(L"put List = [3x3]"), 0U);
         EXPECT_EQ(combo.object().references(), 1U);
         EXPECT_EQ(records.object().references(), 1U);
@@ -270,7 +270,7 @@ TEST_F(Combos, AComboBoxThatCannotBeFilledOneByOne) {
         BoxWatcher boxes({answer(IDOK)});
         EXPECT_FALSE(load_items(combo, records));
         EXPECT_EQ(lines_of(boxes), (Lines{failure_line(text, single_column)}));
-        EXPECT_EQ(records.position, 0U);  // where the failure left it
+        EXPECT_EQ(records.position, 0U);  // not moved back after the failure
         EXPECT_EQ(records.object().references(), 1U);
         EXPECT_EQ(combo.object().references(), 1U);
     }
@@ -317,7 +317,7 @@ TEST_F(Combos, EarlyBoundFailures) {
     EXPECT_EQ(records.object().references(), 1U);
 }
 
-TEST_F(Combos, CollectionsThatTakeTheIndexOtherwise) {
+TEST_F(Combos, FieldsCollectionsWithoutADefaultMember) {
     BoxWatcher no_box;
     const auto field = [](const auto&) {
         auto made = ScriptedObject::make();
@@ -336,7 +336,7 @@ TEST_F(Combos, CollectionsThatTakeTheIndexOtherwise) {
         EXPECT_TRUE(load_items(combo, records));
         EXPECT_EQ(combo.items, Texts{L"valor"});
     }
-    // The property itself asks for the index, as those of script classes do.
+    // The property takes the index itself, as those of script classes do.
     ScriptedCombo combo;
     ScriptedRecordset records({{Variant(1.0)}});
     records.object().method(L"Fields", [&](const auto& arguments) {
@@ -423,7 +423,7 @@ TEST_F(Combos, EarlyBound) {
 }
 
 TEST_F(Combos, ARealComboBoxFromARealRecordset) {
-    // One field alone: Wine's own record sets mix up the values of several.
+    // A single field: Wine's GetRows mixes up the values of several.
     const auto recordset = make_recordset({{L"Nombre", AdoType::text, 40}});
     ASSERT_TRUE(recordset) << "no ADO here";
     BoxWatcher no_box;

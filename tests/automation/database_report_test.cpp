@@ -1,4 +1,4 @@
-// clsMensajes: the report of a connection's errors, and what the library says of itself.
+// clsMensajes: the report of a connection's errors, and the library's version and file.
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -117,7 +117,7 @@ TEST_F(DatabaseReport, ObjectsThatLackAMemberAreReported) {
     report(object(empty));
     report(object(half));
     EXPECT_EQ(count(object(empty), true), 0);
-    // The count is known by then; only the report fails.
+    // The count has been read before; only the report fails.
     EXPECT_EQ(count(object(connection(half)), true), 1);
     const std::wstring text = L"438\\r (El objeto no admite esta propiedad o método";
     EXPECT_EQ(lines_of(boxes), (Lines{report_failure(text), report_failure(text),
@@ -163,7 +163,7 @@ TEST_F(DatabaseReport, TheCountIsReadAgain) {
     EXPECT_EQ(count(object(connection(make_growing_errors())), false), 2);
 }
 
-TEST_F(DatabaseReport, ACountThatIsKnownStaysTheResult) {
+TEST_F(DatabaseReport, ACountReadBeforeAFailureIsTheResult) {
     const auto errors = make_errors({{1, L"uno"}});
     auto database = ScriptedObject::make();
     int reads = 0;
@@ -177,7 +177,7 @@ TEST_F(DatabaseReport, ACountThatIsKnownStaysTheResult) {
     EXPECT_EQ(errors->references(), 1U);
 }
 
-TEST_F(DatabaseReport, WhatIsNoObjectIsReported) {
+TEST_F(DatabaseReport, ValuesThatAreNotObjectsAreReported) {
     auto database = ScriptedObject::make();
     database->property(L"Errors", Variant(L"ninguno"));
     auto errors = make_errors({{1, L"uno"}});
@@ -195,7 +195,7 @@ TEST_F(DatabaseReport, TheIndexOfAnErrorHasSixteenBits) {
     errors->method(L"Item", [&](const auto& arguments) {
         for (const Variant& argument : arguments) types.push_back(argument.vt);
         auto error = ScriptedObject::make();
-        // The number is one of 32 bits; a description may be missing.
+        // The number has 32 bits; the description may be missing.
         error->property(L"Number", Variant(-2147483647.0))
             .property(L"Description", Variant::null());
         return object(error);
@@ -225,7 +225,7 @@ TEST_F(DatabaseReport, AHostWithoutANameHasBoxesWithoutATitle) {
                narrow(text + L"ExistenErroresADO del Módulo de clase clsMensajes.|1")}));
 }
 
-TEST_F(DatabaseReport, TheIdentificationKeepsNothingAlive) {
+TEST_F(DatabaseReport, ArchiInformacionKeepsNoReference) {
     const HMODULE module = GetModuleHandleW(L"kovrel.dll");
     ASSERT_NE(module, nullptr);
     for (int call = 0; call < 3; ++call) get(messages_.get(), L"ArchiInformacion");
@@ -296,7 +296,7 @@ TEST_F(DatabaseReport, EarlyBound) {
                             L"1\\r\t7 - siete|1")}));
 }
 
-TEST_F(DatabaseReport, TheLibraryTellsItsVersionAndItsFile) {
+TEST_F(DatabaseReport, VersionAndFileOfTheLibrary) {
     BoxWatcher no_box;
     EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiVersion")), L"1.0.0");
     const std::wstring folder = library_file().parent_path().wstring();
@@ -321,7 +321,7 @@ BOOL WINAPI no_version_value(const void* /*resource*/, const wchar_t* /*path*/, 
     return FALSE;
 }
 
-TEST_F(DatabaseReport, ALibraryThatCannotReadItsVersion) {
+TEST_F(DatabaseReport, AVersionResourceThatCannotBeRead) {
     using Get = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
     const std::string box = narrow(
         L"16|kovrel|Error 57\\r (Error de E/S de dispositivo) en procedimiento ArchiInformacion "
@@ -341,7 +341,7 @@ TEST_F(DatabaseReport, ALibraryThatCannotReadItsVersion) {
                       messages_.get(), text.put()),
                   S_OK);
         EXPECT_EQ(text.view(), L"");
-        // The version alone has no handler.
+        // ArchiVersion alone has no error handler: it fails to the host.
         const Outcome version = get(messages_.get(), L"ArchiVersion");
         EXPECT_EQ(version.result, DISP_E_EXCEPTION);
         EXPECT_EQ(version.error, device_io);

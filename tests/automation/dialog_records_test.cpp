@@ -1,5 +1,5 @@
-// What the library hands to the system's own dialogs, field by field, and what it makes of every
-// answer that a dialog can give.
+// The structures that the library passes to the system's dialogs, field by field, and what it makes
+// of every answer that a dialog can give.
 #include <windows.h>
 #include <commdlg.h>
 #include <shlobj.h>
@@ -34,7 +34,7 @@ std::string padded(std::string text) {
     return text;
 }
 
-/// The open-file dialog's record as it came, with what its pointers led to.
+/// The open-file dialog's structure as passed, with copies of what it points to.
 struct OpenRecord {
     OPENFILENAME_NT4A record;
     std::string filter;
@@ -47,7 +47,7 @@ struct OpenRecord {
 };
 
 std::vector<OpenRecord> opened;
-/// What the dialog's stand-in does with the record; it is cancelled when there is nothing to do.
+/// How the replacement of the dialog fills in the structure; without it the dialog is cancelled.
 std::function<void(OPENFILENAME_NT4A&)> answer_open;
 
 BOOL WINAPI stand_in_for_open(OPENFILENAMEA* given) {
@@ -59,7 +59,7 @@ BOOL WINAPI stand_in_for_open(OPENFILENAMEA* given) {
                       record.lpstrDefExt, reinterpret_cast<const char*>(record.lpTemplateName)});
     if (!answer_open) return FALSE;
     answer_open(record);
-    // A dialog writes these three back, and hosts do not get to see them.
+    // Output fields that the library does not pass on to the host.
     given->Flags = 0x0100'0000;
     given->nFilterIndex = 77;
     given->nFileOffset = 3;
@@ -126,7 +126,7 @@ TEST_P(OpenRecordsAnySettings, WithNothingSet) {
     EXPECT_EQ(read(L"DialogTitle"), "Abrir");
 }
 
-TEST_P(OpenRecordsAnySettings, EveryPropertyHasItsPlace) {
+TEST_P(OpenRecordsAnySettings, EveryPropertyHasItsField) {
     set(L"hWnd", Variant(std::int32_t{0x12345}));
     set(L"DialogTitle", Variant(L"Elija el año"));
     set(L"Flags", Variant(std::int32_t{0x1A04}));
@@ -147,7 +147,7 @@ TEST_P(OpenRecordsAnySettings, EveryPropertyHasItsPlace) {
     EXPECT_EQ(shown.record.nFilterIndex, 2U);
     EXPECT_EQ(shown.folder, padded("C:\\Datos \xF1"));
     EXPECT_EQ(shown.filter, "Textos\0*.txt\0Datos \xF1\0*.dat;*.db\0\0"s);
-    // The host's own extension is kept for the host alone.
+    // The default extension is not passed to the dialog.
     EXPECT_EQ(shown.extension, "0");
     EXPECT_EQ(read(L"DefaultExt"), "txt");
     set(L"hWnd", Variant(std::int32_t{-2}));
@@ -199,7 +199,7 @@ void fill(OPENFILENAME_NT4A& record, const std::string& file, const std::string&
         std::copy(folder->begin(), folder->end(), const_cast<char*>(record.lpstrInitialDir));
 }
 
-TEST_P(OpenRecordsAnySettings, OneFileIsReadUpToTheFirstZero) {
+TEST_P(OpenRecordsAnySettings, OneFileEndsAtTheFirstNull) {
     answer_open = [](auto& record) { fill(record, "C:\\a\\\xF1.txt\0resto"s, "\xF1.txt\0x"s); };
     set(L"InitDir", Variant(L"C:\\a"));
     set(L"FilterIndex", Variant(std::int32_t{1}));
@@ -211,7 +211,7 @@ TEST_P(OpenRecordsAnySettings, OneFileIsReadUpToTheFirstZero) {
     EXPECT_EQ(read(L"FilterIndex"), "1");
 }
 
-TEST_P(OpenRecordsAnySettings, SeveralFilesAreQuotedInAllThree) {
+TEST_P(OpenRecordsAnySettings, SeveralFilesAreQuotedInAllThreeBuffers) {
     set(L"Flags", Variant(std::int32_t{0x200}));
     set(L"InitDir", Variant(L" C:\\d "));
     answer_open = [](auto& record) { fill(record, "C:\\d\0a\0b \xF1.txt\0\0"s, ""s); };
@@ -236,11 +236,11 @@ TEST_P(OpenRecordsAnySettings, APathThatFillsItsBufferIsReported) {
     answer_open = [](auto& record) { fill(record, std::string(260, 'x'), "x"); };
     EXPECT_FALSE(show({}, {box}));
     EXPECT_EQ(read(L"FileName"), "antes.txt");
-    // One character less leaves room for the zero.
+    // One character less leaves room for the terminating null.
     answer_open = [](auto& record) { fill(record, std::string(259, 'x') + '\0', "x\0"s); };
     EXPECT_TRUE(show());
     EXPECT_EQ(read(L"FileName"), std::string(259, 'x'));
-    // Several files need none.
+    // Several files are read to the end of the buffer without a terminating null.
     set(L"Flags", Variant(std::int32_t{0x200}));
     answer_open = [](auto& record) { fill(record, std::string(260, 'y'), "y\0"s); };
     EXPECT_TRUE(show());
@@ -249,7 +249,7 @@ TEST_P(OpenRecordsAnySettings, APathThatFillsItsBufferIsReported) {
 
 INSTANTIATE_TEST_SUITE_P(All, OpenRecordsAnySettings, testing::ValuesIn(every_way));
 
-/// One message that the browser was sent.
+/// A message sent to the browser's window.
 struct Sent {
     HWND window;
     UINT message;
@@ -261,9 +261,9 @@ struct Sent {
 std::vector<Sent> sent;
 std::optional<BROWSEINFOA> browsed;
 std::string browser_title;
-/// What the browser's stand-in does before it closes; true when an item was chosen.
+/// What the replacement of the browser does before it closes; true when an item was chosen.
 std::function<bool(const BROWSEINFOA&)> answer_browse;
-/// The path of the item asked about; without one the item has none.
+/// The path of the chosen item; none for an item outside the file system.
 std::optional<std::string> item_path;
 
 LRESULT WINAPI stand_in_for_send(HWND window, UINT message, WPARAM parameter, LPARAM text) {
@@ -281,7 +281,7 @@ ITEMIDLIST* WINAPI stand_in_for_browser(BROWSEINFOA* record) {
 }
 
 BOOL WINAPI stand_in_for_path(const ITEMIDLIST* /*item*/, char* path) {
-    // The buffer is blank, so that a path that was not written shows.
+    // Filled with blanks, so that a path that is not written is noticed.
     EXPECT_EQ(std::string(path, buffer_size), std::string(buffer_size, ' '));
     if (!item_path) return FALSE;
     std::copy(item_path->begin(), item_path->end(), path);
@@ -314,7 +314,7 @@ class BrowseRecordsAnySettings : public testing::TestWithParam<Way> {
                             reinterpret_cast<void*>(&stand_in_for_send)};
 };
 
-TEST_P(BrowseRecordsAnySettings, TheRecord) {
+TEST_P(BrowseRecordsAnySettings, TheStructure) {
     ASSERT_TRUE(browser_.in_place() && path_.in_place() && send_.in_place());
     EXPECT_EQ(browse({Variant(std::int32_t{0x4321}), Variant(L"Elija el año")}), "texto ");
     ASSERT_TRUE(browsed);
@@ -353,7 +353,7 @@ TEST_P(BrowseRecordsAnySettings, TheBrowserIsToldWhereToBeginAndWhatIsSelected) 
                                         "C:\\A\xF1"
                                         "o"},
                                        {window, 0x464, 0, "C:\\Datos \xF1"}}));
-    // The next browse begins at its own.
+    // The next call does not begin at the folder of the one before.
     sent.clear();
     answer_browse = [&](const BROWSEINFOA& record) {
         record.lpfn(window, 1, 0, record.lParam);
@@ -363,7 +363,7 @@ TEST_P(BrowseRecordsAnySettings, TheBrowserIsToldWhereToBeginAndWhatIsSelected) 
     EXPECT_EQ(sent, (std::vector<Sent>{{window, 0x466, 1, ""}}));
 }
 
-TEST_P(BrowseRecordsAnySettings, TheChosenFolderIsReadUpToTheFirstZero) {
+TEST_P(BrowseRecordsAnySettings, TheChosenFolderEndsAtTheFirstNull) {
     answer_browse = [](const BROWSEINFOA&) { return true; };
     item_path = "C:\\Datos \xF1\0resto"s;
     EXPECT_EQ(browse({Variant(0), Variant(L"x")}), "texto C:\\Datos ñ");
@@ -371,7 +371,7 @@ TEST_P(BrowseRecordsAnySettings, TheChosenFolderIsReadUpToTheFirstZero) {
     EXPECT_EQ(browse({Variant(0), Variant(L"x")}), "texto " + std::string(259, 'c'));
 }
 
-TEST_P(BrowseRecordsAnySettings, AnItemThatIsNoFolderOfTheDisksIsReported) {
+TEST_P(BrowseRecordsAnySettings, AnItemOutsideTheFileSystemIsReported) {
     const ExpectedBox box{
         L"Error 5\r (Llamada a procedimiento o argumento no válidos) en procedimiento "
         L"BrowseForFolder del Módulo de clase clsProfile.",
@@ -379,16 +379,16 @@ TEST_P(BrowseRecordsAnySettings, AnItemThatIsNoFolderOfTheDisksIsReported) {
     put(profile_.get(), L"AppOrigen", Variant(L"Gestión"));
     answer_browse = [](const BROWSEINFOA&) { return true; };
     EXPECT_EQ(browse({Variant(0), Variant(L"x")}, {box}), "texto ");
-    // Nor is a path without an end one.
+    // The same for a path without a terminating null.
     item_path = std::string(260, 'c');
     EXPECT_EQ(browse({Variant(0), Variant(L"x")}, {box}), "texto ");
 }
 
 INSTANTIATE_TEST_SUITE_P(All, BrowseRecordsAnySettings, testing::ValuesIn(every_way));
 
-/// What the code page lacks is "?" in the path chosen: a letter that resembles it would make it
-/// another folder's.
-TEST(BrowserOfTheSystem, AFolderThatTheCodePageCannotNameIsNoOther) {
+/// Characters that the code page lacks become "?", never a similar letter, which could name another
+/// folder.
+TEST(BrowserOfTheSystem, CharactersThatTheCodePageLacksBecomeQuestionMarks) {
     const TestFolder folder{L"Carpetas"};
     for (const wchar_t* const name : {L"O", L"\x03A9", L"Año"}) {
         std::filesystem::create_directory(folder / name);
@@ -413,7 +413,7 @@ TEST(BrowserOfTheSystem, AFolderThatTheCodePageCannotNameIsNoOther) {
     }
 }
 
-/// A name typed without extension is looked for with the extension 0.
+/// A name typed without extension gets the extension "0".
 TEST(OpenDialogOfTheSystem, TheDefaultExtensionIsZero) {
     TestFolder folder{L"Extensión"};
     folder.write(L"factura.0");

@@ -1,5 +1,5 @@
-// The library as a module: loaded and unloaded over and over, instances made and released over and
-// over, with nothing growing.
+// Loads and unloads the library and makes and releases instances thousands of times: memory and
+// handles do not grow.
 #include <windows.h>
 #include <psapi.h>
 
@@ -26,7 +26,7 @@ SIZE_T private_bytes() {
     return counters.PagefileUsage;
 }
 
-// Before any test that uses the library and so makes it stay.
+// The first test: a library that has been used pins itself.
 TEST(ALoadedLibrary, CanBeLoadedAndUnloadedOverAndOver) {
     for (int round = 0; round < load_rounds; ++round) {
         const HMODULE module = LoadLibraryW(library_path);
@@ -34,12 +34,12 @@ TEST(ALoadedLibrary, CanBeLoadedAndUnloadedOverAndOver) {
         ASSERT_EQ(can_unload(module), S_OK);
         ASSERT_NE(FreeLibrary(module), FALSE);
     }
-    // In 32 bits it stays from its first loading on.
+    // The 32-bit library pins itself when it is loaded.
     constexpr bool is_64_bit = sizeof(void*) == 8;
     EXPECT_EQ(GetModuleHandleW(L"kovrel.dll") == nullptr, is_64_bit);
 }
 
-TEST(AUsedLibrary, SurvivesEveryUnloadingWithItsFailures) {
+TEST(AUsedLibrary, SurvivesUnloadingAfterExceptions) {
     CLSID class_id{};
     ASSERT_EQ(CLSIDFromProgID(L"Kovrel.clsFFechas", &class_id), S_OK);
     const DWORD handles_before = handles();
@@ -49,7 +49,7 @@ TEST(AUsedLibrary, SurvivesEveryUnloadingWithItsFailures) {
         {
             const ComPtr<IDispatch> dates = create_from(module, class_id);
             ASSERT_TRUE(dates);
-            // A failure inside: month -1 is no month.
+            // Month -1 throws inside the library.
             ASSERT_EQ(call(dates.get(), L"primerdia_mesanterior", {0, 2024}).error,
                       static_cast<HRESULT>(0x800A000D));
         }
@@ -59,7 +59,7 @@ TEST(AUsedLibrary, SurvivesEveryUnloadingWithItsFailures) {
     EXPECT_LE(handles(), handles_before + 20);
 }
 
-TEST(AUsedLibrary, GivesEverythingBackThatAHundredThousandCallsTook) {
+TEST(AUsedLibrary, LeaksNothingInAHundredThousandCalls) {
     const auto round = [] {
         const auto general = create(L"Kovrel.clsFGen");
         Variant variable(L"12.345.678-Z");

@@ -1,4 +1,4 @@
-// Members of every class called as a C++ program calls them: through the generated header.
+// Calls members of every class through the generated header.
 #include <cmath>
 #include <gtest/gtest.h>
 #include <kovrel.h>

@@ -36,7 +36,7 @@ inline Variant object(const ComPtr<ScriptedObject>& held) {
     return Variant(ComPtr<IDispatch>(held.get()));
 }
 
-/// A field of a recordset: what is stored in it, whole or by chunks, is there to be compared.
+/// A field of a recordset that keeps what is stored in it, whole or by chunks.
 struct Field {
     Field() {
         object_->property(L"Value", Variant::null())
@@ -79,7 +79,7 @@ inline void remove_temporary_files() {
     for (const auto& file : temporary_files()) std::filesystem::remove(file);
 }
 
-/// Recognisable bytes.
+/// Bytes without a short period.
 inline std::string content_of_size(std::size_t size) {
     std::string content(size, '\0');
     for (std::size_t index = 0; index < size; ++index) {
@@ -112,7 +112,7 @@ class Images : public testing::Test {
         return text_of_result(call(services_.get(), L"RecordLocation", {records, L"Registro "}));
     }
 
-    /// Width and height in pixels, as near as the picture's own units tell.
+    /// Width and height in pixels, rounded from HIMETRIC.
     static std::pair<long, long> size_of(const ComPtr<IPicture>& picture) {
         OLE_XSIZE_HIMETRIC width = 0;
         OLE_YSIZE_HIMETRIC height = 0;

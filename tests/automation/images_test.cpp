@@ -84,11 +84,11 @@ TEST_F(Images, FieldsThatFail) {
     EXPECT_EQ(lines[3],
               failure_line(L"445\\r (El objeto no admite esta acción", L"PutLargeImageInField"));
     EXPECT_EQ(without_value->references(), 1U);
-    // Nothing holds the file any more.
+    // The file has been closed.
     EXPECT_TRUE(std::filesystem::remove(file));
 }
 
-TEST_F(Images, LargeFilesGoInChunksOfOneByteMore) {
+TEST_F(Images, LargeFilesAreStoredInChunksOf1025Bytes) {
     BoxWatcher no_box;
     const auto expect_chunks = [&](std::size_t size, const Log& calls, std::size_t stored) {
         SCOPED_TRACE(size);
@@ -98,7 +98,7 @@ TEST_F(Images, LargeFilesGoInChunksOfOneByteMore) {
         EXPECT_EQ(field.object_->log(), calls);
         EXPECT_EQ(field.stored.size(), stored);
         EXPECT_EQ(field.stored.substr(0, size), content);
-        // What is past the end of the file is what the chunk's buffer held before.
+        // The bytes past the end of the file are left over from the chunk before.
         const std::string extra = field.stored.substr(size);
         const bool one_read = calls.size() <= 2;
         EXPECT_EQ(extra, one_read ? std::string(stored - size, '\0')
@@ -130,12 +130,12 @@ TEST_F(Images, LargeFieldsAreReadInChunks) {
     };
     BoxWatcher no_box;
     expect_reads(0);
-    // A whole number of chunks: the first read asks for no bytes.
+    // With a whole number of chunks the first read asks for 0 bytes.
     expect_reads(1024 - photo.size() % 1024);
     EXPECT_TRUE(temporary_files().empty());
 }
 
-TEST_F(Images, AFieldMayGiveNothingWhereNoBytesAreAskedFor) {
+TEST_F(Images, AFieldMayReturnNothingForZeroBytes) {
     BoxWatcher no_box;
     Field field;
     const std::string photo = content_of(picture_file(L"photo.jpg"));
@@ -151,7 +151,7 @@ TEST_F(Images, AFieldMayGiveNothingWhereNoBytesAreAskedFor) {
               (std::pair<long, long>{320, 240}));
 }
 
-TEST_F(Images, APhotographComesBackThroughBothPairs) {
+TEST_F(Images, APhotographRoundTripsThroughBothPairs) {
     BoxWatcher no_box;
     const std::wstring file = picture_file(L"photo.jpg");
     const std::string photo = content_of(file);
@@ -184,7 +184,7 @@ TEST_F(Images, EveryKindOfPictureIsLoaded) {
     EXPECT_TRUE(temporary_files().empty());
 }
 
-TEST_F(Images, ContentsThatAreNoPictureHaveTheirOwnBox) {
+TEST_F(Images, ContentsThatAreNotAPictureHaveTheirOwnBox) {
     Field field;
     BoxWatcher boxes({answer(IDOK, L"image_invalid"), answer(IDOK)});
     field.object_->property(L"Value", bytes_of("esto no es una imagen"));
@@ -196,7 +196,7 @@ TEST_F(Images, ContentsThatAreNoPictureHaveTheirOwnBox) {
     EXPECT_TRUE(temporary_files().empty());
 }
 
-TEST_F(Images, OtherFailuresOfAReadingLeaveNoFileEither) {
+TEST_F(Images, OtherLoadFailuresLeaveNoFileEither) {
     auto empty = ScriptedObject::make();
     Field field;
     BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
@@ -218,12 +218,12 @@ TEST_F(Images, OtherFailuresOfAReadingLeaveNoFileEither) {
     EXPECT_EQ(empty->references(), 1U);
 }
 
-TEST_F(Images, AFieldThatFailsAsABadPictureDoesIsStillLoaded) {
+TEST_F(Images, AFieldThatFailsWith481IsStillLoaded) {
     Field field;
     field.object_->fails(L"Value", failure(481, L"Foto dañada"));
     BoxWatcher boxes({answer(IDOK), answer(IDOK)});
     EXPECT_FALSE(load(field.argument()));
-    // The reading goes on after the first box, and finds no picture in the empty file.
+    // After the first box the load continues with the empty file.
     EXPECT_EQ(lines_of(boxes), (Lines{narrow(L"0|kovrel|ERROR  481: Foto dañada|1"),
                                       narrow(L"0|kovrel|ERROR  481: Imagen no válida|1")}));
     EXPECT_TRUE(temporary_files().empty());
@@ -246,7 +246,7 @@ TEST_F(Images, ALargeFieldThatFailsEndsInTheStandardBox) {
                failure_line(L"438\\r (El objeto no admite esta propiedad o método", procedure)}));
 }
 
-TEST_F(Images, ANullFieldFailsTheSameInBothReadings) {
+TEST_F(Images, ANullFieldFailsTheSameInBothLoads) {
     Field field;  // its value is a null
     field.object_->method(L"GetChunk", [](const auto&) { return Variant::null(); });
     for (const Way way : every_way) {
@@ -263,7 +263,7 @@ TEST_F(Images, ANullFieldFailsTheSameInBothReadings) {
     }
 }
 
-TEST_F(Images, APictureIsStoredAndItsFileStays) {
+TEST_F(Images, StoringAPictureKeepsItsFile) {
     BoxWatcher no_box;
     Field source;
     store(source.argument(), picture_file(L"photo.bmp"));
@@ -342,7 +342,7 @@ TEST_F(Images, NoPictureToStore) {
     EXPECT_TRUE(temporary_files().empty());
 }
 
-TEST_F(Images, WhatIsNoPictureIsRefusedByTheCall) {
+TEST_F(Images, ValuesThatAreNotPicturesAreRefused) {
     Field field;
     EXPECT_EQ(
         call(services_.get(), L"PutPictureInField", {field.argument(), field.argument()}).result,

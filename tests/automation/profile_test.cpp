@@ -48,10 +48,10 @@ class Profile : public testing::Test {
     ComPtr<IDispatch> profile_ = create(L"Kovrel.clsProfile");
 };
 
-/// What does not depend on the user's settings.
+/// Members whose result does not depend on the user's settings.
 class ProfileAnySettings : public Profile {};
 
-TEST_F(ProfileAnySettings, AnExistingFolderIsThereWhateverTheFlags) {
+TEST_F(ProfileAnySettings, AnExistingFolderIsFoundWhateverTheFlags) {
     BoxWatcher no_box;
     for (const bool create : {false, true}) {
         for (const bool tell : {false, true}) EXPECT_TRUE(exists(folder_.path(), create, tell));
@@ -109,13 +109,13 @@ TEST_F(ProfileAnySettings, AMissingParentEndsInTheErrorBox) {
 
 int folders_created = 0;
 
-/// Says that the folder was created, and does nothing.
+/// Succeeds without creating the folder.
 BOOL WINAPI pretend_to_create(const wchar_t* /*path*/, SECURITY_ATTRIBUTES* /*security*/) {
     ++folders_created;
     return TRUE;
 }
 
-TEST_F(ProfileAnySettings, ACreationWithoutAFolderIsTold) {
+TEST_F(ProfileAnySettings, ACreationThatMakesNoFolderIsReported) {
     const ImportPatch patch(L"kovrel.dll", "CreateDirectoryW",
                             reinterpret_cast<void*>(&pretend_to_create));
     ASSERT_TRUE(patch.in_place());
@@ -139,7 +139,7 @@ TEST_F(ProfileAnySettings, ADriveThatDoesNotExistIsAFailure) {
                             L"frmOptions.|1")}));
 }
 
-TEST_F(ProfileAnySettings, AnUnlistedFolderThatIsThereCannotBeCreated) {
+TEST_F(ProfileAnySettings, AHiddenSystemFolderIsNotFoundAndCannotBeCreated) {
     const std::wstring path = folder_ / L"oculta";
     std::filesystem::create_directory(path);
     ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
@@ -153,7 +153,7 @@ TEST_F(ProfileAnySettings, AnUnlistedFolderThatIsThereCannotBeCreated) {
                             L"procedimiento ExisteCarpeta del Formulario frmOptions.|1")}));
 }
 
-TEST_F(ProfileAnySettings, AFileAndAMatchingNameCountAsListed) {
+TEST_F(ProfileAnySettings, FilesAndPatternsThatMatchCountAsExisting) {
     BoxWatcher no_box;
     folder_.write(L"datos.txt", "x");
     EXPECT_TRUE(exists(folder_ / L"datos.txt"));
@@ -186,7 +186,7 @@ TEST_F(ProfileAnySettings, TheRootOfAnEmptyDriveIsAFolder) {
     }
 }
 
-TEST_F(ProfileAnySettings, LongAndForeignFoldersWork) {
+TEST_F(ProfileAnySettings, LongAndNonLatinFolderNames) {
     BoxWatcher no_box;
     std::wstring path = folder_ / L"\u03b1\u03b2\u03b3 \u4e2d\u6587";
     EXPECT_TRUE(exists(path, true, false));
@@ -204,7 +204,7 @@ TEST_F(ProfileAnySettings, TheFolderOfAFile) {
     const std::wstring file = folder_.write(L"Factura nº 1.txt", "x");
     EXPECT_EQ(folder_of(file), folder_.path() + L"\\");
     EXPECT_EQ(folder_of(folder_ / L"falta.txt"), folder_ / L"falta.txt\\");
-    // Folders are not listed: one gives itself back.
+    // Folders are not listed: the path of one is returned unchanged.
     EXPECT_EQ(folder_of(folder_.path()), folder_.path() + L"\\");
 }
 
@@ -222,17 +222,17 @@ TEST_F(ProfileAnySettings, OnlyOrdinaryFilesAreListed) {
     EXPECT_TRUE(SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL));
 }
 
-TEST_F(ProfileAnySettings, APathThatEndsInABackslashListsItsFolder) {
+TEST_F(ProfileAnySettings, APathThatEndsInABackslashIsThatOfAFolder) {
     BoxWatcher no_box;
     const std::wstring path = folder_.path() + L"\\";
-    // A folder without files gives itself back.
+    // The path of a folder without files is returned unchanged.
     EXPECT_EQ(folder_of(path), path);
-    // The first name in it counts for the cut, as with any other path.
+    // Otherwise the path is shortened by the length of the first name found, as any path is.
     folder_.write(L"abc.txt");
     EXPECT_EQ(folder_of(path), path.substr(0, path.size() - 7) + L"\\");
 }
 
-TEST_F(ProfileAnySettings, APatternIsCutByTheNameItFinds) {
+TEST_F(ProfileAnySettings, APatternIsShortenedByTheLengthOfTheNameFound) {
     BoxWatcher boxes({answer(IDOK)});
     folder_.write(L"abc.txt");
     EXPECT_EQ(folder_of(folder_ / L"*.txt"),
@@ -292,7 +292,7 @@ TEST_F(ProfileAnySettings, FoldersInEveryWayOfCalling) {
             const Answer answer = call_in(way, profile_.get(), L"ExisteCarpeta",
                                           {Variant(path), Variant(create), Variant(tell)}, boxes);
             EXPECT_EQ(answer.result, S_OK);
-            // The arguments are not written to.
+            // Arguments by reference are not changed.
             EXPECT_EQ(answer.arguments.at(0).to_text(), path);
             return shown(answer.value);
         };
@@ -377,7 +377,7 @@ TEST_F(Profile, DefaultsOfMissingIniValues) {
                             L"LeerIni del Módulo clsProfile.|1")}));
 }
 
-TEST_F(ProfileAnySettings, TheCallersVariablesComeBackThroughTheCodePage) {
+TEST_F(ProfileAnySettings, TheCallersVariablesAreWrittenBackInTheCodePage) {
     BoxWatcher no_box;
     Variant file(folder_ / L"v.ini");
     Variant section(L"\u4e2d");
@@ -399,7 +399,7 @@ TEST_F(ProfileAnySettings, TheCallersVariablesComeBackThroughTheCodePage) {
     EXPECT_EQ(section.to_text(), L"?");
 }
 
-TEST_F(ProfileAnySettings, TextsComeBackThroughTheCodePageInEveryWayThatWritesBack) {
+TEST_F(ProfileAnySettings, TextsAreWrittenBackInTheCodePageInEveryWayOfCalling) {
     BoxWatcher no_box;
     for (const Way way : ways_that_write_back) {
         SCOPED_TRACE(name_of(way));
@@ -408,7 +408,7 @@ TEST_F(ProfileAnySettings, TextsComeBackThroughTheCodePageInEveryWayThatWritesBa
         const Answer saved = call_in(way, profile_.get(), L"GuardarIni", {file, text, text, text});
         EXPECT_EQ(saved.result, S_OK);
         const Answer read = call_in(way, profile_.get(), L"LeerIni", {file, text, text, text});
-        // A file of such a name cannot be there: the default is the value.
+        // No file can have such a name, so the default is returned.
         EXPECT_EQ(shown(read.value), "texto ? ñ");
         for (const Answer& answer : {saved, read}) {
             EXPECT_EQ(narrow(answer.arguments.at(0).to_text()), narrow(folder_ / L"?.ini"));
@@ -416,7 +416,7 @@ TEST_F(ProfileAnySettings, TextsComeBackThroughTheCodePageInEveryWayThatWritesBa
             EXPECT_EQ(narrow(answer.arguments.at(2).to_text()), "? ñ");
         }
         EXPECT_EQ(narrow(saved.arguments.at(3).to_text()), "? ñ");
-        // The default is no text of the call's.
+        // The default alone is not converted.
         EXPECT_EQ(read.arguments.at(3).to_text(), L"\u4e2d ñ");
     }
 }
@@ -439,7 +439,7 @@ TEST_F(ProfileAnySettings, PathsInEveryWayOfCalling) {
     }
 }
 
-TEST_F(ProfileAnySettings, AFailedReadingLeavesTheVariablesAlone) {
+TEST_F(ProfileAnySettings, AFailedReadLeavesTheVariablesUnchanged) {
     const std::wstring omega = L"\u03c9";
     for (const Way way : every_way) {
         const Answer answer = call_in(
@@ -507,7 +507,7 @@ void press(HWND dialog, int button) {
 
 TEST_F(Profile, TheBrowserBeginsAtTheFolderGivenAndReturnsTheOneChosen) {
     std::filesystem::create_directory(folder_ / L"Año");
-    // Wine's browser now and then opens on nothing at all: such a one is cancelled.
+    // Wine's browser sometimes opens without a selected folder; it is then cancelled and reopened.
     bool opened_on_folder = false;
     for (int attempts = 0; attempts < 10 && !opened_on_folder; ++attempts) {
         std::wstring prompt;
@@ -548,7 +548,7 @@ TEST_F(Profile, AnEmptyPromptShowsNone) {
     auto texts = texts_with(L"Elija");
     const auto prompt = std::find(texts.begin(), texts.end(), L"Elija");
     ASSERT_NE(prompt, texts.end());
-    // All else stays as it was.
+    // The other texts are unchanged.
     *prompt = L"";
     EXPECT_EQ(texts_with(L""), texts);
 }

@@ -1,5 +1,4 @@
-// Copies of the library that nobody has registered, each in a folder of its own, stand for
-// installations with another zip32.dll beside them or none.
+// Unregistered copies of the library, each in its own folder with or without a zip32.dll.
 #pragma once
 
 #include "tests/automation/zip_test.h"
@@ -7,8 +6,8 @@
 
 namespace kovrel::test {
 
-/// A copy of the library. It stays loaded to the process's end, so that only the next run can take
-/// its folder away.
+/// A copy of the library. It stays loaded until the process ends, so its folder is removed by the
+/// next run.
 class Installation {
  public:
     explicit Installation(const std::string& name)

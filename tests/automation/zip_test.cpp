@@ -1,5 +1,4 @@
-// clsFZip.GenerarZip as hosts call it: every box, every way to pass the list, and what is in the
-// archives afterwards.
+// clsFZip.GenerarZip: every box, every way to pass the list, and the content of the archives.
 #include "tests/automation/zip_test.h"
 
 namespace kovrel::test {
@@ -36,7 +35,7 @@ std::wstring Archives::generate_early(const std::wstring& name, const std::wstri
     Bstr result;
     EXPECT_NE(generate, nullptr);
     EXPECT_EQ(generate(zip_.get(), &raw_name, &raw_folder, &record, result.put()), S_OK);
-    // The arguments are only read.
+    // The arguments are not changed.
     EXPECT_EQ(raw_name, name_text.get());
     EXPECT_EQ(raw_folder, folder_text.get());
     return std::wstring(result.view());
@@ -76,7 +75,7 @@ namespace {
 
 constexpr const wchar_t* nothing_to_pack = L"No hay fichero para comprimir.";
 
-/// Opens a file so that nobody else can, for the length of a scope.
+/// Holds a file open without sharing for the length of a scope.
 class Lock {
  public:
     explicit Lock(const std::wstring& path, DWORD shared = 0)
@@ -92,7 +91,7 @@ class Lock {
     HANDLE handle_;
 };
 
-/// Another current folder, for the length of a scope.
+/// Changes the current folder for the length of a scope.
 class InFolder {
  public:
     explicit InFolder(const std::wstring& folder) : before_(std::filesystem::current_path()) {
@@ -106,7 +105,7 @@ class InFolder {
     std::filesystem::path before_;
 };
 
-/// Runs a function in the thread's message loop after a while.
+/// Runs a function in the thread's message loop after a delay.
 class Later {
  public:
     Later(UINT milliseconds, std::function<void()> action) {
@@ -143,7 +142,7 @@ TEST_F(Archives, TheFolderMustBeThere) {
     };
     expect_refusal(L"a.zip", missing, {file("a.txt", "1")}, text(missing).c_str(), L"");
     put(zip_.get(), L"AppOrigen", Variant(L"Gestión Ñ"));
-    // As passed, and told before an empty list.
+    // The path is shown as passed, and checked before the list.
     expect_refusal(L"a.zip", missing + L"\\", {}, text(missing + L"\\").c_str(), L"Gestión Ñ");
     expect_refusal(L"a.zip", L"no/hay", {}, text(L"no/hay").c_str(), L"Gestión Ñ");
 }
@@ -166,7 +165,7 @@ TEST_F(Archives, AFileIsNeeded) {
     expect_refusal(L"a.zip", L"", {L""}, nothing_to_pack, L"Copias");
 }
 
-TEST_F(Archives, AnExistingOneIsToldBeforeAnEmptyList) {
+TEST_F(Archives, AnExistingArchiveIsReportedBeforeAnEmptyList) {
     file("a.zip", "no es un zip");
     put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
     BoxWatcher boxes({answer(IDOK), answer_key(VK_ESCAPE)});
@@ -187,8 +186,8 @@ TEST_F(Archives, OneFile) {
     EXPECT_EQ(folder_.count(), 2U);
 }
 
-// "\u03A9" (omega) is no letter of the code page; nor is it an O.
-TEST_F(Archives, FilesOfResemblingNamesAreLeftAlone) {
+// The code page lacks "\u03A9" (omega), whose best fit would be an O.
+TEST_F(Archives, FilesWithSimilarNamesAreNotTouched) {
     file("O.txt", "ajeno");
     file("O.zip", "tampoco un zip");
     const std::wstring greek = file("\xCE\xA9.txt", "griego");
@@ -199,7 +198,7 @@ TEST_F(Archives, FilesOfResemblingNamesAreLeftAlone) {
         EXPECT_EQ(generate(L"\x03A9.zip", {file("b.txt", "2")}), L"");
         EXPECT_EQ(folder_.read("O.zip"), "tampoco un zip");
         EXPECT_EQ(folder_.count(), 4U);
-        // The others of a list are packed.
+        // The other files of the list are packed.
         EXPECT_EQ(generate(L"c.zip", {greek, path("b.txt")}), path("c.zip"));
         EXPECT_THAT(entries("c.zip"), ElementsAre("b.txt"));
         DeleteFileW(path("c.zip").c_str());
@@ -219,7 +218,7 @@ TEST_F(Archives, AnEmptyDriveIsAFolder) {
     }
 }
 
-TEST_F(Archives, ABackslashAtTheFoldersEndStays) {
+TEST_F(Archives, AFolderThatEndsInABackslash) {
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"a.zip", folder() + L"\\", {file("a.txt", "1")}), path("a.zip"));
     EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
@@ -271,7 +270,7 @@ TEST_F(Archives, MissingEmptyReadOnlyAndLockedFiles) {
         EXPECT_THAT(entries("a.zip"), ElementsAre("vacío.txt", "lectura.txt", "compartido.txt"));
         EXPECT_EQ(content("a.zip", "vacío.txt"), "");
         EXPECT_EQ(content("a.zip", "lectura.txt"), "fija");
-        // None that can be packed: no archive, and nobody is told.
+        // Without a file that can be packed there is no archive and no box.
         EXPECT_EQ(generate(L"b.zip", {path("no está.txt")}), L"");
         EXPECT_EQ(generate(L"b.zip", {locked}), L"");
         EXPECT_FALSE(folder_.exists("b.zip"));
@@ -287,7 +286,7 @@ TEST_F(Archives, AFolderInTheListIsNotPacked) {
     EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
 }
 
-TEST_F(Archives, TwoFilesOfOneNameMakeNone) {
+TEST_F(Archives, TwoFilesOfTheSameNameMakeNoArchive) {
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"a.zip", {file("d/a.txt", "1"), file("e/A.TXT", "2")}), L"");
     EXPECT_FALSE(folder_.exists("a.zip"));
@@ -296,7 +295,7 @@ TEST_F(Archives, TwoFilesOfOneNameMakeNone) {
 TEST_F(Archives, AnExistingOneIsUpdated) {
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "viejo"), file("b.txt", "queda")}), path("a.zip"));
     put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
-    BoxWatcher boxes({answer_key(VK_ESCAPE)});  // OK is all that there is to answer
+    BoxWatcher boxes({answer_key(VK_ESCAPE)});  // the box has an OK button only
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "nuevo"), file("c.txt", "3")}), path("a.zip"));
     ASSERT_EQ(boxes.seen().size(), 1U);
     EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(replaced_text));
@@ -307,14 +306,14 @@ TEST_F(Archives, AnExistingOneIsUpdated) {
     EXPECT_EQ(content("a.zip", "b.txt"), "queda");
 }
 
-TEST_F(Archives, AnExistingFileCountsHoweverThePackingWent) {
+TEST_F(Archives, AnExistingFileIsTheResultEvenIfPackingFails) {
     file("a.zip", "no es un zip");
     BoxWatcher boxes({answer(IDOK)});
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
     EXPECT_EQ(folder_.read("a.zip"), "no es un zip");
 }
 
-TEST_F(Archives, AFolderOfTheArchivesNameIsNoFile) {
+TEST_F(Archives, AFolderWithTheArchivesNameMakesNoArchive) {
     file("a.zip/d.txt", "1");
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), L"");
@@ -441,7 +440,7 @@ TEST_F(Archives, TheRecordLateBound) {
     EXPECT_THAT(entries("b.zip"), ElementsAre("a.txt"));
 }
 
-TEST_F(Archives, HalfASecondInWhichEventsRunUnderTheHourglass) {
+TEST_F(Archives, WaitsHalfASecondDispatchingEventsUnderTheHourglass) {
     HCURSOR during = nullptr;
     SetCursor(LoadCursorW(nullptr, IDC_CROSS));
     const Later event(50, [&] { during = GetCursor(); });
@@ -453,13 +452,13 @@ TEST_F(Archives, HalfASecondInWhichEventsRunUnderTheHourglass) {
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
 }
 
-TEST_F(Archives, WhatIsThereAfterTheWaitCounts) {
+TEST_F(Archives, AnArchiveDeletedDuringTheWaitIsNotReturned) {
     const Later event(50, [&] { EXPECT_TRUE(DeleteFileW(path("a.zip").c_str())); });
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), L"");
 }
 
-TEST_F(Archives, AnotherOneMadeDuringTheWait) {
+TEST_F(Archives, AnotherArchiveMadeDuringTheWait) {
     std::wstring inner;
     const Later event(50, [&] { inner = generate(L"b.zip", {file("b.txt", "2")}); });
     BoxWatcher no_box;
@@ -469,7 +468,7 @@ TEST_F(Archives, AnotherOneMadeDuringTheWait) {
     EXPECT_THAT(entries("b.zip"), ElementsAre("b.txt"));
 }
 
-TEST_F(Archives, TheHostLetsGoDuringTheWait) {
+TEST_F(Archives, TheHostReleasesTheObjectDuringTheWait) {
     const DISPID member = id_of(zip_.get(), L"GenerarZip");
     Variant list = list_of({file("a.txt", "1")});
     Variant name(L"a.zip");

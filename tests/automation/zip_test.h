@@ -1,4 +1,4 @@
-// Calls of clsFZip and what they leave behind, for the tests of archives.
+// The fixture of the tests that make archives with clsFZip.
 #pragma once
 
 #include <array>

@@ -1,9 +1,9 @@
-// Does in the windows that an example opens what the example says the user does:
+// Works the windows that an example opens, as the example says the user does:
 //
 //     window_worker STEPS SECONDS
 //
-// STEPS has one UTF-8 line a window, "title|action", worked in this order; an action is Aceptar,
-// Cancelar or cerrar. The exit code is 0 once every window has come, been worked and gone, else 1.
+// STEPS has one UTF-8 line a window, "title|action", in this order; an action is Aceptar, Cancelar
+// or cerrar. The exit code is 0 when every window has appeared and closed, else 1.
 #include <windows.h>
 
 #include <cstdio>
@@ -22,7 +22,7 @@ namespace {
 
 using kovrel::test::Milliseconds;
 
-/// The one button of each of the library's windows that closes it.
+/// The button that closes each of the library's windows.
 const std::map<std::wstring, int> closing_buttons{
     {L"Kovrel.frmDialogo", kovrel::frmDialogo::OKButton},
     {L"Kovrel.frmFECHA1", kovrel::frmFECHA1::cmdOK},
@@ -38,7 +38,7 @@ bool is_no_message_box(HWND window) {
            kovrel::test::find_control(window, L"SysTreeView32") != nullptr;
 }
 
-/// A window with the title that is no message box.
+/// Waits for a window with the title that is not a message box.
 HWND wait_for(const std::wstring& title, Milliseconds limit) {
     HWND found = nullptr;
     kovrel::test::wait_until(
@@ -52,7 +52,7 @@ HWND wait_for(const std::wstring& title, Milliseconds limit) {
     return found;
 }
 
-/// False when the window has no such way to close.
+/// False when the window cannot be closed that way.
 bool work(HWND window, const std::string& action) {
     if (action == "cerrar") return PostMessageW(window, WM_CLOSE, 0, 0) != FALSE;
     const auto own = closing_buttons.find(kovrel::test::class_of(window));

@@ -1,6 +1,6 @@
-// A host that ends with its objects still held by one of its modules:
+// A host that ends while one of its modules still holds objects:
 //   exit_program kovrel.dll (exit | return)
-// The module comes in with the program, before the library.
+// The module is loaded with the program, before the library.
 #include <kovrel.h>
 #include <string_view>
 

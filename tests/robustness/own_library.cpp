@@ -90,8 +90,8 @@ const OwnMember& OwnClass::member(const std::wstring& wanted, WORD kind) const {
 OwnLibrary::OwnLibrary()
     : module_(LoadLibraryW(KOVREL_OWN_LIBRARY)), classes_(read_classes(KOVREL_OWN_LIBRARY)) {
     if (module_ == nullptr || classes_.empty()) std::abort();
-    // What is given back is not kept for the next text of its length, some megabytes of them: the
-    // tests count what the process has. The compiler's headers lack the function.
+    // Turns the BSTR cache off, which would spoil the tests' counts of memory. The compiler's
+    // headers lack the function.
     exported<void(STDAPICALLTYPE*)()>(GetModuleHandleW(L"oleaut32.dll"), "SetOaNoCache")();
 }
 

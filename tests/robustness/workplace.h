@@ -1,4 +1,4 @@
-// A current folder with a few files for those who look for some.
+// A current folder with a few files.
 #pragma once
 
 #include "tests/robustness/own_library.h"
@@ -20,7 +20,7 @@ class Workplace {
     Workplace& operator=(const Workplace&) = delete;
     ~Workplace() { SetCurrentDirectoryW(before_); }
 
-    /// Pictures on their way into fields lie in the library's own folder.
+    /// Removes the temporary files of pictures from the library's folder.
     static void remove_pictures() {
         std::error_code ignored;
         for (const auto& entry :

@@ -14,8 +14,7 @@ constexpr int label_width = 150;
 constexpr int field_width = 230;
 constexpr const wchar_t* form_class = L"KovrelHostForm";
 
-/// A form that becomes active again gives the focus back to the field that had it, unless a field
-/// has been given it in the meantime.
+/// A form that is activated again restores the focus, unless a field has been given it meanwhile.
 LRESULT CALLBACK form_procedure(HWND form, UINT message, WPARAM wparam, LPARAM lparam) {
     const bool activated = message == WM_ACTIVATE && LOWORD(wparam) != WA_INACTIVE;
     if (activated && IsChild(form, GetFocus())) return 0;
@@ -43,7 +42,7 @@ void add_item(HWND combo, const std::wstring& text) {
     SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-/// The rows of a whole list: the first column is what the real control shows.
+/// Adds the rows of a List array; the control shows the first column.
 void fill(HWND combo, const Variant& list) {
     SAFEARRAY* const array = array_in(list, VT_VARIANT, 2);
     const auto rows = static_cast<std::size_t>(array_extent(array, 1));
@@ -53,7 +52,7 @@ void fill(HWND combo, const Variant& list) {
     }
 }
 
-/// What every control has.
+/// The members that all controls have.
 ComPtr<ScriptedObject> make_control(HWND window, const std::wstring& name) {
     auto object = ScriptedObject::make();
     object->property(L"Tag", Variant(name))

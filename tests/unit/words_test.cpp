@@ -176,7 +176,7 @@ TEST_F(Words, TheScaleToItsEnd) {
     }
 }
 
-TEST_F(Words, PastTheScaleAQuestionMarkStandsInThePlaceOfTheNumber) {
+TEST_F(Words, BeyondTheScaleTheNumberIsAQuestionMark) {
     EXPECT_NE(text(std::wstring(123, L'9')).find(L"vigintillones"), std::wstring::npos);
     EXPECT_EQ(text(std::wstring(124, L'9')), L"?");
     EXPECT_EQ(number(std::wstring(124, L'1'), {L"Euro", L"Euros"}), L"?");
@@ -198,11 +198,11 @@ TEST_F(Words, UnoDependsOnTheUnitNames) {
     EXPECT_EQ(text(L"21"), L"veintiuno");
     EXPECT_EQ(text(L"21", {L"Euro", L"Euros"}), L"veintiun Euros");
     EXPECT_EQ(text(L"1", {L"Euro", L"Euros"}), L"un Euro");
-    // One group looks at the singular name only.
+    // With one group only the singular name counts.
     EXPECT_EQ(text(L"1", {L"", L"Euros"}), L"uno");
     EXPECT_EQ(text(L"21", {L"", L"Euros"}), L"veintiuno Euros");
     EXPECT_EQ(text(L"21", {L"Euro", L""}), L"veintiun");
-    // Several groups look at both.
+    // With several groups either name counts.
     EXPECT_EQ(text(L"1021", {L"", L"Euros"}), L"mil veintiun Euros");
     EXPECT_EQ(text(L"1021", {L"Euro", L""}), L"mil veintiun");
     EXPECT_EQ(text(L"1021"), L"mil veintiuno");
@@ -255,7 +255,7 @@ TEST_F(Words, NumbersInsideAText) {
     EXPECT_EQ(text(L"-"), L"-");
 }
 
-TEST_F(Words, ThePointsOfGroupsEndTheReadingOfTheWholePart) {
+TEST_F(Words, PointsBetweenGroupsEndTheWholePart) {
     EXPECT_EQ(text(L"12.5"), L"doce con cinco");
     EXPECT_EQ(text(L"1.000"), L"uno con cero");
     EXPECT_EQ(text(L"1.234.567,5"),
@@ -266,7 +266,7 @@ TEST_F(Words, Exponents) {
     EXPECT_EQ(text(L"1E+24"), L"un cuatrillón");
     EXPECT_EQ(text(L"1e3"), L"mil");
     EXPECT_EQ(text(L"2,003E+48"), L"dos con tres octillones");
-    // The whole part of a number of more than 15 digits is itself written with an exponent.
+    // The whole part of more than 15 digits is formatted with an exponent.
     EXPECT_EQ(text(L"1234567890123456,5").substr(0, 8), L"uno con ");
     EXPECT_EQ(text(L"-5e-1"), L"menos menos uno con uno");
     EXPECT_THAT(failures_, testing::IsEmpty());
@@ -284,7 +284,7 @@ TEST_F(Words, GroupsAddNothing) {
     EXPECT_EQ(group(L""), L"");
 }
 
-TEST_F(Words, NumbersCallTheUnitByTheWholeNumber) {
+TEST_F(Words, TheUnitNameAgreesWithTheWholePart) {
     EXPECT_EQ(number(L"1", {L"Céntimo", L"Céntimos"}), L"un Céntimo");
     EXPECT_EQ(number(L"01", {L"Céntimo", L"Céntimos"}), L"un Céntimo");
     EXPECT_EQ(number(L"0", {L"Céntimo", L"Céntimos"}), L"cero Céntimos");
@@ -295,14 +295,14 @@ TEST_F(Words, NumbersCallTheUnitByTheWholeNumber) {
     EXPECT_THAT(failures_, testing::IsEmpty());
 }
 
-TEST_F(Words, AStepThatFailsLeavesAnEmptyPiece) {
+TEST_F(Words, AFailedNumberLeavesAnEmptyPiece) {
     EXPECT_EQ(text(L"vale (5) hoy"), L"vale menos  hoy");
     EXPECT_THAT(failures_, testing::ElementsAre(13));
     failures_.clear();
     EXPECT_EQ(text(L"&H1F"), L"");
     EXPECT_THAT(failures_, testing::ElementsAre(13));
     failures_.clear();
-    // Only the group that is no number is lost.
+    // Only the group that is not a number is missing.
     EXPECT_EQ(number(L"x"
                      L"1x3045",
                      {L"Euro", L"Euros"}),
@@ -313,7 +313,7 @@ TEST_F(Words, AStepThatFailsLeavesAnEmptyPiece) {
     EXPECT_THAT(failures_, testing::ElementsAre(13));
 }
 
-/// Settings under which the numbers of a text read a little above their true value.
+/// Settings that read numbers slightly too large.
 class InexactRegional final : public testing_support::SpanishRegional {
  public:
     InexactRegional() : SpanishRegional(RegionalSettings{.decimal_separator = L'.'}) {}
@@ -322,7 +322,7 @@ class InexactRegional final : public testing_support::SpanishRegional {
     }
 };
 
-TEST_F(Words, AReadingThatIsABitOffEndsToo) {
+TEST_F(Words, InexactReadingsTerminate) {
     const InexactRegional regional;
     const WordsContext context{regional, [](const Failure&) { FAIL(); }};
     EXPECT_EQ(text_in_words(L"1.5E+24", {}, {}, context), L"un cuatrillón quinientos mil");
@@ -330,7 +330,7 @@ TEST_F(Words, AReadingThatIsABitOffEndsToo) {
     EXPECT_EQ(text_in_words(L"12.5", {}, {}, context), L"doce con cinco");
 }
 
-/// Reads number words back, knowing only what each word stands for.
+/// Parses number words by the value of each word.
 class WordReader {
  public:
     WordReader() {

@@ -23,7 +23,7 @@ const WindowQuery prompt{prompt_class, {}, 0};
 HWND date_field(HWND window) {
     return find_control(window, DATETIMEPICK_CLASSW);
 }
-// The date field may have buttons of its own.
+// The date field may contain buttons.
 HWND ok_button(HWND window) {
     return find_control(window, 104);
 }
@@ -62,7 +62,7 @@ class DatePrompt : public testing::Test {
     ComPtr<IDispatch> dates_ = create(L"Kovrel.clsFFechas");
 };
 
-// In front, with the keyboard in its date field.
+// Activates the window and waits until its date field has the focus.
 void come_to_front(HWND window) {
     EXPECT_TRUE(bring_to_front(window));
     EXPECT_TRUE(wait_until([&] { return focus_of(window) == date_field(window); }));
@@ -98,7 +98,7 @@ TEST_F(DatePrompt, OnlyTheQuestionIsNeeded) {
               now_day());
 }
 
-TEST_F(DatePrompt, TheCaptionAndTheProposedDateAreTheHosts) {
+TEST_F(DatePrompt, ShowsTheHostsCaptionAndProposedDate) {
     Variant proposed(Date{day(1999, 12, 31)});
     EXPECT_EQ(
         ask_date(
@@ -132,7 +132,7 @@ TEST_F(DatePrompt, TheKeyboardAloneIsEnough) {
                       come_to_front(window);
                       EXPECT_EQ(tab_order(window),
                                 (std::vector<HWND>{date_field(window), ok_button(window)}));
-                      // The first digits are the day's.
+                      // Typing begins in the day.
                       type_text(L"15");
                       press_key(VK_RIGHT);
                       type_text(L"08");
@@ -169,7 +169,7 @@ TEST_F(DatePrompt, AnEmptyFieldIsAskedForAgain) {
     EXPECT_EQ(chosen, day(2025, 3, 9));
 }
 
-TEST_F(DatePrompt, TheDayThatMeansNoDateCannotBeChosen) {
+TEST_F(DatePrompt, DayZeroCannotBeChosen) {
     EXPECT_EQ(ask_date(
                   [](HWND window) {
                       set_field(window, {1899, 12, 0, 30, 0, 0, 0, 0});
@@ -251,7 +251,7 @@ void CALLBACK tick(HWND /*window*/, UINT /*message*/, UINT_PTR /*timer*/, DWORD 
     ++ticks;
 }
 
-TEST_F(DatePrompt, HiddenByOthersItGoesOnWaitingForItsDate) {
+TEST_F(DatePrompt, AHiddenPromptStillWaitsForTheDate) {
     ticks = 0;
     const UINT_PTR timer = SetTimer(nullptr, 0, 10, &tick);
     const HostWindow host(L"Contratos");
@@ -259,7 +259,7 @@ TEST_F(DatePrompt, HiddenByOthersItGoesOnWaitingForItsDate) {
     BoxWatcher windows({on_window(prompt, [&](HWND window) {
         ShowWindow(window, SW_HIDE);
         EXPECT_TRUE(wait_until([&] { return IsWindowEnabled(host.window()) != FALSE; }));
-        // The host's own events go on.
+        // The host's events are dispatched.
         const int now = ticks;
         EXPECT_TRUE(wait_until([&] { return ticks > now + 20; }));
         EXPECT_FALSE(returned);
@@ -343,7 +343,7 @@ TEST_F(DatePrompt, ADateThatTheFieldCannotShowIsReported) {
                         "procedimiento PideFecha del Módulo de clase clsFFechas.|1"});
     }
     EXPECT_TRUE(top_level_windows(prompt).empty());
-    // The next call begins afresh.
+    // The next call is not affected.
     EXPECT_EQ(ask_date(press_ok, {L"¿Fecha?"}), now_day());
 }
 
@@ -363,7 +363,7 @@ TEST_F(DatePrompt, EarlyBound) {
     EXPECT_EQ(proposed, now_day());
 }
 
-TEST_F(DatePrompt, LeavesNothingBehind) {
+TEST_F(DatePrompt, LeaksNothing) {
     const auto once = [&] { ask_date(press_ok, {L"¿Fecha?"}); };
     once();
     const GuiObjects before = gui_objects();

@@ -1,4 +1,4 @@
-// As programs begin that draw at the display's own resolution.
+// The main function of a DPI-aware program.
 #include <windows.h>
 
 #include <gtest/gtest.h>

@@ -18,7 +18,7 @@ using testing::ElementsAre;
 
 constexpr const wchar_t* dialog_class = L"Kovrel.frmDialogo";
 
-// Shows the dialog and works it from the watcher's thread; the work must close it.
+// Shows the dialog and runs `work`, which must close it, on the watcher's thread.
 void show_dialog(const std::wstring& caption, const std::wstring& text,
                  const std::function<void(HWND)>& work, bool proportional = false) {
     const auto catalogue = create(L"Kovrel.clsMensajes");
@@ -61,12 +61,12 @@ LOGFONTW font_of(HWND control) {
     return font;
 }
 
-// Outer size, and wait until the controls have followed.
-/// To another size than it has.
+// Resizes the dialog, to another outer size than it has, and waits until its controls have
+// followed.
 void resize_and_settle(HWND dialog, int width, int height) {
     const RECT before = inner(dialog);
     resize(dialog, width, height);
-    // The window manager may come back to an earlier size once more.
+    // The window manager may set an earlier size once more.
     int still = 0;
     EXPECT_TRUE(wait_until([&] {
         ask(dialog, WM_NULL);
@@ -98,7 +98,7 @@ TEST(MessageDialog, ShowsItsCaptionAndItsText) {
     });
 }
 
-TEST(MessageDialog, AnEmptyCaptionIsInformation) {
+TEST(MessageDialog, AnEmptyCaptionShowsTheDefault) {
     show_dialog(L"", L"Texto", [](HWND dialog) {
         EXPECT_EQ(text_of(dialog), L"Información");
         close_by_button(dialog);
@@ -113,7 +113,7 @@ TEST(MessageDialog, LoneCarriageReturnsBreakLines) {
     });
 }
 
-TEST(MessageDialog, LongTextsScrollAndAreWhole) {
+TEST(MessageDialog, LongTextsScrollAndAreComplete) {
     std::wstring text;
     for (int line = 0; line < 4000; ++line) text += L"Una línea del informe número mil\r";
     show_dialog(L"Informe", text, [&](HWND dialog) {
@@ -187,11 +187,11 @@ TEST(MessageDialog, AnOmittedFlagIsCourier) {
     EXPECT_EQ(call(catalogue.get(), L"MsgFormA", {L"Aviso", L"Texto"}).result, S_OK);
 }
 
-TEST(MessageDialog, EnterEscAndTheCloseBoxCloseIt) {
+TEST(MessageDialog, EnterEscAndTheCloseButtonCloseIt) {
     for (const WORD key : std::initializer_list<WORD>{VK_RETURN, VK_ESCAPE, VK_SPACE}) {
         show_dialog(L"Tecla", L"Texto", [key](HWND dialog) {
             EXPECT_TRUE(bring_to_front(dialog));
-            // Space presses the button alone.
+            // Space works only on the button.
             if (key == VK_SPACE) press_key(VK_TAB);
             press_key(key);
         });
@@ -207,7 +207,7 @@ TEST(MessageDialog, TheKeyboardAloneSelectsAndCopies) {
         EXPECT_TRUE(wait_until([&] { return focus_of(dialog) == box; }));
         press_key('A', Modifier::control);
         EXPECT_TRUE(wait_until([&] { return HIWORD(ask(box, EM_GETSEL)) == 15; }));
-        // Not opened before the box has written it: whoever finds it open copies nothing.
+        // Not opened before the text box has copied: copying fails while it is open.
         const DWORD last_content = GetClipboardSequenceNumber();
         press_key('C', Modifier::control);
         EXPECT_TRUE(wait_until([&] { return GetClipboardSequenceNumber() != last_content; }));
@@ -220,10 +220,10 @@ TEST(MessageDialog, TheKeyboardAloneSelectsAndCopies) {
                 GlobalUnlock(data);
             }
             CloseClipboard();
-            return copied == L"Año 2026\r\nCuota";  // and no more what another test left
+            return copied == L"Año 2026\r\nCuota";  // no longer what another test has left
         }));
         EXPECT_EQ(copied, L"Año 2026\r\nCuota");
-        // The text can be read and not changed.
+        // The text box is read-only.
         type_text(L"x");
         press_key(VK_TAB);
         EXPECT_TRUE(wait_until([&] { return focus_of(dialog) == ok_button(dialog); }));
@@ -232,7 +232,7 @@ TEST(MessageDialog, TheKeyboardAloneSelectsAndCopies) {
     });
 }
 
-TEST(MessageDialog, TheTextBoxFillsAllButTheStripAtEverySize) {
+TEST(MessageDialog, TheTextBoxFillsTheRestAtEverySize) {
     show_dialog(L"Tamaños", long_text(), [](HWND dialog) {
         const int strip_height = inner(strip(dialog)).bottom;
         EXPECT_GT(strip_height, 0);
@@ -266,7 +266,7 @@ TEST(MessageDialog, ASmallWindowHidesTheTextAndPinsTheButton) {
         if (whole.right < button.right - button.left) {
             EXPECT_EQ(button.left, 0);
         }
-        // The window manager may not make it narrow enough: the rule is the same inside.
+        // The window manager may keep it wider, so the client area decides.
         SetWindowPos(strip(dialog), nullptr, 0, 0, 30, 48, SWP_NOZORDER | SWP_NOACTIVATE);
         EXPECT_EQ(bounds_in(ok_button(dialog), strip(dialog)).left, 0);
         resize_and_settle(dialog, 600, 400);
@@ -282,7 +282,7 @@ HFONT WINAPI third_font_fails(const LOGFONTW* description) {
 
 TEST(MessageDialog, AFailureWhileItLoadsShowsTheBoxAndThenTheWindow) {
     const auto catalogue = create(L"Kovrel.clsMensajes");
-    // The window's own font and the text's are made before; then the load handler sets the text's.
+    // The third font is that of the text, created in Form_Load.
     const ImportPatch patch(L"kovrel.dll", "CreateFontIndirectW",
                             reinterpret_cast<void*>(&third_font_fails));
     ASSERT_TRUE(patch.in_place());
@@ -314,12 +314,12 @@ TEST(MessageDialog, IsModalAndGivesTheFocusBack) {
     EXPECT_EQ(GetFocus(), first.field());
 }
 
-TEST(MessageDialog, HiddenByOthersItGoesOnWaitingForItsEnd) {
+TEST(MessageDialog, AHiddenDialogStillWaits) {
     const auto catalogue = create(L"Kovrel.clsMensajes");
     std::atomic<bool> returned = false;
     BoxWatcher windows({on_window({dialog_class, {}, 0}, [&](HWND dialog) {
         ShowWindow(dialog, SW_HIDE);
-        // The waiting call dispatches what comes.
+        // The waiting call dispatches messages.
         for (int messages = 0; messages < 20; ++messages) ask(dialog, WM_NULL);
         EXPECT_FALSE(returned);
         EXPECT_TRUE(IsWindow(dialog));
@@ -331,7 +331,7 @@ TEST(MessageDialog, HiddenByOthersItGoesOnWaitingForItsEnd) {
     returned = true;
 }
 
-TEST(MessageDialog, ItsMeasuresAreItsWidthAndItsHeightUntilItIsUnloaded) {
+TEST(MessageDialog, MedidasAreItsSizeUntilItIsUnloaded) {
     const auto bounds_with = [](std::int16_t width, std::int16_t height) {
         const auto dialog = std::make_shared<frmDialogo>();
         dialog->Medida1 = width;
@@ -352,7 +352,7 @@ TEST(MessageDialog, ItsMeasuresAreItsWidthAndItsHeightUntilItIsUnloaded) {
     EXPECT_EQ(bounds_with(0, 4500), std::pair(width, 300L));
 }
 
-TEST(MessageDialog, ARequestToQuitReachesTheHostAfterIt) {
+TEST(MessageDialog, AQuitMessageReachesTheHostAfterwards) {
     const auto catalogue = create(L"Kovrel.clsMensajes");
     const DWORD thread = GetCurrentThreadId();
     BoxWatcher windows({on_window({dialog_class, {}, 0}, [thread](HWND dialog) {
@@ -369,7 +369,7 @@ TEST(MessageDialog, ARequestToQuitReachesTheHostAfterIt) {
     EXPECT_EQ(message.wParam, 7U);
 }
 
-TEST(MessageDialog, LeavesNothingBehind) {
+TEST(MessageDialog, LeaksNothing) {
     const auto once = [] { show_dialog(L"Uno", L"Texto", close_by_button); };
     once();
     const GuiObjects before = gui_objects();
