@@ -3,8 +3,10 @@
 #pragma once
 
 #include <windows.h>
+#include <olectl.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <ocidl.h>
@@ -87,6 +89,10 @@ inline std::string content_of_size(std::size_t size) {
     }
     return content;
 }
+
+inline constexpr std::array every_kind{
+    std::pair{L"photo.jpg", PICTYPE_BITMAP}, std::pair{L"photo.gif", PICTYPE_BITMAP},
+    std::pair{L"photo.bmp", PICTYPE_BITMAP}, std::pair{L"icon.ico", PICTYPE_ICON}};
 
 class Images : public testing::Test {
  protected:

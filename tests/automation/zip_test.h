@@ -61,6 +61,8 @@ class Archives : public testing::Test {
     ComPtr<IDispatch> zip_ = create(L"Kovrel.clsFZip");
 };
 
+inline constexpr const wchar_t* nothing_to_pack = L"No hay fichero para comprimir.";
+
 inline constexpr const wchar_t* replaced_text =
     L"Ya existe un fichero con el mismo nombre en la misma carpeta. Si continúa el fichero será "
     L"reemplazado.\rSi desea conservar el fichero antiguo cámbielo de nombre o de ubilicación "
