@@ -1,6 +1,6 @@
-// A multi-column combo box filled from record sets of 10 to 100,000 rows of three fields: calls
-// made to the host's objects, and the library's own time per row, from the rows' arrival to the
-// list's departure, which must stay flat.
+// Fills a multi-column combo box from record sets of 10 to 100,000 rows of three fields: the calls
+// made to the host's objects, and the library's own time per row, from reading the rows to
+// assigning the list, which must not grow with their number.
 #include <windows.h>
 
 #include <algorithm>
@@ -17,7 +17,7 @@ namespace kovrel::bench {
 
 using Clock = std::chrono::steady_clock;
 
-/// A combo box that notes when its list arrives; a scripted one would copy the list first.
+/// Records the time when List is assigned; a scripted object would copy the list first.
 class ComboSink final : public IDispatch {
  public:
     Clock::time_point arrival;

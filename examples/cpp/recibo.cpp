@@ -12,7 +12,7 @@
 
 namespace {
 
-/// A text of the library's: its members change or fill in the variables that they are given.
+/// Owns a BSTR; the library's members change or fill in the variables that they are given.
 class Text {
  public:
     explicit Text(const wchar_t* text = L"") : text_(SysAllocString(text)) {}

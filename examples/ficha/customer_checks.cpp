@@ -6,16 +6,13 @@
 
 namespace ficha {
 
-using kovrel::HostObject;
-using kovrel::Variant;
-
-bool CustomerForm::passes(const wchar_t* validator, HostObject::Arguments arguments) {
+bool CustomerForm::passes(const wchar_t* validator, Object::Arguments arguments) {
     const Busy showing(*this);
     return !library_.general.call(validator, arguments).to_bool();
 }
 
 bool CustomerForm::accepts(int id) {
-    const Variant empty_allowed(true);
+    const Value empty_allowed(true);
     switch (id) {
         case IDC_NAME:
             return passes(L"Requerido", {object(id)});
@@ -55,22 +52,21 @@ bool CustomerForm::correct_tax_id() {
     if (text(IDC_TAX_ID).empty()) return true;
     const Busy showing(*this);
     const std::wstring right =
-        library_.general.call(L"Verifica_NIF", {Variant(text(IDC_TAX_ID))}).to_text();
+        library_.general.call(L"Verifica_NIF", {Value(text(IDC_TAX_ID))}).to_text();
     if (right.empty()) {
         go_to(IDC_TAX_ID);
         return false;
     }
-    fields_.at(IDC_TAX_ID).set_text(right);
+    fields_.at(IDC_TAX_ID)->set_text(right);
     return true;
 }
 
 bool CustomerForm::show_province() {
-    const Variant empty_allowed(true);
+    const Value empty_allowed(true);
     set_label(IDC_PROVINCE, L"");
     if (!passes(L"LongitudExacta", {object(IDC_POSTAL_CODE), empty_allowed})) return false;
     if (text(IDC_POSTAL_CODE).empty()) return true;
-    const Variant number =
-        library_.general.call(L"ProvinciaDeCP", {Variant(text(IDC_POSTAL_CODE))});
+    const Value number = library_.general.call(L"ProvinciaDeCP", {Value(text(IDC_POSTAL_CODE))});
     set_label(IDC_PROVINCE, province_name(number.to_int32()));
     return true;
 }
@@ -79,9 +75,8 @@ bool CustomerForm::check_account() {
     const Busy showing(*this);
     const bool required = false;
     const bool name_right_digits = true;
-    const Variant account(text(IDC_ACCOUNT));
-    if (library_.general
-            .call(L"Verifica_CC", {account, Variant(required), Variant(name_right_digits)})
+    const Value account(text(IDC_ACCOUNT));
+    if (library_.general.call(L"Verifica_CC", {account, Value(required), Value(name_right_digits)})
             .to_bool()) {
         return true;
     }
@@ -92,18 +87,18 @@ bool CustomerForm::check_account() {
 /// With two decimals, and in words.
 bool CustomerForm::show_balance() {
     set_label(IDC_BALANCE_WORDS, L"");
-    const Variant written(text(IDC_BALANCE));
+    const Value written(text(IDC_BALANCE));
     if (text(IDC_BALANCE).empty()) return true;
     const Busy showing(*this);
-    if (!written.is_numeric()) {
-        library_.messages.call(L"MsjEscribaElDatoCorrectamente", {Variant(L"Saldo")});
+    if (!written.reads_as_number()) {
+        library_.messages.call(L"MsjEscribaElDatoCorrectamente", {Value(L"Saldo")});
         go_to(IDC_BALANCE);
         return false;
     }
-    const Variant rounded = library_.general.call(L"redondeoa2", {written});
-    fields_.at(IDC_BALANCE).set_text(rounded.to_text());
+    const Value rounded = library_.general.call(L"redondeoa2", {written});
+    fields_.at(IDC_BALANCE)->set_text(rounded.to_text());
     set_label(IDC_BALANCE_WORDS,
-              library_.general.call(L"ConvEurosALetra", {Variant(rounded.to_double())}).to_text());
+              library_.general.call(L"ConvEurosALetra", {Value(rounded.to_double())}).to_text());
     return true;
 }
 

@@ -13,11 +13,11 @@ namespace ficha {
 
 struct ExportJob {
     std::filesystem::path folder;
-    std::vector<CustomerRecord::Value> values;
+    std::vector<CustomerRecord::Entry> values;
     std::filesystem::path photograph;  ///< empty: none
 };
 
-/// Tells the user how it ended: the archive and what it contains, a cancel, or what went wrong.
+/// Reports the result to the user: the archive and its contents, a cancel, or a failure.
 void export_customer(const Library& library, const ExportJob& job);
 
 }  // namespace ficha

@@ -5,19 +5,15 @@
 
 #include "customer_export.h"
 #include "resource.h"
-#include "runtime/failure.h"
 
 namespace ficha {
 namespace {
 
-using kovrel::HostObject;
-using kovrel::Variant;
-
 constexpr UINT field_left_message = WM_APP;
 
-std::wstring day_month_year(kovrel::Date date) {
+std::wstring day_month_year(DATE date) {
     SYSTEMTIME time{};
-    VariantTimeToSystemTime(date.days, &time);
+    VariantTimeToSystemTime(date, &time);
     std::wstring text(11, L'\0');
     swprintf(text.data(), text.size(), L"%02u/%02u/%04u", time.wDay, time.wMonth, time.wYear);
     text.pop_back();
@@ -43,8 +39,8 @@ INT_PTR CALLBACK CustomerForm::procedure(HWND window, UINT message, WPARAM wpara
     if (form == nullptr) return FALSE;
     try {
         return form->handle(message, wparam, lparam) ? TRUE : FALSE;
-    } catch (const kovrel::Failure& failure) {
-        MessageBoxW(window, failure.description().data(), L"Clientes", MB_ICONERROR);
+    } catch (const Failure& failure) {
+        MessageBoxW(window, failure.description.c_str(), L"Clientes", MB_ICONERROR);
     }
     return TRUE;
 }
@@ -58,7 +54,7 @@ bool CustomerForm::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             const UINT event = HIWORD(wparam);
             const int id = LOWORD(wparam);
             const bool left = event == (id == IDC_PAYMENT ? CBN_KILLFOCUS : EN_KILLFOCUS);
-            // Posted, because the focus is still on its way when the field hears of it.
+            // Posted, because the focus is still changing when the field is notified.
             if (fields_.contains(id) && left && !busy_) {
                 PostMessageW(window_, field_left_message, static_cast<WPARAM>(id), 0);
             } else if (event == BN_CLICKED && !busy_) {
@@ -79,7 +75,7 @@ bool CustomerForm::handle(UINT message, WPARAM wparam, LPARAM lparam) {
 
 void CustomerForm::add_text(int id, const wchar_t* name, int max_length, const wchar_t* hint) {
     HWND const control = GetDlgItem(window_, id);
-    fields_[id] = kovrel::test::wrap_text(control, name, max_length);
+    fields_[id] = Owner<FormControl>(new TextBox(control, name, max_length));
     SendMessageW(control, EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(hint));
 }
 
@@ -92,13 +88,13 @@ void CustomerForm::load() {
     add_text(IDC_END, L"fecha de baja", 10, L"dd/mm/aaaa");
     add_text(IDC_BALANCE, L"Saldo", 15);
     fields_[IDC_PAYMENT] =
-        kovrel::test::wrap_combo(GetDlgItem(window_, IDC_PAYMENT), L"Forma de pago");
+        Owner<FormControl>(new ComboBox(GetDlgItem(window_, IDC_PAYMENT), L"Forma de pago"));
     library_.general.call(L"CargaComboDeRecordset",
-                          {object(IDC_PAYMENT), Variant(payment_methods())});
+                          {object(IDC_PAYMENT), payment_methods().value()});
 
     const auto filter = [this](int id, KeyFilter::Accepts accepts) {
         filters_.push_back(
-            std::make_unique<KeyFilter>(fields_.at(id).window, library_.general, accepts));
+            std::make_unique<KeyFilter>(fields_.at(id)->window(), library_.general, accepts));
     };
     filter(IDC_TAX_ID, KeyFilter::Accepts::capitals);
     filter(IDC_START, KeyFilter::Accepts::date);
@@ -133,41 +129,41 @@ void CustomerForm::command(int id) {
 
 void CustomerForm::field_left(int id) {
     HWND const now = GetFocus();
-    HWND const field = fields_.at(id).window;
-    // Another window has come in front, the user is back in the field, or wants to close the form.
+    HWND const field = fields_.at(id)->window();
+    // Another window is active, the focus is back in the field, or the user is closing the form.
     const bool elsewhere = now == nullptr || !IsChild(window_, now);
     const bool back = now == field || IsChild(field, now);
     if (busy_ || elsewhere || back || now == GetDlgItem(window_, IDCANCEL)) return;
-    // What an unfolded list has left selected.
-    SendMessageW(fields_.at(IDC_PAYMENT).window, CB_SETEDITSEL, 0, MAKELPARAM(-1, 0));
+    // Undoes the selection that a closed list leaves.
+    SendMessageW(fields_.at(IDC_PAYMENT)->window(), CB_SETEDITSEL, 0, MAKELPARAM(-1, 0));
     accepts(id);
 }
 
 void CustomerForm::ask_date(int field, const wchar_t* question) {
     const Busy showing(*this);
-    const Variant written(text(field));
-    const kovrel::Date proposed = written.is_date() ? written.to_date() : kovrel::Date{};
-    const Variant chosen = library_.dates.call(
-        L"PideFecha", {Variant(question), Variant(L"Clientes"), Variant(proposed)});
-    fields_.at(field).set_text(day_month_year(chosen.to_date()));
+    const Value written(text(field));
+    const Value proposed = Value::of_date(written.reads_as_date() ? written.to_date() : 0);
+    const Value chosen =
+        library_.dates.call(L"PideFecha", {Value(question), Value(L"Clientes"), proposed});
+    fields_.at(field)->set_text(day_month_year(chosen.to_date()));
     go_to(field);
 }
 
 void CustomerForm::ask_photograph() {
     const Busy showing(*this);
-    const Variant flags(
+    const Value flags(
         std::int32_t{OFN_HIDEREADONLY | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_EXPLORER});
-    const Variant owner(static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(window_)));
+    const Value owner(static_cast<std::int32_t>(reinterpret_cast<INT_PTR>(window_)));
     const bool chosen =
         library_.files
             .call(L"ShowOpen",
-                  {Variant(L""), Variant(L"Elegir la fotografía"),
-                   Variant(L"Imágenes (*.bmp;*.jpg;*.gif)|*.bmp;*.jpg;*.gif"), flags, owner})
+                  {Value(L""), Value(L"Elegir la fotografía"),
+                   Value(L"Imágenes (*.bmp;*.jpg;*.gif)|*.bmp;*.jpg;*.gif"), flags, owner})
             .to_bool();
     if (!chosen) return;
     photograph_file_ = library_.files.get(L"FileName").to_text();
-    const Variant field = record_.photograph_field();
-    library_.images.call(L"PutImageInField", {field, Variant(photograph_file_.wstring())});
+    const Value field = record_.photograph_field();
+    library_.images.call(L"PutImageInField", {field, Value(photograph_file_.wstring())});
     photograph_.set(library_.images.call(L"GetImageFromField", {field}));
     InvalidateRect(GetDlgItem(window_, IDC_PHOTOGRAPH), nullptr, FALSE);
 }
@@ -175,9 +171,9 @@ void CustomerForm::ask_photograph() {
 bool CustomerForm::save() {
     set_label(IDC_STATUS, L"");
     if (!accepts_all()) return false;
-    std::vector<CustomerRecord::Value> values;
+    std::vector<CustomerRecord::Entry> values;
     for (const auto& [id, field] : fields_) {
-        values.push_back({field.object->value(L"Tag").to_text(), field.text()});
+        values.push_back({field->name(), field->text()});
     }
     record_.store(values);
     return true;
@@ -188,8 +184,8 @@ void CustomerForm::export_record() {
     export_customer(library_, {folder_, record_.values(), photograph_file_});
 }
 
-Variant CustomerForm::object(int id) const {
-    return Variant(fields_.at(id).object.query<IDispatch>());
+Value CustomerForm::object(int id) const {
+    return Value(fields_.at(id).get());
 }
 
 void CustomerForm::set_label(int id, const std::wstring& text) {
@@ -197,7 +193,7 @@ void CustomerForm::set_label(int id, const std::wstring& text) {
 }
 
 void CustomerForm::go_to(int id) {
-    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(fields_.at(id).window), TRUE);
+    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(fields_.at(id)->window()), TRUE);
 }
 
 }  // namespace ficha

@@ -11,10 +11,10 @@
 #include <vector>
 
 #include "customer_record.h"
+#include "form_control.h"
 #include "key_filter.h"
 #include "library.h"
 #include "photograph.h"
-#include "tests/support/host_controls.h"
 
 namespace ficha {
 
@@ -27,8 +27,8 @@ class CustomerForm {
     void run();
 
  private:
-    /// While it lives, the library is showing something: what happens to the focus is no news, and
-    /// no command is taken.
+    /// Marks that the library is showing a box or window: changes of the focus and commands are
+    /// ignored meanwhile.
     class Busy {
      public:
         explicit Busy(CustomerForm& form)
@@ -52,7 +52,7 @@ class CustomerForm {
     // Checks (customer_checks.cpp): false when the user has been told of a mistake.
     bool accepts(int id);
     bool accepts_all();
-    bool passes(const wchar_t* validator, kovrel::HostObject::Arguments arguments);
+    bool passes(const wchar_t* validator, Object::Arguments arguments);
     bool correct_tax_id();
     bool show_province();
     bool check_account();
@@ -64,8 +64,8 @@ class CustomerForm {
     bool save();
     void export_record();
 
-    [[nodiscard]] std::wstring text(int id) const { return fields_.at(id).text(); }
-    [[nodiscard]] kovrel::Variant object(int id) const;
+    [[nodiscard]] std::wstring text(int id) const { return fields_.at(id)->text(); }
+    [[nodiscard]] Value object(int id) const;
     void set_label(int id, const std::wstring& text);
     void go_to(int id);
 
@@ -75,7 +75,7 @@ class CustomerForm {
     Photograph photograph_;
     std::filesystem::path photograph_file_;
     HWND window_ = nullptr;
-    std::map<int, kovrel::test::HostControl> fields_;
+    std::map<int, Owner<FormControl>> fields_;
     std::vector<std::unique_ptr<KeyFilter>> filters_;
     bool busy_ = false;
 };

@@ -3,19 +3,15 @@
 #include <algorithm>
 #include <array>
 
-#include "tests/support/ado_recordset.h"
-
 namespace ficha {
 namespace {
 
-using kovrel::ComPtr;
-using kovrel::HostObject;
-using kovrel::Variant;
-using kovrel::test::AdoField;
-using kovrel::test::AdoType;
-
 constexpr std::array field_names{L"Nombre",        L"NIF",           L"Código postal", L"Cuenta",
                                  L"Fecha de alta", L"Fecha de baja", L"Forma de pago", L"Saldo"};
+// ADO's numbers of the field types, and the attribute of fields that may be null.
+constexpr std::int32_t ad_var_wchar = 202;
+constexpr std::int32_t ad_long_var_binary = 205;
+constexpr std::int32_t ad_fld_is_nullable = 0x20;
 constexpr std::int32_t text_size = 60;
 constexpr std::int32_t photograph_size = 4'000'000;
 
@@ -24,19 +20,45 @@ bool is_same_name(const wchar_t* one, const wchar_t* other) {
     return CompareStringOrdinal(one, -1, other, -1, TRUE) == CSTR_EQUAL;
 }
 
-ComPtr<IDispatch> open_recordset(const std::vector<AdoField>& fields) {
-    ComPtr<IDispatch> recordset = kovrel::test::make_recordset(fields);
-    if (!recordset) throw NoDatabase();
+struct Field {
+    const wchar_t* name;
+    std::int32_t type;
+    std::int32_t size;
+};
+
+/// A recordset in memory, open and empty.
+Object make_recordset(const std::vector<Field>& fields) {
+    CLSID class_id{};
+    void* instance = nullptr;
+    if (FAILED(CLSIDFromProgID(L"ADODB.Recordset", &class_id)) ||
+        FAILED(
+            CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, &instance))) {
+        throw NoDatabase();
+    }
+    const Owner<IDispatch> owner(static_cast<IDispatch*>(instance));
+    Object recordset{Value(owner.get())};
+    const Object collection(recordset.get(L"Fields"));
+    for (const Field& field : fields) {
+        collection.call(L"Append", {Value(field.name), Value(field.type), Value(field.size),
+                                    Value(ad_fld_is_nullable)});
+    }
+    recordset.call(L"Open");
     return recordset;
 }
 
-ComPtr<IDispatch> make_customers() {
-    std::vector<AdoField> fields;
-    for (const wchar_t* name : field_names) fields.push_back({name, AdoType::text, text_size});
-    fields.push_back({L"Fotografía", AdoType::long_binary, photograph_size});
-    ComPtr<IDispatch> customers = open_recordset(fields);
-    const std::vector<Variant> empty(field_names.size(), Variant(L""));
-    kovrel::test::add_rows(customers.get(), {empty});
+Value field_of(const Object& recordset, std::size_t index) {
+    return Object(recordset.get(L"Fields")).get(L"Item", {Value(static_cast<std::int32_t>(index))});
+}
+
+Object make_customers() {
+    std::vector<Field> fields;
+    for (const wchar_t* name : field_names) fields.push_back({name, ad_var_wchar, text_size});
+    fields.push_back({L"Fotografía", ad_long_var_binary, photograph_size});
+    Object customers = make_recordset(fields);
+    customers.call(L"AddNew");
+    for (std::size_t index = 0; index < field_names.size(); ++index) {
+        Object(field_of(customers, index)).put(L"Value", Value(L""));
+    }
     return customers;
 }
 
@@ -44,39 +66,37 @@ ComPtr<IDispatch> make_customers() {
 
 CustomerRecord::CustomerRecord() : records_(make_customers()) {}
 
-HostObject CustomerRecord::field(std::size_t index) const {
-    return HostObject(records_.element(L"Fields", static_cast<std::int32_t>(index)));
-}
-
-void CustomerRecord::store(const std::vector<Value>& values) {
-    for (const Value& value : values) {
+void CustomerRecord::store(const std::vector<Entry>& values) {
+    for (const Entry& value : values) {
         const auto* const found = std::find_if(
             field_names.begin(), field_names.end(),
             [&](const wchar_t* name) { return is_same_name(name, value.field.c_str()); });
         if (found == field_names.end()) continue;
-        field(static_cast<std::size_t>(found - field_names.begin()))
-            .put(L"Value", Variant(value.text));
+        const auto index = static_cast<std::size_t>(found - field_names.begin());
+        Object(field_of(records_, index)).put(L"Value", Value(value.text));
     }
 }
 
-std::vector<CustomerRecord::Value> CustomerRecord::values() const {
-    std::vector<Value> values;
+std::vector<CustomerRecord::Entry> CustomerRecord::values() const {
+    std::vector<Entry> values;
     for (std::size_t index = 0; index < field_names.size(); ++index) {
-        values.push_back({field_names.at(index), field(index).get(L"Value").to_text_or_empty()});
+        const Object field(field_of(records_, index));
+        values.push_back({field_names.at(index), field.get(L"Value").to_text()});
     }
     return values;
 }
 
-Variant CustomerRecord::photograph_field() const {
-    return records_.element(L"Fields", static_cast<std::int32_t>(field_names.size()));
+Value CustomerRecord::photograph_field() const {
+    return field_of(records_, field_names.size());
 }
 
-ComPtr<IDispatch> payment_methods() {
-    ComPtr<IDispatch> methods = open_recordset({{L"Forma de pago", AdoType::text, text_size}});
-    kovrel::test::add_rows(methods.get(), {{Variant(L"Contado")},
-                                           {Variant(L"Domiciliación bancaria")},
-                                           {Variant(L"Transferencia")},
-                                           {Variant(L"Letra a 30 días")}});
+Object payment_methods() {
+    Object methods = make_recordset({{L"Forma de pago", ad_var_wchar, text_size}});
+    for (const wchar_t* method :
+         {L"Contado", L"Domiciliación bancaria", L"Transferencia", L"Letra a 30 días"}) {
+        methods.call(L"AddNew");
+        Object(field_of(methods, 0)).put(L"Value", Value(method));
+    }
     return methods;
 }
 

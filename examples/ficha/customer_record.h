@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/host_object.h"
+#include "automation.h"
 
 namespace ficha {
 
@@ -17,23 +17,21 @@ class CustomerRecord {
     CustomerRecord();
 
     /// The texts of the record, each with the name of its field; the photograph is apart.
-    struct Value {
+    struct Entry {
         std::wstring field;
         std::wstring text;
     };
-    void store(const std::vector<Value>& values);
-    [[nodiscard]] std::vector<Value> values() const;
+    void store(const std::vector<Entry>& values);
+    [[nodiscard]] std::vector<Entry> values() const;
 
     /// The binary field of the photograph.
-    [[nodiscard]] kovrel::Variant photograph_field() const;
+    [[nodiscard]] Value photograph_field() const;
 
  private:
-    [[nodiscard]] kovrel::HostObject field(std::size_t index) const;
-
-    kovrel::HostObject records_;
+    Object records_;
 };
 
 /// One text field with a payment method in each row.
-[[nodiscard]] kovrel::ComPtr<IDispatch> payment_methods();
+[[nodiscard]] Object payment_methods();
 
 }  // namespace ficha

@@ -2,13 +2,9 @@
 
 #include <commctrl.h>
 
-#include "runtime/failure.h"
-
 namespace ficha {
 
-using kovrel::Variant;
-
-KeyFilter::KeyFilter(HWND text_box, const kovrel::HostObject& general, Accepts accepts)
+KeyFilter::KeyFilter(HWND text_box, const Object& general, Accepts accepts)
     : general_(general), accepts_(accepts) {
     SetWindowSubclass(text_box, &procedure, 0, reinterpret_cast<DWORD_PTR>(this));
 }
@@ -22,7 +18,7 @@ LRESULT CALLBACK KeyFilter::procedure(HWND window, UINT message, WPARAM wparam, 
         if (key == 0) return 0;
         wparam = key;
     }
-    // The system would keep what it noted of the filter after the text box is gone.
+    // A subclass must be removed before its window is destroyed.
     if (message == WM_NCDESTROY) RemoveWindowSubclass(window, &procedure, id);
     return DefSubclassProc(window, message, wparam, lparam);
 }
@@ -34,11 +30,8 @@ wchar_t KeyFilter::filtered(wchar_t typed) const {
     WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, &typed, 1, &code, 1, nullptr, &unknown);
     if (unknown != FALSE) return accepts_ == Accepts::capitals ? typed : L'\0';
 
-    auto key = static_cast<std::int16_t>(static_cast<unsigned char>(code));
-    VARIANT by_reference{};
-    by_reference.vt = VT_BYREF | VT_I2;
-    by_reference.piVal = &key;
-    const Variant pulsa(by_reference);
+    auto key = static_cast<short>(static_cast<unsigned char>(code));
+    const Value pulsa = Value::reference(key);
     try {
         switch (accepts_) {
             case Accepts::date:
@@ -47,15 +40,14 @@ wchar_t KeyFilter::filtered(wchar_t typed) const {
             case Accepts::amount: {
                 constexpr bool only_positive = false;
                 constexpr bool point_to_comma = true;
-                general_.call(L"Solo_Numero",
-                              {pulsa, Variant(only_positive), Variant(point_to_comma)});
+                general_.call(L"Solo_Numero", {pulsa, Value(only_positive), Value(point_to_comma)});
                 break;
             }
             case Accepts::capitals:
                 general_.call(L"Convierte_May", {pulsa});
                 break;
         }
-    } catch (const kovrel::Failure&) {
+    } catch (const Failure&) {
         return typed;
     }
 

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "automation/host_object.h"
+#include "automation.h"
 
 namespace ficha {
 
@@ -12,7 +12,7 @@ class KeyFilter {
  public:
     enum class Accepts { date, amount, capitals };
 
-    KeyFilter(HWND text_box, const kovrel::HostObject& general, Accepts accepts);
+    KeyFilter(HWND text_box, const Object& general, Accepts accepts);
     KeyFilter(const KeyFilter&) = delete;
     KeyFilter& operator=(const KeyFilter&) = delete;
 
@@ -22,7 +22,7 @@ class KeyFilter {
     /// The character that the text box gets instead; 0: none.
     [[nodiscard]] wchar_t filtered(wchar_t typed) const;
 
-    const kovrel::HostObject& general_;
+    const Object& general_;
     Accepts accepts_;
 };
 

@@ -1,38 +1,37 @@
 #include "library.h"
 
+#include <kovrel.h>
+
 namespace ficha {
 namespace {
 
-using kovrel::ComPtr;
-using kovrel::HostObject;
-using kovrel::Variant;
-
-HostObject create(const wchar_t* prog_id) {
-    CLSID id{};
-    ComPtr<IDispatch> instance;
-    if (FAILED(CLSIDFromProgID(prog_id, &id)) ||
-        FAILED(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                                instance.put_void()))) {
+template <class Class>
+Object create() {
+    void* instance = nullptr;
+    if (FAILED(CoCreateInstance(__uuidof(Class), nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                                &instance))) {
         throw NotRegistered();
     }
-    return HostObject(instance);
+    const Owner<IDispatch> owner(static_cast<IDispatch*>(instance));
+    return Object(Value(owner.get()));
 }
 
 /// One whose messages have the name of this application as their title.
-HostObject create_titled(const wchar_t* prog_id) {
-    HostObject object = create(prog_id);
-    object.put(L"AppOrigen", Variant(L"Clientes"));
+template <class Class>
+Object create_titled() {
+    Object object = create<Class>();
+    object.put(L"AppOrigen", Value(L"Clientes"));
     return object;
 }
 
 }  // namespace
 
 Library::Library()
-    : general(create_titled(L"Kovrel.clsFGen")),
+    : general(create_titled<Kovrel::clsFGen>()),
       messages(general.get(L"Mensajes")),
-      dates(create_titled(L"Kovrel.clsFFechas")),
-      files(create(L"Kovrel.cgsFileOpR")),
-      images(create_titled(L"Kovrel.clsADODBServices")),
-      archives(create_titled(L"Kovrel.clsFZip")) {}
+      dates(create_titled<Kovrel::clsFFechas>()),
+      files(create<Kovrel::cgsFileOpR>()),
+      images(create_titled<Kovrel::clsADODBServices>()),
+      archives(create_titled<Kovrel::clsFZip>()) {}
 
 }  // namespace ficha

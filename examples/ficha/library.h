@@ -1,7 +1,7 @@
-// The library's objects that the form works with, created and called by name.
+// The library's objects that the form works with, called by name.
 #pragma once
 
-#include "automation/host_object.h"
+#include "automation.h"
 
 namespace ficha {
 
@@ -11,12 +11,12 @@ class NotRegistered {};
 struct Library {
     Library();
 
-    kovrel::HostObject general;   ///< clsFGen: checks, keystrokes, progress, words
-    kovrel::HostObject messages;  ///< its catalogue of messages
-    kovrel::HostObject dates;     ///< clsFFechas
-    kovrel::HostObject files;     ///< cgsFileOpR
-    kovrel::HostObject images;    ///< clsADODBServices
-    kovrel::HostObject archives;  ///< clsFZip
+    Object general;   ///< clsFGen: checks, keystrokes, progress, words
+    Object messages;  ///< its catalogue of messages
+    Object dates;     ///< clsFFechas
+    Object files;     ///< cgsFileOpR
+    Object images;    ///< clsADODBServices
+    Object archives;  ///< clsFZip
 };
 
 }  // namespace ficha

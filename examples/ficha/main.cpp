@@ -1,4 +1,4 @@
-// A customer form over the library, as a program of a user's has it:
+// A customer form over the library, as an application has it:
 //
 //     ficha.exe [FOLDER]
 //
@@ -12,7 +12,6 @@
 #include <shellapi.h>
 
 #include "customer_form.h"
-#include "runtime/failure.h"
 
 namespace {
 
@@ -56,8 +55,8 @@ int show_form() {
         return tell(not_registered);
     } catch (const ficha::NoDatabase&) {
         return tell(no_database);
-    } catch (const kovrel::Failure& failure) {
-        return tell(failure.description().data());
+    } catch (const ficha::Failure& failure) {
+        return tell(failure.description.c_str());
     }
 }
 

@@ -4,8 +4,12 @@
 
 namespace ficha {
 
-void Photograph::set(const kovrel::Variant& picture) {
-    picture_ = picture.vt == VT_DISPATCH ? picture.to_object().query<IPicture>() : nullptr;
+void Photograph::set(const Value& picture) {
+    void* drawn = nullptr;
+    if (picture.vt == VT_DISPATCH && picture.pdispVal != nullptr) {
+        picture.pdispVal->QueryInterface(IID_IPicture, &drawn);
+    }
+    picture_.reset(static_cast<IPicture*>(drawn));
 }
 
 void Photograph::draw(const DRAWITEMSTRUCT& frame) const {
@@ -28,12 +32,13 @@ void Photograph::draw(const DRAWITEMSTRUCT& frame) const {
     }
     const int room_x = area.right - area.left;
     const int room_y = area.bottom - area.top;
-    const double scale = std::min(static_cast<double>(room_x) / static_cast<double>(width),
-                                  static_cast<double>(room_y) / static_cast<double>(height));
+    const double scale =
+        std::min<double>(static_cast<double>(room_x) / static_cast<double>(width),
+                         static_cast<double>(room_y) / static_cast<double>(height));
     const int shown_x = static_cast<int>(static_cast<double>(width) * scale);
     const int shown_y = static_cast<int>(static_cast<double>(height) * scale);
     SetStretchBltMode(frame.hDC, HALFTONE);
-    // Pictures are measured from the bottom up.
+    // HIMETRIC coordinates run upwards.
     picture_->Render(frame.hDC, area.left + (room_x - shown_x) / 2,
                      area.top + (room_y - shown_y) / 2, shown_x, shown_y, 0, height, width, -height,
                      nullptr);

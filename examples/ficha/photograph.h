@@ -5,19 +5,19 @@
 
 #include <ocidl.h>
 
-#include "automation/variant.h"
+#include "automation.h"
 
 namespace ficha {
 
 class Photograph {
  public:
-    /// Takes what the library gives for a field; nothing where that is no picture.
-    void set(const kovrel::Variant& picture);
-    /// As large as the frame holds, its proportions kept; a hint while there is no picture.
+    /// Takes the picture that the library returns for a field; none if it is not a picture.
+    void set(const Value& picture);
+    /// Scaled to the frame with its proportions; a hint while there is no picture.
     void draw(const DRAWITEMSTRUCT& frame) const;
 
  private:
-    kovrel::ComPtr<IPicture> picture_;
+    Owner<IPicture> picture_;
 };
 
 }  // namespace ficha

@@ -1,7 +1,7 @@
 // clsFGen's bank account codes and the letters of tax identifiers, as hosts call them.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {
@@ -37,17 +37,17 @@ TEST_P(BankAccountAnySettings, ControlDigits) {
     EXPECT_EQ(digits(L"0000", L"0000", L"0000000000"), "texto 00");
     EXPECT_EQ(digits(L"", L"", L""), "texto 00");
     EXPECT_EQ(digits(L"ABCD", L"-+.,", L"x"), "texto 00");
-    // A remainder of 1 gives 10, which is written 1: 3 times the weight 4.
+    // A control digit of 10 is written as 1: 3 times the weight 4 leaves the remainder 1.
     EXPECT_EQ(digits(L"3", L"", L""), "texto 10");
 }
 
-TEST_P(BankAccountAnySettings, Pieces) {
+TEST_P(BankAccountAnySettings, BankBranchControlDigitsAndAccount) {
     for (const auto& [member, piece] :
          {std::pair{L"Banco_CC", "texto 2077"}, std::pair{L"Sucursal_CC", "texto 0024"},
           std::pair{L"DC_CC", "texto 00"}, std::pair{L"Cuenta_CC", "texto 3102575766"}}) {
         EXPECT_EQ(shown_for(member, {Variant(right)}), piece);
         EXPECT_EQ(shown_for(member, {Variant(L"")}), "texto ");
-        // An account number longer than its ten digits is cut too.
+        // A code of more than 20 digits is cut.
         EXPECT_EQ(shown_for(member, {Variant(std::wstring(right) + L"99")}), piece);
     }
     EXPECT_EQ(shown_for(L"DC_CC", {Variant(L"123456789")}), "texto 9");
@@ -55,7 +55,7 @@ TEST_P(BankAccountAnySettings, Pieces) {
     EXPECT_EQ(shown_for(L"Sucursal_CC", {Variant(L"1234")}), "texto ");
 }
 
-TEST_P(BankAccountAnySettings, ARightCodeIsAcceptedWithoutABox) {
+TEST_P(BankAccountAnySettings, AValidCodeShowsNoBox) {
     EXPECT_EQ(shown_for(L"Verifica_CC", {Variant(right)}), yes_);
     EXPECT_EQ(shown_for(L"Verifica_CC", {Variant(right), Variant(true), Variant(true)}), yes_);
     // Missing digits count as zeros.
@@ -72,7 +72,7 @@ TEST_P(BankAccountAnySettings, AnEmptyCode) {
               no_);
 }
 
-TEST_P(BankAccountAnySettings, AWrongCodeIsAlwaysTold) {
+TEST_P(BankAccountAnySettings, AWrongCodeAlwaysShowsABox) {
     put(general_.get(), L"AppOrigen", Variant(L"Facturas"));
     const std::wstring opening =
         L"Datos bancarios incorrectos. Por favor revise el 'Código de Cuenta Cliente'\r\r";
@@ -95,7 +95,7 @@ TEST_P(BankAccountAnySettings, AWrongCodeIsAlwaysTold) {
     told(L"000000000", L"Error localizado en los 10 últimos dígitos (Nº de Cuenta)");
 }
 
-TEST_P(BankAccountAnySettings, WithoutACatalogueTheFailureIsTold) {
+TEST_P(BankAccountAnySettings, WithoutACatalogueShowsTheErrorBox) {
     put(general_.get(), L"Mensajes", Variant(ComPtr<IDispatch>()), DISPATCH_PROPERTYPUTREF);
     EXPECT_EQ(shown_for(L"Verifica_CC", {Variant(L""), Variant(true), Variant(true)},
                         {{L"Error 91\r (Variable de objeto o bloque With no establecido) en "

@@ -1,62 +1,8 @@
-// clsFFechas' calendar, as hosts call it.
-#include "runtime/calendar.h"
-
-#include <array>
-#include <cwchar>
-#include <gtest/gtest.h>
-
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
+// clsFFechas: years, months and their days.
+#include "tests/automation/calendar.h"
 
 namespace kovrel::test {
 namespace {
-
-Variant whole(int number) {
-    return Variant(static_cast<std::int16_t>(number));
-}
-Variant month_number(int number) {
-    return Variant(static_cast<std::uint8_t>(number));
-}
-Variant date(int year, int month, int day) {
-    return Variant(Date{static_cast<double>(day_count({year, month, day}))});
-}
-std::string shown_date(int year, int month, int day) {
-    return shown(date(year, month, day));
-}
-
-class CalendarAnySettings : public testing::TestWithParam<Way> {
- protected:
-    Answer call_for(const wchar_t* member, std::vector<Variant> arguments,
-                    const std::vector<ExpectedBox>& boxes = {}) {
-        return call_in(GetParam(), calendar_.get(), member, std::move(arguments), boxes);
-    }
-
-    std::string shown_for(const wchar_t* member, std::vector<Variant> arguments,
-                          const std::vector<ExpectedBox>& boxes = {}) {
-        const Answer answer = call_for(member, std::move(arguments), boxes);
-        EXPECT_EQ(answer.result, S_OK);
-        return shown(answer.value);
-    }
-
-    void expect_failure(const wchar_t* member, std::vector<Variant> arguments, int number,
-                        const wchar_t* description, const std::vector<ExpectedBox>& boxes = {}) {
-        const Answer answer = call_for(member, std::move(arguments), boxes);
-        EXPECT_EQ(answer.result, failure(number)) << narrow(member);
-        EXPECT_EQ(narrow(answer.description), narrow(description)) << narrow(member);
-        EXPECT_EQ(narrow(answer.source), "Kovrel.clsFFechas") << narrow(member);
-    }
-
-    [[nodiscard]] bool writes_back() const { return GetParam() != Way::values; }
-
-    ComPtr<IDispatch> calendar_ = create(L"Kovrel.clsFFechas");
-    const std::string yes_ = shown(Variant(true));
-    const std::string no_ = shown(Variant(false));
-};
-
-/// What follows the user's short date.
-class Calendar : public CalendarAnySettings {};
-
-constexpr const wchar_t* mismatch = L"No coinciden los tipos";
 
 TEST_P(CalendarAnySettings, YearsOfTwoDigits) {
     EXPECT_EQ(shown_for(L"ConvierteAñoA2", {whole(2024)}), "texto 24");
@@ -89,14 +35,14 @@ TEST_P(CalendarAnySettings, AYearThatHasFourDigitsAlready) {
     }
 }
 
-TEST_P(CalendarAnySettings, AYearThatNoDateHas) {
+TEST_P(CalendarAnySettings, AYearOutOfRangeShowsTheErrorBox) {
     const Answer answer = call_for(L"ConvierteAñoA4", {whole(-2001)},
                                    {{L"Error 13\r (No coinciden los tipos) en procedimiento "
                                      L"ConvierteAñoA4 del Módulo de clase clsFFechas.",
                                      16, L"kovrel"}});
     EXPECT_EQ(answer.result, S_OK);
     EXPECT_EQ(shown(answer.value), "texto ");
-    // The sum was in the variable before the failure.
+    // The parameter is assigned before the failure.
     EXPECT_EQ(shown(answer.arguments[0]), shown(whole(writes_back() ? -1 : -2001)));
 }
 
@@ -119,7 +65,7 @@ TEST_P(CalendarAnySettings, DaysOfMonthsAndYears) {
     EXPECT_EQ(shown_for(L"Dias_Anyo", {whole(2024)}), "entero16 366");
 }
 
-TEST_P(CalendarAnySettings, FailuresOfTheGuardedMembers) {
+TEST_P(CalendarAnySettings, FailuresShowTheErrorBox) {
     const ExpectedBox days_overflow{
         L"Error 6\r (Desbordamiento) en procedimiento Dias_Mes del Módulo de clase clsFFechas.", 16,
         L"kovrel"};
@@ -129,7 +75,7 @@ TEST_P(CalendarAnySettings, FailuresOfTheGuardedMembers) {
         16, L"kovrel"};
     EXPECT_EQ(shown_for(L"Dias_Mes", {whole(32767), whole(2024)}, {days_overflow}), "entero16 0");
     EXPECT_EQ(shown_for(L"Dias_Mes", {whole(1), whole(32767)}, {days_argument}), "entero16 0");
-    // The inner member tells its failure and answers 0, which is no 29.
+    // Dias_Mes shows the box and returns 0, which is not 29.
     EXPECT_EQ(shown_for(L"EsBisiesto", {whole(32767)}, {days_argument}), no_);
     EXPECT_EQ(shown_for(L"Dias_Anyo", {whole(32767)}, {days_argument}), "entero16 365");
     const ExpectedBox weeks{
@@ -140,118 +86,6 @@ TEST_P(CalendarAnySettings, FailuresOfTheGuardedMembers) {
     EXPECT_EQ(shown_for(L"SemanasMes", {whole(2024), whole(0)}, {weeks}), "entero16 0");
     EXPECT_EQ(shown_for(L"SemanasMes", {whole(32767), whole(1)}, {days_argument, weeks}),
               "entero16 0");
-}
-
-TEST_P(CalendarAnySettings, WeeksOfAMonth) {
-    const auto week = [&](int year, int month, int day) {
-        return shown_for(L"SemanaEnElMes", {date(year, month, day)});
-    };
-    EXPECT_EQ(week(2024, 1, 1), "entero16 1");
-    EXPECT_EQ(week(2024, 1, 31), "entero16 5");
-    EXPECT_EQ(week(2024, 4, 1), "entero16 1");  // a Monday
-    EXPECT_EQ(week(2024, 9, 1), "entero16 1");  // a Sunday
-    EXPECT_EQ(week(2024, 9, 2), "entero16 2");  // the Monday after it
-    EXPECT_EQ(week(2024, 9, 30), "entero16 6");
-    EXPECT_EQ(week(2024, 12, 31), "entero16 6");
-    EXPECT_EQ(shown_for(L"SemanaEnElMes", {Variant(Date{45366.75})}), "entero16 3");
-    // No date of the calendar.
-    for (const double days : {1e9, -1e9, 2958466.0, -657435.0}) {
-        EXPECT_EQ(shown_for(L"SemanaEnElMes", {Variant(Date{days})},
-                            {{L"Error 5\r (Llamada a procedimiento o argumento no válidos) en "
-                              L"procedimiento SemanaEnElMes del Módulo de clase clsFFechas.",
-                              16, L"kovrel"}}),
-                  "entero16 0");
-    }
-    const auto weeks = [&](int year, int month) {
-        return shown_for(L"SemanasMes", {whole(year), whole(month)});
-    };
-    EXPECT_EQ(weeks(2021, 2), "entero16 4");
-    EXPECT_EQ(weeks(2024, 2), "entero16 5");
-    EXPECT_EQ(weeks(2024, 9), "entero16 6");
-    EXPECT_EQ(weeks(2024, 1), "entero16 5");
-}
-
-TEST_P(CalendarAnySettings, TheWeekAroundADate) {
-    EXPECT_EQ(shown_for(L"PrimerDiaSemana", {date(2024, 3, 17)}), shown_date(2024, 3, 11));
-    EXPECT_EQ(shown_for(L"PrimerDiaSemana", {date(2024, 3, 11)}), shown_date(2024, 3, 11));
-    EXPECT_EQ(shown_for(L"UltimoDiaSemana", {date(2024, 3, 11)}), shown_date(2024, 3, 17));
-    EXPECT_EQ(shown_for(L"UltimoDiaSemana", {date(2024, 3, 17)}), shown_date(2024, 3, 17));
-    EXPECT_EQ(shown_for(L"PrimerDiaSemana", {Variant(Date{45366.75})}),
-              shown(Variant(Date{45362.75})));
-    expect_failure(L"PrimerDiaSemana", {date(100, 1, 1)}, 6, L"Desbordamiento");
-    expect_failure(L"UltimoDiaSemana", {date(9999, 12, 31)}, 6, L"Desbordamiento");
-}
-
-TEST_P(Calendar, TheCaptionOfAWeek) {
-    EXPECT_EQ(shown_for(L"SemanaDel", {date(2024, 3, 1)}),
-              "texto Semana del 26/02/2024 al 03/03/2024");
-    EXPECT_EQ(shown_for(L"SemanaDel", {Variant(Date{45366.75})}),
-              "texto Semana del 11/03/2024 al 17/03/2024");
-}
-
-/// Another short date pattern of the user's, in the library's eyes.
-class ShortDatePattern {
- public:
-    explicit ShortDatePattern(const wchar_t* pattern) { its_pattern = pattern; }
-    [[nodiscard]] bool in_place() const { return patch_.in_place(); }
-
- private:
-    static inline const wchar_t* its_pattern = nullptr;
-    static int WINAPI tell(LCID locale, LCTYPE type, wchar_t* room, int size) {
-        if (type != LOCALE_SSHORTDATE) return GetLocaleInfoW(locale, type, room, size);
-        return swprintf(room, static_cast<std::size_t>(size), L"%ls", its_pattern) + 1;
-    }
-
-    const ImportPatch patch_{L"kovrel.dll", "GetLocaleInfoW", reinterpret_cast<void*>(&tell)};
-};
-
-/// As the system writes it for the user.
-std::wstring date_text(int year, int month, int day, const wchar_t* pattern) {
-    SYSTEMTIME time{};
-    time.wYear = static_cast<WORD>(year);
-    time.wMonth = static_cast<WORD>(month);
-    time.wDay = static_cast<WORD>(day);
-    std::array<wchar_t, 200> text{};
-    EXPECT_NE(GetDateFormatEx(LOCALE_NAME_USER_DEFAULT, 0, &time, pattern, text.data(),
-                              static_cast<int>(text.size()), nullptr),
-              0);
-    return text.data();
-}
-
-TEST_P(CalendarAnySettings, TheCaptionOfAWeekInTheUsersLanguage) {
-    std::array<wchar_t, LOCALE_NAME_MAX_LENGTH> user{};
-    GetUserDefaultLocaleName(user.data(), static_cast<int>(user.size()));
-    for (const wchar_t* const pattern :
-         {L"d-MMM-yyyy", L"ddd d MMM yy", L"dddd, d MMMM yyyy", L"d 'de' MMMM 'de' yyyy",
-          L"d'd''d'M", L"yyyy.MM.dd", L"d'y'M"}) {
-        const ShortDatePattern patterned(pattern);
-        ASSERT_TRUE(patterned.in_place());
-        const std::string caption = shown_for(L"SemanaDel", {date(2026, 9, 16)});
-        EXPECT_EQ(caption, narrow(L"texto Semana del " + date_text(2026, 9, 14, pattern) + L" al " +
-                                  date_text(2026, 9, 20, pattern)));
-        if (std::wstring_view(pattern) != L"d-MMM-yyyy") continue;
-        if (user.data() == std::wstring_view(L"es-ES")) {
-            EXPECT_EQ(caption, "texto Semana del 14-sept-2026 al 20-sept-2026");
-        } else if (user.data() == std::wstring_view(L"ca-ES")) {
-            EXPECT_EQ(caption, "texto Semana del 14-de set.-2026 al 20-de set.-2026");
-        }
-    }
-}
-
-// The system writes no dates before 1601 itself.
-TEST_P(CalendarAnySettings, TheCaptionOfAWeekOfAnyYear) {
-    const auto caption = [&](const wchar_t* pattern, int year, int month, int day) {
-        const ShortDatePattern patterned(pattern);
-        return shown_for(L"SemanaDel", {date(year, month, day)});
-    };
-    EXPECT_EQ(caption(L"dd/MM/yyyy", 1600, 2, 29), "texto Semana del 28/02/1600 al 05/03/1600");
-    EXPECT_EQ(caption(L"d/M/yy", 105, 1, 14), "texto Semana del 12/1/05 al 18/1/05");
-    EXPECT_EQ(caption(L"d'y'/y", 1600, 12, 27), "texto Semana del 25y/00 al 31y/00");
-    EXPECT_EQ(caption(L"dd/MM/yyyy", 9999, 12, 24), "texto Semana del 20/12/9999 al 26/12/9999");
-    const wchar_t* const pattern = L"dddd d MMMM";
-    EXPECT_EQ(caption(pattern, 1492, 10, 12),
-              narrow(L"texto Semana del " + date_text(1892, 10, 10, pattern) + L" al " +
-                     date_text(1892, 10, 16, pattern)));
 }
 
 TEST_P(CalendarAnySettings, FirstAndLastDaysOfAMonth) {
@@ -267,13 +101,13 @@ const ExpectedBox no_days_of_month{
     L"Módulo de clase clsFFechas.",
     16, L"kovrel"};
 
-TEST_P(CalendarAnySettings, AYearWithoutDaysIsToldAndFailsToTheHost) {
-    // The inner member tells its own failure; what goes on with its 0 is no date.
+TEST_P(CalendarAnySettings, AYearOutOfRangeFailsToTheHost) {
+    // Dias_Mes shows the box and returns 0; the date made with it then fails.
     expect_failure(L"UltimoDiaMesActual", {whole(1), whole(32767)}, 13, mismatch,
                    {no_days_of_month});
     expect_failure(L"ultimodia_mesanterior", {month_number(3), whole(32767)}, 13, mismatch,
                    {no_days_of_month});
-    // Without a last day to ask for there is no box.
+    // The first day needs no Dias_Mes, so no box.
     expect_failure(L"PrimerDiaMesActual", {whole(1), whole(32767)}, 13, mismatch);
     expect_failure(L"primerdia_mesanterior", {month_number(3), whole(32767)}, 13, mismatch);
     expect_failure(L"ultimodia_mesanterior", {month_number(1), whole(32767)}, 13, mismatch);
@@ -283,7 +117,7 @@ TEST_P(CalendarAnySettings, ZeroStandsForTodaysMonthAndYear) {
     SYSTEMTIME now{};
     Answer first;
     Answer last;
-    do {  // again where midnight fell between
+    do {  // repeated when the month changes in between
         GetLocalTime(&now);
         first = call_for(L"PrimerDiaMesActual", {whole(0), whole(0)});
         last = call_for(L"UltimoDiaMesActual", {whole(0), whole(0)});
@@ -298,10 +132,10 @@ TEST_P(CalendarAnySettings, ZeroStandsForTodaysMonthAndYear) {
         EXPECT_EQ(shown(answer.arguments[0]), shown(whole(writes_back() ? now.wMonth : 0)));
         EXPECT_EQ(shown(answer.arguments[1]), shown(whole(writes_back() ? now.wYear : 0)));
     }
-    // Left out altogether they stand for the same.
+    // Omitted arguments count as 0.
     EXPECT_EQ(shown_for(L"PrimerDiaMesActual", {}), shown(first.value));
     EXPECT_EQ(shown_for(L"UltimoDiaMesActual", {}), shown(last.value));
-    // Just one of the two; and what was replaced before a failure stays so.
+    // One of the two alone; a value replaced before a failure stays replaced.
     EXPECT_EQ(shown_for(L"PrimerDiaMesActual", {whole(3), whole(0)}), shown_date(now.wYear, 3, 1));
     const Answer month_only = call_for(L"UltimoDiaMesActual", {whole(3), whole(0)});
     EXPECT_EQ(shown(month_only.value), shown_date(now.wYear, 3, 31));
@@ -329,7 +163,7 @@ TEST_P(CalendarAnySettings, TheMonthBefore) {
     EXPECT_EQ(last(1, 2024), shown_date(2023, 12, 31));
     EXPECT_EQ(last(3, 2024), shown_date(2024, 2, 29));
     EXPECT_EQ(last(3, 2023), shown_date(2023, 2, 28));
-    // A 0 is not January, and a first of month -1 is no date.
+    // Month 0 is not taken for January, and month -1 fails.
     expect_failure(L"primerdia_mesanterior", {month_number(0), whole(2024)}, 13, mismatch);
     expect_failure(L"ultimodia_mesanterior", {month_number(0), whole(2024)}, 13, mismatch);
     expect_failure(L"primerdia_mesanterior", {month_number(1), whole(-32768)}, 6,
@@ -352,9 +186,8 @@ TEST_P(CalendarAnySettings, NamesOfMonths) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, CalendarAnySettings, testing::ValuesIn(every_way));
-INSTANTIATE_TEST_SUITE_P(All, Calendar, testing::ValuesIn(every_way));
 
-TEST(CalendarOfScripts, TextsAndWiderNumbersBecomeWhatTheMemberTakes) {
+TEST(CalendarOfScripts, ArgumentsAreConvertedToTheParameterTypes) {
     const auto calendar = create(L"Kovrel.clsFFechas");
     EXPECT_EQ(shown(call(calendar.get(), L"PrimerDiaSemana", {L"17/03/2024"}).value),
               shown_date(2024, 3, 11));
@@ -362,7 +195,7 @@ TEST(CalendarOfScripts, TextsAndWiderNumbersBecomeWhatTheMemberTakes) {
     EXPECT_EQ(call(calendar.get(), L"mes_letra", {256}).result, DISP_E_OVERFLOW);
     EXPECT_EQ(call(calendar.get(), L"EsBisiesto", {40000}).result, DISP_E_OVERFLOW);
     EXPECT_EQ(call(calendar.get(), L"PrimerDiaSemana", {L"mañana"}).result, DISP_E_TYPEMISMATCH);
-    // A script's variable keeps the type that scripts give to numbers only until it is written to.
+    // The script's variable changes its type when the result is written back.
     Variant year(24);
     EXPECT_EQ(
         text_of_result(call(calendar.get(), L"ConvierteAñoA4", {LateArgument::variable(year)})),
@@ -371,7 +204,7 @@ TEST(CalendarOfScripts, TextsAndWiderNumbersBecomeWhatTheMemberTakes) {
     EXPECT_EQ(call(calendar.get(), L"EsBisiesto", {}).result, DISP_E_BADPARAMCOUNT);
 }
 
-TEST(CalendarOfScripts, TheShortDateIsTheUsers) {
+TEST(CalendarOfScripts, UseTheUsersShortDate) {
     const auto calendar = create(L"Kovrel.clsFFechas");
     const Variant monday(Date{45362});
     const Variant sunday(Date{45368});

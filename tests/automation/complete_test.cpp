@@ -1,18 +1,18 @@
-// Every member of every class does something: none answers that the object does not support it.
+// Calls every member of every class: none fails as not supported.
 #include <atomic>
 #include <gtest/gtest.h>
 #include <set>
 #include <thread>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 namespace {
 
 constexpr HRESULT action_not_supported = static_cast<HRESULT>(0x800A01BD);  // 445
 
-/// Answers whatever box of this process appears, as the members called here show many.
+/// Answers every box of this process.
 class AnyBox {
  public:
     AnyBox() : thread_([this] { answer_all(); }) {}
@@ -54,8 +54,8 @@ Variant value_for(const ELEMDESC& parameter) {
     }
 }
 
-TEST(EveryMember, IsBuilt) {
-    // These open windows of their own, which their own tests work.
+TEST(EveryMember, IsImplemented) {
+    // These open windows, which have tests of their own.
     const std::set<std::wstring> windows{L"MsgFormA", L"PideFecha", L"LanzaVerificadorNIFyCCC",
                                          L"ShowOpen", L"BrowseForFolder"};
     const AnyBox boxes;
@@ -86,7 +86,7 @@ TEST(EveryMember, IsBuilt) {
             }
             const auto kind = static_cast<WORD>(function->invkind);
             info->ReleaseFuncDesc(function);
-            // The catalogue stays the one that shows this class's messages.
+            // Setting Mensajes would replace the catalogue for the calls that follow.
             if (windows.count(name) != 0 || kind == DISPATCH_PROPERTYPUTREF) continue;
             const Outcome outcome = invoke(instance.get(), name, kind, arguments);
             EXPECT_NE(outcome.error, action_not_supported) << narrow(name);

@@ -1,12 +1,13 @@
-// clsMensajes: the report of a connection's errors, and what the library says of itself.
+// clsMensajes: the report of a connection's errors, and the library's version and file.
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
-#include "tests/automation/import_patch.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/early.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/library_module.h"
 #include "tests/support/scripted_object.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {
@@ -116,7 +117,7 @@ TEST_F(DatabaseReport, ObjectsThatLackAMemberAreReported) {
     report(object(empty));
     report(object(half));
     EXPECT_EQ(count(object(empty), true), 0);
-    // The count is known by then; only the report fails.
+    // The count has been read before; only the report fails.
     EXPECT_EQ(count(object(connection(half)), true), 1);
     const std::wstring text = L"438\\r (El objeto no admite esta propiedad o método";
     EXPECT_EQ(lines_of(boxes), (Lines{report_failure(text), report_failure(text),
@@ -162,7 +163,7 @@ TEST_F(DatabaseReport, TheCountIsReadAgain) {
     EXPECT_EQ(count(object(connection(make_growing_errors())), false), 2);
 }
 
-TEST_F(DatabaseReport, ACountThatIsKnownStaysTheResult) {
+TEST_F(DatabaseReport, ACountReadBeforeAFailureIsTheResult) {
     const auto errors = make_errors({{1, L"uno"}});
     auto database = ScriptedObject::make();
     int reads = 0;
@@ -176,7 +177,7 @@ TEST_F(DatabaseReport, ACountThatIsKnownStaysTheResult) {
     EXPECT_EQ(errors->references(), 1U);
 }
 
-TEST_F(DatabaseReport, WhatIsNoObjectIsReported) {
+TEST_F(DatabaseReport, ValuesThatAreNotObjectsAreReported) {
     auto database = ScriptedObject::make();
     database->property(L"Errors", Variant(L"ninguno"));
     auto errors = make_errors({{1, L"uno"}});
@@ -194,7 +195,7 @@ TEST_F(DatabaseReport, TheIndexOfAnErrorHasSixteenBits) {
     errors->method(L"Item", [&](const auto& arguments) {
         for (const Variant& argument : arguments) types.push_back(argument.vt);
         auto error = ScriptedObject::make();
-        // The number is one of 32 bits; a description may be missing.
+        // The number has 32 bits; the description may be missing.
         error->property(L"Number", Variant(-2147483647.0))
             .property(L"Description", Variant::null());
         return object(error);
@@ -224,14 +225,13 @@ TEST_F(DatabaseReport, AHostWithoutANameHasBoxesWithoutATitle) {
                narrow(text + L"ExistenErroresADO del Módulo de clase clsMensajes.|1")}));
 }
 
-TEST_F(DatabaseReport, TheIdentificationKeepsNothingAlive) {
-    const auto can_unload = reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(
-        GetProcAddress(GetModuleHandleW(L"kovrel.dll"), "DllCanUnloadNow")));
-    ASSERT_NE(can_unload, nullptr);
+TEST_F(DatabaseReport, ArchiInformacionKeepsNoReference) {
+    const HMODULE module = GetModuleHandleW(L"kovrel.dll");
+    ASSERT_NE(module, nullptr);
     for (int call = 0; call < 3; ++call) get(messages_.get(), L"ArchiInformacion");
-    EXPECT_EQ(can_unload(), S_FALSE);
+    EXPECT_EQ(can_unload(module), S_FALSE);
     messages_ = nullptr;
-    EXPECT_EQ(can_unload(), S_OK);
+    EXPECT_EQ(can_unload(module), S_OK);
 }
 
 TEST_F(DatabaseReport, NoObjectAtAll) {
@@ -296,14 +296,12 @@ TEST_F(DatabaseReport, EarlyBound) {
                             L"1\\r\t7 - siete|1")}));
 }
 
-TEST_F(DatabaseReport, TheLibraryTellsItsVersionAndItsFile) {
+TEST_F(DatabaseReport, VersionAndFileOfTheLibrary) {
     BoxWatcher no_box;
     EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiVersion")), L"1.0.0");
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(GetModuleHandleW(L"kovrel.dll"), path.data(), 32768));
-    const std::wstring folder = path.substr(0, path.rfind(L'\\') + 1);
+    const std::wstring folder = library_file().parent_path().wstring();
     EXPECT_EQ(narrow(text_of_result(get(messages_.get(), L"ArchiInformacion"))),
-              narrow(L"kovrel - Versión: 1.0.0 (" + folder + L"kovrel.dll)"));
+              narrow(L"kovrel - Versión: 1.0.0 (" + folder + L"\\kovrel.dll)"));
     using Get = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
     Bstr text;
     EXPECT_EQ(early<Get>(messages_.get(), L"ArchiVersion", INVOKE_PROPERTYGET)(messages_.get(),
@@ -323,7 +321,7 @@ BOOL WINAPI no_version_value(const void* /*resource*/, const wchar_t* /*path*/, 
     return FALSE;
 }
 
-TEST_F(DatabaseReport, ALibraryThatCannotReadItsVersion) {
+TEST_F(DatabaseReport, AVersionResourceThatCannotBeRead) {
     using Get = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
     const std::string box = narrow(
         L"16|kovrel|Error 57\\r (Error de E/S de dispositivo) en procedimiento ArchiInformacion "
@@ -343,7 +341,7 @@ TEST_F(DatabaseReport, ALibraryThatCannotReadItsVersion) {
                       messages_.get(), text.put()),
                   S_OK);
         EXPECT_EQ(text.view(), L"");
-        // The version alone has no handler.
+        // ArchiVersion alone has no error handler: it fails to the host.
         const Outcome version = get(messages_.get(), L"ArchiVersion");
         EXPECT_EQ(version.result, DISP_E_EXCEPTION);
         EXPECT_EQ(version.error, device_io);

@@ -6,7 +6,7 @@
 namespace kovrel::test {
 namespace {
 
-// What lies where the answer goes before the call is nobody's.
+// Set before the call, to see whether the call writes there.
 constexpr UINT untouched = 77;
 constexpr std::int32_t unwritten = 1234567;
 
@@ -54,7 +54,7 @@ VARIANTARG passed(ShapedArgument& argument) {
     return result;
 }
 
-/// The failure of a member, as it came back.
+/// The exception record as text.
 std::string exception_text(EXCEPINFO& exception) {
     std::string text = code_name(exception.scode);
     text += " " + narrow(std::wstring(text_of(exception.bstrSource)));
@@ -62,14 +62,14 @@ std::string exception_text(EXCEPINFO& exception) {
     return text;
 }
 
-/// The platform may leave the room for a result that there is none of as it is.
+/// The platform may leave the result untouched where the member has none.
 std::string shown_result(const Variant& result) {
     const bool written = result.vt != VT_I4 || result.lVal != unwritten;
     return "result " + shown(written ? result : Variant());
 }
 
-/// A call that fails has no result, and only an argument's own mistake names the argument: what the
-/// platforms themselves do not agree on.
+/// Where Windows and Wine differ: a failed call has an empty result, and puArgErr is set only for
+/// an argument's own error.
 void check_what_is_ours_to_say(const CallShape& shape, HRESULT code, const Variant& result,
                                UINT bad_argument) {
     if (shape.takes_result && FAILED(code)) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 
@@ -44,7 +44,7 @@ struct CallShape {
     bool takes_result = true;
     bool takes_exception = true;
     bool takes_bad_argument = true;
-    /// What else is changed in the record that the arguments are handed over in.
+    /// What is malformed in DISPPARAMS.
     void (*change)(DISPPARAMS& parameters) = nullptr;
     bool without_parameters = false;
 };
@@ -54,7 +54,7 @@ std::vector<CallShape> all_shapes();
 
 enum class Dispatch { own, platform };
 
-/// Everything that comes back, in words: the answer, the result, the failure and the variables.
+/// Everything that comes back, as text: HRESULT, result, exception record and variables.
 std::string answer_to(const CallShape& shape, Dispatch dispatch);
 
 }  // namespace kovrel::test

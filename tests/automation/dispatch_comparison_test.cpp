@@ -1,5 +1,5 @@
-// Every shape of a late-bound call, compared with the platform's own dispatch over the type
-// library. Where the two are meant to differ, the list here says so and why.
+// Every shape of a late-bound call, compared with the platform's DispInvoke over the type library.
+// Intended differences are listed here with their reasons.
 #include "tests/automation/dispatch_comparison.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@ struct Deviation {
     const char* own;
 };
 
-/// Where a call is meant to be answered in another way than the platform answers it, and how.
+/// A call that is answered differently from the platform on purpose, and the answer.
 struct MeantDeviations {
     const char* reason;
     std::vector<Deviation> calls;
@@ -94,7 +94,7 @@ const std::vector<MeantDeviations> meant_deviations{
      }},
 };
 
-/// What a call is to be answered where that is not what the platform answers; null for all others.
+/// The answer expected where it differs from the platform's on purpose; null for all others.
 const char* own_answer_meant_to(const CallShape& shape) {
     for (const MeantDeviations& group : meant_deviations) {
         for (const Deviation& call : group.calls) {
@@ -125,8 +125,8 @@ TEST(DispatchComparison, CallsAreAnsweredAsThePlatformAnswersThem) {
     EXPECT_EQ(deviations, listed) << "a call in the list is none of those compared";
 }
 
-// What the platform's dispatch is not handed.
-TEST(DispatchComparison, TheObjectsOwnArguments) {
+// Arguments of Invoke that DispInvoke does not get.
+TEST(DispatchComparison, ArgumentsOfInvokeItself) {
     const auto object = create(L"Kovrel.clsFFechas");
     const DISPID id = id_of(object.get(), L"EsBisiesto");
     Variant year(2024);

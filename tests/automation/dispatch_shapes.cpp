@@ -1,4 +1,4 @@
-// Every kind of call, count and naming of arguments, and record that they are handed over in.
+// Every kind of call, every count and naming of arguments, and every malformed DISPPARAMS.
 #include "tests/automation/dispatch_shapes.h"
 
 #include <array>

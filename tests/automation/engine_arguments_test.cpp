@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "automation/object.h"
-#include "tests/automation/late.h"
 #include "tests/automation/sample.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 namespace {
@@ -45,7 +45,7 @@ TEST_F(Arguments, NamedArgumentsThatDoNotFit) {
     const Outcome twice = late(L"Resta", {3, 2}, {L"primero"});
     EXPECT_EQ(twice.result, DISP_E_PARAMNOTFOUND);
     EXPECT_EQ(twice.bad_argument, 0U);
-    // A required one is not among the named ones.
+    // A required parameter is missing.
     EXPECT_EQ(late(L"Resta", {2}, {L"segundo"}).result, DISP_E_PARAMNOTOPTIONAL);
 }
 
@@ -54,7 +54,7 @@ TEST_F(Arguments, WrongCounts) {
     EXPECT_EQ(late(L"Resta", {1}).result, DISP_E_BADPARAMCOUNT);
     EXPECT_EQ(late(L"Doble", {}).result, DISP_E_BADPARAMCOUNT);
     EXPECT_EQ(late(L"Otra", {1}).result, DISP_E_BADPARAMCOUNT);
-    // Named, but not there.
+    // DISPID_PROPERTYPUT without an argument.
     EXPECT_EQ(invoke(sample_.get(), L"Nombre", DISPATCH_PROPERTYPUT, {}).result, E_INVALIDARG);
 }
 
@@ -62,7 +62,7 @@ TEST_F(Arguments, ARequiredArgumentMarkedMissing) {
     const Outcome outcome = late(L"Resta", {3, LateArgument::missing()});
     EXPECT_EQ(outcome.result, DISP_E_PARAMNOTOPTIONAL);
     EXPECT_EQ(outcome.bad_argument, 0U);
-    // A variant can hold the marker itself.
+    // A variant parameter receives the missing marker as its value.
     const Outcome echo = late(L"Eco", {LateArgument::missing()});
     EXPECT_EQ(echo.result, S_OK);
     EXPECT_TRUE(echo.value.is_missing());
@@ -97,8 +97,8 @@ TEST_F(Arguments, CoercionByTheUsersSettings) {
     EXPECT_EQ(late(L"Simple", {0.5}).value.fltVal, 0.5F);
 }
 
-TEST_F(Arguments, DefaultsAndWhatMissingCountsAs) {
-    // Declared true, counted as false when the call leaves it out.
+TEST_F(Arguments, DefaultsAndOmittedArguments) {
+    // The declared default is true, but an omitted argument counts as false.
     EXPECT_EQ(late(L"Bandera", {}).value.boolVal, VARIANT_FALSE);
     EXPECT_EQ(late(L"Bandera", {LateArgument::missing()}).value.boolVal, VARIANT_FALSE);
     EXPECT_EQ(late(L"Bandera", {true}).value.boolVal, VARIANT_TRUE);
@@ -169,14 +169,14 @@ TEST_F(Arguments, AReferenceToItselfIsRefused) {
     EXPECT_EQ(outcome.bad_argument, 0U);
 }
 
-TEST_F(Arguments, AReferenceToNothingIsRefused) {
+TEST_F(Arguments, ANullReferenceIsRefused) {
     for (const VARTYPE type : {VT_I2, VT_BSTR, VT_VARIANT, VT_DISPATCH, VT_DECIMAL}) {
         VARIANT nothing{};
         nothing.vt = static_cast<VARTYPE>(VT_BYREF | type);
         for (const wchar_t* const member : {L"Doble", L"Añade", L"Eco", L"HayObjeto", L"Une"}) {
             EXPECT_EQ(late(member, {LateArgument::variable(nothing)}).result, DISP_E_TYPEMISMATCH);
         }
-        // An early-bound caller passes a variant by reference and so, in it, such a reference.
+        // Early-bound callers can pass the same inside a variant.
         Variant result;
         using Eco = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, VARIANT*, VARIANT*);
         const auto eco = slot<Eco>(L"Eco");
@@ -188,7 +188,7 @@ TEST_F(Arguments, AReferenceToNothingIsRefused) {
     }
 }
 
-TEST_F(Arguments, ACallThatCannotStoreItsVariableHasNoResult) {
+TEST_F(Arguments, AFailedWriteBackHasNoResult) {
     std::int32_t number = 7;
     const Outcome outcome = late(L"Añade", {LateArgument::variable(number), L"x"});
     EXPECT_EQ(outcome.result, DISP_E_TYPEMISMATCH);
@@ -232,7 +232,7 @@ TEST_F(Arguments, ARecordIsTakenFromAnArrayOfTexts) {
     EXPECT_EQ(text_of_result(late(L"Une", {texts})), L"1|2|3");
 }
 
-TEST_F(Arguments, WhatIsNoListOfTextsIsRefused) {
+TEST_F(Arguments, OtherArraysAreRefusedAsRecords) {
     Variant four;
     four.vt = VT_ARRAY | VT_BSTR;
     four.parray = SafeArrayCreateVector(VT_BSTR, 0, 4);

@@ -1,25 +1,18 @@
-// The library as a module: loaded and unloaded over and over, instances made and released over and
-// over, with nothing growing.
+// Loads and unloads the library and makes and releases instances thousands of times: memory and
+// handles do not grow.
 #include <windows.h>
 #include <psapi.h>
 
 #include <gtest/gtest.h>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
+#include "tests/support/library_module.h"
 
 namespace kovrel::test {
 namespace {
 
 constexpr const wchar_t* library_path = KOVREL_LIBRARY;
 constexpr int load_rounds = 3'000;
-
-using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
-using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
-
-template <class Function>
-Function entry(HMODULE module, const char* name) {
-    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
-}
 
 DWORD handles() {
     DWORD count = 0;
@@ -33,20 +26,20 @@ SIZE_T private_bytes() {
     return counters.PagefileUsage;
 }
 
-// Before any test that uses the library and so makes it stay.
+// The first test: a library that has been used pins itself.
 TEST(ALoadedLibrary, CanBeLoadedAndUnloadedOverAndOver) {
     for (int round = 0; round < load_rounds; ++round) {
         const HMODULE module = LoadLibraryW(library_path);
         ASSERT_NE(module, nullptr) << "round " << round;
-        ASSERT_EQ(entry<CanUnloadNow>(module, "DllCanUnloadNow")(), S_OK);
+        ASSERT_EQ(can_unload(module), S_OK);
         ASSERT_NE(FreeLibrary(module), FALSE);
     }
-    // In 32 bits it stays from its first loading on.
+    // The 32-bit library pins itself when it is loaded.
     constexpr bool is_64_bit = sizeof(void*) == 8;
     EXPECT_EQ(GetModuleHandleW(L"kovrel.dll") == nullptr, is_64_bit);
 }
 
-TEST(AUsedLibrary, SurvivesEveryUnloadingWithItsFailures) {
+TEST(AUsedLibrary, SurvivesUnloadingAfterExceptions) {
     CLSID class_id{};
     ASSERT_EQ(CLSIDFromProgID(L"Kovrel.clsFFechas", &class_id), S_OK);
     const DWORD handles_before = handles();
@@ -54,23 +47,19 @@ TEST(AUsedLibrary, SurvivesEveryUnloadingWithItsFailures) {
         const HMODULE module = LoadLibraryW(library_path);
         ASSERT_NE(module, nullptr) << "round " << round;
         {
-            ComPtr<IClassFactory> factory;
-            ASSERT_EQ(entry<GetClassObject>(module, "DllGetClassObject")(
-                          class_id, IID_IClassFactory, factory.put_void()),
-                      S_OK);
-            ComPtr<IDispatch> dates;
-            ASSERT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, dates.put_void()), S_OK);
-            // A failure inside: month -1 is no month.
+            const ComPtr<IDispatch> dates = create_from(module, class_id);
+            ASSERT_TRUE(dates);
+            // Month -1 throws inside the library.
             ASSERT_EQ(call(dates.get(), L"primerdia_mesanterior", {0, 2024}).error,
                       static_cast<HRESULT>(0x800A000D));
         }
-        ASSERT_EQ(entry<CanUnloadNow>(module, "DllCanUnloadNow")(), S_OK);
+        ASSERT_EQ(can_unload(module), S_OK);
         FreeLibrary(module);
     }
     EXPECT_LE(handles(), handles_before + 20);
 }
 
-TEST(AUsedLibrary, GivesEverythingBackThatAHundredThousandCallsTook) {
+TEST(AUsedLibrary, LeaksNothingInAHundredThousandCalls) {
     const auto round = [] {
         const auto general = create(L"Kovrel.clsFGen");
         Variant variable(L"12.345.678-Z");

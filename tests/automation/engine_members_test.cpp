@@ -1,9 +1,9 @@
-// Members: names, kinds of call, failures, and the early-bound entries.
+// Members of an object: names, kinds of call, failures, and vtable calls.
 #include <gtest/gtest.h>
 
 #include "automation/object.h"
-#include "tests/automation/late.h"
 #include "tests/automation/sample.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 namespace {
@@ -58,7 +58,7 @@ TEST_F(Members, AnObjectPropertyIsSetByReference) {
     const Variant other(create_instance<Sample>());
     EXPECT_EQ(put(sample_.get(), L"Objeto", other, DISPATCH_PROPERTYPUTREF).result, S_OK);
     EXPECT_EQ(get(sample_.get(), L"Objeto").value.pdispVal, other.pdispVal);
-    // Scripts without an object assignment of their own put it as a value.
+    // Script languages without Set use DISPATCH_PROPERTYPUT.
     EXPECT_EQ(put(sample_.get(), L"Objeto", Variant(sample_), DISPATCH_PROPERTYPUT).result, S_OK);
     EXPECT_EQ(
         put(sample_.get(), L"Objeto", Variant(ComPtr<IDispatch>()), DISPATCH_PROPERTYPUTREF).result,
@@ -89,7 +89,7 @@ TEST_F(Members, TheKindOfCallMustFit) {
               E_INVALIDARG);
 }
 
-TEST_F(Members, AResultThatNobodyWantsIsDropped) {
+TEST_F(Members, ANullResultPointerIsAllowed) {
     Variant argument(L"a");
     DISPPARAMS parameters{&argument, nullptr, 1, 0};
     EXPECT_EQ(sample_->Invoke(id_of(sample_.get(), L"Eco"), IID_NULL, LOCALE_USER_DEFAULT,
@@ -97,7 +97,7 @@ TEST_F(Members, AResultThatNobodyWantsIsDropped) {
               S_OK);
 }
 
-TEST_F(Members, AFailureReachesALateHostWithNumberTextAndSource) {
+TEST_F(Members, ALateBoundFailureFillsTheExceptionRecord) {
     Variant variable(std::int16_t{1});
     const Outcome outcome = call(sample_.get(), L"Falla", {13, LateArgument::variable(variable)});
     EXPECT_EQ(outcome.result, DISP_E_EXCEPTION);
@@ -117,7 +117,7 @@ TEST_F(Members, NegativeNumbersAndOtherExceptions) {
     EXPECT_EQ(call(sample_.get(), L"Otra").error, static_cast<HRESULT>(0x800A0005));
 }
 
-TEST_F(Members, AFailureReachesAnEarlyHostAsAnErrorObject) {
+TEST_F(Members, AnEarlyBoundFailureSetsTheErrorObject) {
     using Falla = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, LONG, SHORT*);
     const auto support = sample_.query<ISupportErrorInfo>();
     ASSERT_TRUE(support);

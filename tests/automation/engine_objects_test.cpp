@@ -4,8 +4,8 @@
 #include "automation/host_object.h"
 #include "automation/object.h"
 #include "runtime/failure.h"
-#include "tests/automation/late.h"
 #include "tests/automation/sample.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 namespace {

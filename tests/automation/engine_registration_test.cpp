@@ -1,13 +1,13 @@
-// Registration: what is written, for whom, and that removal leaves nothing behind. The library
-// registered here is one of the tests' own, so that the real one stays as it is.
+// Registration: the keys written, per user or per machine, and their removal. Uses a library of the
+// tests' own, so that the real one stays registered.
 #include <gtest/gtest.h>
 #include <map>
 
 #include "automation/registration.h"
 #include "runtime/failure.h"
-#include "tests/automation/import_patch.h"
-#include "tests/automation/late.h"
 #include "tests/automation/sample.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 namespace {
@@ -107,7 +107,7 @@ TEST_P(Registration, WritesEveryKeyAndLeavesNothing) {
     EXPECT_EQ(value(root(), version + L"\\HELPDIR"), L"C:\\Archivos Ñ");
 
     if (GetParam() == RegistrationScope::machine) {
-        // The class is found by its name through the platform.
+        // CLSIDFromProgID finds it.
         CLSID id{};
         EXPECT_EQ(CLSIDFromProgID(L"Prueba.Sample", &id), S_OK);
         EXPECT_TRUE(IsEqualCLSID(id, Sample::class_info.class_id));
@@ -117,7 +117,7 @@ TEST_P(Registration, WritesEveryKeyAndLeavesNothing) {
     EXPECT_EQ(snapshot_of(root()), before);
 }
 
-TEST_P(Registration, TwiceIsAsOnceAndRemovingNothingIsNoFailure) {
+TEST_P(Registration, CanBeRepeatedAndSoCanItsRemoval) {
     const Snapshot before = snapshot_of(root());
     register_library(sample_library(), L"C:\\vieja.dll", GetParam());
     register_library(sample_library(), module_path, GetParam());
@@ -159,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(Scopes, Registration,
                              return scope.param == RegistrationScope::machine ? "machine" : "user";
                          });
 
-TEST(RegistrationForTheMachine, TakesTheUsersOwnAway) {
+TEST(RegistrationForTheMachine, RemovesTheUsersRegistration) {
     register_library(sample_library(), L"C:\\vieja.dll", RegistrationScope::user);
     register_library(sample_library(), module_path);
     EXPECT_EQ(value(HKEY_LOCAL_MACHINE, L"Prueba.Sample\\CLSID"),
@@ -188,11 +188,11 @@ class RefusingMachine {
         return create_key(root, path, reserved, type, options, access, security, key, made);
     }
 
-    // The registration is linked into this program.
+    // The registration code is linked into this program, so its imports are patched here.
     const ImportPatch patch_{nullptr, "RegCreateKeyExW", reinterpret_cast<void*>(&create)};
 };
 
-TEST(RegistrationWithoutRights, IsTheUsersAlone) {
+TEST(RegistrationWithoutRights, IsForTheUserAlone) {
     const Snapshot before = snapshot_of(HKEY_CURRENT_USER);
     const RefusingMachine refusing(ERROR_ACCESS_DENIED);
     ASSERT_TRUE(refusing.in_place());

@@ -1,8 +1,8 @@
-// The standard error box for what hosts' objects report: numbers and texts of every kind.
+// The standard error box for failures of the host's objects: every kind of number and description.
 #include <gtest/gtest.h>
 #include <tuple>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 #include "tests/support/scripted_object.h"
 
 namespace kovrel::test {
@@ -43,10 +43,10 @@ TEST_P(ErrorBox, AnEmptyDescriptionLeavesTheParentheses) {
     expect_box({0, {}, DISP_E_EXCEPTION, 65535}, L"65535", L"");
 }
 
-TEST_P(ErrorBox, ANumberThatTheLibraryKnowsHasItsDescription) {
+TEST_P(ErrorBox, AKnownNumberHasItsDescription) {
     expect_box({0, {}, DISP_E_EXCEPTION, 94}, L"94", L"Uso no válido de Null");
     expect_box(failure(13, L""), L"13", L"No coinciden los tipos");
-    // The object's own text goes before it.
+    // The object's own description takes precedence.
     expect_box(failure(13, L"Tipo raro"), L"13", L"Tipo raro");
     expect_box(bare_failure(static_cast<HRESULT>(0x800A0006)), L"6", L"Desbordamiento");
 }
@@ -57,7 +57,7 @@ TEST_P(ErrorBox, ANegativeNumberHasItsSign) {
                L"-2147217865", L"No existe la tabla \"CLIENTES\".");
     expect_box({static_cast<std::int32_t>(0x80000000), L"El menor", DISP_E_EXCEPTION, 0},
                L"-2147483648", L"El menor");
-    // Without a text of the object's own it is the system's.
+    // Without a description the system's text is used.
     ASSERT_NE(text_of_system(E_FAIL), L"");
     expect_box({static_cast<std::int32_t>(E_FAIL), {}, DISP_E_EXCEPTION, 0}, L"-2147467259",
                text_of_system(E_FAIL));
@@ -66,8 +66,8 @@ TEST_P(ErrorBox, ANegativeNumberHasItsSign) {
     expect_box({0, L"Sin número", DISP_E_EXCEPTION, 0}, L"-2147467259", L"Sin número");
 }
 
-// The platform's own codes are those failures that they stand for, whichever way they come.
-TEST_P(ErrorBox, APlatformCodeIsTheFailureThatItStandsFor) {
+// Platform HRESULTs map to run-time failures, as a return value as well as in the exception record.
+TEST_P(ErrorBox, PlatformCodesMapToFailures) {
     const std::vector<std::tuple<HRESULT, const wchar_t*, const wchar_t*>> codes{
         {E_INVALIDARG, L"5", L"Llamada a procedimiento o argumento no válidos"},
         {DISP_E_OVERFLOW, L"6", L"Desbordamiento"},
@@ -98,7 +98,7 @@ TEST_P(ErrorBox, APlatformCodeIsTheFailureThatItStandsFor) {
     }
 }
 
-TEST_P(ErrorBox, ADescriptionIsWrittenAsItStands) {
+TEST_P(ErrorBox, ADescriptionIsShownUnchanged) {
     expect_box(failure(3021, L" uno\rdos\n\ttres & 100 % (cuatro) \u03c9 "), L"3021",
                L" uno\rdos\n\ttres & 100 % (cuatro) \u03c9 ");
     const std::wstring long_text(1500, L'x');

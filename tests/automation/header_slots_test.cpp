@@ -1,13 +1,13 @@
-// The generated C++ header, declaration by declaration, against the registered type library: each
-// function's place in the compiled vtable, its name and its parameters; identifiers; constants.
+// The generated C++ header compared with the registered type library: each function's vtable
+// offset, name and parameters; identifiers; constants.
 #include <array>
 #include <bit>
 #include <gtest/gtest.h>
 #include <kovrel.h>
 #include <map>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 namespace {
@@ -18,14 +18,14 @@ struct Declared {
     std::wstring parameters;
 };
 
-/// Where the compiler looks a virtual function up: pointers to them hold 1 and the place.
+/// The vtable offset in a pointer to a virtual member function, which holds it plus 1.
 template <class Function>
 std::ptrdiff_t offset_of(Function function) {
     const auto words = std::bit_cast<std::array<std::ptrdiff_t, 2>>(function);
     return words[0] - 1;
 }
 
-/// By interface, in the header's order.
+/// By interface, in the order of the header.
 std::map<std::wstring, std::vector<Declared>> declared_members() {
     std::map<std::wstring, std::vector<Declared>> interfaces;
 #define FLAG(name)
@@ -132,7 +132,7 @@ std::wstring prefix(INVOKEKIND kind) {
     }
 }
 
-TEST(Header, DeclaresEveryMemberInItsPlace) {
+TEST(Header, DeclaresEveryMemberAtItsVtableOffset) {
     const auto interfaces = declared_members();
     const auto library = type_library();
     ASSERT_TRUE(library);
@@ -151,7 +151,7 @@ TEST(Header, DeclaresEveryMemberInItsPlace) {
         TYPEATTR* attributes = nullptr;
         info->GetTypeAttr(&attributes);
         EXPECT_EQ(attributes->cFuncs, members.size());
-        // Nothing lies behind the last one.
+        // The header has no members after the last one.
         EXPECT_EQ(attributes->cbSizeVft, (7 + members.size()) * sizeof(void*));
         info->ReleaseTypeAttr(attributes);
         for (UINT index = 0; index < members.size(); ++index) {
@@ -170,7 +170,7 @@ TEST(Header, DeclaresEveryMemberInItsPlace) {
     EXPECT_EQ(interfaces.size(), 8U);
 }
 
-TEST(Header, NamesTheFlags) {
+TEST(Header, DeclaresTheFlags) {
     const auto flags = declared_flags();
     ComPtr<ITypeInfo> info;
     MEMBERID member = 0;

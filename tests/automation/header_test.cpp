@@ -1,13 +1,13 @@
-// Members of every class called as a C++ program calls them: through the generated header.
+// Calls members of every class through the generated header.
 #include <cmath>
 #include <gtest/gtest.h>
 #include <kovrel.h>
 
 #include "automation/safe_array.h"
-#include "tests/automation/late.h"
-#include "tests/automation/test_folder.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/late.h"
 #include "tests/support/scripted_object.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {

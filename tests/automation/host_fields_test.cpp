@@ -9,8 +9,8 @@ namespace {
 
 class HostFields : public Validators {
  protected:
-    /// Types into a field as the user does and waits until it shows the text. Keys that come while
-    /// the window manager is still moving the keyboard to the form are lost: they are typed again.
+    /// Types into a field and waits until it shows the text. Keys typed while the window manager is
+    /// still moving the focus to the form are lost, so typing is repeated.
     void type(const HostControl& field, const std::wstring& text, const std::wstring& shown) {
         const std::wstring before = field.text();
         bool arrived = false;
@@ -27,8 +27,8 @@ class HostFields : public Validators {
     static Variant argument(const HostControl& field) {
         return Variant(ComPtr<IDispatch>(field.dispatch()));
     }
-    /// The window manager may give the keyboard to nobody when a box has closed: the form comes to
-    /// the front first, as a click of the user's would bring it.
+    /// After a box has closed the window manager may leave no window with the focus, so the form is
+    /// activated first.
     void expect_focus(const HostControl& field) {
         EXPECT_TRUE(bring_to_front(form_.window()));
         EXPECT_TRUE(pump_until([&] { return GetFocus() == field.window; }))
@@ -99,8 +99,8 @@ TEST_F(HostFields, ARealComboBoxOpensItsList) {
     EXPECT_FALSE(none.is_dropped_down());
 }
 
-/// Counts how often the lists of a form's combo boxes have opened. An open list closes again when
-/// the window manager moves the keyboard once more, as it may after a box.
+/// Counts how often the lists of a form's combo boxes open. Looking at the list is not enough: it
+/// closes when the window manager moves the focus once more, as it may after a box.
 class OpenedLists {
  public:
     explicit OpenedLists(HWND form) : form_(form) {
@@ -124,7 +124,7 @@ class OpenedLists {
     HWND form_;
 };
 
-TEST_F(HostFields, AComboBoxWithoutDropDownIsOpenedByItsKey) {
+TEST_F(HostFields, AComboBoxWithoutDropDownIsOpenedWithF4) {
     const HostControl combo = form_.add_combo(L"Provincia", {L"Álava", L"León"});
     combo.object->property(L"Value", Variant(L"Len")).default_member(L"Value");
     combo.object->remove(L"DropDown");

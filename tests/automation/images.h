@@ -3,8 +3,10 @@
 #pragma once
 
 #include <windows.h>
+#include <olectl.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <ocidl.h>
@@ -12,10 +14,11 @@
 #include <vector>
 
 #include "automation/safe_array.h"
-#include "tests/automation/box_lines.h"
-#include "tests/automation/every_way.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/every_way.h"
+#include "tests/support/library_module.h"
 #include "tests/support/scripted_object.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 
@@ -35,7 +38,7 @@ inline Variant object(const ComPtr<ScriptedObject>& held) {
     return Variant(ComPtr<IDispatch>(held.get()));
 }
 
-/// A field of a recordset: what is stored in it, whole or by chunks, is there to be compared.
+/// A field of a recordset that keeps what is stored in it, whole or by chunks.
 struct Field {
     Field() {
         object_->property(L"Value", Variant::null())
@@ -66,15 +69,9 @@ inline std::wstring picture_file(const wchar_t* name) {
     return std::wstring(KOVREL_TEST_PICTURES L"\\") + name;
 }
 
-inline std::wstring library_folder() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(GetModuleHandleW(L"kovrel.dll"), path.data(), 32768));
-    return path.substr(0, path.rfind(L'\\'));
-}
-
 inline std::vector<std::filesystem::path> temporary_files() {
     std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(library_folder())) {
+    for (const auto& entry : std::filesystem::directory_iterator(library_file().parent_path())) {
         if (entry.path().extension() == L".tmp") files.push_back(entry.path());
     }
     return files;
@@ -84,7 +81,7 @@ inline void remove_temporary_files() {
     for (const auto& file : temporary_files()) std::filesystem::remove(file);
 }
 
-/// Recognisable bytes.
+/// Bytes without a short period.
 inline std::string content_of_size(std::size_t size) {
     std::string content(size, '\0');
     for (std::size_t index = 0; index < size; ++index) {
@@ -92,6 +89,10 @@ inline std::string content_of_size(std::size_t size) {
     }
     return content;
 }
+
+inline constexpr std::array every_kind{
+    std::pair{L"photo.jpg", PICTYPE_BITMAP}, std::pair{L"photo.gif", PICTYPE_BITMAP},
+    std::pair{L"photo.bmp", PICTYPE_BITMAP}, std::pair{L"icon.ico", PICTYPE_ICON}};
 
 class Images : public testing::Test {
  protected:
@@ -117,7 +118,7 @@ class Images : public testing::Test {
         return text_of_result(call(services_.get(), L"RecordLocation", {records, L"Registro "}));
     }
 
-    /// Width and height in pixels, as near as the picture's own units tell.
+    /// Width and height in pixels, rounded from HIMETRIC.
     static std::pair<long, long> size_of(const ComPtr<IPicture>& picture) {
         OLE_XSIZE_HIMETRIC width = 0;
         OLE_YSIZE_HIMETRIC height = 0;

@@ -1,17 +1,15 @@
-// clsADODBServices and the disk: names of the temporary files, and what is told and what stays when
-// a file or a field fails on the way.
+// clsADODBServices and the disk: names of the temporary files, and the boxes shown and the files
+// left when a file or a field fails.
 #include <windows.h>
 #include <winioctl.h>
 
+#include "tests/automation/disk_failures.h"
 #include "tests/automation/images.h"
-#include "tests/automation/import_patch.h"
 
 namespace kovrel::test {
 namespace {
 
-using Paths = std::vector<std::filesystem::path>;
-
-/// The library's clock, standing still until it is moved on.
+/// Stops the library's clock.
 class StoppedClock {
  public:
     StoppedClock() { now = {2026, 11, 6, 21, 12, 34, 56, 100}; }
@@ -25,108 +23,9 @@ class StoppedClock {
     const ImportPatch patch_{L"kovrel.dll", "GetLocalTime", reinterpret_cast<void*>(&tell)};
 };
 
-/// Files that the system does not open for the library, for reading or for writing.
-class RefusedOpening {
- public:
-    RefusedOpening(DWORD refused, DWORD error) {
-        refused_access = refused;
-        its_error = error;
-    }
-    [[nodiscard]] bool in_place() const { return patch_.in_place(); }
-
- private:
-    static inline DWORD refused_access = 0;
-    static inline DWORD its_error = 0;
-    static HANDLE WINAPI open(const wchar_t* path, DWORD access, DWORD sharing,
-                              SECURITY_ATTRIBUTES* security, DWORD disposition, DWORD attributes,
-                              HANDLE model) {
-        if ((access & refused_access) == 0) {
-            return CreateFileW(path, access, sharing, security, disposition, attributes, model);
-        }
-        SetLastError(its_error);
-        return INVALID_HANDLE_VALUE;
-    }
-
-    const ImportPatch patch_{L"kovrel.dll", "CreateFileW", reinterpret_cast<void*>(&open)};
-};
-
-/// A disk that fills up at the first byte.
-class FullDisk {
- public:
-    [[nodiscard]] bool in_place() const { return patch_.in_place(); }
-
- private:
-    static BOOL WINAPI write(HANDLE /*file*/, const void* /*bytes*/, DWORD /*size*/, DWORD* written,
-                             OVERLAPPED* /*place*/) {
-        *written = 0;
-        SetLastError(ERROR_DISK_FULL);
-        return FALSE;
-    }
-
-    const ImportPatch patch_{L"kovrel.dll", "WriteFile", reinterpret_cast<void*>(&write)};
-};
-
-/// A disk that takes no byte and calls that a success; at last it refuses, so that who goes on
-/// trying comes to an end.
-class StubbornDisk {
- public:
-    StubbornDisk() { asked = 0; }
-    [[nodiscard]] bool in_place() const { return patch_.in_place(); }
-
- private:
-    static inline int asked = 0;
-    static BOOL WINAPI write(HANDLE /*file*/, const void* /*bytes*/, DWORD /*size*/, DWORD* written,
-                             OVERLAPPED* /*place*/) {
-        *written = 0;
-        SetLastError(ERROR_CANCELLED);
-        return ++asked < 1000;
-    }
-
-    const ImportPatch patch_{L"kovrel.dll", "WriteFile", reinterpret_cast<void*>(&write)};
-};
-
-/// A file that opens and cannot be read.
-class DamagedDisk {
- public:
-    [[nodiscard]] bool in_place() const { return patch_.in_place(); }
-
- private:
-    static BOOL WINAPI read(HANDLE /*file*/, void* /*bytes*/, DWORD /*size*/, DWORD* read,
-                            OVERLAPPED* /*place*/) {
-        *read = 0;
-        SetLastError(ERROR_CRC);
-        return FALSE;
-    }
-
-    const ImportPatch patch_{L"kovrel.dll", "ReadFile", reinterpret_cast<void*>(&read)};
-};
-
-/// Files that the system does not delete for the library.
-class RefusedDeletion {
- public:
-    explicit RefusedDeletion(DWORD error) {
-        its_error = error;
-        asked.clear();
-    }
-    [[nodiscard]] bool in_place() const { return patch_.in_place(); }
-
-    /// The files that were to be deleted, one for each attempt.
-    static inline Paths asked;
-
- private:
-    static inline DWORD its_error = 0;
-    static BOOL WINAPI remove(const wchar_t* path) {
-        asked.emplace_back(path);
-        SetLastError(its_error);
-        return FALSE;
-    }
-
-    const ImportPatch patch_{L"kovrel.dll", "DeleteFileW", reinterpret_cast<void*>(&remove)};
-};
-
 constexpr std::int64_t past_32_bits = (std::int64_t{1} << 32) + 1000;
 
-/// Sets the size of a file; what it did not hold before takes no room on the disk.
+/// Sets the size of a file; the part added is sparse.
 bool resize_sparse(const std::filesystem::path& path, std::int64_t size) {
     HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                               nullptr, OPEN_ALWAYS, 0, nullptr);
@@ -162,7 +61,7 @@ class ImageFiles : public Images {
     static constexpr std::pair<long, long> photo_size{320, 240};
 };
 
-TEST_F(ImageFiles, OfOneTickOfTheClockHaveOneName) {
+TEST_F(ImageFiles, HaveTheSameNameWithinOneClockTick) {
     BoxWatcher no_box;
     const StoppedClock clock;
     ASSERT_TRUE(clock.in_place());
@@ -174,13 +73,13 @@ TEST_F(ImageFiles, OfOneTickOfTheClockHaveOneName) {
     const Paths files = temporary_files();
     ASSERT_EQ(files.size(), 1U);
     EXPECT_EQ(content_of(files[0]), first.value());
-    // The second picture takes the first one's file; nothing of the longer one is left in it.
+    // The second picture overwrites the first one's file, which is truncated.
     store_picture(second.argument(), small);
     EXPECT_EQ(temporary_files(), files);
     EXPECT_EQ(content_of(files[0]), second.value());
     EXPECT_LT(second.value().size(), first.value().size());
     EXPECT_EQ(size_of(load(second.argument())), (std::pair<long, long>{16, 12}));
-    // That reading had the same name, and deleted the file.
+    // Loading used the same name and deleted the file.
     EXPECT_EQ(temporary_files(), Paths{});
 
     store_picture(first.argument(), large);
@@ -191,7 +90,7 @@ TEST_F(ImageFiles, OfOneTickOfTheClockHaveOneName) {
     EXPECT_EQ(content_of(files[0]), first.value());
 }
 
-TEST_F(ImageFiles, OfReadingsThatOverlapInOneTickTheOuterGivesItsPicture) {
+TEST_F(ImageFiles, NestedLoadsWithinOneClockTick) {
     const StoppedClock clock;
     ASSERT_TRUE(clock.in_place());
     Field inner;
@@ -203,12 +102,12 @@ TEST_F(ImageFiles, OfReadingsThatOverlapInOneTickTheOuterGivesItsPicture) {
     });
     BoxWatcher boxes({answer(IDOK)});
     EXPECT_EQ(size_of(load(outer.argument())), photo_size);
-    // The outer one still has the file that the inner one wants to delete.
+    // The inner call cannot delete the file that the outer one has open.
     EXPECT_EQ(lines_of(boxes), Lines{own_box(L"70: Permiso denegado")});
     EXPECT_EQ(temporary_files(), Paths{});
 }
 
-TEST_F(ImageFiles, AFieldThatRefusesAPictureIsToldByTheStoringOfItsFile) {
+TEST_F(ImageFiles, AFieldThatRefusesAPictureIsReportedByPutImageInField) {
     const StoppedClock clock;
     ASSERT_TRUE(clock.in_place());
     const Variant picture = picture_of(L"photo.bmp");
@@ -225,7 +124,7 @@ TEST_F(ImageFiles, AFieldThatRefusesAPictureIsToldByTheStoringOfItsFile) {
          {object(without_value), read_only.argument(), Variant{ComPtr<IDispatch>()}}) {
         StoppedClock::tick();
         store_picture(field, picture);
-        // Each call leaves its file, whole and held by nobody.
+        // Each call leaves its file, complete and closed.
         const Paths files = temporary_files();
         EXPECT_EQ(files.size(), ++calls);
         for (const auto& file : files) EXPECT_EQ(content_of(file), good.value());
@@ -264,7 +163,7 @@ TEST_F(ImageFiles, AFileThatCannotBeReadAgainStays) {
                      failure_line(L"70\\r (Permiso denegado", L"GetLargeImageFromField")}));
 }
 
-TEST_F(ImageFiles, AFolderThatTakesNoFileIsToldBeforeTheFieldIsAsked) {
+TEST_F(ImageFiles, AFolderThatCannotBeWrittenIsReportedBeforeTheFieldIsRead) {
     const Variant picture = picture_of(L"photo.bmp");
     Field field;
     const RefusedOpening read_only(GENERIC_WRITE, ERROR_ACCESS_DENIED);
@@ -324,7 +223,7 @@ TEST_F(ImageFiles, AFileThatCannotBeReadStoresNothing) {
     EXPECT_TRUE(std::filesystem::remove(file));
 }
 
-TEST_F(ImageFiles, AFailedLargeReadingLeavesWhatItHadWritten) {
+TEST_F(ImageFiles, AFailedLargeReadLeavesItsPartialFile) {
     const std::string photo = content_of(picture_file(L"photo.jpg"));
     const std::size_t first = photo.size() % 1024;
     Field field;
@@ -336,10 +235,10 @@ TEST_F(ImageFiles, AFailedLargeReadingLeavesWhatItHadWritten) {
         EXPECT_EQ(content_of(files[0]), content);
         EXPECT_TRUE(std::filesystem::remove(files[0]));
     };
-    // All of it, where it is the content that makes no picture.
+    // All of it when the content is not a picture.
     field.stored = content_of_size(5000);
     expect_left(field.stored);
-    // The chunks before the one that fails.
+    // The chunks before a failing one.
     field.stored = photo;
     field.read = 0;
     field.object_->method(L"GetChunk", [&](const auto& arguments) {
@@ -361,7 +260,7 @@ TEST_F(ImageFiles, AFailedLargeReadingLeavesWhatItHadWritten) {
     EXPECT_EQ(field.object_->references(), 1U);
 }
 
-TEST_F(ImageFiles, AFileThatCannotBeDeletedIsTold) {
+TEST_F(ImageFiles, AFileThatCannotBeDeletedIsReported) {
     Field field;
     field.object_->property(L"Value", bytes_of(content_of(picture_file(L"photo.jpg"))));
     field.stored = content_of(picture_file(L"photo.jpg"));
@@ -371,14 +270,14 @@ TEST_F(ImageFiles, AFileThatCannotBeDeletedIsTold) {
         const RefusedDeletion refused(error);
         ASSERT_TRUE(refused.in_place());
         BoxWatcher boxes({answer(IDOK), answer(IDOK)});
-        // Its handler tries once more, in silence, and gives no picture.
+        // Its error handler tries once more without a box and returns no picture.
         EXPECT_FALSE(load(field.argument()));
         const Paths files = temporary_files();
         ASSERT_EQ(files.size(), 1U);
         EXPECT_EQ(RefusedDeletion::asked, (Paths{files[0], files[0]}));
         remove_temporary_files();
 
-        // The other keeps the picture that it has.
+        // GetLargeImageFromField returns the picture all the same.
         field.read = 0;
         EXPECT_EQ(size_of(load_large(field)), photo_size);
         EXPECT_EQ(temporary_files().size(), 1U);
@@ -391,12 +290,12 @@ TEST_F(ImageFiles, AFileThatCannotBeDeletedIsTold) {
     }
 }
 
-TEST_F(ImageFiles, AFileOfMoreThanFourGigabytesFitsInNoArray) {
+TEST_F(ImageFiles, AFileOfMoreThanFourGigabytesIsOutOfMemory) {
     const std::wstring file = folder_ / L"enorme.bin";
     ASSERT_TRUE(resize_sparse(file, past_32_bits));
     ASSERT_EQ(std::filesystem::file_size(file), static_cast<std::uintmax_t>(past_32_bits));
     Field field;
-    // Enough is seen after three chunks.
+    // Ends the call after three chunks.
     field.object_->method(L"AppendChunk", [&](const auto&) {
         if (field.object_->log().size() < 3) return Variant();
         throw failure(3001, L"Basta");
@@ -427,7 +326,7 @@ TEST_F(ImageFiles, AFieldOfMoreThanFourGigabytesIsReadByItsWholeSize) {
     EXPECT_EQ(lines_of(boxes), Lines{failure_line(L"3001\\r (Basta", L"GetLargeImageFromField")});
 }
 
-TEST_F(ImageFiles, APictureOfMoreThanTwoGigabytesIsTooMuchForTheMemory) {
+TEST_F(ImageFiles, APictureOfMoreThanTwoGigabytesIsOutOfMemory) {
     Field field;
     field.stored = content_of(picture_file(L"small.bmp"));
     const auto growing = [&](const Variant& content) {

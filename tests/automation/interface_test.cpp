@@ -1,13 +1,14 @@
-// The published interface, read back from the registered type library and compared with a table
-// that was written down independently of the declarations.
+// The published interface, read from the registered type library and compared with a table written
+// independently of the declarations.
 #include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <ocidl.h>
 #include <sstream>
 
-#include "tests/automation/early.h"
+#include "services/text_encoding.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 namespace {
@@ -17,23 +18,15 @@ struct ExpectedClass {
     std::vector<std::wstring> members;
 };
 
-std::wstring wide(const std::string& text) {
-    std::wstring result(text.size(), L'\0');
-    result.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), result.data(),
-                            static_cast<int>(result.size()))));
-    return result;
-}
-
 std::vector<ExpectedClass> expected_classes() {
     std::ifstream file(std::filesystem::path(KOVREL_TEST_DATA) / L"interface.txt");
     std::vector<ExpectedClass> classes;
     for (std::string line; std::getline(file, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
         if (line.front() == '[') {
-            classes.push_back({wide(line.substr(1, line.size() - 2)), {}});
+            classes.push_back({from_utf8(line.substr(1, line.size() - 2)), {}});
         } else {
-            classes.back().members.push_back(wide(line));
+            classes.back().members.push_back(from_utf8(line));
         }
     }
     return classes;
@@ -51,7 +44,7 @@ std::wstring help_of(ITypeInfo* info, MEMBERID member = MEMBERID_NIL) {
     return std::wstring(help.view());
 }
 
-/// A type in the words of the table, pointers to interfaces resolved.
+/// A type as the table names it, with pointers to interfaces resolved.
 std::wstring type_name(ITypeInfo* info, const TYPEDESC& type) {
     static const std::map<VARTYPE, std::wstring> names{
         {VT_BSTR, L"texto"}, {VT_I2, L"entero16"},     {VT_I4, L"entero32"},
@@ -68,7 +61,7 @@ std::wstring type_name(ITypeInfo* info, const TYPEDESC& type) {
     return name.front() == L'_' ? name.substr(1) : name;
 }
 
-/// Interface types carry one pointer of their own.
+/// Removes the pointer that interface types always have.
 std::wstring without_own_pointer(std::wstring type) {
     for (const wchar_t* const interface_type : {L"imagen*", L"clsMensajes*"}) {
         if (type.rfind(interface_type, 0) == 0) return type.erase(type.find(L'*'), 1);
@@ -105,7 +98,7 @@ std::wstring parameter_text(ITypeInfo* info, const ELEMDESC& parameter, const st
     if ((flags & PARAMFLAG_FOPT) == 0) return text;
     if ((flags & PARAMFLAG_FHASDEFAULT) == 0) return text + L" opcional";
     const VARIANT& value = parameter.paramdesc.pparamdescex->varDefaultValue;
-    // The default of a variant has a type of its own.
+    // The default of a variant parameter states its type.
     if (type == L"variante" && value.vt == VT_I2)
         return text + L" = entero16 " + default_text(value);
     return text + L" = " + default_text(value);
@@ -204,7 +197,7 @@ TEST_F(Interface, EveryClassListsItsMembersInOrder) {
     }
 }
 
-/// A compiler asks the side that it calls members by name through.
+/// Looks names up in the dispatch side of the dual interface, as compilers do.
 TEST_F(Interface, NoOtherNamesAreAccepted) {
     for (const ExpectedClass& expected : expected_classes()) {
         const auto instance = create((L"Kovrel." + expected.name).c_str());
@@ -234,7 +227,7 @@ TEST_F(Interface, LateBoundNamesAreThoseOfTheTypeLibrary) {
     }
 }
 
-TEST_F(Interface, TheLibraryItself) {
+TEST_F(Interface, AttributesOfTheLibrary) {
     const auto own = library();
     ASSERT_TRUE(own);
     Bstr name;
@@ -337,7 +330,7 @@ TEST_F(Interface, TheListOfNamesIsARecordOfAHundredTexts) {
     info->ReleaseVarDesc(field);
 }
 
-TEST_F(Interface, InstancesTellTheirClass) {
+TEST_F(Interface, InstancesReportTheirClass) {
     for (const ExpectedClass& expected : expected_classes()) {
         const auto instance = create((L"Kovrel." + expected.name).c_str());
         const auto provider = instance.query<IProvideClassInfo>();

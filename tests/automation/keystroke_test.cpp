@@ -1,14 +1,14 @@
 // clsFGen's keystroke filters and the province of a postal code, as hosts call them.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {
 
 class KeystrokesAnySettings : public testing::TestWithParam<Way> {
  protected:
-    /// "key result" after the filter; a key passed by value cannot come back.
+    /// "key result" after the filter; a key passed by value stays as it was.
     std::string filtered(const wchar_t* member, int key, std::vector<Variant> options = {},
                          const std::vector<ExpectedBox>& boxes = {}) {
         options.insert(options.begin(), Variant(static_cast<std::int16_t>(key)));
@@ -52,7 +52,7 @@ TEST_P(KeystrokesAnySettings, NumbersWithOptions) {
     EXPECT_EQ(filtered(L"Solo_Numero", '-', {yes}), left('-', 0, 0));
     EXPECT_EQ(filtered(L"Solo_Numero", '-', {no}), left('-', '-', '-'));
     EXPECT_EQ(filtered(L"Solo_Numero", '-', {no, yes}), left('-', '-', '-'));
-    // Only the caller's variable carries the converted key.
+    // The key is converted in the caller's variable only, not in the result.
     EXPECT_EQ(filtered(L"Solo_Numero", '.', {no, yes}), left('.', ',', '.'));
     EXPECT_EQ(filtered(L"Solo_Numero", '.', {yes, yes}), left('.', ',', '.'));
     EXPECT_EQ(filtered(L"Solo_Numero", ',', {no, yes}), left(',', ',', ','));
@@ -87,7 +87,7 @@ TEST_P(KeystrokesAnySettings, Capitals) {
     capital(0x83, 0x83);  // ƒ: the code page lacks its capital
     for (int control = 0; control < 32; ++control) capital(control, control);
     capital(127, 127);
-    // None becomes another character.
+    // No letter becomes an ASCII character.
     for (int key = 128; key <= 255; ++key) {
         filtered(L"Convierte_May", key);
         const int once = GetParam() == Way::values ? key : key_;
@@ -100,7 +100,7 @@ TEST_P(KeystrokesAnySettings, CodesOutsideTheCodePageFail) {
         return std::vector<ExpectedBox>{{text, 16, L"kovrel"}};
     };
     for (const int key : {-1, 256, 32767}) {
-        // The filters had taken the key as their result.
+        // The result is assigned before the failure.
         EXPECT_EQ(filtered(L"Solo_Numero", key, {},
                            box(L"Error 5\r (Llamada a procedimiento o argumento no válidos) en "
                                L"procedimiento Solo_Numero del Módulo FGen.")),
@@ -137,7 +137,7 @@ TEST_P(KeystrokesAnySettings, AnOverlongPostalCodeShowsTwoBoxes) {
               "byte 0");
 }
 
-TEST_P(KeystrokesAnySettings, WhatIsNoPostalCodeIsAnError) {
+TEST_P(KeystrokesAnySettings, InvalidPostalCodesShowTheErrorBox) {
     const ExpectedBox mismatch{
         L"Error 13\r (No coinciden los tipos) en procedimiento ProvinciaDeCP "
         L"del Módulo de clase clsFGen.",
@@ -155,7 +155,7 @@ TEST_P(KeystrokesAnySettings, WhatIsNoPostalCodeIsAnError) {
 
 INSTANTIATE_TEST_SUITE_P(All, KeystrokesAnySettings, testing::ValuesIn(every_way));
 
-TEST(KeystrokesOfScripts, AVariableOfAnotherTypeCarriesTheKeyToo) {
+TEST(KeystrokesOfScripts, AVariableOfAnotherTypeIsWrittenBackToo) {
     const auto general = create(L"Kovrel.clsFGen");
     Variant key(46);
     EXPECT_EQ(

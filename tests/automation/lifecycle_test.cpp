@@ -1,7 +1,8 @@
 // Creation and release, the host's name and the catalogue that can be replaced.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
+#include "tests/support/library_module.h"
 
 namespace kovrel::test {
 namespace {
@@ -11,18 +12,15 @@ constexpr const wchar_t* prog_ids[] = {
     L"Kovrel.cgsFileOpR", L"Kovrel.clsProfile", L"Kovrel.clsADODBServices", L"Kovrel.clsFZip"};
 
 HRESULT can_unload() {
-    using CanUnloadNow = HRESULT(STDMETHODCALLTYPE*)();
     const HMODULE module = GetModuleHandleW(L"kovrel.dll");
-    if (module == nullptr) return E_UNEXPECTED;
-    return reinterpret_cast<CanUnloadNow>(
-        reinterpret_cast<void (*)()>(GetProcAddress(module, "DllCanUnloadNow")))();
+    return module == nullptr ? E_UNEXPECTED : test::can_unload(module);
 }
 
 TEST(Lifecycle, EveryClassIsCreatedByItsProgId) {
     for (const wchar_t* const prog_id : prog_ids) EXPECT_TRUE(create(prog_id));
 }
 
-TEST(Lifecycle, NothingStaysAliveBehindAReleasedInstance) {
+TEST(Lifecycle, AReleasedInstanceLeavesNoReference) {
     for (const wchar_t* const prog_id : prog_ids) {
         auto instance = create(prog_id);
         ASSERT_TRUE(instance);
@@ -131,13 +129,13 @@ TEST(Catalogue, IsReplacedByObjectAssignment) {
     expect_message_of(general.get(), L"");
     EXPECT_EQ(put(general.get(), L"Mensajes", other, DISPATCH_PROPERTYPUTREF).result, S_OK);
     EXPECT_EQ(get(general.get(), L"Mensajes").value.pdispVal, other.pdispVal);
-    // It keeps the name it came with, and the messages are its own.
+    // The new catalogue keeps its name, which titles the messages.
     EXPECT_EQ(text_of_result(get(other.pdispVal, L"AppOrigen")), L"Otra");
     EXPECT_EQ(text_of_result(get(general.get(), L"AppOrigen")), L"");
     expect_message_of(general.get(), L"Otra");
     put(general.get(), L"AppOrigen", Variant(L"Facturas"));
     EXPECT_EQ(text_of_result(get(other.pdispVal, L"AppOrigen")), L"Facturas");
-    // Another class is no catalogue.
+    // An object of another class is refused.
     const Variant wrong(create(L"Kovrel.clsFZip"));
     EXPECT_EQ(put(general.get(), L"Mensajes", wrong, DISPATCH_PROPERTYPUTREF).result,
               DISP_E_TYPEMISMATCH);
@@ -154,7 +152,7 @@ TEST(Catalogue, IsReplacedEarlyBound) {
     EXPECT_EQ(put_catalogue_early(general.get(), other.get()), S_OK);
     EXPECT_EQ(catalogue_early(general.get()).get(), other.get());
     expect_message_of(general.get(), L"Otra");
-    // Its own goes on living for whoever holds it, but is no longer told the name.
+    // The replaced catalogue stays alive while referenced, but is no longer given the name.
     put_name_early(general.get(), L"Facturas");
     EXPECT_EQ(name_early(own.get()), L"");
     EXPECT_EQ(name_early(other.get()), L"Facturas");
@@ -174,7 +172,7 @@ TEST(Catalogue, WithoutOneTheNameCannotBeForwarded) {
     EXPECT_EQ(late.error, not_set);
     EXPECT_EQ(narrow(late.description), description);
     EXPECT_EQ(narrow(late.source), "Kovrel.clsFGen");
-    // It was stored before it could not be passed on.
+    // The name is stored before it is forwarded.
     EXPECT_EQ(text_of_result(get(general.get(), L"AppOrigen")), L"tardía");
 
     SetErrorInfo(0, nullptr);

@@ -1,23 +1,23 @@
-// What the members that can fail for want of memory alone tell when it runs out.
+// Members whose only possible failure is lack of memory: the box that they show.
 #include <windows.h>
 
 #include <cstdlib>
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
 
 namespace kovrel::test {
 namespace {
 
-/// Memory that runs out: of the library's large requests only the first ones are granted.
+/// Grants only the first of the library's large allocations.
 class LimitedMemory {
  public:
     static constexpr std::size_t large = std::size_t{1} << 20;
 
     explicit LimitedMemory(int granted) { left = granted; }
     [[nodiscard]] bool in_place() const { return patch_.in_place(); }
-    /// That something was refused.
+    /// True when an allocation has been refused.
     [[nodiscard]] static bool ran_out() { return left < 0; }
 
  private:
@@ -34,7 +34,7 @@ struct Case {
     const wchar_t* class_name;
     const wchar_t* member;
     std::vector<Variant> arguments;
-    /// Large requests until the body begins: a text that is written back is kept twice.
+    /// Large allocations made before the member's body runs; a text that is written back needs two.
     int for_the_call;
     const wchar_t* box;
     std::string result;
@@ -98,7 +98,7 @@ std::vector<Case> cases() {
 
 class LimitedMemoryAnySettings : public testing::TestWithParam<Way> {};
 
-TEST_P(LimitedMemoryAnySettings, IsToldByTheProcedureThatRanOut) {
+TEST_P(LimitedMemoryAnySettings, IsReportedByTheMemberThatRanOut) {
     for (const Case& one : cases()) {
         const auto object = create(one.class_name);
         const LimitedMemory memory(one.for_the_call);
@@ -111,7 +111,7 @@ TEST_P(LimitedMemoryAnySettings, IsToldByTheProcedureThatRanOut) {
     }
 }
 
-TEST_P(LimitedMemoryAnySettings, IsAFailureOfTheCallWhereItsArgumentsDoNotFit) {
+TEST_P(LimitedMemoryAnySettings, FailsTheCallWhereTheArgumentsCannotBeConverted) {
     for (const Case& one : cases()) {
         const auto object = create(one.class_name);
         const LimitedMemory memory(0);

@@ -1,8 +1,8 @@
-// The catalogue of messages: every one as a real box, letter for letter, in every way of calling.
+// The catalogue: the exact box of every message, in every way of calling.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/scripted_object.h"
 
 namespace kovrel::test {
@@ -225,7 +225,7 @@ TEST_P(MessagesAnySettings, ArgumentsAreNotChanged) {
     EXPECT_EQ(shown(answer.arguments[0]), "texto  0 ");
 }
 
-TEST_P(MessagesAnySettings, WhatHasNoTextFormFailsToTheHost) {
+TEST_P(MessagesAnySettings, ArgumentsThatCannotBeTextFailToTheHost) {
     const auto fails = [&](const Variant& argument, int number, const wchar_t* description) {
         const Answer answer = call_for(L"MsjNoEsPosibleAbrirFormulario_NoDatos", {argument}, {});
         EXPECT_EQ(answer.result, failure(number));
@@ -261,7 +261,7 @@ TEST_P(MessagesAnySettings, AnObjectStandsForItsDefaultValue) {
     told(Variant::null(), L"");
     told(Variant(), L"");
     told(Variant(L""), L"");
-    // And for that of an object in it.
+    // Followed through a second object.
     const auto outer = ScriptedObject::make();
     outer->property(L"Item", Variant(ComPtr<IDispatch>(object.get()))).default_member(L"Item");
     object->set_value(L"Name", Variant(L"contrato"));
@@ -292,7 +292,7 @@ BOOL WINAPI count_beep(UINT /*sound*/) {
     return TRUE;
 }
 
-TEST(Beep, SoundsBeforeTheReopenQuestionAndBeforeNoOther) {
+TEST(Beep, SoundsBeforeTheReopenQuestionOnly) {
     const auto catalogue = create(L"Kovrel.clsMensajes");
     const ImportPatch patch(L"kovrel.dll", "MessageBeep", reinterpret_cast<void*>(&count_beep));
     ASSERT_TRUE(patch.in_place());

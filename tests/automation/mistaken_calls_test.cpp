@@ -1,8 +1,8 @@
-// Calls that do not fit their member: what the host's programmer reads, early-bound and late-bound.
+// Calls that do not fit their member: the description that the host's programmer reads.
 #include <gtest/gtest.h>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 namespace {
@@ -69,7 +69,7 @@ TEST_F(MistakenCalls, LateBoundNameTheMemberAndTheArgument) {
                 "El objeto no admite esta propiedad o método: Dias_Mes");
 }
 
-TEST_F(MistakenCalls, ANameThatIsNone) {
+TEST_F(MistakenCalls, AMemberIdAsArgumentName) {
     Variant year(2024);
     DISPID name = 7;
     DISPPARAMS parameters{&year, &name, 1, 1};
@@ -86,7 +86,7 @@ TEST_F(MistakenCalls, ANameThatIsNone) {
     SysFreeString(exception.bstrSource);
 }
 
-// GetIDsOfNames has no room for words but the thread's.
+// GetIDsOfNames can describe a failure in the thread's error object only.
 TEST_F(MistakenCalls, AMisspeltName) {
     EXPECT_EQ(call(dates_.get(), L"Dias_Mess", {2, 2024}).result, DISP_E_UNKNOWNNAME);
     const LastError member;
@@ -108,7 +108,7 @@ TEST_F(MistakenCalls, MoreNamesThanAnArchiveTakes) {
                 "Kovrel.clsFZip");
 }
 
-TEST_F(MistakenCalls, EarlyBoundPointersToNothing) {
+TEST_F(MistakenCalls, EarlyBoundNullPointers) {
     using DiasMes = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, SHORT*, SHORT*, SHORT*);
     const auto member = early<DiasMes>(dates_.get(), L"Dias_Mes");
     SHORT month = 2;
@@ -148,7 +148,7 @@ TEST_F(MistakenCalls, EarlyBoundVariants) {
     EXPECT_EQ(LastError().description, "No coinciden los tipos: argumento vNombre de SplitPath");
 }
 
-// Hosts that wrap several interfaces tell by it whose failure it was.
+// Hosts compare its interface to see whether the error object is that of the call.
 TEST_F(MistakenCalls, AnErrorObjectNamesItsInterface) {
     using FirstDay = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BYTE*, SHORT*, DATE*);
     BYTE month = 0;
@@ -158,7 +158,7 @@ TEST_F(MistakenCalls, AnErrorObjectNamesItsInterface) {
         early<FirstDay>(dates_.get(), L"primerdia_mesanterior")(dates_.get(), &month, &year, &day),
         static_cast<HRESULT>(0x800A000D));
     const LastError last;
-    // The member's own failure keeps its description as it is.
+    // The description of the member's own failure is unchanged.
     EXPECT_EQ(last.description, "No coinciden los tipos");
     EXPECT_TRUE(IsEqualGUID(last.interface_id, interface_id_of(dates_.get())));
 }

@@ -1,315 +1,13 @@
-// clsProfile as hosts call it: folders, path texts, INI values and the system's folder browser.
+// clsProfile's path texts, INI values and the system's folder browser.
+#include "tests/automation/profile.h"
+
 #include <windows.h>
 #include <commctrl.h>
 
 #include <algorithm>
-#include <gtest/gtest.h>
-
-#include "tests/automation/box_lines.h"
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
-#include "tests/automation/test_folder.h"
-#include "tests/support/own_drive.h"
 
 namespace kovrel::test {
 namespace {
-
-class Profile : public testing::Test {
- protected:
-    Profile() { put(profile_.get(), L"AppOrigen", Variant(L"Gestión")); }
-
-    bool exists(const std::wstring& path) {
-        return flag(call(profile_.get(), L"ExisteCarpeta", {path}));
-    }
-    bool exists(const std::wstring& path, bool create, bool tell) {
-        return flag(call(profile_.get(), L"ExisteCarpeta", {path, create, tell}));
-    }
-    static bool flag(const Outcome& outcome) {
-        EXPECT_EQ(outcome.result, S_OK);
-        EXPECT_EQ(outcome.value.vt, VT_BOOL);
-        return outcome.value.boolVal != VARIANT_FALSE;
-    }
-    std::wstring folder_of(const std::wstring& path) {
-        return text_of_result(call(profile_.get(), L"RutadeArchivo", {path}));
-    }
-    static std::string question(const std::wstring& path, int pressed) {
-        return narrow(L"33|Gestión|" +
-                      escaped(L"La carpeta \"" + path + L"\" no existe.\r\r¿Desea crearla?") +
-                      L"|" + std::to_wstring(pressed));
-    }
-    static std::wstring escaped(const std::wstring& text) {
-        SeenBox box;
-        box.text = text;
-        const std::wstring line = as_line(box);
-        return line.substr(3, line.rfind(L'|') - 3);
-    }
-
-    TestFolder folder_;
-    ComPtr<IDispatch> profile_ = create(L"Kovrel.clsProfile");
-};
-
-/// What does not depend on the user's settings.
-class ProfileAnySettings : public Profile {};
-
-TEST_F(ProfileAnySettings, AnExistingFolderIsThereWhateverTheFlags) {
-    BoxWatcher no_box;
-    for (const bool create : {false, true}) {
-        for (const bool tell : {false, true}) EXPECT_TRUE(exists(folder_.path(), create, tell));
-    }
-    EXPECT_TRUE(exists(folder_.path()));
-    EXPECT_TRUE(exists(folder_.path() + L"\\"));
-}
-
-TEST_F(ProfileAnySettings, AMissingFolderWithoutFlagsIsNotCreated) {
-    BoxWatcher no_box;
-    EXPECT_FALSE(exists(folder_ / L"nueva"));
-    EXPECT_FALSE(exists(folder_ / L"nueva", false, true));
-    EXPECT_FALSE(exists(folder_ / L"nueva\\"));
-    EXPECT_FALSE(std::filesystem::exists(folder_ / L"nueva"));
-}
-
-TEST_F(ProfileAnySettings, AMissingFolderIsCreatedAfterTheQuestion) {
-    const std::wstring path = folder_ / L"Año ñ";
-    BoxWatcher boxes({answer(IDOK, L"profile_create"), answer(IDOK)});
-    EXPECT_TRUE(exists(path, true, true));
-    EXPECT_EQ(lines_of(boxes),
-              (Lines{question(path, 1), narrow(L"64|Gestión|Carpeta creada con éxito.|1")}));
-    EXPECT_TRUE(std::filesystem::is_directory(path));
-}
-
-TEST_F(ProfileAnySettings, AnyOtherAnswerLeavesItMissing) {
-    const std::wstring path = folder_ / L"nueva";
-    {
-        BoxWatcher boxes({answer(IDCANCEL)});
-        EXPECT_FALSE(exists(path, true, true));
-        EXPECT_EQ(lines_of(boxes), (Lines{question(path, 2)}));
-    }
-    BoxWatcher boxes({answer_key(VK_ESCAPE)});
-    EXPECT_FALSE(exists(path, true, true));
-    EXPECT_EQ(boxes.seen().size(), 1U);
-    EXPECT_FALSE(std::filesystem::exists(path));
-}
-
-TEST_F(ProfileAnySettings, ASilentCreationShowsNothing) {
-    BoxWatcher no_box;
-    EXPECT_TRUE(exists(folder_ / L"callada", true, false));
-    EXPECT_TRUE(std::filesystem::is_directory(folder_ / L"callada"));
-}
-
-TEST_F(ProfileAnySettings, AMissingParentEndsInTheErrorBox) {
-    const std::wstring path = folder_ / L"falta\\nueva";
-    const std::string box = narrow(
-        L"16|kovrel|Error 76\\r (No se encontró la ruta de acceso) en procedimiento ExisteCarpeta "
-        L"del Formulario frmOptions.|1");
-    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
-    EXPECT_FALSE(exists(path, true, true));
-    EXPECT_FALSE(exists(path, true, false));
-    EXPECT_EQ(lines_of(boxes), (Lines{question(path, 1), box, box}));
-}
-
-int folders_created = 0;
-
-/// Says that the folder was created, and does nothing.
-BOOL WINAPI pretend_to_create(const wchar_t* /*path*/, SECURITY_ATTRIBUTES* /*security*/) {
-    ++folders_created;
-    return TRUE;
-}
-
-TEST_F(ProfileAnySettings, ACreationWithoutAFolderIsTold) {
-    const ImportPatch patch(L"kovrel.dll", "CreateDirectoryW",
-                            reinterpret_cast<void*>(&pretend_to_create));
-    ASSERT_TRUE(patch.in_place());
-    folders_created = 0;
-    const std::wstring path = folder_ / L"nueva";
-    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
-    EXPECT_FALSE(exists(path, true, true));
-    EXPECT_FALSE(exists(path, true, false));
-    EXPECT_EQ(folders_created, 2);
-    EXPECT_EQ(
-        lines_of(boxes),
-        (Lines{question(path, 1), narrow(L"16|Gestión|No ha sido posible crear la carpeta.|1")}));
-}
-
-TEST_F(ProfileAnySettings, ADriveThatDoesNotExistIsAFailure) {
-    BoxWatcher boxes({answer(IDOK)});
-    EXPECT_FALSE(exists(L"Q:\\carpeta", true, true));
-    EXPECT_EQ(lines_of(boxes),
-              (Lines{narrow(L"16|kovrel|Error 68\\r (Dispositivo no disponible) en "
-                            L"procedimiento ExisteCarpeta del Formulario "
-                            L"frmOptions.|1")}));
-}
-
-TEST_F(ProfileAnySettings, AnUnlistedFolderThatIsThereCannotBeCreated) {
-    const std::wstring path = folder_ / L"oculta";
-    std::filesystem::create_directory(path);
-    ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
-    ASSERT_NE(GetFileAttributesW(path.c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U)
-        << "the file system keeps no hidden attribute";
-    BoxWatcher boxes({answer(IDOK)});
-    EXPECT_FALSE(exists(path));
-    EXPECT_FALSE(exists(path, true, false));
-    EXPECT_EQ(lines_of(boxes),
-              (Lines{narrow(L"16|kovrel|Error 75\\r (Error de acceso a la ruta o al archivo) en "
-                            L"procedimiento ExisteCarpeta del Formulario frmOptions.|1")}));
-}
-
-TEST_F(ProfileAnySettings, AFileAndAMatchingNameCountAsListed) {
-    BoxWatcher no_box;
-    folder_.write(L"datos.txt", "x");
-    EXPECT_TRUE(exists(folder_ / L"datos.txt"));
-    EXPECT_TRUE(exists(folder_ / L"dat?s.*"));
-    EXPECT_FALSE(exists(folder_ / L"otr?s.*"));
-}
-
-TEST_F(ProfileAnySettings, TheRootOfAnEmptyDriveIsAFolder) {
-    const OwnDrive drive(folder_ / L"unidad");
-    ASSERT_FALSE(drive.root().empty());
-    const std::wstring letter = drive.root().substr(0, 2);
-    const std::wstring hidden = drive.root() + L"oculto";
-    for (const Way way : every_way) {
-        for (const bool has_hidden_entry : {false, true}) {
-            if (has_hidden_entry) {
-                std::filesystem::create_directory(hidden);
-                ASSERT_TRUE(SetFileAttributesW(hidden.c_str(),
-                                               FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
-            }
-            for (const std::wstring& root : {drive.root(), letter, letter + L"/"}) {
-                const Answer answer = call_in(way, profile_.get(), L"ExisteCarpeta",
-                                              {Variant(root), Variant(true), Variant(true)}, {});
-                EXPECT_EQ(shown(answer.value), shown(Variant(true))) << narrow(root);
-            }
-            EXPECT_FALSE(exists(drive.root() + L"falta"));
-            EXPECT_FALSE(exists(drive.root() + L"falta\\"));
-            EXPECT_EQ(folder_of(drive.root()), drive.root());
-        }
-        std::filesystem::remove(hidden);
-    }
-}
-
-TEST_F(ProfileAnySettings, LongAndForeignFoldersWork) {
-    BoxWatcher no_box;
-    std::wstring path = folder_ / L"\u03b1\u03b2\u03b3 \u4e2d\u6587";
-    EXPECT_TRUE(exists(path, true, false));
-    while (path.size() < 400) {
-        path += L"\\carpeta de nombre bastante largo";
-        EXPECT_TRUE(exists(path, true, false)) << path.size();
-        EXPECT_TRUE(exists(path, false, false));
-    }
-    EXPECT_FALSE(exists(path + L"\\falta", false, false));
-    EXPECT_EQ(folder_of(path + L"\\*"), path + L"\\*\\");
-}
-
-TEST_F(ProfileAnySettings, TheFolderOfAFile) {
-    BoxWatcher no_box;
-    const std::wstring file = folder_.write(L"Factura nº 1.txt", "x");
-    EXPECT_EQ(folder_of(file), folder_.path() + L"\\");
-    EXPECT_EQ(folder_of(folder_ / L"falta.txt"), folder_ / L"falta.txt\\");
-    // Folders are not listed: one gives itself back.
-    EXPECT_EQ(folder_of(folder_.path()), folder_.path() + L"\\");
-}
-
-TEST_F(ProfileAnySettings, OnlyOrdinaryFilesAreListed) {
-    BoxWatcher no_box;
-    const std::wstring file = folder_.write(L"datos.txt", "x");
-    const auto folder_with = [&](DWORD attributes) {
-        EXPECT_TRUE(SetFileAttributesW(file.c_str(), attributes));
-        EXPECT_EQ(GetFileAttributesW(file.c_str()) & attributes, attributes);
-        return narrow(folder_of(file));
-    };
-    EXPECT_EQ(folder_with(FILE_ATTRIBUTE_HIDDEN), narrow(file + L"\\"));
-    EXPECT_EQ(folder_with(FILE_ATTRIBUTE_SYSTEM), narrow(file + L"\\"));
-    EXPECT_EQ(folder_with(FILE_ATTRIBUTE_READONLY), narrow(folder_.path() + L"\\"));
-    EXPECT_TRUE(SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_NORMAL));
-}
-
-TEST_F(ProfileAnySettings, APathThatEndsInABackslashListsItsFolder) {
-    BoxWatcher no_box;
-    const std::wstring path = folder_.path() + L"\\";
-    // A folder without files gives itself back.
-    EXPECT_EQ(folder_of(path), path);
-    // The first name in it counts for the cut, as with any other path.
-    folder_.write(L"abc.txt");
-    EXPECT_EQ(folder_of(path), path.substr(0, path.size() - 7) + L"\\");
-}
-
-TEST_F(ProfileAnySettings, APatternIsCutByTheNameItFinds) {
-    BoxWatcher boxes({answer(IDOK)});
-    folder_.write(L"abc.txt");
-    EXPECT_EQ(folder_of(folder_ / L"*.txt"),
-              (folder_ / L"*.txt").substr(0, (folder_ / L"*.txt").size() - 7) + L"\\");
-    folder_.write(std::wstring(200, L'z') + L".dat");
-    SetCurrentDirectoryW(folder_.path().c_str());
-    EXPECT_EQ(folder_of(L"z*"), L"");
-    SetCurrentDirectoryW(L"C:\\");
-    EXPECT_EQ(lines_of(boxes), (Lines{narrow(L"16|kovrel|Error 5\\r (Llamada a procedimiento o "
-                                             L"argumento no válidos) en procedimiento "
-                                             L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
-}
-
-TEST_F(ProfileAnySettings, AFileOfADriveThatDoesNotExistIsAFailure) {
-    BoxWatcher boxes({answer(IDOK)});
-    EXPECT_EQ(folder_of(L"Q:\\datos.txt"), L"");
-    EXPECT_EQ(lines_of(boxes),
-              (Lines{narrow(L"16|kovrel|Error 68\\r (Dispositivo no disponible) en procedimiento "
-                            L"RutadeArchivo del Módulo de clase clsProfile.|1")}));
-}
-
-TEST_F(ProfileAnySettings, APathThatIsLongerThanSystemsTakeIsAFailure) {
-    for (const std::size_t length :
-         {std::size_t{32'748}, std::size_t{32'768}, std::size_t{65'536}}) {
-        for (const wchar_t* const begin : {L"", L"C:\\", L"\\\\?\\C:\\"}) {
-            const std::wstring path = begin + std::wstring(length, L'x') + L"\\*";
-            BoxWatcher boxes({answer(IDOK), answer(IDOK)});
-            EXPECT_EQ(folder_of(path), L"");
-            EXPECT_FALSE(exists(path, true, false));
-            const std::wstring failure =
-                L"16|kovrel|Error 52\\r (Nombre o número de archivo incorrecto) en procedimiento ";
-            EXPECT_EQ(lines_of(boxes),
-                      (Lines{narrow(failure + L"RutadeArchivo del Módulo de clase clsProfile.|1"),
-                             narrow(failure + L"ExisteCarpeta del Formulario frmOptions.|1")}));
-        }
-    }
-}
-
-TEST_F(ProfileAnySettings, FoldersInEveryWayOfCalling) {
-    const std::wstring missing = folder_ / L"nueva";
-    const std::wstring orphan = folder_ / L"falta\\nueva";
-    const auto question_of = [](const std::wstring& path) {
-        return L"La carpeta \"" + path + L"\" no existe.\r\r¿Desea crearla?";
-    };
-    const std::wstring about_missing = question_of(missing);
-    const std::wstring about_orphan = question_of(orphan);
-    const ExpectedBox refused{about_missing.c_str(), 33, L"Gestión", IDCANCEL};
-    const ExpectedBox accepted{about_missing.c_str(), 33, L"Gestión"};
-    const ExpectedBox created{L"Carpeta creada con éxito.", 64, L"Gestión"};
-    const ExpectedBox failed{
-        L"Error 76\r (No se encontró la ruta de acceso) en procedimiento ExisteCarpeta del "
-        L"Formulario frmOptions.",
-        16, L"kovrel"};
-    for (const Way way : every_way) {
-        const auto ask = [&](const std::wstring& path, bool create, bool tell,
-                             const std::vector<ExpectedBox>& boxes) {
-            const Answer answer = call_in(way, profile_.get(), L"ExisteCarpeta",
-                                          {Variant(path), Variant(create), Variant(tell)}, boxes);
-            EXPECT_EQ(answer.result, S_OK);
-            // The arguments are not written to.
-            EXPECT_EQ(answer.arguments.at(0).to_text(), path);
-            return shown(answer.value);
-        };
-        const std::string yes = shown(Variant(true));
-        const std::string no = shown(Variant(false));
-        EXPECT_EQ(ask(missing, false, true, {}), no);
-        EXPECT_EQ(ask(missing, true, true, {refused}), no);
-        EXPECT_FALSE(std::filesystem::exists(missing));
-        EXPECT_EQ(ask(missing, true, true, {accepted, created}), yes);
-        EXPECT_EQ(ask(missing, true, true, {}), yes);
-        EXPECT_TRUE(std::filesystem::remove(missing));
-        EXPECT_EQ(ask(missing, true, false, {}), yes);
-        EXPECT_TRUE(std::filesystem::remove(missing));
-        EXPECT_EQ(ask(orphan, true, false, {failed}), no);
-        EXPECT_EQ(ask(orphan, true, true, {{about_orphan.c_str(), 33, L"Gestión"}, failed}), no);
-    }
-}
 
 TEST_F(ProfileAnySettings, Backslashes) {
     BoxWatcher no_box;
@@ -377,7 +75,7 @@ TEST_F(Profile, DefaultsOfMissingIniValues) {
                             L"LeerIni del Módulo clsProfile.|1")}));
 }
 
-TEST_F(ProfileAnySettings, TheCallersVariablesComeBackThroughTheCodePage) {
+TEST_F(ProfileAnySettings, TheCallersVariablesAreWrittenBackInTheCodePage) {
     BoxWatcher no_box;
     Variant file(folder_ / L"v.ini");
     Variant section(L"\u4e2d");
@@ -399,7 +97,7 @@ TEST_F(ProfileAnySettings, TheCallersVariablesComeBackThroughTheCodePage) {
     EXPECT_EQ(section.to_text(), L"?");
 }
 
-TEST_F(ProfileAnySettings, TextsComeBackThroughTheCodePageInEveryWayThatWritesBack) {
+TEST_F(ProfileAnySettings, TextsAreWrittenBackInTheCodePageInEveryWayOfCalling) {
     BoxWatcher no_box;
     for (const Way way : ways_that_write_back) {
         SCOPED_TRACE(name_of(way));
@@ -408,7 +106,7 @@ TEST_F(ProfileAnySettings, TextsComeBackThroughTheCodePageInEveryWayThatWritesBa
         const Answer saved = call_in(way, profile_.get(), L"GuardarIni", {file, text, text, text});
         EXPECT_EQ(saved.result, S_OK);
         const Answer read = call_in(way, profile_.get(), L"LeerIni", {file, text, text, text});
-        // A file of such a name cannot be there: the default is the value.
+        // No file can have such a name, so the default is returned.
         EXPECT_EQ(shown(read.value), "texto ? ñ");
         for (const Answer& answer : {saved, read}) {
             EXPECT_EQ(narrow(answer.arguments.at(0).to_text()), narrow(folder_ / L"?.ini"));
@@ -416,7 +114,7 @@ TEST_F(ProfileAnySettings, TextsComeBackThroughTheCodePageInEveryWayThatWritesBa
             EXPECT_EQ(narrow(answer.arguments.at(2).to_text()), "? ñ");
         }
         EXPECT_EQ(narrow(saved.arguments.at(3).to_text()), "? ñ");
-        // The default is no text of the call's.
+        // The default alone is not converted.
         EXPECT_EQ(read.arguments.at(3).to_text(), L"\u4e2d ñ");
     }
 }
@@ -439,7 +137,7 @@ TEST_F(ProfileAnySettings, PathsInEveryWayOfCalling) {
     }
 }
 
-TEST_F(ProfileAnySettings, AFailedReadingLeavesTheVariablesAlone) {
+TEST_F(ProfileAnySettings, AFailedReadLeavesTheVariablesUnchanged) {
     const std::wstring omega = L"\u03c9";
     for (const Way way : every_way) {
         const Answer answer = call_in(
@@ -507,7 +205,7 @@ void press(HWND dialog, int button) {
 
 TEST_F(Profile, TheBrowserBeginsAtTheFolderGivenAndReturnsTheOneChosen) {
     std::filesystem::create_directory(folder_ / L"Año");
-    // Wine's browser now and then opens on nothing at all: such a one is cancelled.
+    // Wine's browser sometimes opens without a selected folder; it is then cancelled and reopened.
     bool opened_on_folder = false;
     for (int attempts = 0; attempts < 10 && !opened_on_folder; ++attempts) {
         std::wstring prompt;
@@ -548,7 +246,7 @@ TEST_F(Profile, AnEmptyPromptShowsNone) {
     auto texts = texts_with(L"Elija");
     const auto prompt = std::find(texts.begin(), texts.end(), L"Elija");
     ASSERT_NE(prompt, texts.end());
-    // All else stays as it was.
+    // The other texts are unchanged.
     *prompt = L"";
     EXPECT_EQ(texts_with(L""), texts);
 }

@@ -2,8 +2,8 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/every_way.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {
@@ -43,7 +43,7 @@ class IniAndPathsAnySettings : public testing::TestWithParam<Way> {
     std::wstring file_ = folder_ / L"ajustes año.ini";
 };
 
-TEST_P(IniAndPathsAnySettings, WhatIsSavedIsReadBack) {
+TEST_P(IniAndPathsAnySettings, SavedValuesAreReadBack) {
     const BoxWatcher no_box;
     save(L"General", L"Título", L"Facturación");
     EXPECT_EQ(read(L"General", L"Título"), "texto Facturación");
@@ -52,14 +52,14 @@ TEST_P(IniAndPathsAnySettings, WhatIsSavedIsReadBack) {
     EXPECT_EQ(read(L"General", L"Título", Variant(L"otro")), "texto Año nuevo");
     // In the system's 8-bit code page.
     EXPECT_NE(content_of(file_).find("T\xEDtulo=A\xF1o nuevo"), std::string::npos);
-    // A character that the code page lacks.
+    // Characters that the code page lacks become "?".
     save(L"General", L"Griego", L"\x0391 y \x4E00");
     EXPECT_EQ(read(L"General", L"Griego").substr(0, 6), "texto ");
     EXPECT_NE(read(L"General", L"Griego").find(" y ?"), std::string::npos);
 }
 
-// What the code page lacks is "?" in the file, never a letter that resembles it: a reader looks
-// where a writer wrote, and in no section or key of another name.
+// Characters that the code page lacks become "?", never a similar letter, so that no section or key
+// of another name is read or written.
 TEST_P(IniAndPathsAnySettings, SectionsAndKeysMatchOnlyThemselves) {
     const BoxWatcher no_box;
     save(L"secO", L"claveO", L"ajeno");
@@ -80,7 +80,7 @@ TEST_P(IniAndPathsAnySettings, SectionsAndKeysMatchOnlyThemselves) {
     EXPECT_EQ(read(L"General", L"Falta", Variant(L"\x03A9")), "texto ?");
 }
 
-TEST_P(IniAndPathsAnySettings, AFileWhoseNameTheCodePageLacksIsNoOther) {
+TEST_P(IniAndPathsAnySettings, AFileNameThatTheCodePageLacksMatchesNoOther) {
     const BoxWatcher no_box;
     folder_.write(L"O.ini", "[a]\r\nb=ajeno\r\n");
     const Variant greek(folder_ / L"\x03A9.ini");
@@ -113,7 +113,7 @@ TEST_P(IniAndPathsAnySettings, Defaults) {
     EXPECT_EQ(read(L"General", L"Falta", Variant(L"por defecto ñ")), "texto por defecto ñ");
     EXPECT_EQ(read(L"General", L"Falta", Variant(L"")), "texto ");
     EXPECT_EQ(read(L"General", L"Falta", Variant()), "texto ");
-    // A default goes through the same buffer.
+    // A default is cut to the same buffer.
     EXPECT_EQ(read(L"General", L"Falta", Variant(std::wstring(300, L'd'))),
               "texto " + std::string(254, 'd'));
     EXPECT_FALSE(std::filesystem::exists(file_));
@@ -128,7 +128,7 @@ TEST_P(IniAndPathsAnySettings, LongValuesAreCut) {
     }
     save(L"Largos", L"eñes", std::wstring(300, L'ñ'));
     EXPECT_EQ(read(L"Largos", L"eñes"), shown(Variant(std::wstring(254, L'ñ'))));
-    // The file has it all.
+    // The file holds the whole value.
     EXPECT_NE(content_of(file_).find(std::string(3000, 'x')), std::string::npos);
 }
 
@@ -150,10 +150,11 @@ TEST_P(IniAndPathsAnySettings, DeletedKeysAndSections) {
     EXPECT_EQ(call_for(L"DeleteSetting", {file(), Variant(L"Tres"), Variant(L"x")}).result, S_OK);
 }
 
-TEST_P(IniAndPathsAnySettings, WhatCannotBeWrittenIsLostSilently) {
+TEST_P(IniAndPathsAnySettings, FailedWritesShowNothing) {
     const BoxWatcher no_box;
     save(L"Uno", L"a", L"1");
-    // A read-only file, and one that another program holds: the first yields to some users.
+    // A read-only file, and one that another program has open. Privileged users can write the
+    // read-only one, so the value stays the same.
     ASSERT_TRUE(SetFileAttributesW(file_.c_str(), FILE_ATTRIBUTE_READONLY));
     save(L"Uno", L"a", L"1");
     ASSERT_TRUE(SetFileAttributesW(file_.c_str(), FILE_ATTRIBUTE_NORMAL));
@@ -163,7 +164,7 @@ TEST_P(IniAndPathsAnySettings, WhatCannotBeWrittenIsLostSilently) {
     save(L"Uno", L"a", L"2");
     call_for(L"DeleteSetting", {file(), Variant(L"Uno")});
     CloseHandle(held);
-    // The file itself: what a later read gives may come from the system's memory of it.
+    // Read from the file, since the system caches INI files.
     EXPECT_NE(content_of(file_).find("a=1"), std::string::npos);
     const Variant nowhere(folder_ / L"no hay\\x.ini");
     EXPECT_EQ(
@@ -172,8 +173,8 @@ TEST_P(IniAndPathsAnySettings, WhatCannotBeWrittenIsLostSilently) {
     EXPECT_EQ(text_for(L"LeerIni", {nowhere, Variant(L"a"), Variant(L"b"), Variant(7)}), "texto 7");
 }
 
-TEST_P(IniAndPathsAnySettings, ADefaultWithoutATextIsAnError) {
-    // LeerIni reads through GetSetting, whose box it is.
+TEST_P(IniAndPathsAnySettings, ANullDefaultShowsTheErrorBox) {
+    // LeerIni calls GetSetting, which shows the box.
     for (const wchar_t* const member : {L"GetSetting", L"LeerIni"}) {
         EXPECT_EQ(text_for(member, {file(), Variant(L"a"), Variant(L"b"), Variant::null()},
                            {{L"Error 94\r (Uso no válido de Null) en procedimiento GetSetting del "
@@ -206,8 +207,8 @@ TEST_P(IniAndPathsAnySettings, PathsAreSplit) {
     split(L"", "", "", "*");
 }
 
-TEST_P(IniAndPathsAnySettings, AVariableThatTheNameIsWrittenToBecomesAText) {
-    // Scripts pass variables that hold nothing yet.
+TEST_P(IniAndPathsAnySettings, OutputVariablesBecomeTexts) {
+    // As scripts pass variables without a value.
     const Answer answer =
         call_for(L"SplitPath", {Variant(L"C:\\a\\b.c"), Variant(L""), Variant(), Variant::null()});
     EXPECT_EQ(answer.result, S_OK);
@@ -234,7 +235,7 @@ TEST_P(IniAndPathsAnySettings, TextsAreRemovedAndReplaced) {
                           const Variant& replacement) {
         return text_for(L"QuitarCaracterEx", {Variant(text), Variant(searched), replacement});
     };
-    // Of two adjacent ones the first alone goes.
+    // Of two adjacent occurrences only the first is removed.
     EXPECT_EQ(without(L"aab", L"a"), "texto ab");
     EXPECT_EQ(without(L"aaaa", L"a"), "texto aa");
     EXPECT_EQ(without(L"12.345.678", L"."), "texto 12345678");
@@ -257,7 +258,7 @@ TEST_P(IniAndPathsAnySettings, TextsAreRemovedAndReplaced) {
     EXPECT_EQ(without(L"\0\0"s, L"\0"s), "texto ");
 }
 
-TEST_P(IniAndPathsAnySettings, AReplacementWithoutEndIsAnErrorAndTheHostLives) {
+TEST_P(IniAndPathsAnySettings, AnEndlessReplacementShowsTheErrorBox) {
     const ExpectedBox box{
         L"Error 7\r (Memoria insuficiente) en procedimiento QuitarCaracterEx del "
         L"Módulo de clase cgsFileOpR.",
@@ -294,7 +295,7 @@ TEST_P(IniAndPathsAnySettings, Backslashes) {
 /// Booleans read as the user's own words for them.
 class Settings : public IniAndPathsAnySettings {};
 
-TEST_P(Settings, BooleansAreWords) {
+TEST_P(Settings, BooleansAreStoredAsWords) {
     EXPECT_EQ(read(L"General", L"Falta", Variant(true)), "texto Verdadero");
     EXPECT_EQ(read(L"General", L"Falta", Variant(false)), "texto Falso");
     const auto with = [&](bool replacement) {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {
@@ -46,7 +46,7 @@ TEST_P(SqlAnySettings, NumbersHaveAPoint) {
     EXPECT_EQ(plain(-3), "texto -3.00");
 }
 
-TEST_P(SqlAnySettings, WhatIsNoNumberIsTold) {
+TEST_P(SqlAnySettings, TextsThatAreNotNumbersShowABox) {
     for (const Variant& value :
          {Variant(L""), Variant(L"doce"), Variant::null(), Variant(Date{45366})}) {
         EXPECT_EQ(shown_for(L"Conv_Double", value, {{needs_a_number, 16, L"Consultas"}}), "texto ");
@@ -56,8 +56,8 @@ TEST_P(SqlAnySettings, WhatIsNoNumberIsTold) {
     EXPECT_EQ(shown_for(L"Conv_Double", Variant(L"doce"), {{needs_a_number, 16, L""}}), "texto ");
 }
 
-TEST_P(SqlAnySettings, FailuresOfNumbersAreTold) {
-    // The inner rounding tells its own, and leaves no digits to put a point between.
+TEST_P(SqlAnySettings, NumberFailuresShowTheErrorBox) {
+    // The rounding shows its own box and returns no digits, so the conversion fails as well.
     const auto twice = [&](const wchar_t* member, const wchar_t* inner, const wchar_t* outer) {
         EXPECT_EQ(shown_for(member, Variant(std::numeric_limits<double>::infinity()),
                             {{inner, 16, L"kovrel"}, {outer, 16, L"kovrel"}}),
@@ -82,11 +82,11 @@ TEST_P(SqlAnySettings, DatesHaveTheMonthFirst) {
     EXPECT_EQ(shown_for(L"Conv_Date_Date", Variant(Date{45366.99})), "texto #03/15/2024#");
     EXPECT_EQ(shown_for(L"Conv_Date_Date", Variant(Date{0})), "texto #12/30/1899#");
     EXPECT_EQ(shown_for(L"Conv_Date_Date", Variant(Date{-0.75})), "texto #12/30/1899#");
-    // A day that no month has is a date in no order.
+    // Not a date in any order of day, month and year.
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"15/15/2024")), "texto #15/15/2024#");
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"mañana")), "texto #mañana#");
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"")), "texto ##");
-    // A time alone falls on the day that dates are counted from; a number is no date.
+    // A time alone is on day 0; a number is not a date.
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"18:30")), "texto #12/30/1899#");
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"0:00")), "texto #12/30/1899#");
     for (const char* const number : {"5", "45366", "-3", "1000000"}) {
@@ -94,7 +94,7 @@ TEST_P(SqlAnySettings, DatesHaveTheMonthFirst) {
             shown_for(L"Conv_Date", Variant(std::wstring(number, number + std::strlen(number)))),
             std::string("texto #") + number + "#");
     }
-    // One order only makes a date of it.
+    // A date in year-month-day order only.
     EXPECT_EQ(shown_for(L"Conv_Date", Variant(L"2024-03-15")), "texto #03/15/2024#");
 }
 
@@ -107,8 +107,8 @@ TEST_P(SqlAnySettings, BooleansAndTexts) {
     EXPECT_EQ(shown_for(L"Conv_String", Variant(L"d'Ors")), "texto 'd'Ors'");
 }
 
-TEST_P(SqlAnySettings, FailuresOfTheOthersReachTheHost) {
-    // No date of the calendar.
+TEST_P(SqlAnySettings, DateFailuresReachTheHost) {
+    // Outside the years 100 to 9999.
     for (const double days : {1e9, -1e9, std::numeric_limits<double>::quiet_NaN()}) {
         const Answer beyond =
             call_in(GetParam(), literals_.get(), L"Conv_Date_Date", {Variant(Date{days})}, {});

@@ -1,9 +1,9 @@
 // clsFGen's tax identifiers, as hosts call them, with their real boxes.
 #include <gtest/gtest.h>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
-#include "tests/automation/every_way.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/early.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {
@@ -33,7 +33,7 @@ class TaxIds : public testing::Test {
     ComPtr<IDispatch> general_ = create(L"Kovrel.clsFGen");
 };
 
-TEST_F(TaxIds, RightOnesPassWithoutABox) {
+TEST_F(TaxIds, ValidOnesShowNoBox) {
     BoxWatcher no_box;
     EXPECT_EQ(verify(L"12345678Z"), L"12345678Z");
     EXPECT_EQ(verify(L"12345678z"), L"12345678Z");
@@ -65,7 +65,7 @@ TEST_F(TaxIds, AWrongLetterIsNamedAndReplaced) {
                L"Error en la letra del N.I.E.");
 }
 
-// By the system's rules, which know more letters than the library's own texts have.
+// By the system's rules for all scripts, not only for Spanish letters.
 TEST_F(TaxIds, EveryLetterHasItsCapital) {
     for (const Way way : every_way) {
         const auto typed = [&](const wchar_t* text, const wchar_t* letter) {
@@ -130,8 +130,8 @@ TEST_F(TaxIds, TheErrorBoxIgnoresTheHostsName) {
 TEST_F(TaxIds, TextsOfAnyLength) {
     const std::wstring longest(40000, L'1');
     BoxWatcher boxes({answer(IDOK), answer(IDOK)});
-    // The position runs over inside QuitaCaracteresyEspacios, which tells it and changes nothing;
-    // the text then counts as a NIF of another length.
+    // The 16-bit position overflows inside QuitaCaracteresyEspacios, which shows the box and
+    // changes nothing; the text is then verified as a NIF of another length.
     const std::wstring result = verify(longest.c_str());
     EXPECT_EQ(result.size(), 40000U);
     EXPECT_EQ(result.back(), L'T');
@@ -149,7 +149,7 @@ TEST_F(TaxIds, LettersOfNumbers) {
     EXPECT_EQ(text_of_result(call(general_.get(), L"LetraNIF", {-1})), L"E");
 }
 
-TEST_F(TaxIds, SeparatorsLeaveTheCallersVariable) {
+TEST_F(TaxIds, SeparatorsAreRemovedFromTheCallersVariable) {
     Variant variable(L"12.345.678-Z / x");
     EXPECT_EQ(call(general_.get(), L"QuitaCaracteresyEspacios", {LateArgument::variable(variable)})
                   .result,

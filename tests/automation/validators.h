@@ -1,4 +1,4 @@
-// Fields and combo boxes of a host, what the validators tell of them, and an instance that checks
+// Scripted fields and combo boxes, the boxes that the validators show, and the fixture that calls
 // them.
 #pragma once
 
@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/late.h"
+#include "tests/support/box_lines.h"
 #include "tests/support/host_controls.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 
@@ -93,7 +93,7 @@ class Validators : public testing::Test {
         return outcome.value.boolVal != VARIANT_FALSE;
     }
 
-    /// Calls and expects a passing field and no box.
+    /// Expects that the field passes without a box.
     void expect_pass(const wchar_t* member, const std::vector<LateArgument>& arguments) {
         BoxWatcher no_box;
         EXPECT_FALSE(fails(member, arguments));

@@ -1,6 +1,6 @@
 // clsFGen's field validators in every way of calling them, and with fields that fail.
-#include "tests/automation/every_way.h"
 #include "tests/automation/validators.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {
@@ -19,7 +19,7 @@ TEST_F(Validators, FieldsThatLackAMember) {
         expect_boxes(comparison.member, {object(field), object(bare)},
                      {failure_line(no_member, comparison.member)}, false);
     }
-    // The other field's name is asked for when there is something to tell.
+    // The other field's Tag is read only for the message.
     for (const Comparison& comparison : comparisons) {
         const auto field =
             make_field(Variant(comparison.fails_when_less ? L"31/12/2023" : L"02/01/2024"));
@@ -61,7 +61,7 @@ TEST_F(Validators, FieldsThatAnswerWrongTypes) {
                  false);
     const auto bare = make_combo(Variant::null(), L"x", 1);
     bare->property(L"ListCount", Variant(L"x"));
-    // The check had failed by then.
+    // The result is already true when this fails.
     expect_boxes(L"ValidateComboALista", {object(bare)},
                  {failure_line(L"13\\r (No coinciden los tipos", L"ValidateComboALista")});
 }
@@ -111,7 +111,7 @@ TEST_F(Validators, ADefaultValueThatIsAnotherObject) {
     const auto outer = ScriptedObject::make();
     outer->property(L"Value", object(inner)).default_member(L"Value");
     expect_pass(L"Requerido", {object(outer)});
-    // One that leads back to itself ends in a clear failure.
+    // A cycle of default members ends in failure 13.
     const auto endless = ScriptedObject::make();
     ScriptedObject* const raw = endless.get();
     endless->property(L"Value", [raw](const auto&) { return Variant(ComPtr<IDispatch>(raw)); })
@@ -121,14 +121,14 @@ TEST_F(Validators, ADefaultValueThatIsAnotherObject) {
     EXPECT_EQ(endless->references(), 1U);
 }
 
-TEST_F(Validators, TheHostsOwnCatalogueTells) {
+TEST_F(Validators, TheHostsOwnCatalogueShowsTheMessages) {
     const auto catalogue = create(L"Kovrel.clsMensajes");
     put(catalogue.get(), L"AppOrigen", Variant(L"Otra"));
     ASSERT_EQ(put(general_.get(), L"Mensajes", Variant(catalogue), DISPATCH_PROPERTYPUTREF).result,
               S_OK);
     expect_boxes(L"Requerido", {object(make_field(Variant(L"")))},
                  {narrow(L"48|Otra|El dato  \"Nombre\" no puede quedar vacío.|1")});
-    // The boxes of the validators' own keep the name of their instance.
+    // Boxes outside the catalogue keep the name of the instance.
     expect_boxes(L"ValidateComboALista", {object(make_combo(Variant::null(), L"Lon", 3))},
                  {list_box});
     put(general_.get(), L"AppOrigen", Variant(L""));
@@ -136,7 +136,7 @@ TEST_F(Validators, TheHostsOwnCatalogueTells) {
                  {narrow(L"48||¡Valor no válido para este campo!|1")});
 }
 
-TEST_F(Validators, WithoutACatalogueTheFailureIsTold) {
+TEST_F(Validators, WithoutACatalogueShowsTheErrorBox) {
     ASSERT_EQ(put(general_.get(), L"Mensajes", nothing(), DISPATCH_PROPERTYPUTREF).result, S_OK);
     expect_boxes(L"Requerido", {object(make_field(Variant(L"")))},
                  {failure_line(no_object, L"Requerido")}, false);

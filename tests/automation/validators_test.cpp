@@ -1,7 +1,7 @@
-// clsFGen's field validators as hosts call them: what passes, what is told, where the focus goes.
+// clsFGen's field validators: what passes, the box shown, and where the focus goes.
 #include "tests/automation/validators.h"
 
-#include "tests/automation/import_patch.h"
+#include "tests/support/import_patch.h"
 
 namespace kovrel::test {
 namespace {
@@ -20,7 +20,7 @@ TEST_F(Validators, ARequiredFieldMustHoldMoreThanBlanks) {
     }
 }
 
-TEST_F(Validators, ANamelessFieldIsToldWithoutAName) {
+TEST_F(Validators, AFieldWithoutATagIsReportedWithoutAName) {
     expect_boxes(L"Requerido", {object(make_field(Variant(L""), L""))},
                  {narrow(L"48|Gestión|El dato  no puede quedar vacío.|1")});
     auto numbered = make_field(Variant(L""));
@@ -42,27 +42,27 @@ TEST_F(Validators, AnExactLength) {
     expect_boxes(L"LongitudExacta", {object(field), true, one}, {wrong_box(L"Nombre")});
     expect_pass(L"LongitudExacta",
                 {object(make_field(Variant(L"123456"))), true, std::int16_t{-1}});
-    // Any number: a length is that of its text.
+    // The length of a number is that of its text.
     expect_pass(L"LongitudExacta", {object(make_field(Variant(12.34)))});
     auto texts = make_field(Variant(L"12345"));
     texts->property(L"MaxLength", Variant(L"5"));
     expect_pass(L"LongitudExacta", {object(texts)});
 }
 
-TEST_F(Validators, AnEmptyLength) {
+TEST_F(Validators, AnEmptyFieldWhereALengthIsRequired) {
     const auto field = make_field(Variant(L""));
     expect_pass(L"LongitudExacta", {object(field), true});
     EXPECT_EQ(field->log(), Log{L"get Value"});
     field->clear_log();
     expect_boxes(L"LongitudExacta", {object(field), false}, {empty_box(L"Nombre")});
     EXPECT_EQ(field->log(), (Log{L"get Value", L"get Tag", L"SetFocus()"}));
-    // An omitted permission counts as none.
+    // Omitted, PermitirLenCero counts as false.
     expect_boxes(L"LongitudExacta", {object(field)}, {empty_box(L"Nombre")});
     expect_boxes(L"LongitudExacta", {object(make_field(Variant::null())), false},
                  {empty_box(L"Nombre")});
 }
 
-TEST_F(Validators, ALengthForgivesAFieldThatTakesNoFocus) {
+TEST_F(Validators, LongitudExactaIgnoresAFailingSetFocus) {
     const auto field = make_field(Variant(L"1"));
     field->fails(L"SetFocus", failure(5, L"El control no puede recibir el foco"));
     expect_boxes(L"LongitudExacta", {object(field)}, {wrong_box(L"Nombre")});
@@ -82,11 +82,11 @@ TEST_F(Validators, ACorrectDate) {
         expect_boxes(L"FechaCorrecta", {object(field)}, {date_box});
         EXPECT_EQ(field->log(), (Log{L"get Value", L"SetFocus()"}));
     }
-    // A number is no date.
+    // A number is not a date.
     expect_boxes(L"FechaCorrecta", {object(make_field(Variant(45000.0)))}, {date_box});
 }
 
-TEST_F(Validators, AnEmptyDateIsTheUntouchedMaskToo) {
+TEST_F(Validators, AnUntouchedMaskIsAnEmptyDate) {
     for (const Variant& value :
          {Variant(L"__/__/____"), Variant(L""), Variant::null(), Variant()}) {
         const auto field = make_field(value, L"Alta");
@@ -98,7 +98,7 @@ TEST_F(Validators, AnEmptyDateIsTheUntouchedMaskToo) {
     }
 }
 
-TEST_F(Validators, AWrongDateThatTakesNoFocusIsAFailure) {
+TEST_F(Validators, FechaCorrectaReportsAFailingSetFocus) {
     const auto field = make_field(Variant(L"hoy"));
     field->fails(L"SetFocus", failure(5, L"El control no puede recibir el foco"));
     expect_boxes(L"FechaCorrecta", {object(field)},
@@ -126,7 +126,7 @@ TEST_F(Validators, DatesInOrder) {
         // The time of day counts.
         expect(Variant(Date{45000.5}), Variant(Date{45000.25}), comparison.fails_when_greater);
         expect(Variant(L"15/03/2023 10:00"), Variant(Date{45000}), comparison.fails_when_greater);
-        // What is no date is nothing to compare.
+        // Values that are not dates are not compared.
         for (const Variant& value : {Variant(L""), Variant::null(), Variant(L"hoy"), Variant(1.0),
                                      Variant(L"__/__/____"), Variant()}) {
             expect(value, Variant(L"01/01/2024"), false);
@@ -139,14 +139,14 @@ TEST_F(Validators, ADateComparedWithAPlainDate) {
     const auto field = make_field(Variant(L"01/01/2024"));
     expect_pass(L"FechaMayorQue", {object(field), Variant(Date{40000})});
     expect_pass(L"FechaMayorQue", {object(field), Variant::null()});
-    // A plain date has no name to tell.
+    // The message needs the Tag of the other field, which a plain date lacks.
     expect_boxes(L"FechaMenorQue", {object(field), Variant(Date{40000})},
                  {failure_line(L"424\\r (Se requiere un objeto", L"FechaMenorQue")}, false);
     expect_boxes(L"FechaMenorQue", {object(field), nothing()},
                  {failure_line(no_object, L"FechaMenorQue")}, false);
 }
 
-TEST_F(Validators, ADateThatTakesNoFocusIsAFailure) {
+TEST_F(Validators, DateComparisonsReportAFailingSetFocus) {
     for (const Comparison& comparison : comparisons) {
         const wchar_t* const date = comparison.fails_when_less ? L"31/12/2023" : L"02/01/2024";
         const auto field = make_field(Variant(date), L"una");
@@ -179,7 +179,7 @@ TEST_F(Validators, AListItemPasses) {
         expect_pass(L"ValidateDataComboALista", {object(combo), required});
         EXPECT_EQ(combo->calls_of(L"SetFocus()"), 0U);
     }
-    // Without a text there is nothing to find in the list.
+    // An empty text is not looked for in the list.
     expect_pass(L"ValidateComboALista", {object(make_combo(Variant(L"x"), L"", 3)), true});
 }
 
@@ -191,7 +191,7 @@ TEST_F(Validators, ATextThatIsNotInTheList) {
     combo = make_combo(Variant::null(), L"Lon", 0);
     expect_boxes(L"ValidateComboALista", {object(combo)}, {value_box});
     EXPECT_EQ(combo->log(), (Log{L"get Value", L"get Text", L"get Value", L"get ListCount"}));
-    // A required one whose value is no longer there when it is asked for again.
+    // A required one whose value is empty when it is read again.
     combo = make_combo(Variant(), L"Lon", 3);
     int reads = 0;
     combo
@@ -202,7 +202,7 @@ TEST_F(Validators, ATextThatIsNotInTheList) {
     EXPECT_EQ(combo->calls_of(L"DropDown()"), 1U);
 }
 
-TEST_F(Validators, AComboThatFailsAfterItsBoxHasFailedItsCheck) {
+TEST_F(Validators, AComboWhoseFocusOrListFailsAfterTheBox) {
     auto combo = make_combo(Variant::null(), L"Lon", 3);
     combo->fails(L"SetFocus", failure(5, L"El control no puede recibir el foco"));
     expect_boxes(L"ValidateComboALista", {object(combo)},
@@ -234,7 +234,7 @@ UINT WINAPI note_strokes(UINT count, INPUT* inputs, int /*size*/) {
     return count;
 }
 
-TEST_F(Validators, AThreadWithoutWindowsSendsTheKeyToWhateverIsInFront) {
+TEST_F(Validators, AThreadWithoutWindowsSendsF4AsInput) {
     const ImportPatch patch(L"kovrel.dll", "SendInput", reinterpret_cast<void*>(&note_strokes));
     ASSERT_TRUE(patch.in_place());
     ASSERT_EQ(GetActiveWindow(), nullptr);

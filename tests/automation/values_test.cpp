@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 namespace kovrel::test {
 namespace {
@@ -40,7 +40,7 @@ Variant array_of(const wchar_t* text) {
     return array;
 }
 
-TEST_P(Values, NzGivesTheSubstituteForWhatIsNoValue) {
+TEST_P(Values, NzReplacesNullEmptyAndMissing) {
     EXPECT_EQ(shown_for(L"Nz", {Variant::null()}), "entero16 0");
     EXPECT_EQ(shown_for(L"Nz", {Variant()}), "entero16 0");
     EXPECT_EQ(shown_for(L"Nz", {error_value()}), "entero16 0");
@@ -50,7 +50,7 @@ TEST_P(Values, NzGivesTheSubstituteForWhatIsNoValue) {
     EXPECT_EQ(shown_for(L"Nz", {error_value(), Variant(2.5)}), shown(Variant(2.5)));
 }
 
-TEST_P(Values, NzGivesBackAnyOtherValueAsItIs) {
+TEST_P(Values, NzReturnsAnyOtherValueUnchanged) {
     EXPECT_EQ(shown_for(L"Nz", {Variant(L"")}), "texto ");
     EXPECT_EQ(shown_for(L"Nz", {Variant(L""), Variant(L"nada")}), "texto ");
     EXPECT_EQ(shown_for(L"Nz", {Variant(false), Variant(7)}), shown(Variant(false)));
@@ -63,7 +63,7 @@ TEST_P(Values, NzGivesBackAnyOtherValueAsItIs) {
     EXPECT_EQ(array.value.vt, VT_ARRAY | VT_BSTR);
 }
 
-TEST_P(Values, NzLeavesTheCallersVariablesAlone) {
+TEST_P(Values, NzLeavesTheCallersVariablesUnchanged) {
     const Answer answer = call_for(L"Nz", {Variant::null(), Variant(L"nada")});
     EXPECT_EQ(shown(answer.arguments[0]), "nulo");
     EXPECT_EQ(shown(answer.arguments[1]), "texto nada");
@@ -107,7 +107,7 @@ TEST_P(Values, ArraysAndNumbersTooLargeCountAsTrueAfterTheErrorBox) {
     }
 }
 
-/// A text of the user's: "," stands for the decimal separator.
+/// Replaces "," with the user's decimal separator.
 std::string in_settings(std::string text) {
     const bool comma = shown(Variant(0.5)) == "doble 0,5";
     if (!comma) std::replace(text.begin(), text.end(), ',', '.');
@@ -131,8 +131,8 @@ TEST_P(Values, RoundedAmounts) {
     EXPECT_EQ(four(Variant(-12.34567)), in_settings("texto -12,3457"));
 }
 
-TEST_P(Values, WhatIsNoNumberIsNotRounded) {
-    // The host's name is not in the title.
+TEST_P(Values, TextsThatAreNotNumbersShowABox) {
+    // The title is not the host's name.
     put(general_.get(), L"AppOrigen", Variant(L"Facturas"));
     const ExpectedBox box{L"Error en la función de redondeo: el dato no es numérico", 16,
                           L"kovrel"};
@@ -145,7 +145,7 @@ TEST_P(Values, WhatIsNoNumberIsNotRounded) {
     }
 }
 
-TEST_P(Values, FailuresOfRoundingNameTheirOwnModule) {
+TEST_P(Values, RoundingFailuresNameTheModuleFGen) {
     const Variant endless(std::numeric_limits<double>::infinity());
     EXPECT_EQ(
         shown_for(L"redondeoa2", {endless},
@@ -157,7 +157,7 @@ TEST_P(Values, FailuresOfRoundingNameTheirOwnModule) {
                   {{L"Error 6\r (Desbordamiento) en procedimiento redondeoa4 del Módulo FGen.", 16,
                     L"kovrel"}}),
         "texto ");
-    // An object without a default value has no number to give.
+    // An object without a default value.
     EXPECT_EQ(shown_for(L"redondeoa2", {Variant(create(L"Kovrel.clsFZip"))},
                         {{L"Error 438\r (El objeto no admite esta propiedad o método) en "
                           L"procedimiento redondeoa2 del Módulo FGen.",
@@ -167,7 +167,7 @@ TEST_P(Values, FailuresOfRoundingNameTheirOwnModule) {
 
 INSTANTIATE_TEST_SUITE_P(All, Values, testing::ValuesIn(every_way));
 
-/// What a window of the waiting thread sees during a wait.
+/// What a window of the waiting thread observes during a wait.
 struct Wait {
     int timers = 0;
     int posted = 0;
@@ -183,7 +183,7 @@ LRESULT CALLBACK wait_procedure(HWND window, UINT message, WPARAM wparam, LPARAM
     if (wait != nullptr && message == WM_TIMER) {
         ++wait->timers;
         if (GetCursor() == LoadCursorW(nullptr, IDC_WAIT)) ++wait->hourglasses;
-        // What a window does when the mouse moves over it.
+        // As a window does when the mouse moves over it.
         SetCursor(LoadCursorW(nullptr, IDC_IBEAM));
         if (!wait->nested) {
             wait->nested = true;
@@ -231,25 +231,25 @@ TEST_P(Waits, EventsRunUnderTheHourglass) {
     KillTimer(window_, 1);
     EXPECT_EQ(seen_.posted, 1);
     EXPECT_GE(seen_.timers, 2);
-    // At every event, whatever pointer the one before it had set.
+    // The hourglass is set again before every event.
     EXPECT_EQ(seen_.hourglasses, seen_.timers);
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
-    // Its handlers may call the library.
+    // Event handlers may call the library.
     EXPECT_EQ(narrow(seen_.words), narrow(L"DOS EUROS CON CINCUENTA CÉNTIMOS"));
 }
 
-TEST_P(Waits, NoTimeIsNoWaitButThePointerIsPutBack) {
+TEST_P(Waits, ZeroSecondsOnlyResetThePointer) {
     for (const float none : {0.0F, -1.0F, -1e30F}) {
         SetCursor(LoadCursorW(nullptr, IDC_CROSS));
         PostMessageW(window_, WM_APP, 0, 0);
         EXPECT_LT(wait(none), 400U);
         EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
     }
-    // No event was given the chance.
+    // No events are dispatched.
     EXPECT_EQ(seen_.posted, 0);
 }
 
-TEST_P(Waits, TheHostsQuitIsLeftToItsOwnLoop) {
+TEST_P(Waits, AQuitMessageIsLeftToTheHost) {
     PostQuitMessage(7);
     EXPECT_GE(wait(0.2F), 150U);
     MSG message{};

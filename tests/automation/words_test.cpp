@@ -1,14 +1,14 @@
-// clsFGen's amounts in Spanish words, as hosts call them. Nothing here depends on the user's
-// settings: what has decimals is written in them first.
+// clsFGen's amounts in Spanish words. To be independent of the user's settings, texts with decimals
+// are first formatted with them.
 #include <gtest/gtest.h>
 
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 #include "tests/support/scripted_object.h"
 
 namespace kovrel::test {
 namespace {
 
-/// A number's text by the user's settings, for numbers given as texts.
+/// A number formatted with the user's settings.
 std::wstring in_settings(std::wstring text) {
     const bool comma = Variant(0.5).to_text() == L"0,5";
     if (!comma) std::replace(text.begin(), text.end(), L',', L'.');
@@ -56,8 +56,8 @@ TEST_P(WordsAnySettings, Euros) {
 TEST_P(WordsAnySettings, NegativeEuros) {
     const BoxWatcher no_box;
     EXPECT_EQ(euros(-12), "texto MENOS DOCE EUROS");
-    // At a decimal point the reading that knows no settings does not stop, and takes -13 for the
-    // whole part.
+    // The locale-independent reading stops at a decimal comma, but not at a point: it then reads
+    // -12.75, which is rounded to -13.
     const bool comma = Variant(0.5).to_text() == L"0,5";
     EXPECT_EQ(euros(-12.75), comma ? "texto MENOS TRECE EUROS"
                                    : "texto MENOS MENOS TRECE EUROS CON SETENTA Y CINCO CÉNTIMOS");
@@ -123,7 +123,7 @@ TEST_P(WordsAnySettings, MoreGroupsThanTheScaleHas) {
         more.emplace_back(mode);
         return words(Variant(std::wstring(digits, L'1')), more);
     };
-    // Alone, without any unit's name.
+    // Without unit names.
     for (const int mode : {1, 2}) {
         EXPECT_EQ(in_mode(124, mode), "texto ?");
         EXPECT_EQ(in_mode(1000, mode), "texto ?");
@@ -154,7 +154,7 @@ TEST_P(WordsAnySettings, NamedLastArgument) {
     EXPECT_EQ(text_of_result(outcome), L"siete gatos");
 }
 
-TEST_P(WordsAnySettings, AStepThatFailsIsToldAndLeavesAnEmptyPiece) {
+TEST_P(WordsAnySettings, AFailedNumberShowsTheErrorBoxAndLeavesAnEmptyPiece) {
     const ExpectedBox mismatch{
         L"Error 13\r (No coinciden los tipos) en procedimiento "
         L"ConvNumeroALetra del Módulo de clase clsFGen.",
@@ -163,13 +163,13 @@ TEST_P(WordsAnySettings, AStepThatFailsIsToldAndLeavesAnEmptyPiece) {
                                   {Variant(L"vale (5) hoy")}, {mismatch});
     EXPECT_EQ(answer.result, S_OK);
     EXPECT_EQ(shown(answer.value), "texto vale menos  hoy");
-    // One box for each step, and the rest goes on.
+    // One box for each failure; the rest is converted.
     const Answer twice = call_in(GetParam(), general_.get(), L"ConvNumeroALetra",
                                  {Variant(L"(5) y 7 y (8)")}, {mismatch, mismatch});
     EXPECT_EQ(shown(twice.value), "texto menos  y siete y menos");
 }
 
-TEST_P(WordsAnySettings, FailuresAreToldInTheErrorBox) {
+TEST_P(WordsAnySettings, FailuresShowTheErrorBox) {
     const ExpectedBox null{
         L"Error 94\r (Uso no válido de Null) en procedimiento ConvNumeroALetra "
         L"del Módulo de clase clsFGen.",
@@ -182,7 +182,7 @@ TEST_P(WordsAnySettings, FailuresAreToldInTheErrorBox) {
         L"Error 13\r (No coinciden los tipos) en procedimiento "
         L"ConvNumeroALetra del Módulo de clase clsFGen.",
         16, L"kovrel"};
-    // No number at all in the mode that converts just one.
+    // A text without a number in the mode that converts a single number.
     std::vector<Variant> arguments{Variant(L"abc")};
     arguments.insert(arguments.end(), euro_names.begin(), euro_names.end());
     arguments.emplace_back(2);
@@ -200,10 +200,10 @@ TEST_P(WordsAnySettings, FailuresAreToldInTheErrorBox) {
               "texto ");
 }
 
-/// Values whose text is a matter of the user's settings.
+/// Values whose text depends on the user's settings.
 class Words : public WordsAnySettings {};
 
-TEST_P(Words, DatesAndBooleansAreTextsOfTheUsers) {
+TEST_P(Words, DatesAndBooleansFollowTheUsersSettings) {
     const BoxWatcher no_box;
     EXPECT_EQ(words(Variant(Date{45366})), "texto 15/03/2024");
     EXPECT_EQ(words(Variant(Date{45366.75})), "texto 15/03/2024 18:00:00");

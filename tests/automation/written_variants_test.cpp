@@ -1,20 +1,20 @@
-// Variants that a member writes into: the host's variable receives the value, whatever it is and
-// however it is passed, early-bound as late-bound.
+// Output parameters of type variant: the host's variable receives the value, whatever its type and
+// however it is passed, early-bound and late-bound.
 #include <gtest/gtest.h>
 
-#include "tests/automation/early.h"
-#include "tests/robustness/resources.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
+#include "tests/support/resources.h"
 
 namespace kovrel::test {
 namespace {
 
 enum class Binding { early, late };
 
-/// A variable with a type, as compiled hosts keep it, and the variant that refers to it.
+/// A typed variable, as compiled hosts have them, and a variant that refers to it.
 struct TypedVariable {
     explicit TypedVariable(VARTYPE its_type) : type(its_type) {
-        held.decVal = {};  // every type's zero
+        held.decVal = {};  // zero in every type
         held.vt = VT_EMPTY;
     }
     ~TypedVariable() { held.vt = type; }
@@ -39,7 +39,7 @@ struct TypedVariable {
 
 class WrittenVariants : public testing::TestWithParam<Binding> {
  protected:
-    /// Splits a path into variants of the test's.
+    /// Calls SplitPath with these output variants.
     HRESULT split(const std::wstring& path, VARIANT name, VARIANT extension) {
         using SplitPath = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR, BSTR*, VARIANT*, VARIANT*);
         const Bstr whole(path);
@@ -94,7 +94,7 @@ TEST_P(WrittenVariants, AVariantVariableReceivesTheText) {
     EXPECT_EQ(name.to_text(), L"carta.txt");
     EXPECT_EQ(extension.to_text(), L"txt");
 
-    // One that refers to a text variable in its turn, at the end of two more.
+    // A reference to a text variable through two more references.
     TypedVariable inner(VT_BSTR);
     VARIANT typed = inner.reference();
     VARIANT middle{};
@@ -107,7 +107,7 @@ TEST_P(WrittenVariants, AVariantVariableReceivesTheText) {
     EXPECT_EQ(middle.vt, VT_BYREF | VT_VARIANT);
 }
 
-TEST_P(WrittenVariants, EveryTypeOfVariableReceivesItsOwn) {
+TEST_P(WrittenVariants, TheTextIsConvertedToTheTypeOfTheVariable) {
     for (const VARTYPE type : {VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4, VT_INT, VT_UINT, VT_I8,
                                VT_UI8, VT_R4, VT_R8, VT_CY, VT_DECIMAL, VT_BSTR}) {
         SCOPED_TRACE(type);
@@ -123,7 +123,7 @@ TEST_P(WrittenVariants, EveryTypeOfVariableReceivesItsOwn) {
     EXPECT_EQ(flag.held.boolVal, VARIANT_TRUE);
 }
 
-TEST_P(WrittenVariants, WhatCannotHoldATextKeepsItsOwnAndTheCallFails) {
+TEST_P(WrittenVariants, AVariableThatCannotHoldTheTextIsUnchangedAndTheCallFails) {
     for (const VARTYPE type :
          {VT_I4, VT_R8, VT_DATE, VT_BOOL, VT_DECIMAL, VT_ERROR, VT_DISPATCH, VT_UNKNOWN}) {
         SCOPED_TRACE(type);
@@ -143,7 +143,7 @@ TEST_P(WrittenVariants, WhatCannotHoldATextKeepsItsOwnAndTheCallFails) {
     EXPECT_EQ(texts.parray, array);
 }
 
-TEST_P(WrittenVariants, ANumberThatIsTooLargeForTheVariableLeavesIt) {
+TEST_P(WrittenVariants, ANumberTooLargeForTheVariableLeavesItUnchanged) {
     TypedVariable variable(VT_UI1);
     variable.held.bVal = 7;
     TypedVariable extension(VT_BSTR);
@@ -152,7 +152,7 @@ TEST_P(WrittenVariants, ANumberThatIsTooLargeForTheVariableLeavesIt) {
     EXPECT_EQ(extension.text(), L"*");
 }
 
-TEST_P(WrittenVariants, NoTextIsLost) {
+TEST_P(WrittenVariants, NoTextIsLeaked) {
     constexpr int calls = 200;
     constexpr SIZE_T length = 4096;
     const std::wstring path = L"C:\\" + std::wstring(length, L'n');
@@ -168,7 +168,7 @@ TEST_P(WrittenVariants, NoTextIsLost) {
         split(path, reference, Variant::missing());
         split(path, Variant::missing(), name.reference());
     }
-    // A text of each call would be forty times that.
+    // A leak of one text a call would be far more.
     EXPECT_LE(Resources::bytes_in_use(), before + calls * length / 10);
 }
 
@@ -177,8 +177,8 @@ INSTANTIATE_TEST_SUITE_P(EveryBinding, WrittenVariants,
                              return info.param == Binding::early ? "early" : "late";
                          });
 
-// A year of two digits in a Byte: the four digits do not fit, the answer is the text.
-TEST(NarrowVariables, KeepWhatTheyHoldAndTheCallGoesOn) {
+// The four digits do not fit into a Byte; the result is returned all the same.
+TEST(NarrowVariables, AreUnchangedAndTheCallSucceeds) {
     const auto dates = create(L"Kovrel.clsFFechas");
     TypedVariable year(VT_UI1);
     year.held.bVal = 26;
@@ -192,7 +192,7 @@ TEST(NarrowVariables, KeepWhatTheyHoldAndTheCallGoesOn) {
     EXPECT_EQ(text_of(result.bstrVal), L"2026");
     EXPECT_EQ(year.held.bVal, 26);
 
-    // The year of today, in the same way; the month fits.
+    // The same with the current year; the month fits.
     TypedVariable month(VT_UI1);
     year.held.bVal = 0;
     VARIANT arguments[2] = {year.reference(), month.reference()};

@@ -1,13 +1,13 @@
-// Copies of the library that nobody has registered, each in a folder of its own, stand for
-// installations with another zip32.dll beside them or none.
+// Unregistered copies of the library, each in its own folder with or without a zip32.dll.
 #pragma once
 
 #include "tests/automation/zip_test.h"
+#include "tests/support/library_module.h"
 
 namespace kovrel::test {
 
-/// A copy of the library. It stays loaded to the process's end, so that only the next run can take
-/// its folder away.
+/// A copy of the library. It stays loaded until the process ends, so its folder is removed by the
+/// next run.
 class Installation {
  public:
     explicit Installation(const std::string& name)
@@ -20,21 +20,13 @@ class Installation {
     [[nodiscard]] std::filesystem::path zip32() const { return folder_ / "zip32.dll"; }
 
     [[nodiscard]] ComPtr<IDispatch> create_zip() const {
-        using GetClassObject = HRESULT(STDMETHODCALLTYPE*)(REFCLSID, REFIID, void**);
-        ComPtr<IDispatch> instance;
         CLSID class_id{};
         const HMODULE module = LoadLibraryW((folder_ / "kovrel.dll").c_str());
         EXPECT_NE(module, nullptr);
         if (module == nullptr || FAILED(CLSIDFromProgID(L"Kovrel.clsFZip", &class_id))) {
-            return instance;
+            return {};
         }
-        const auto get_class_object = reinterpret_cast<GetClassObject>(
-            reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
-        ComPtr<IClassFactory> factory;
-        if (SUCCEEDED(get_class_object(class_id, IID_IClassFactory, factory.put_void()))) {
-            factory->CreateInstance(nullptr, IID_IDispatch, instance.put_void());
-        }
-        return instance;
+        return create_from(module, class_id);
     }
 
  private:

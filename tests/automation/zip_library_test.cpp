@@ -1,4 +1,4 @@
-// Where zip32.dll is looked for, and what the user is told when it is not there or no good.
+// Where zip32.dll is searched, and the box shown when it is missing or cannot be used.
 #include "tests/automation/zip_installation.h"
 
 namespace kovrel::test {
@@ -9,7 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What the user reads when it is over a file that nothing was packed.
+/// The descriptions of failures that name a file.
 std::wstring missing(const fs::path& dll) {
     return L"Error 53\r (No se encontró el archivo: " + dll.wstring() + L")";
 }
@@ -85,7 +85,7 @@ TEST_F(ZipDll, IsNotTakenFromTheCurrentFolderNorTheSearchPath) {
     SetEnvironmentVariableW(L"PATH", path.c_str());
 }
 
-TEST_F(ZipDll, NotToldBeforeTheChecks) {
+TEST_F(ZipDll, IsNotReportedBeforeTheChecks) {
     zip_ = Installation("checks").create_zip();
     ASSERT_TRUE(zip_);
     expect_refusal(L"", folder(), {L"a"}, L"Debe indicar un nombre de fichero correcto.",
@@ -93,20 +93,20 @@ TEST_F(ZipDll, NotToldBeforeTheChecks) {
     expect_refusal(L"a.zip", folder(), {}, L"No hay fichero para comprimir.", L"");
 }
 
-TEST_F(ZipDll, NoDll) {
+TEST_F(ZipDll, NotADll) {
     const Installation installation("text");
     std::ofstream(installation.zip32()) << "no es una DLL";
     expect_failure(installation, not_loaded(installation.zip32()));
 }
 
-TEST_F(ZipDll, AFolderOfItsName) {
+TEST_F(ZipDll, AFolderOfThatName) {
     const Installation installation("folder");
     fs::create_directory(installation.zip32());
     expect_failure(installation, missing(installation.zip32()));
 }
 
 TEST_F(ZipDll, OfTheOtherBitness) {
-    // A test of its own for ctest, which lists it as skipped then.
+    // A separate test, so that ctest lists it as skipped.
     if (!fs::exists(other_bitness)) GTEST_SKIP() << "this system has one bitness only";
     const Installation installation("bitness");
     fs::copy_file(other_bitness, installation.zip32());
@@ -117,12 +117,12 @@ TEST_F(ZipDll, WithoutTheEntryPoints) {
     const Installation installation("entries");
     fs::copy_file(KOVREL_OTHER_DLL, installation.zip32());
     expect_failure(installation, no_entry(installation.zip32()));
-    // It was let go again, so that a better one can take its place.
+    // It has been unloaded, so that it can be replaced.
     EXPECT_TRUE(fs::remove(installation.zip32()));
 }
 
-// What the system folder holds lacks the entry points: that tells that it was loaded.
-TEST_F(ZipDll, IsTakenFromTheSystemFolderNext) {
+// The DLL in the system folder lacks the entry points; the failure shows that it was loaded.
+TEST_F(ZipDll, IsSearchedInTheSystemFolderNext) {
     const SystemFile system(KOVREL_OTHER_DLL, L"zip32.dll");
     expect_failure(Installation("system"), no_entry(system.path()));
     const Installation unusable("system_after_text");

@@ -1,4 +1,4 @@
-// The stand-in for zip32.dll that tells what it was handed.
+// A replacement for zip32.dll that records its arguments.
 #include "tests/automation/zip_spy.h"
 
 #include <windows.h>
@@ -11,7 +11,7 @@ namespace {
 
 using kovrel::test::ZipSpyRecord;
 
-// The parameters as the callers' routines declare them; the comment's has two.
+// The parameters as the callbacks declare them; that of the comment has two.
 using Print = int(__stdcall*)(char* text, unsigned long length);
 using Password = int(__stdcall*)(char* room, int size, const char* prompt, const char* name);
 using Comment = int(__stdcall*)(char* text, unsigned long length);

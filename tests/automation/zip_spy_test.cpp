@@ -1,5 +1,5 @@
-// What GenerarZip hands over to whatever zip32.dll lies beside the library, and what it makes of
-// the answers: nothing.
+// The arguments that GenerarZip passes to the zip32.dll beside the library, whose results it
+// ignores.
 #include "tests/automation/zip_spy.h"
 
 #include <cstring>
@@ -17,7 +17,7 @@ using testing::ElementsAre;
 
 class ZipSpy : public Archives {
  protected:
-    // One folder for all: the library's copy stays loaded from test to test.
+    // One folder for all tests, since the library's copy stays loaded.
     static const Installation& installation() {
         static const Installation made = [] {
             Installation with_spy("spy");
@@ -30,7 +30,7 @@ class ZipSpy : public Archives {
     void SetUp() override {
         zip_ = installation().create_zip();
         ASSERT_TRUE(zip_);
-        // The library lets it go after each call; what it has seen must stay.
+        // Keeps the DLL and its record loaded after the library's call.
         spy_ = LoadLibraryW(installation().zip32().c_str());
         ASSERT_NE(spy_, nullptr);
         const auto get = reinterpret_cast<GetZipSpyRecord>(
@@ -41,7 +41,7 @@ class ZipSpy : public Archives {
     }
     void TearDown() override { FreeLibrary(spy_); }
 
-    /// Has the stand-in do something while it is at work on an archive.
+    /// Runs an action while the replacement is working on an archive.
     void while_at_work(std::function<void()> action) {
         action_ = std::move(action);
         seen_->context = &action_;
@@ -98,7 +98,7 @@ TEST_F(ZipSpy, TheOptions) {
 }
 
 TEST_F(ZipSpy, CountPathAndNamesInTheAnsiCodePage) {
-    // None of these need exist: that is the DLL's affair.
+    // The files need not exist: only the DLL opens them.
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"Año – 5 €.zip", {L"C:\\señal ñ.txt", L"d\\ÁÉÍÓÚ.txt", L"", L"tras"}), L"");
     EXPECT_EQ(seen_->count, 2);
@@ -109,7 +109,7 @@ TEST_F(ZipSpy, CountPathAndNamesInTheAnsiCodePage) {
                  "al \xF1.txt");
     EXPECT_STREQ(seen_->names[1], "d\\\xC1\xC9\xCD\xD3\xDA.txt");
     EXPECT_STREQ(seen_->names[2], "");
-    // The record goes over whole; the count says where the list ends.
+    // The whole record is passed; the count tells where the list ends.
     EXPECT_STREQ(seen_->names[3], "tras");
     EXPECT_STREQ(seen_->names[99], "");
     EXPECT_EQ(generate(L"a.zip", std::vector<std::wstring>(100, L"f")), L"");
@@ -119,7 +119,7 @@ TEST_F(ZipSpy, CountPathAndNamesInTheAnsiCodePage) {
     EXPECT_STREQ(seen_->archive, "b.zip");
 }
 
-TEST_F(ZipSpy, ItsAnswersAreNotLookedAt) {
+TEST_F(ZipSpy, ItsResultsAreIgnored) {
     BoxWatcher no_box;
     struct Answers {
         int first;
@@ -138,7 +138,7 @@ TEST_F(ZipSpy, ItsAnswersAreNotLookedAt) {
     }
 }
 
-TEST_F(ZipSpy, AnExistingFileIsLeftToIt) {
+TEST_F(ZipSpy, AnExistingFileIsNotTouched) {
     file("a.zip", "queda");
     put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
     seen_->archive_answer = 5;
@@ -151,7 +151,7 @@ TEST_F(ZipSpy, AnExistingFileIsLeftToIt) {
 }
 
 // The DLL takes one caller at a time.
-TEST_F(ZipSpy, TwoApartmentsComeOneAfterTheOther) {
+TEST_F(ZipSpy, TwoApartmentsAreSerialized) {
     std::thread second;
     std::string calls_meanwhile;
     while_at_work([&] {
@@ -163,7 +163,7 @@ TEST_F(ZipSpy, TwoApartmentsComeOneAfterTheOther) {
                 call(zip.get(), L"GenerarZip", {L"b.zip", folder(), list_of({L"g"})});
             EXPECT_EQ(text_of_result(outcome), L"");
         });
-        // It has come in, or time enough for that has passed.
+        // Until the second call has entered the DLL, or for a second.
         wait_until([&] { return std::strlen(seen_->calls) > 3; }, Milliseconds{1000});
         calls_meanwhile = seen_->calls;
     });
@@ -175,8 +175,8 @@ TEST_F(ZipSpy, TwoApartmentsComeOneAfterTheOther) {
     EXPECT_STREQ(seen_->calls, "ioaioa");
 }
 
-// Nor does it take a caller that it has called itself, whom waiting for the end would not help.
-TEST_F(ZipSpy, ACallFromWithinAnotherOneFails) {
+// Waiting for its own caller would be a deadlock, so a reentrant call fails.
+TEST_F(ZipSpy, AReentrantCallFails) {
     while_at_work([&] {
         seen_->at_work = nullptr;
         EXPECT_EQ(generate(L"b.zip", {L"g"}), L"");
@@ -188,13 +188,13 @@ TEST_F(ZipSpy, ACallFromWithinAnotherOneFails) {
     EXPECT_EQ(
         narrow(boxes.seen()[0].text),
         narrow(L"Error 70\r (Permiso denegado) en procedimiento GenerarZipA del Módulo fZip."));
-    // The next one finds its turn free.
+    // The lock is released afterwards.
     EXPECT_EQ(generate(L"c.zip", {L"h"}), L"");
     EXPECT_STREQ(seen_->calls, "ioaioa");
 }
 
-// Never as a letter that resembles it: that would be another file.
-TEST_F(ZipSpy, WhatTheCodePageLacksIsAQuestionMark) {
+// Never a similar letter, which could name another file.
+TEST_F(ZipSpy, CharactersThatTheCodePageLacksBecomeQuestionMarks) {
     BoxWatcher no_box;
     for (const bool with_record : {false, true}) {
         with_record_ = with_record;

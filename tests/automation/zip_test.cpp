@@ -1,5 +1,4 @@
-// clsFZip.GenerarZip as hosts call it: every box, every way to pass the list, and what is in the
-// archives afterwards.
+// clsFZip.GenerarZip: the checks and their boxes, and the content of the archives.
 #include "tests/automation/zip_test.h"
 
 namespace kovrel::test {
@@ -36,7 +35,7 @@ std::wstring Archives::generate_early(const std::wstring& name, const std::wstri
     Bstr result;
     EXPECT_NE(generate, nullptr);
     EXPECT_EQ(generate(zip_.get(), &raw_name, &raw_folder, &record, result.put()), S_OK);
-    // The arguments are only read.
+    // The arguments are not changed.
     EXPECT_EQ(raw_name, name_text.get());
     EXPECT_EQ(raw_folder, folder_text.get());
     return std::wstring(result.view());
@@ -74,9 +73,7 @@ std::string Archives::content(const std::string& archive, const std::string& ent
 
 namespace {
 
-constexpr const wchar_t* nothing_to_pack = L"No hay fichero para comprimir.";
-
-/// Opens a file so that nobody else can, for the length of a scope.
+/// Holds a file open without sharing for the length of a scope.
 class Lock {
  public:
     explicit Lock(const std::wstring& path, DWORD shared = 0)
@@ -92,7 +89,7 @@ class Lock {
     HANDLE handle_;
 };
 
-/// Another current folder, for the length of a scope.
+/// Changes the current folder for the length of a scope.
 class InFolder {
  public:
     explicit InFolder(const std::wstring& folder) : before_(std::filesystem::current_path()) {
@@ -104,26 +101,6 @@ class InFolder {
 
  private:
     std::filesystem::path before_;
-};
-
-/// Runs a function in the thread's message loop after a while.
-class Later {
- public:
-    Later(UINT milliseconds, std::function<void()> action) {
-        action_ = std::move(action);
-        timer_ = SetTimer(nullptr, 0, milliseconds, &run);
-    }
-    Later(const Later&) = delete;
-    Later& operator=(const Later&) = delete;
-    ~Later() { KillTimer(nullptr, timer_); }
-
- private:
-    static void CALLBACK run(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
-        KillTimer(nullptr, timer);
-        std::exchange(action_, nullptr)();
-    }
-    static inline std::function<void()> action_;
-    UINT_PTR timer_;
 };
 
 TEST_F(Archives, ANameIsNeededBeforeAnythingElse) {
@@ -143,7 +120,7 @@ TEST_F(Archives, TheFolderMustBeThere) {
     };
     expect_refusal(L"a.zip", missing, {file("a.txt", "1")}, text(missing).c_str(), L"");
     put(zip_.get(), L"AppOrigen", Variant(L"Gestión Ñ"));
-    // As passed, and told before an empty list.
+    // The path is shown as passed, and checked before the list.
     expect_refusal(L"a.zip", missing + L"\\", {}, text(missing + L"\\").c_str(), L"Gestión Ñ");
     expect_refusal(L"a.zip", L"no/hay", {}, text(L"no/hay").c_str(), L"Gestión Ñ");
 }
@@ -166,7 +143,7 @@ TEST_F(Archives, AFileIsNeeded) {
     expect_refusal(L"a.zip", L"", {L""}, nothing_to_pack, L"Copias");
 }
 
-TEST_F(Archives, AnExistingOneIsToldBeforeAnEmptyList) {
+TEST_F(Archives, AnExistingArchiveIsReportedBeforeAnEmptyList) {
     file("a.zip", "no es un zip");
     put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
     BoxWatcher boxes({answer(IDOK), answer_key(VK_ESCAPE)});
@@ -187,8 +164,8 @@ TEST_F(Archives, OneFile) {
     EXPECT_EQ(folder_.count(), 2U);
 }
 
-// "\u03A9" (omega) is no letter of the code page; nor is it an O.
-TEST_F(Archives, FilesOfResemblingNamesAreLeftAlone) {
+// The code page lacks "\u03A9" (omega), whose best fit would be an O.
+TEST_F(Archives, FilesWithSimilarNamesAreNotTouched) {
     file("O.txt", "ajeno");
     file("O.zip", "tampoco un zip");
     const std::wstring greek = file("\xCE\xA9.txt", "griego");
@@ -199,7 +176,7 @@ TEST_F(Archives, FilesOfResemblingNamesAreLeftAlone) {
         EXPECT_EQ(generate(L"\x03A9.zip", {file("b.txt", "2")}), L"");
         EXPECT_EQ(folder_.read("O.zip"), "tampoco un zip");
         EXPECT_EQ(folder_.count(), 4U);
-        // The others of a list are packed.
+        // The other files of the list are packed.
         EXPECT_EQ(generate(L"c.zip", {greek, path("b.txt")}), path("c.zip"));
         EXPECT_THAT(entries("c.zip"), ElementsAre("b.txt"));
         DeleteFileW(path("c.zip").c_str());
@@ -219,7 +196,7 @@ TEST_F(Archives, AnEmptyDriveIsAFolder) {
     }
 }
 
-TEST_F(Archives, ABackslashAtTheFoldersEndStays) {
+TEST_F(Archives, AFolderThatEndsInABackslash) {
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"a.zip", folder() + L"\\", {file("a.txt", "1")}), path("a.zip"));
     EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
@@ -271,7 +248,7 @@ TEST_F(Archives, MissingEmptyReadOnlyAndLockedFiles) {
         EXPECT_THAT(entries("a.zip"), ElementsAre("vacío.txt", "lectura.txt", "compartido.txt"));
         EXPECT_EQ(content("a.zip", "vacío.txt"), "");
         EXPECT_EQ(content("a.zip", "lectura.txt"), "fija");
-        // None that can be packed: no archive, and nobody is told.
+        // Without a file that can be packed there is no archive and no box.
         EXPECT_EQ(generate(L"b.zip", {path("no está.txt")}), L"");
         EXPECT_EQ(generate(L"b.zip", {locked}), L"");
         EXPECT_FALSE(folder_.exists("b.zip"));
@@ -287,7 +264,7 @@ TEST_F(Archives, AFolderInTheListIsNotPacked) {
     EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
 }
 
-TEST_F(Archives, TwoFilesOfOneNameMakeNone) {
+TEST_F(Archives, TwoFilesOfTheSameNameMakeNoArchive) {
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"a.zip", {file("d/a.txt", "1"), file("e/A.TXT", "2")}), L"");
     EXPECT_FALSE(folder_.exists("a.zip"));
@@ -296,7 +273,7 @@ TEST_F(Archives, TwoFilesOfOneNameMakeNone) {
 TEST_F(Archives, AnExistingOneIsUpdated) {
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "viejo"), file("b.txt", "queda")}), path("a.zip"));
     put(zip_.get(), L"AppOrigen", Variant(L"Copias"));
-    BoxWatcher boxes({answer_key(VK_ESCAPE)});  // OK is all that there is to answer
+    BoxWatcher boxes({answer_key(VK_ESCAPE)});  // the box has an OK button only
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "nuevo"), file("c.txt", "3")}), path("a.zip"));
     ASSERT_EQ(boxes.seen().size(), 1U);
     EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(replaced_text));
@@ -307,14 +284,14 @@ TEST_F(Archives, AnExistingOneIsUpdated) {
     EXPECT_EQ(content("a.zip", "b.txt"), "queda");
 }
 
-TEST_F(Archives, AnExistingFileCountsHoweverThePackingWent) {
+TEST_F(Archives, AnExistingFileIsTheResultEvenIfPackingFails) {
     file("a.zip", "no es un zip");
     BoxWatcher boxes({answer(IDOK)});
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
     EXPECT_EQ(folder_.read("a.zip"), "no es un zip");
 }
 
-TEST_F(Archives, AFolderOfTheArchivesNameIsNoFile) {
+TEST_F(Archives, AFolderWithTheArchivesNameMakesNoArchive) {
     file("a.zip/d.txt", "1");
     BoxWatcher no_box;
     EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), L"");
@@ -337,152 +314,6 @@ TEST_F(Archives, NamesThatTheCodePageLacks) {
     EXPECT_EQ(generate(L"a.zip", {file("文.txt", "1"), file("b.txt", "2")}), path("a.zip"));
     EXPECT_THAT(entries("a.zip"), ElementsAre("b.txt"));
     EXPECT_EQ(generate(L"文.zip", {path("b.txt")}), L"");
-}
-
-TEST_F(Archives, ArraysOfEveryKind) {
-    const std::vector<std::wstring> files{file("a.txt", "1"), file("b.txt", "2")};
-    Variant variants = list_of(files);
-    Variant texts = list_of(files, VT_BSTR);
-    Variant from_one = list_of(files, VT_BSTR, 1);
-    Variant typed;
-    typed.vt = VT_BYREF | VT_ARRAY | VT_BSTR;
-    typed.pparray = &texts.parray;
-    const std::vector<LateArgument> lists{variants,
-                                          texts,
-                                          from_one,
-                                          LateArgument::variable(variants),
-                                          LateArgument::variable(texts),
-                                          LateArgument::variable(typed)};
-    BoxWatcher no_box;
-    for (std::size_t index = 0; index < lists.size(); ++index) {
-        const std::string name = std::to_string(index) + ".zip";
-        EXPECT_EQ(
-            text_of_result(call(zip_.get(), L"GenerarZip", {wide(name), folder(), lists[index]})),
-            path(name));
-        EXPECT_THAT(entries(name), ElementsAre("a.txt", "b.txt"));
-    }
-}
-
-TEST_F(Archives, NamedArguments) {
-    BoxWatcher no_box;
-    const Outcome outcome = invoke(zip_.get(), L"generarzip", DISPATCH_METHOD,
-                                   {list_of({file("a.txt", "1")}), L"a.zip", folder()},
-                                   {L"NombresFicheros1", L"strNombreFicheroZip", L"strRutaSalida"});
-    EXPECT_EQ(text_of_result(outcome), path("a.zip"));
-}
-
-TEST_F(Archives, TheRecordEarlyBound) {
-    with_record_ = true;
-    std::vector<std::wstring> files;
-    for (int i = 0; i < 100; ++i) {
-        files.push_back(file("d/" + std::to_string(i), std::to_string(i)));
-    }
-    BoxWatcher no_box;
-    for (const std::size_t count : {std::size_t{1}, std::size_t{2}, std::size_t{100}}) {
-        DeleteFileW(path("a.zip").c_str());
-        EXPECT_EQ(generate(L"a.zip", {files.data(), files.data() + count}), path("a.zip"));
-        EXPECT_EQ(entries("a.zip").size(), count);
-    }
-    BSTR nothing = nullptr;
-    Bstr result;
-    EXPECT_EQ(early<GenerateEarly>(zip_.get(), L"GenerarZip")(zip_.get(), &nothing, &nothing,
-                                                              nullptr, result.put()),
-              E_POINTER);
-}
-
-TEST_F(Archives, EveryCheckEarlyBound) {
-    with_record_ = true;
-    put(zip_.get(), L"AppOrigen", Variant(L"Gestión Ñ"));
-    const std::wstring input = file("a.txt", "nuevo");
-    expect_refusal(L"", folder(), {input}, L"Debe indicar un nombre de fichero correcto.",
-                   L"kovrel");
-    const std::wstring missing = folder() + L"\\no está";
-    const std::wstring text =
-        L"La carpeta de salida \"" + missing +
-        L"\" no existe. Debe indicar una carpeta válida donde guardar el fichero comprimido.";
-    expect_refusal(L"a.zip", missing, {input}, text.c_str(), L"Gestión Ñ");
-    expect_refusal(L"a.zip", folder(), {L"", input}, nothing_to_pack, L"Gestión Ñ");
-    file("a.zip", "");
-    BoxWatcher boxes({answer(IDOK)});
-    EXPECT_EQ(generate(L"a.zip", {input}), path("a.zip"));
-    ASSERT_EQ(boxes.seen().size(), 1U);
-    EXPECT_EQ(narrow(boxes.seen()[0].text), narrow(replaced_text));
-    EXPECT_EQ(boxes.seen()[0].style, 48);
-    EXPECT_EQ(narrow(boxes.seen()[0].title), narrow(L"Gestión Ñ"));
-    EXPECT_EQ(content("a.zip", "a.txt"), "nuevo");
-}
-
-TEST_F(Archives, TheRecordLateBound) {
-    ComPtr<ITypeLib> library;
-    UINT place = 0;
-    ASSERT_EQ(interface_of(zip_.get())->GetContainingTypeLib(library.put(), &place), S_OK);
-    ComPtr<ITypeInfo> type;
-    MEMBERID member = 0;
-    USHORT found = 1;
-    wchar_t name[] = L"ZIPnames";
-    ASSERT_EQ(library->FindName(name, 0, type.put(), &member, &found), S_OK);
-    ASSERT_EQ(found, 1U);
-    ComPtr<IRecordInfo> info;
-    ASSERT_EQ(GetRecordInfoFromTypeInfo(type.get(), info.put()), S_OK);
-
-    std::array<BSTR, 100> record{};
-    const Bstr text(file("a.txt", "1"));
-    record[0] = text.get();
-    VARIANT value{};
-    value.vt = VT_BYREF | VT_RECORD;
-    value.pvRecord = record.data();
-    value.pRecInfo = info.get();
-    BoxWatcher no_box;
-    EXPECT_EQ(text_of_result(call(zip_.get(), L"GenerarZip", {L"a.zip", folder(), value})),
-              path("a.zip"));
-    EXPECT_EQ(text_of_result(call(zip_.get(), L"GenerarZip",
-                                  {L"b.zip", folder(), LateArgument::variable(value)})),
-              path("b.zip"));
-    EXPECT_THAT(entries("b.zip"), ElementsAre("a.txt"));
-}
-
-TEST_F(Archives, HalfASecondInWhichEventsRunUnderTheHourglass) {
-    HCURSOR during = nullptr;
-    SetCursor(LoadCursorW(nullptr, IDC_CROSS));
-    const Later event(50, [&] { during = GetCursor(); });
-    BoxWatcher no_box;
-    const ULONGLONG start = GetTickCount64();
-    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
-    EXPECT_GE(GetTickCount64() - start, 480U);
-    EXPECT_EQ(during, LoadCursorW(nullptr, IDC_WAIT));
-    EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
-}
-
-TEST_F(Archives, WhatIsThereAfterTheWaitCounts) {
-    const Later event(50, [&] { EXPECT_TRUE(DeleteFileW(path("a.zip").c_str())); });
-    BoxWatcher no_box;
-    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), L"");
-}
-
-TEST_F(Archives, AnotherOneMadeDuringTheWait) {
-    std::wstring inner;
-    const Later event(50, [&] { inner = generate(L"b.zip", {file("b.txt", "2")}); });
-    BoxWatcher no_box;
-    EXPECT_EQ(generate(L"a.zip", {file("a.txt", "1")}), path("a.zip"));
-    EXPECT_EQ(inner, path("b.zip"));
-    EXPECT_THAT(entries("a.zip"), ElementsAre("a.txt"));
-    EXPECT_THAT(entries("b.zip"), ElementsAre("b.txt"));
-}
-
-TEST_F(Archives, TheHostLetsGoDuringTheWait) {
-    const DISPID member = id_of(zip_.get(), L"GenerarZip");
-    Variant list = list_of({file("a.txt", "1")});
-    Variant name(L"a.zip");
-    Variant where(folder());
-    VARIANT reversed[] = {list, where, name};
-    DISPPARAMS parameters{reversed, nullptr, 3, 0};
-    IDispatch* const object = zip_.detach();
-    const Later event(50, [&] { object->Release(); });
-    Variant result;
-    EXPECT_EQ(object->Invoke(member, IID_NULL, 0, DISPATCH_METHOD, &parameters, &result, nullptr,
-                             nullptr),
-              S_OK);
-    EXPECT_EQ(text_of(result.bstrVal), path("a.zip"));
 }
 
 }  // namespace

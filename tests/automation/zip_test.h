@@ -1,11 +1,11 @@
-// Calls of clsFZip and what they leave behind, for the tests of archives.
+// The fixture of the tests that make archives with clsFZip.
 #pragma once
 
 #include <array>
 #include <gmock/gmock.h>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 #include "tests/support/own_drive.h"
 #include "tests/zip/plain_reader.h"
 #include "tests/zip/test_folder.h"
@@ -60,6 +60,8 @@ class Archives : public testing::Test {
     zip::test::TestFolder folder_;
     ComPtr<IDispatch> zip_ = create(L"Kovrel.clsFZip");
 };
+
+inline constexpr const wchar_t* nothing_to_pack = L"No hay fichero para comprimir.";
 
 inline constexpr const wchar_t* replaced_text =
     L"Ya existe un fichero con el mismo nombre en la misma carpeta. Si continúa el fichero será "

@@ -30,13 +30,13 @@ BOX = re.compile(r'muestra \((?P<icon>[^,]+), "(?P<title>[^"]*)"\) (?P<text>.*?)
                  r"(?: — se pulsa (?P<button>\w+))?$")
 STEP = re.compile(r'se pulsa (?P<action>\w+) en la ventana "(?P<title>[^"]*)"$'
                   r'|se cierra la ventana "(?P<closed>[^"]*)"$')
-# Captions that the system of the tests gives its own windows, for those that users see.
+# Wine's captions of system dialogs, by those that users see.
 CAPTIONS = {"Buscar carpeta": "Explorar carpeta"}
 DATE = re.compile(r"(\d\d)/(\d\d)/(\d{4})$")
 
 
 class ExampleError(Exception):
-    """An example that says something it cannot mean."""
+    """An example that cannot be turned into a test."""
 
 
 @dataclass

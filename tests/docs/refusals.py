@@ -16,7 +16,7 @@ literal = sql.Conv_Boolean(False)   ' → 0
 ```
 """
 
-# What is done to a file of a copy of the documents, and what must then be said of it.
+# Changes to a copy of the documents, and the reason that must be given for refusing them.
 WRITER_REFUSALS = [
     (NOTES, "## Conv_Boolean\n", "## Conv_Bool\n", "clsCSQL.md: nothing about Conv_Boolean"),
     (NOTES, "## AppOrigen\n", "## Falta\n## AppOrigen\n", "clsCSQL.md (Falta): no \"Notas:\""),

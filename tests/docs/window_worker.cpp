@@ -1,9 +1,9 @@
-// Does in the windows that an example opens what the example says the user does:
+// Works the windows that an example opens, as the example says the user does:
 //
 //     window_worker STEPS SECONDS
 //
-// STEPS has one UTF-8 line a window, "title|action", worked in this order; an action is Aceptar,
-// Cancelar or cerrar. The exit code is 0 once every window has come, been worked and gone, else 1.
+// STEPS has one UTF-8 line a window, "title|action", in this order; an action is Aceptar, Cancelar
+// or cerrar. The exit code is 0 when every window has appeared and closed, else 1.
 #include <windows.h>
 
 #include <cstdio>
@@ -14,6 +14,7 @@
 #include "dates/frmFECHA1.h"
 #include "messages/frmDialogo.h"
 #include "progress/frmBarraProgreso.h"
+#include "services/text_encoding.h"
 #include "taxid/frmNIFCCC.h"
 #include "tests/support/window_driver.h"
 
@@ -21,21 +22,13 @@ namespace {
 
 using kovrel::test::Milliseconds;
 
-/// The one button of each of the library's windows that closes it.
+/// The button that closes each of the library's windows.
 const std::map<std::wstring, int> closing_buttons{
     {L"Kovrel.frmDialogo", kovrel::frmDialogo::OKButton},
     {L"Kovrel.frmFECHA1", kovrel::frmFECHA1::cmdOK},
     {L"Kovrel.frmBarraProgreso", kovrel::frmBarraProgreso::cmdCancel},
     {L"Kovrel.frmNIFCCC", kovrel::frmNIFCCC::cmdOK},
 };
-
-std::wstring wide(const std::string& text) {
-    std::wstring result(text.size(), L'\0');
-    const int used = MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
-                                         result.data(), static_cast<int>(result.size()));
-    result.resize(static_cast<std::size_t>(used));
-    return result;
-}
 
 /// True for the library's windows and the system's dialogs, all of which have more than the text
 /// and buttons of a message box. Those are box_answerer's, and may have the same title.
@@ -45,7 +38,7 @@ bool is_no_message_box(HWND window) {
            kovrel::test::find_control(window, L"SysTreeView32") != nullptr;
 }
 
-/// A window with the title that is no message box.
+/// Waits for a window with the title that is not a message box.
 HWND wait_for(const std::wstring& title, Milliseconds limit) {
     HWND found = nullptr;
     kovrel::test::wait_until(
@@ -59,7 +52,7 @@ HWND wait_for(const std::wstring& title, Milliseconds limit) {
     return found;
 }
 
-/// False when the window has no such way to close.
+/// False when the window cannot be closed that way.
 bool work(HWND window, const std::string& action) {
     if (action == "cerrar") return PostMessageW(window, WM_CLOSE, 0, 0) != FALSE;
     const auto own = closing_buttons.find(kovrel::test::class_of(window));
@@ -83,7 +76,7 @@ int main(int count, char** arguments) {
     for (std::string line; std::getline(steps, line);) {
         const std::size_t bar = line.rfind('|');
         const std::string title = line.substr(0, bar);
-        HWND const window = wait_for(wide(title), limit);
+        HWND const window = wait_for(kovrel::from_utf8(title), limit);
         if (window == nullptr) {
             std::fprintf(stderr, "the window \"%s\" has not come\n", title.c_str());
             return 1;

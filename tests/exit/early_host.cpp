@@ -8,7 +8,7 @@ Kovrel::_clsFFechas* kept_dates = nullptr;
 Kovrel::_clsCSQL* kept_literals = nullptr;
 Kovrel::_clsFGen* kept_general = nullptr;
 
-// The system's own functions only: nothing else is sure to work by then.
+// System functions only: the run time may already be shut down.
 
 void say(const char* text) {
     DWORD written = 0;

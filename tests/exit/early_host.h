@@ -1,5 +1,5 @@
-// A host's module that is loaded before the library, so that the library is told of the end of the
-// process first, and that still uses its objects when its own turn comes.
+// A module of the host that is loaded before the library, so that it is detached after it, and that
+// still uses its objects then.
 #pragma once
 
 #include <windows.h>
@@ -11,6 +11,6 @@
 #define EARLY_HOST extern "C" __declspec(dllimport)
 #endif
 
-/// Keeps the instances, one reference of each, to the end of the process. What it then does with
-/// them is written to the standard output, a line for each step.
+/// Keeps one reference to each instance until the process ends. What it does with them then is
+/// written to the standard output, a line for each step.
 EARLY_HOST void keep_to_the_end(IDispatch* dates, IDispatch* literals, IDispatch* general);

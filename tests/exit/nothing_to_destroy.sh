@@ -1,12 +1,12 @@
 #!/bin/bash
-# What the library's code leaves to be made at its loading or destroyed at its end, read from its
-# symbols: nothing_to_destroy.sh NM LIBRARY
+# Checks by its symbols that the library has no dynamic initialisers and destructors, and that its
+# tables are read-only: nothing_to_destroy.sh NM LIBRARY
 set -euo pipefail
 
 nm=$1 library=$2
 symbols=$("$nm" -C "$library")
 grep -q 'kovrel::clsFGen::class_info$' <<<"$symbols" || { echo "FAILED: no symbols"; exit 1; }
-# The run time's store for exceptions without memory is made at loading, and stays.
+# The run time's emergency pool for exceptions (freeres) is allowed.
 if made=$(grep -E '_GLOBAL__(sub_)?[ID]_' <<<"$symbols" | grep -v 'freeres'); then
     echo "FAILED: made or destroyed by the run time:"
     echo "$made"

@@ -1,5 +1,5 @@
 #!/bin/bash
-# Runs a host to its end and judges what its module says: run_to_the_end.sh WINE PROGRAM LIBRARY WAY
+# Runs a host and checks what its module prints at exit: run_to_the_end.sh WINE PROGRAM LIBRARY WAY
 set -euo pipefail
 
 wine=$1 program=$2 library=$3 way=$4

@@ -31,7 +31,7 @@ void check_months(std::int16_t month, std::int16_t year) {
         fuzz::require(days >= 28 && days <= 31);
         allow({13}, [&] {
             const auto last = last_of_month({month, year}, days, until_2029);
-            // A month that the year does not have is read as something else, if at all.
+            // An invalid month may be read in another order, or fail.
             if (month < 1 || month > 12) return;
             fuzz::require(civil_date(last).day == days);
             const auto weeks = week_of_month(last);
@@ -56,7 +56,7 @@ void check_date(double date) {
         fuzz::require(week >= 1 && week <= 6);
         fuzz::require(regional.short_date(day_of(date)).size() == 10);
     });
-    // To the second: a fraction next to midnight may be rounded into the next day when it is moved.
+    // Compared to the second: a time just before midnight may be rounded into the next day.
     const double second = std::round(date * 86'400) / 86'400;
     allow({5, 6}, [&] {
         fuzz::require(weekday(day_of(monday_of(second))) == 1);
@@ -82,7 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto date = std::bit_cast<double>(number(8));
     check_months(month, year);
     check_date(date);
-    // The same bits as a number in the range of dates.
+    // The same bits scaled to the range of dates.
     if (std::isfinite(date)) check_date(std::fmod(date, 3'000'000));
     return 0;
 }

@@ -8,8 +8,8 @@
 
 namespace kovrel::fuzz {
 
-/// Takes the bytes as Latin-1 characters, so that seeds can be read; the byte 255 stands for a
-/// character beyond it.
+/// Reads the bytes as Latin-1, so that seeds are legible; the byte 255 stands for a character
+/// outside it.
 class Texts {
  public:
     Texts(const std::uint8_t* data, std::size_t size) : next_(data), end_(data + size) {}

@@ -1,5 +1,5 @@
-// Values out of the buffers that the system fills, and the cleaning of such buffers, against a
-// plain walk through the text.
+// Values read from buffers that the system fills, and the cleaning of such buffers, compared with a
+// straightforward implementation.
 #include <optional>
 
 #include "files/ini_text.h"
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The cleaning character by character; absent where it goes on and on.
+/// The cleaning character by character; none where it does not end.
 std::optional<std::wstring> cleaned_plainly(std::wstring text, const std::wstring& searched,
                                             const std::wstring& replacement) {
     while (!text.empty() && text.back() == L'\0') text.pop_back();

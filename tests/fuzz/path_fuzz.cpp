@@ -1,4 +1,4 @@
-// Path strings and the replacing of texts: always an answer, or memory exhaustion at once.
+// Path texts and text replacement: always a result, or out of memory at once.
 #include "files/path_text.h"
 #include "runtime/failure.h"
 #include "tests/fuzz/fuzz_text.h"

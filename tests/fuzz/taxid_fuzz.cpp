@@ -20,7 +20,7 @@ void check_tax_id(const std::wstring& text, const Regional& regional) {
         const auto verdict = verify_tax_id(text, regional);
         fuzz::require(!verdict.result.empty() || verdict.notice);
         fuzz::require(verdict.result.size() <= text.size() + 9);
-        // What was accepted as it stood is accepted again.
+        // What was accepted unchanged is accepted again.
         const bool kept = verdict.result == strip_separators(to_upper(text));
         if (kept && !verdict.notice) {
             fuzz::require(verify_tax_id(verdict.result, regional) == verdict);

@@ -1,4 +1,4 @@
-// Number words out of any text: always an answer, whatever the text and the unit names.
+// Number words of any text: always a result, whatever the text and the unit names.
 #include "numbers/words.h"
 #include "runtime/number_format.h"
 #include "tests/fuzz/fuzz_text.h"

@@ -27,7 +27,7 @@ Check "sin argumentos", Day(calendar.UltimoDiaMesActual()), _
       Day(DateSerial(Year(Date), Month(Date) + 1, 0))
 Check "UltimoDiaMesActual", calendar.UltimoDiaMesActual(2, 2024), DateSerial(2024, 2, 29)
 
-' Two members without a handler: the failure is the script's.
+' Two members without an error handler fail to the script.
 On Error Resume Next
 calendar.primerdia_mesanterior 0, 2024
 Check "número del fallo", Err.Number, CLng(13)
@@ -36,7 +36,7 @@ Check "descripción del fallo", Err.Description, "No coinciden los tipos"
 Err.Clear
 On Error GoTo 0
 
-' With its own box, and with the standard one.
+' With a message of its own, and with the standard error box.
 Check "SemanasMes imposible", calendar.SemanasMes(2024, 13), 0
 
 WScript.Echo count & " comprobaciones correctas"

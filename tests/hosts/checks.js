@@ -1,4 +1,4 @@
-// Stands before every JScript test: a value must be the one wanted, type included.
+// Prepended to every JScript test: checks a value and its type.
 var count = 0;
 
 function check(what, found, wanted) {

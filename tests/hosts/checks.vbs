@@ -1,4 +1,4 @@
-' Stands before every VBScript test: a value must be the one wanted, type included.
+' Prepended to every VBScript test: checks a value and its type.
 Option Explicit
 Dim count
 count = 0

@@ -1,4 +1,4 @@
-' Objects of a script's own go into the library: fields, combo boxes, record sets, connections.
+' Script objects passed to the library: fields, combo boxes, record sets, connections.
 Class Field
     Public Tag
     Public MaxLength

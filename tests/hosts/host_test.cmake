@@ -22,7 +22,7 @@ function(kovrel_host_test name script)
                    ${CMAKE_CURRENT_SOURCE_DIR}/checks${language} ${script})
   set_tests_properties(${test} PROPERTIES TIMEOUT 120)
   if(host_BOXES)
-    # A new box takes the keyboard from whatever another test is typing into.
+    # Opening boxes takes the focus from other tests.
     set_tests_properties(${test} PROPERTIES RESOURCE_LOCK desktop)
   endif()
 endfunction()

@@ -1,9 +1,9 @@
-' Progress from a script: variables by reference, arguments left out, without a window.
+' Progress from a script: variables by reference, omitted arguments, no window.
 Dim general, percentage, message
 Set general = CreateObject("Kovrel.clsFGen")
 general.AppOrigen = "Clientes"
 
-' Before it is opened there is no window to move, and closing it does nothing.
+' Without a window updates show the error box, and closing does nothing.
 general.BarraProgresoActualiza 10, "Nada"
 general.BarraProgresoFinaliza
 Check "cancelada sin ventana", general.BarraProgresoCancelada(), False

@@ -1,5 +1,5 @@
 #!/bin/bash
-# Runs a script in a real script host and judges it:
+# Runs a script in a real script host and checks its result:
 # run_script.sh WINE ANSWERER BOXES SCRIPT...
 #   WINE      the Wine loader of the bitness wanted (it decides which cscript runs)
 #   ANSWERER  box_answerer.exe of the same bitness

@@ -1,4 +1,4 @@
-' The runner: boxes are answered and logged, accents survive, the bitness is the one asked for.
+' The runner: boxes are answered and logged, accents are kept, the bitness is as requested.
 Dim log, stream
 Check "Aceptar", MsgBox("Año nuevo" & Chr(13) & "segunda línea", 48, "Título"), 1
 Check "No", MsgBox("¿Seguir?", 36, "Pregunta"), 7

@@ -19,7 +19,7 @@ Sub CheckArchive(path, entries)
     text = stream.ReadAll
     stream.Close
     Check path & " es un zip", Left(text, 2), "PK"
-    ' The number of entries stands 12 bytes before the end.
+    ' The number of entries is 12 bytes before the end.
     Check "archivos de " & path, Asc(Mid(text, Len(text) - 11, 1)), entries
 End Sub
 

@@ -1,6 +1,6 @@
 // Verifies one code a line, a tax id or a bank account code, for comparison with other programs.
-// Prints, in UTF-8: the identifier (for an account, its right control digits), a tab, and what the
-// user is told.
+// Prints, in UTF-8: the identifier (for an account, its correct control digits), a tab, and the
+// text of the box.
 #include <iostream>
 #include <string>
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What the user is told holds nothing beyond Latin-1.
+/// For texts in Latin-1, which all messages are.
 std::string to_utf8(std::wstring_view text) {
     std::string result;
     for (const wchar_t character : text) {

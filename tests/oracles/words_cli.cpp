@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Number words hold nothing beyond Latin-1.
+/// For texts in Latin-1, which all number words are.
 std::string to_utf8(const std::wstring& text) {
     std::string result;
     for (const wchar_t character : text) {

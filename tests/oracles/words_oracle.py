@@ -17,7 +17,7 @@ SCALE_WORD = re.compile(r"\b(%s)(ón|ones)\b" % "|".join(SCALES))
 
 
 def normalized(words):
-    """Our way to write what num2words writes."""
+    """The spelling of num2words converted to the library's."""
     # The accents: ours are dieciséis and veintiseis.
     words = words.replace("dieciseis", "dieciséis").replace("veintiséis", "veintiseis")
     # Before another number word "uno" loses its last letter (veintiun mil).
@@ -65,7 +65,7 @@ def main():
         encoding="utf-8",
         check=True,
     )
-    # Our scale words carry their own blanks, so that two may meet.
+    # The library's scale words include their blanks, so two may be adjacent.
     ours = [re.sub(" +", " ", line) for line in result.stdout.splitlines()]
     assert len(ours) == len(values), (len(ours), len(values))
     different = [

@@ -1,10 +1,11 @@
-// What the side-by-side manifest gives a program when nothing is registered.
+// The library activated through its side-by-side manifest, without registration.
 #include <gtest/gtest.h>
 #include <kovrel.h>
 #include <thread>
 
-#include "tests/automation/late.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/late.h"
+#include "tests/support/library_module.h"
 
 namespace kovrel::test {
 namespace {
@@ -56,7 +57,7 @@ TEST(RegistrationFree, NothingIsRegistered) {
 TEST(RegistrationFree, EveryClassIsCreated) {
     for (const PublicClass& entry : classes) {
         SCOPED_TRACE(narrow(entry.prog_id));
-        // By its own identifier, and by the one that the platform makes for a manifest's name.
+        // By its CLSID, and by the one that the platform generates for the ProgID in a manifest.
         CLSID by_name{};
         EXPECT_EQ(CLSIDFromProgID(entry.prog_id, &by_name), S_OK);
         for (const CLSID& class_id : {entry.class_id, by_name}) {
@@ -71,10 +72,8 @@ TEST(RegistrationFree, EveryClassIsCreated) {
         EXPECT_EQ(std::wstring_view(prog_id == nullptr ? L"" : prog_id), entry.prog_id);
         CoTaskMemFree(prog_id);
     }
-    // The one that lies with the manifest.
-    std::wstring path(MAX_PATH, L'\0');
-    path.resize(GetModuleFileNameW(GetModuleHandleW(L"kovrel.dll"), path.data(), MAX_PATH));
-    EXPECT_EQ(narrow(path), "C:\\inside\\Kovrel.Assembly\\kovrel.dll");
+    // The DLL beside the manifest.
+    EXPECT_EQ(narrow(library_file().wstring()), "C:\\inside\\Kovrel.Assembly\\kovrel.dll");
 }
 
 TEST(RegistrationFree, CallsByName) {
@@ -129,7 +128,7 @@ TEST(RegistrationFree, AnotherApartmentCallsThroughAProxy) {
         letter = letter_from_another_apartment(marshalled);
         PostThreadMessageW(waiting, WM_APP, 0, 0);
     });
-    // The call arrives as a message of this apartment's.
+    // The call arrives as a message in this apartment.
     for (MSG message; GetMessageW(&message, nullptr, 0, 0) > 0 && message.message != WM_APP;) {
         DispatchMessageW(&message);
     }

@@ -1,6 +1,6 @@
 #!/bin/bash
-# Runs programs in a Wine prefix in which the library has never been registered, each with the files
-# that a user lays beside it: run_unregistered.sh WINE BIN TESTS EXAMPLE MANIFEST EXPECTED
+# Runs programs in a Wine prefix where the library has never been registered, each with the files that
+# an application ships: run_unregistered.sh WINE BIN TESTS EXAMPLE MANIFEST EXPECTED
 #   BIN       folder of kovrel.dll and Kovrel.Assembly.manifest
 #   TESTS     a test program
 #   EXAMPLE   the example, which must print what the file EXPECTED holds
@@ -16,8 +16,8 @@ if grep -qi kovrel "$WINEPREFIX"/*.reg; then
 fi
 drive="$WINEPREFIX/drive_c"
 
-# lay FOLDER PROGRAM LIBRARY_FOLDER: an application with the library in its folder, or in one named
-# as the assembly.
+# lay FOLDER PROGRAM LIBRARY_FOLDER: an application with the library in its folder, or in a subfolder
+# named after the assembly.
 lay() {
     mkdir -p "$drive/$1" "$drive/$3"
     cp "$2" "$drive/$1"

@@ -1,5 +1,5 @@
-// Two threads, each with an apartment and instances of its own, at work at the same time: what one
-// does is nothing to the other.
+// Two threads at work at the same time, each with an apartment and instances of its own, do not
+// affect each other.
 #include <array>
 #include <atomic>
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ namespace {
 constexpr int rounds = 40;
 constexpr int window_rounds = 25;
 
-/// Results as texts, for what one thread gets to be compared with what the other gets.
+/// A result as text, to compare the threads' results.
 std::wstring as_text(const Variant& value) {
     Variant text;
     return SUCCEEDED(VariantChangeType(&text, const_cast<Variant*>(&value), 0, VT_BSTR))
@@ -24,7 +24,7 @@ std::wstring as_text(const Variant& value) {
                : L"?";
 }
 
-/// Members whose results depend on their arguments alone, and show boxes at most.
+/// Calls members whose results depend only on their arguments and that show no windows but boxes.
 std::vector<std::wstring> work(int round) {
     const OwnLibrary& library = OwnLibrary::get();
     SensibleHost host;
@@ -49,7 +49,7 @@ std::vector<std::wstring> work(int round) {
     return results;
 }
 
-/// Both threads begin at once and call `body` with their number.
+/// Runs `body` with its number on two threads that start together.
 template <class Body>
 void on_two_threads(Body body) {
     std::atomic<int> ready{0};
@@ -102,8 +102,8 @@ TEST(TwoApartments, KeepTheirSettingsApart) {
     EXPECT_EQ(wrong, 0);
 }
 
-/// Two threads with windows open at the same time work in turns, from message to message: Wine's
-/// own text fields, in a program of nothing else, bring it down when two threads draw at once.
+/// Makes two threads with open windows take turns, message by message, because Wine's text fields
+/// crash when two threads draw at the same time.
 class Turns {
  public:
     Turns() { SetEvent(turn_[0]); }
@@ -116,7 +116,7 @@ class Turns {
     /// Waits for the turn of `thread`, 0 or 1.
     void begin(std::size_t thread) {
         HANDLE const turn = turn_[thread];
-        // What the other one sends is answered, or it would not come to its next message.
+        // Answers messages sent by the other thread, which waits for the answer.
         while (MsgWaitForMultipleObjects(1, &turn, FALSE, INFINITE, QS_SENDMESSAGE) !=
                WAIT_OBJECT_0) {
             MSG message;
@@ -136,19 +136,19 @@ class Turns {
         SetEvent(turn_[1 - thread]);
     }
 
-    /// How often both had a window.
+    /// How often both threads had a window open.
     [[nodiscard]] int together() const noexcept { return together_; }
 
  private:
     std::array<HANDLE, 2> turn_{CreateEventW(nullptr, FALSE, FALSE, nullptr),
                                 CreateEventW(nullptr, FALSE, FALSE, nullptr)};
-    // Whoever has the turn writes them.
+    // Written by the thread that has the turn.
     std::array<std::size_t, 2> windows_{};
     int together_ = 0;
     bool over_ = false;
 };
 
-TEST(TwoApartments, EachHasItsWindows) {
+TEST(TwoApartments, EachHaveTheirOwnWindows) {
     const Workplace workplace;
     const Unattended unattended;
     const OwnLibrary& library = OwnLibrary::get();
@@ -170,7 +170,7 @@ TEST(TwoApartments, EachHasItsWindows) {
                 const OwnClass& of_class = library.named(name);
                 const OwnMember& member = of_class.member(member_name, DISPATCH_METHOD);
                 const auto instance = library.create(of_class);
-                // Windows that are closed at the first step: an error box would be a failure's.
+                // Windows are closed at their first step, so that a box can only be an error box.
                 Unattended::close_at_once();
                 Variant result;
                 if (call_member(instance.get(), member, host.arguments(of_class, member),
@@ -191,7 +191,7 @@ TEST(TwoApartments, EachHasItsWindows) {
     EXPECT_EQ(library.can_unload(), S_OK);
 }
 
-TEST(TwoApartments, EachBrowsesFromItsOwnFolder) {
+TEST(TwoApartments, BrowseFromTheirOwnFolders) {
     const Workplace workplace;
     const Unattended unattended;
     const OwnLibrary& library = OwnLibrary::get();

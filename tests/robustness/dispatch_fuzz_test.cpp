@@ -1,14 +1,14 @@
-// Random calls by the thousand. A run of any length, and one that found something once more:
+// Thousands of random calls. For a run of any length, and to repeat a run by its seed:
 //     dispatch_fuzz_tests --calls=1000000 --seed=7
 #include <gtest/gtest.h>
 
 #include "tests/robustness/dispatch_fuzzer.h"
 #include "tests/robustness/last_words.h"
-#include "tests/robustness/resources.h"
 #include "tests/robustness/scarce_memory.h"
 #include "tests/robustness/unattended.h"
 #include "tests/robustness/workplace.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/resources.h"
 
 namespace kovrel::test {
 namespace {
@@ -20,7 +20,7 @@ TEST(RandomCalls, DoNoHarm) {
     std::printf("%ld calls from seed %llu\n", calls_wanted, static_cast<unsigned long long>(seed));
     const Workplace workplace;
     const Unattended unattended;
-    // All is granted; what the library has and has not given back is counted.
+    // Refuses nothing; counts the library's allocated blocks.
     const ScarceMemory memory;
     Unattended::set_seed(seed);
     DispatchFuzzer fuzzer(seed);
@@ -46,13 +46,12 @@ TEST(RandomCalls, DoNoHarm) {
                 fuzzer.succeeded(), fuzzer.failed_inside(), fuzzer.inner_calls(),
                 Unattended::boxes(), Unattended::window_steps());
     EXPECT_EQ(own_windows().size(), 0U);
-    // Such calls must reach what they are meant for.
+    // The calls must reach the code they are meant for.
     EXPECT_GT(fuzzer.succeeded(), calls_wanted / 5);
     EXPECT_GT(fuzzer.inner_calls(), calls_wanted / 100);
     EXPECT_GT(Unattended::boxes(), calls_wanted / 100);
     EXPECT_GT(Unattended::window_steps(), calls_wanted / 1'000);
-    // The system keeps some memory of windows, fonts and settings files of its own, which does not
-    // grow with the calls.
+    // The system caches some windows, fonts and INI files, which does not grow with the calls.
     Resources::now().expect_no_more_than(before, 1024 * 1024);
 }
 

@@ -16,7 +16,7 @@ namespace {
 constexpr int deepest_call = 3;
 constexpr std::size_t most_problems = 20;
 
-/// Members that write where their arguments say, or wait as long as they say.
+/// Members that write files named by their arguments, or wait as long as they say.
 bool must_be_tame(const std::wstring& member) {
     static const std::set<std::wstring> names{
         L"GuardarIni", L"SaveSetting",     L"DeleteSetting",        L"LeerIni",       L"GetSetting",
@@ -28,7 +28,7 @@ bool takes_object(const OwnMember& member) {
     return std::find(member.types.begin(), member.types.end(), VT_DISPATCH) != member.types.end();
 }
 
-/// The answers to a call that are documented for it.
+/// The HRESULTs documented for Invoke.
 bool is_documented(HRESULT result) {
     switch (result) {
         case S_OK:
@@ -53,7 +53,7 @@ bool names_an_argument(HRESULT result) {
            result == DISP_E_OVERFLOW;
 }
 
-/// What an argument passed by value looks like before and after a call, content included.
+/// The bytes and the content of an argument by value, to compare before and after the call.
 std::vector<char> content_of(const VARIANT& value) {
     const auto* const bytes = reinterpret_cast<const char*>(&value);
     std::vector<char> content(bytes, bytes + sizeof value);
@@ -78,10 +78,10 @@ std::vector<char> content_of(const VARIANT& value) {
 
 /// The arguments of one call and what they refer to.
 struct DispatchFuzzer::Frame {
-    std::vector<VARIANT> arguments;       // as passed: the last one first
-    std::vector<Variant> owned;           // what the ones passed by value hold
-    std::deque<Variant> variables;        // what the others refer to
-    std::vector<VARTYPE> variable_types;  // VT_VARIANT, or the type that each must keep
+    std::vector<VARIANT> arguments;       // in reverse order, as passed
+    std::vector<Variant> owned;           // owners of those passed by value
+    std::deque<Variant> variables;        // targets of those passed by reference
+    std::vector<VARTYPE> variable_types;  // VT_VARIANT, or the type that must stay
     std::deque<VARIANT> links;            // of chains of references
     std::vector<DISPID> names;
 };
@@ -112,7 +112,7 @@ IDispatch* DispatchFuzzer::instance_of(std::size_t index) {
     return instance.get();
 }
 
-/// In the middle of a call the host changes its variables, lets instances go and calls again.
+/// During a call the host changes its variables, releases instances or makes another call.
 void DispatchFuzzer::disturb() {
     Random& random = rubbish_.random;
     switch (random.below(4)) {
@@ -123,7 +123,7 @@ void DispatchFuzzer::disturb() {
             const VARTYPE type = frame.variable_types[index];
             if ((type & VT_ARRAY) != 0) break;
             Variant fresh = type == VT_VARIANT ? rubbish_.value() : rubbish_.value_of(type, true);
-            // What the old value was dies here, perhaps with the object that is being called.
+            // This releases the old value, possibly the object that is being called.
             frame.variables[index] = std::move(fresh);
             break;
         }
@@ -149,7 +149,7 @@ void DispatchFuzzer::choose_arguments(Frame& frame, const OwnMember& member, boo
     for (std::size_t index = 0; index < count; ++index) {
         VARIANT& argument = frame.arguments[index];
         const std::size_t parameter = count - 1 - index;
-        // Most of them have the type that is asked for.
+        // Most have the type of the parameter.
         VARTYPE type = parameter < member.types.size() && !random.one_in(4)
                            ? member.types[parameter]
                            : rubbish_.variable_type();
@@ -178,7 +178,7 @@ void DispatchFuzzer::choose_arguments(Frame& frame, const OwnMember& member, boo
             argument.vt = VT_BYREF | VT_VARIANT;
             argument.pvarVal = &variable;
         }
-        // References to references, now and then too many of them, or one to itself or to nothing.
+        // Chains of references, sometimes too long, to themselves or null.
         std::size_t links = shape < 17 ? 0 : random.below(11);
         for (; links > 0; --links) {
             frame.links.push_back(argument);
@@ -204,7 +204,7 @@ void DispatchFuzzer::choose_names(Frame& frame, const OwnMember& member) {
     } else if (random.one_in(5)) {
         const std::size_t count = random.below(frame.arguments.size() + 1);
         for (std::size_t index = 0; index < count; ++index) {
-            // The last parameters, in the order in which they are passed, or anything.
+            // Mostly the ids of the last parameters, in the order passed.
             frame.names.push_back(random.one_in(8) ? static_cast<DISPID>(random.next())
                                   : random.one_in(6)
                                       ? static_cast<DISPID>(random.below(9)) - 4
@@ -228,7 +228,7 @@ void DispatchFuzzer::call_one(int depth) {
     const std::size_t at = random.below(instances_.size());
     const OwnClass& of_class = OwnLibrary::get().classes()[at];
     std::vector<const OwnMember*> choice;
-    // Members that work on the host's objects are few and have the most to lose.
+    // Prefers the few members that work on the host's objects.
     const bool with_objects = random.one_in(3);
     for (const OwnMember& candidate : of_class.members) {
         if (!with_objects || takes_object(candidate)) choice.push_back(&candidate);
@@ -240,7 +240,7 @@ void DispatchFuzzer::call_one(int depth) {
         problem("no instance", narrow(of_class.name));
         return;
     }
-    // Objects of the library itself, passed to it, live as long as the call.
+    // An object of the library as an argument, kept alive during the call.
     ComPtr<IDispatch> companion(instances_[random.below(instances_.size())]);
     rubbish_.other_objects.assign(companion ? 1 : 0, companion.get());
 
@@ -249,7 +249,7 @@ void DispatchFuzzer::call_one(int depth) {
     choose_names(frame, member);
     const WORD flags = choose_flags(member);
     const DISPID id = random.one_in(100) ? static_cast<DISPID>(random.next()) % 300 : member.id;
-    // Another member than the one that the arguments are tame for.
+    // The arguments are tame only for that member.
     if (id != member.id) frame.arguments.clear(), frame.names.clear();
     std::vector<std::vector<char>> before;
     for (const VARIANT& argument : frame.arguments) before.push_back(content_of(argument));
@@ -291,7 +291,7 @@ void DispatchFuzzer::call_one(int depth) {
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);
     SysFreeString(exception.bstrHelpFile);
-    // The one that the variables died with may have been called by them.
+    // Not before: releasing the variables may call it.
     rubbish_.other_objects.clear();
 }
 

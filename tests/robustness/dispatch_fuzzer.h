@@ -18,13 +18,13 @@ class DispatchFuzzer {
     DispatchFuzzer& operator=(const DispatchFuzzer&) = delete;
     ~DispatchFuzzer();
 
-    /// One call by the host, with all the calls that its objects make in the middle of it.
+    /// One call by the host, with the nested calls that its objects make.
     void call();
-    /// Gives all instances up and checks that nothing is left of them.
+    /// Releases all instances and checks that no object or block is left.
     void release_all();
 
     [[nodiscard]] const std::vector<std::string>& problems() const noexcept { return problems_; }
-    /// Calls that the host's objects made, in the middle of others.
+    /// Nested calls.
     [[nodiscard]] long inner_calls() const noexcept { return inner_calls_; }
     [[nodiscard]] long succeeded() const noexcept { return succeeded_; }
     [[nodiscard]] long failed_inside() const noexcept { return failed_inside_; }
@@ -43,8 +43,8 @@ class DispatchFuzzer {
     IDispatch* instance_of(std::size_t index);
 
     Rubbish rubbish_;
-    std::vector<ComPtr<IDispatch>> instances_;  // one of each class, or none at the moment
-    std::vector<Frame*> frames_;                // of the calls under way
+    std::vector<ComPtr<IDispatch>> instances_;  // one of each class, or null
+    std::vector<Frame*> frames_;                // of the calls in progress
     std::vector<std::string> problems_;
     long inner_calls_ = 0;
     long succeeded_ = 0;

@@ -1,20 +1,20 @@
-// A hundred thousand instances and a few hundred windows: what the process holds stays the same.
+// A hundred thousand instances and a few hundred windows: memory and handles do not grow.
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <set>
 
 #include "tests/robustness/last_words.h"
-#include "tests/robustness/resources.h"
 #include "tests/robustness/sensible.h"
 #include "tests/robustness/unattended.h"
 #include "tests/robustness/workplace.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/resources.h"
 
 namespace kovrel::test {
 namespace {
 
 constexpr int creations = 100'000;   // of each class
-constexpr SIZE_T slack = 64 * 1024;  // a byte lost each time would be more
+constexpr SIZE_T slack = 64 * 1024;  // less than a leak of one byte each
 
 TEST(Endurance, AHundredThousandInstancesOfEachClass) {
     const OwnLibrary& library = OwnLibrary::get();
@@ -28,7 +28,7 @@ TEST(Endurance, AHundredThousandInstancesOfEachClass) {
             ASSERT_EQ(instance->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id), S_OK);
         }
     };
-    // The system's heap sets aside room for what is asked of it often.
+    // The heap caches frequent sizes after a while.
     constexpr int warm_up = 20'000;
     for (const OwnClass& of_class : library.classes()) create_often(of_class, warm_up);
     for (const OwnClass& of_class : library.classes()) {
@@ -45,11 +45,11 @@ TEST(Endurance, HundredsOfCallsOfEveryMember) {
     const Workplace workplace;
     const Unattended unattended;
     const OwnLibrary& library = OwnLibrary::get();
-    // Those have a test of their own, or wait for the clock.
+    // These have tests of their own, or wait.
     const std::set<std::wstring> left_out{
         L"PideFecha",           L"MsgFormA",   L"LanzaVerificadorNIFyCCC",
         L"BarraProgresoInicia", L"GenerarZip", L"Espera"};
-    // The host's objects keep a log, which goes with them.
+    // The host's objects, whose logs grow, are released at the end.
     const auto call_often = [&](const OwnClass& of_class, const OwnMember& member, int times) {
         SensibleHost host;
         const auto instance = library.create(of_class);
@@ -59,7 +59,7 @@ TEST(Endurance, HundredsOfCallsOfEveryMember) {
     };
     constexpr int first_calls = 100;
     constexpr int calls = 400;
-    constexpr SIZE_T text_lost = 16 * 1024;  // of two dozen bytes and its heap entry, each time
+    constexpr SIZE_T text_lost = 16 * 1024;  // a leak of a short text in each call
     for (const OwnClass& of_class : library.classes()) {
         for (const OwnMember& member : of_class.members) {
             if (left_out.count(member.name) != 0) continue;
@@ -99,7 +99,7 @@ TEST(Endurance, HundredsOfWindows) {
     const Resources before = Resources::now();
     for (int index = 0; index < rounds; ++index) round();
     std::printf("windows: %s\n", Resources::now().text().c_str());
-    // The system's own lists of windows and fonts grow by pages.
+    // The system's tables of windows and fonts grow by pages.
     Resources::now().expect_no_more_than(before, 2 * slack);
     EXPECT_EQ(own_windows().size(), 0U);
 }

@@ -1,5 +1,5 @@
-// Hosts with a floating-point environment of their own: every result is what it is in the default
-// one, no exception is raised, and the host finds its own again, or what it has changed it to.
+// Hosts with a floating-point environment of their own: results are as in the default environment,
+// no exception is raised, and afterwards the host's environment is in force again.
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -7,11 +7,11 @@
 #include <limits>
 
 #include "runtime/failure.h"
-#include "tests/automation/every_way.h"
 #include "tests/robustness/last_words.h"
 #include "tests/robustness/sensible.h"
 #include "tests/robustness/unattended.h"
 #include "tests/robustness/workplace.h"
+#include "tests/support/every_way.h"
 #include "tests/support/floating_point_host.h"
 
 namespace kovrel::test {
@@ -21,7 +21,7 @@ struct Member {
     const wchar_t* of_class;
     const wchar_t* name;
 };
-/// Those that compute with their first argument.
+/// Members that calculate with their first argument.
 constexpr std::array numeric{Member{L"clsFGen", L"redondeoa2"},
                              Member{L"clsFGen", L"redondeoa4"},
                              Member{L"clsFGen", L"CBolNum"},
@@ -76,12 +76,12 @@ std::vector<Variant> amounts() {
     return result;
 }
 
-/// In which environment the library is called; what was there at the end of the last call.
+/// The environment that the library is called in, and the one found after the last call.
 Environment host_environment = default_environment;
 Environment own_environment;
 Environment found_after;
 
-/// Calls are made in the host's environment, and nothing else is.
+/// Sets the host's environment around the calls only.
 class Calls {
  public:
     explicit Calls(const Environment& host) {
@@ -108,7 +108,7 @@ void expect_own(const Environment& expected, const std::string& what) {
 class HostsFloatingPoint : public testing::Test {
  protected:
     HostsFloatingPoint() {
-        // As the processor gives back what is set: it has no use for some of the bits.
+        // Read back, since the processor ignores some bits.
         const HostWith none(default_environment);
         for (const Environment& host : host_environments) {
             set_environment(host);
@@ -123,7 +123,7 @@ class HostsFloatingPoint : public testing::Test {
     std::vector<Environment> hosts_;
 };
 
-/// Everything that one call comes back with; nothing for an argument that no compiler takes.
+/// Everything that a call returns, as text; empty for an argument that cannot be passed that way.
 std::string outcome_of(Way way, IDispatch* object, const Member& member, const Variant& amount) {
     Unattended::set_seed(1);
     const long boxes = Unattended::boxes();
@@ -181,17 +181,17 @@ TEST_F(HostsFloatingPoint, KnownResults) {
     }
 }
 
-/// The value's own bytes: a conversion would compute.
+/// The bytes of the value, since a conversion would calculate.
 std::string as_it_is(const Variant& value) {
     if (value.vt == VT_BSTR) return shown(value);
-    // The field of the date prompt adds the time of day when it is emptied and filled again.
+    // The date prompt adds the time of day when its field is emptied and filled again.
     if (value.vt == VT_DATE) return "day " + std::to_string(std::floor(value.date));
     std::int64_t content = 0;
     std::memcpy(&content, &value.llVal, plain_size(value.vt));
     return std::to_string(value.vt) + ' ' + std::to_string(content);
 }
 
-TEST_F(HostsFloatingPoint, IsFoundAgainAfterEveryMember) {
+TEST_F(HostsFloatingPoint, IsRestoredAfterEveryMember) {
     SensibleHost host;
     std::size_t calls = 0;
     for (const OwnClass& of_class : library_.classes()) {
@@ -230,7 +230,7 @@ constexpr std::array members_with_events{Member{L"clsFGen", L"Espera"},
                                          Member{L"cgsFileOpR", L"ShowOpen"},
                                          Member{L"clsProfile", L"BrowseForFolder"}};
 
-TEST_F(HostsFloatingPoint, IsInForceInItsEventsAndKeepsWhatTheyChange) {
+TEST_F(HostsFloatingPoint, IsInForceInEventsAndKeepsTheirChanges) {
     SensibleHost host;
     const Environment own = hosts_.front();
     const Environment changed = hosts_[2];
@@ -272,7 +272,7 @@ TEST_F(HostsFloatingPoint, IsInForceInItsEventsAndKeepsWhatTheyChange) {
     }
 }
 
-TEST_F(HostsFloatingPoint, IsInForceInItsObjectsAndKeepsWhatTheyChange) {
+TEST_F(HostsFloatingPoint, IsInForceInHostObjectsAndKeepsTheirChanges) {
     const Environment own = hosts_.front();
     const Environment changed = hosts_[2];
     const auto general = library_.create(L"clsFGen");
@@ -301,7 +301,7 @@ TEST_F(HostsFloatingPoint, IsInForceInItsObjectsAndKeepsWhatTheyChange) {
     }
 }
 
-/// What both units have noted.
+/// The exception flags of both units.
 struct Noted {
     std::uint16_t x87 = 0;
     std::uint32_t sse = 0;
@@ -318,9 +318,9 @@ Noted noted() {
 Noted before_call;
 Noted after_call;
 
-TEST_F(HostsFloatingPoint, KeepsTheExceptionsThatItHasNoted) {
+TEST_F(HostsFloatingPoint, KeepsItsExceptionFlags) {
     const auto general = library_.create(L"clsFGen");
-    // Nothing, then a division by zero that nobody has been told of yet.
+    // No flag, then a pending division by zero.
     for (void (*const note)() :
          {+[] { set_environment(host_environments[3]); },
           +[] {

@@ -32,7 +32,7 @@ void print_return_addresses() {
 }
 
 [[noreturn]] void say(const char* what) {
-    // Not locked: the thread that is brought down may hold it.
+    // Without the lock, which the crashed thread may hold.
     std::printf("FAILED: %s while %s\n", what, doing_now.c_str());
     print_return_addresses();
     std::fflush(stdout);
@@ -60,7 +60,7 @@ void on_abort(int /*signal*/) {
     say("abort");
 }
 
-/// Where the thread that was announced for is: whatever on its stack lies in the library's code.
+/// Prints the words on the thread's stack that point into the library's code.
 void print_stack_of(HANDLE thread) {
     CONTEXT context{};
     context.ContextFlags = CONTEXT_CONTROL;
@@ -88,7 +88,7 @@ void print_stack_of(HANDLE thread) {
     std::printf("\n");
 }
 
-/// What does not come to its end, for as long as the program runs.
+/// Watches for an announced action that takes too long.
 DWORD WINAPI watch(void* thread) {
     for (;;) {
         Sleep(1'000);

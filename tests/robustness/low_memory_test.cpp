@@ -1,15 +1,15 @@
-// Every member without memory: each request that it makes is refused once, and again with all that
-// follow. Nothing breaks, nothing is lost, and the host or the user is told.
+// Every member without memory: each of its allocations fails once, alone and with all that follow.
+// Nothing crashes or leaks, and the host or the user is told.
 #include <cstdio>
 #include <gtest/gtest.h>
 
 #include "tests/robustness/last_words.h"
-#include "tests/robustness/resources.h"
 #include "tests/robustness/scarce_memory.h"
 #include "tests/robustness/sensible.h"
 #include "tests/robustness/unattended.h"
 #include "tests/robustness/workplace.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/resources.h"
 
 namespace kovrel::test {
 namespace {
@@ -22,7 +22,7 @@ const char* name_of(ScarceMemory::Refusal refusal) {
     return refusal == ScarceMemory::Refusal::once ? "once" : "from then on";
 }
 
-/// Creates an instance of the class without each of the requests for memory that this makes.
+/// Creates an instance of the class, failing each of the allocations in turn.
 void refuse_creation(const OwnClass& of_class, ScarceMemory::Refusal refusal) {
     const OwnLibrary& library = OwnLibrary::get();
     for (std::size_t request = 1; request < most_requests; ++request) {
@@ -45,7 +45,7 @@ TEST(WithoutMemory, CreationFailsCleanly) {
     const ScarceMemory memory;
     for (const OwnClass& of_class : library.classes()) {
         for (const auto refusal : refusals) {
-            refuse_creation(of_class, refusal);  // what is made once and kept
+            refuse_creation(of_class, refusal);  // allocates what is kept for ever
             const std::size_t blocks = ScarceMemory::blocks();
             refuse_creation(of_class, refusal);
             EXPECT_EQ(ScarceMemory::blocks(), blocks) << narrow(of_class.name);
@@ -56,10 +56,10 @@ TEST(WithoutMemory, CreationFailsCleanly) {
 
 class EveryCall {
  public:
-    /// How many requests for memory the call makes.
+    /// Fails each allocation of the call in turn; returns how many there are.
     std::size_t refuse_all(const OwnClass& of_class, const OwnMember& member) {
         std::size_t most = 0;
-        call(of_class, member, 0, ScarceMemory::Refusal::once);  // what is made once and kept
+        call(of_class, member, 0, ScarceMemory::Refusal::once);  // allocates what is kept for ever
         for (const auto refusal : refusals) {
             for (std::size_t request = 1; request < most_requests; ++request) {
                 if (call(of_class, member, request, refusal)) break;
@@ -71,7 +71,7 @@ class EveryCall {
     }
 
  private:
-    /// True when the call ended without making that request.
+    /// True when the call made fewer allocations than that.
     bool call(const OwnClass& of_class, const OwnMember& member, std::size_t request,
               ScarceMemory::Refusal refusal) {
         const std::string what = narrow(of_class.name) + '.' + narrow(member.name) + " kind " +
@@ -83,7 +83,7 @@ class EveryCall {
         {
             const std::vector<Variant> arguments = host_.arguments(of_class, member);
             auto instance = OwnLibrary::get().create(of_class);
-            // Refused at once, the boxes and windows of one seed are those of every other.
+            // The same seed each time, so that boxes and windows are worked in the same way.
             Unattended::set_seed(7);
             if (request != 0) ScarceMemory::refuse(request, refusal);
             Variant result;
@@ -106,7 +106,7 @@ class EveryCall {
 TEST(WithoutMemory, EveryMemberFailsCleanly) {
     const Workplace workplace;
     const Unattended unattended;
-    // Modal windows have a window of the host's to disable.
+    // A window for modal windows to disable.
     HWND const host = CreateWindowW(L"STATIC", L"Anfitriona", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0,
                                     0, 200, 100, nullptr, nullptr, nullptr, nullptr);
     ScarceMemory::warm_up(OwnLibrary::get().create(L"clsFGen").get());

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "tests/automation/late.h"
 #include "tests/robustness/last_words.h"
+#include "tests/support/late.h"
 
 int main(int count, char** arguments) {
     testing::InitGoogleTest(&count, arguments);

@@ -2,13 +2,10 @@
 
 #include <cstdlib>
 
+#include "tests/support/library_module.h"
+
 namespace kovrel::test {
 namespace {
-
-template <class Function>
-Function entry(HMODULE module, const char* name) {
-    return reinterpret_cast<Function>(reinterpret_cast<void (*)()>(GetProcAddress(module, name)));
-}
 
 VARTYPE type_of(const ELEMDESC& parameter) {
     const TYPEDESC* type = &parameter.tdesc;
@@ -93,9 +90,9 @@ const OwnMember& OwnClass::member(const std::wstring& wanted, WORD kind) const {
 OwnLibrary::OwnLibrary()
     : module_(LoadLibraryW(KOVREL_OWN_LIBRARY)), classes_(read_classes(KOVREL_OWN_LIBRARY)) {
     if (module_ == nullptr || classes_.empty()) std::abort();
-    // What is given back is not kept for the next text of its length, some megabytes of them: the
-    // tests count what the process has. The compiler's headers lack the function.
-    entry<void(STDAPICALLTYPE*)()>(GetModuleHandleW(L"oleaut32.dll"), "SetOaNoCache")();
+    // Turns the BSTR cache off, which would spoil the tests' counts of memory. The compiler's
+    // headers lack the function.
+    exported<void(STDAPICALLTYPE*)()>(GetModuleHandleW(L"oleaut32.dll"), "SetOaNoCache")();
 }
 
 const OwnLibrary& OwnLibrary::get() {
@@ -116,19 +113,11 @@ std::wstring OwnLibrary::folder() const {
 }
 
 ComPtr<IDispatch> OwnLibrary::create(const OwnClass& of_class) const {
-    using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
-    ComPtr<IClassFactory> factory;
-    ComPtr<IDispatch> instance;
-    if (SUCCEEDED(entry<GetClassObject>(module_, "DllGetClassObject")(
-            of_class.id, IID_IClassFactory, factory.put_void()))) {
-        factory->CreateInstance(nullptr, IID_IDispatch, instance.put_void());
-    }
-    return instance;
+    return create_from(module_, of_class.id);
 }
 
 HRESULT OwnLibrary::can_unload() const {
-    using CanUnloadNow = HRESULT(STDAPICALLTYPE*)();
-    return entry<CanUnloadNow>(module_, "DllCanUnloadNow")();
+    return test::can_unload(module_);
 }
 
 }  // namespace kovrel::test

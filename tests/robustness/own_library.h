@@ -1,11 +1,11 @@
-// The library loaded from a folder of the tests' own, without the registry: files that it makes in
-// its folder lie there, and its calls to the system can be replaced in this process alone.
+// The library loaded from a folder of the tests' own without the registry, so that its temporary
+// files are there and its imports can be patched in this process only.
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 
@@ -25,7 +25,7 @@ struct OwnClass {
     [[nodiscard]] const OwnMember& member(const std::wstring& name, WORD kind) const;
 };
 
-/// Loaded at first use and for the rest of the process.
+/// Loaded at first use, never unloaded.
 class OwnLibrary {
  public:
     static const OwnLibrary& get();
@@ -40,7 +40,7 @@ class OwnLibrary {
     [[nodiscard]] ComPtr<IDispatch> create(const std::wstring& name) const {
         return create(named(name));
     }
-    /// What DllCanUnloadNow answers.
+    /// The result of DllCanUnloadNow.
     [[nodiscard]] HRESULT can_unload() const;
 
  private:

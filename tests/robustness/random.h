@@ -1,4 +1,4 @@
-// A stream of random numbers that a seed decides: a run that found something can be repeated.
+// Random numbers determined by a seed, so that a run can be repeated.
 #pragma once
 
 #include <cstddef>

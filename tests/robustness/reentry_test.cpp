@@ -1,20 +1,20 @@
-// The host calls the library back from the events that a member lets through: every member from
-// within every wait, box and window, the last reference given up in the middle, windows closed.
+// Reentrant calls: every member called from the events that waits, boxes and windows dispatch, the
+// last reference released or windows closed during a call.
 #include <array>
 #include <cstdio>
 #include <gtest/gtest.h>
 
 #include "tests/robustness/last_words.h"
-#include "tests/robustness/resources.h"
 #include "tests/robustness/sensible.h"
 #include "tests/robustness/unattended.h"
 #include "tests/robustness/workplace.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/resources.h"
 
 namespace kovrel::test {
 namespace {
 
-/// Members during which events happen.
+/// Members that dispatch events.
 struct Outer {
     const wchar_t* of_class;
     const wchar_t* member;
@@ -34,7 +34,7 @@ class Reentry : public testing::Test {
  protected:
     ~Reentry() override { Workplace::remove_pictures(); }
 
-    /// Calls the outer member with an event in the middle; true when the event happened.
+    /// Calls the outer member with an event during the call; true when the event was dispatched.
     bool call(const Outer& outer, ComPtr<IDispatch>& instance, const std::function<void()>& event) {
         const OwnClass& of_class = library_.named(outer.of_class);
         const OwnMember& member = of_class.member(outer.member, DISPATCH_METHOD);
@@ -74,7 +74,7 @@ TEST_F(Reentry, EveryMemberFromWithinEveryWaitAndWindow) {
                 announce(what);
                 {
                     auto instance = library_.create(outer.of_class);
-                    // On the same instance where it is of the class.
+                    // On the same instance if it is of that class.
                     const auto other = inner_class.name == outer.of_class
                                            ? instance
                                            : library_.create(inner_class);
@@ -97,7 +97,7 @@ TEST_F(Reentry, EveryMemberFromWithinEveryWaitAndWindow) {
     EXPECT_GT(calls, 1'000U);
 }
 
-TEST_F(Reentry, TheLastReferenceIsGivenUpDuringTheCall) {
+TEST_F(Reentry, TheLastReferenceIsReleasedDuringTheCall) {
     for (const Outer& outer : outers) {
         announce(narrow(outer.member) + std::string(" released within"));
         auto instance = library_.create(outer.of_class);
@@ -107,7 +107,7 @@ TEST_F(Reentry, TheLastReferenceIsGivenUpDuringTheCall) {
     }
 }
 
-TEST_F(Reentry, WaitsWithinWaitsEnd) {
+TEST_F(Reentry, NestedWaitsEnd) {
     announce("waits within waits");
     const Outer& wait = outers.front();
     auto outermost = library_.create(L"clsFGen");
@@ -124,14 +124,15 @@ TEST_F(Reentry, WaitsWithinWaitsEnd) {
     expect_nothing_left("waits");
 }
 
-TEST_F(Reentry, ASecondWindowOfAKindIsRefusedOrOpenedAndBothAreClosed) {
+TEST_F(Reentry, ASecondWindowOfTheSameKind) {
     for (const Outer& outer : {outers[1], outers[2], outers[3]}) {
         announce(narrow(outer.member) + std::string(" within itself"));
         auto first = library_.create(outer.of_class);
         auto second = library_.create(outer.of_class);
         const long boxes = Unattended::boxes();
         EXPECT_TRUE(call(outer, first, [&] { call(outer, second, [] {}); }));
-        // The dialog is the caller's own; the other two are shared, and say so in the error box.
+        // Each call has its own dialog; the other two windows are shared, and a second call is an
+        // error.
         const bool is_dialog = outer.member == std::wstring(L"MsgFormA");
         EXPECT_EQ(Unattended::boxes() > boxes, !is_dialog) << narrow(outer.member);
         first = second = nullptr;
@@ -149,7 +150,7 @@ TEST_F(Reentry, TheHostClosesItsWindowsDuringTheCall) {
                                           0, 200, 100, nullptr, nullptr, nullptr, nullptr);
         SetActiveWindow(owner);
         EXPECT_TRUE(call(outer, instance, [&] { DestroyWindow(owner); })) << narrow(outer.member);
-        // The one that is left can be used again.
+        // The remaining window is enabled again.
         EXPECT_NE(IsWindowEnabled(second), FALSE) << narrow(outer.member);
         DestroyWindow(second);
         instance = nullptr;
@@ -158,14 +159,14 @@ TEST_F(Reentry, TheHostClosesItsWindowsDuringTheCall) {
 }
 
 TEST_F(Reentry, TheHostDestroysTheLibrarysOwnWindows) {
-    // Not the date prompt, which waits for its date whatever becomes of its window.
+    // Not the date prompt, which waits for its date even without its window.
     for (const Outer& outer : {outers[1], outers[3], outers[4]}) {
         announce(narrow(outer.member) + std::string(" with its window destroyed"));
         auto instance = library_.create(outer.of_class);
         EXPECT_TRUE(call(outer, instance, [&] {
             for (HWND window : own_windows()) DestroyWindow(window);
         })) << narrow(outer.member);
-        // The instance goes on.
+        // The instance still works.
         const OwnClass& of_class = library_.named(outer.of_class);
         const OwnMember& member = of_class.member(outer.member, DISPATCH_METHOD);
         EXPECT_EQ(call_member(instance.get(), member, host_.arguments(of_class, member)), S_OK);
@@ -174,7 +175,7 @@ TEST_F(Reentry, TheHostDestroysTheLibrarysOwnWindows) {
     }
 }
 
-// A message that the system dispatches, as a host's timers and buttons are.
+// Dispatched by the system, as messages of a host's timers and buttons are.
 std::function<void()>* posted_work = nullptr;
 
 LRESULT CALLBACK run_posted_work(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

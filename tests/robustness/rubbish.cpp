@@ -13,7 +13,7 @@ constexpr VARTYPE variable_types[] = {VT_I1,   VT_I2,       VT_I4,      VT_I8,  
                                       VT_UI4,  VT_UI8,      VT_INT,     VT_UINT, VT_R4,     VT_R8,
                                       VT_CY,   VT_DATE,     VT_BSTR,    VT_BOOL, VT_ERROR,  VT_BSTR,
                                       VT_BSTR, VT_DISPATCH, VT_UNKNOWN, VT_CY,   VT_DECIMAL};
-// Types that only a careless host puts into a variant, without content.
+// Types that are invalid in a variant, passed without content.
 constexpr VARTYPE careless_types[] = {15,          VT_VOID, VT_HRESULT, VT_PTR, VT_RECORD,
                                       VT_FILETIME, VT_BLOB, VT_CLSID,   0x0FFF, VT_VECTOR | VT_I4};
 
@@ -86,7 +86,7 @@ constexpr const wchar_t* texts[] = {
     L"Textos (*.txt)|*.txt|Todos|*.*",
     L"Error",
 };
-// None leads out of the current folder.
+// None names a file outside the current folder.
 constexpr const wchar_t* tame_texts[] = {
     L"",
     L"prueba.ini",
@@ -198,13 +198,13 @@ Variant Rubbish::value_of(VARTYPE type, bool tame) {
             break;
         case VT_DECIMAL:
             result.decVal.sign = random.one_in(2) ? DECIMAL_NEG : 0;
-            // More decimals than that are no decimal number.
+            // A larger scale is invalid.
             result.decVal.scale = static_cast<BYTE>(tame ? 28 : random.below(29));
             result.decVal.Hi32 = static_cast<ULONG>(tame || random.one_in(2) ? 0 : random.next());
             result.decVal.Lo64 = tame ? random.below(3) : random.next() >> random.below(64);
             break;
         default: {
-            // Whole numbers of any size; a currency is one of ten-thousandths.
+            // Integers of any size; a currency is one too.
             const double chosen = number(tame);
             const bool fits = std::abs(chosen) < 9e18;
             result.llVal = fits && !random.one_in(8) ? static_cast<LONGLONG>(chosen)
@@ -224,7 +224,7 @@ Variant Rubbish::array(bool tame) {
     const VARTYPE element = random.any_of(elements);
     Variant result;
     if (random.one_in(12)) {
-        result.vt = VT_ARRAY | element;  // one without an array, as uninitialized ones are
+        result.vt = VT_ARRAY | element;  // a null array, as uninitialized ones are
         return result;
     }
     const UINT dimensions = random.one_in(3) ? 1 + static_cast<UINT>(random.below(3)) : 1;

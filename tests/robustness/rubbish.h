@@ -1,4 +1,4 @@
-// Values and objects that no sensible host passes, and some that one does.
+// Random values and objects, most of which no sensible host passes.
 #pragma once
 
 #include <functional>
@@ -13,17 +13,17 @@
 
 namespace kovrel::test {
 
-/// What happens in the middle of a call of an object's.
+/// What an object does when it is called.
 using Disturbance = std::function<void()>;
 
 class Rubbish {
  public:
     explicit Rubbish(std::uint64_t seed) : random(seed) {}
 
-    /// A value of any type, that owns what it holds. `tame` ones come from a short list: for
-    /// members that write files named by them, or wait as long as they say.
+    /// A value of any type. `tame` ones come from a short list, for members that write files named
+    /// by them, or wait as long as they say.
     Variant value(bool tame = false);
-    /// A value of just a type (one that a variable can have).
+    /// A value of a given type (one that a variable can have).
     Variant value_of(VARTYPE type, bool tame = false);
     /// A type that a variable can have.
     VARTYPE variable_type();
@@ -31,7 +31,7 @@ class Rubbish {
     Variant object(bool tame = false);
 
     Random random;
-    /// Objects of others that may be passed, like the library's own.
+    /// Other objects that may be passed, like those of the library.
     std::vector<IDispatch*> other_objects;
     Disturbance disturbance;
 
@@ -40,8 +40,8 @@ class Rubbish {
     Variant array(bool tame);
 };
 
-/// Answers every name and every call, now sensibly, now with anything; after many calls with
-/// failures only, so that whoever asks until he hears something comes to an end.
+/// Accepts every name and every call, with sensible or random results; after many calls it only
+/// fails, so that loops over it end.
 class RubbishObject final : public IDispatch {
  public:
     RubbishObject(Rubbish& source, bool tame);
@@ -71,17 +71,17 @@ class RubbishObject final : public IDispatch {
     Rubbish& source_;
     ULONG references_ = 1;
     int calls_ = 0;
-    const bool tame_;  // in what it answers
+    const bool tame_;  // in its results
     const bool wild_;
-    const bool dispatch_;  // else an object of another interface alone
+    const bool dispatch_;  // else it lacks IDispatch
     std::vector<std::wstring> names_;
-    Variant referred_;  // what a result by reference refers to
+    Variant referred_;  // target of results by reference
 };
 
 /// A value with its type, for the report of a failed check.
 std::string described(const VARIANT& value, int depth = 0);
 
-/// True for a value that a variable can hold after a call, all that it holds included.
+/// True for a valid variant with valid content.
 bool is_sound(const VARIANT& value);
 
 }  // namespace kovrel::test

@@ -1,4 +1,4 @@
-// The object that answers anything, and what can be said of values.
+// RubbishObject, and the description and validation of values.
 #include <algorithm>
 #include <cstdio>
 
@@ -9,7 +9,7 @@ namespace kovrel::test {
 namespace {
 
 long objects_alive = 0;
-constexpr int patience = 150;  // calls that are answered
+constexpr int patience = 150;  // calls before it only fails
 
 constexpr HRESULT results[] = {E_FAIL,
                                E_OUTOFMEMORY,
@@ -196,7 +196,7 @@ bool is_sound(const VARIANT& value) {
     }
     VARIANT copy;
     VariantInit(&copy);
-    // A copy reads every character and counts every reference.
+    // Copying reads every character and adds a reference to every object.
     const HRESULT copied = VariantCopy(&copy, const_cast<VARIANT*>(&value));
     VariantClear(&copy);
     return SUCCEEDED(copied);

@@ -8,7 +8,7 @@
 #include <string>
 #include <unordered_set>
 
-#include "tests/automation/import_patch.h"
+#include "tests/support/import_patch.h"
 
 namespace kovrel::test {
 namespace {
@@ -44,8 +44,7 @@ void* __cdecl scarce_malloc(std::size_t size) {
     return refused ? nullptr : remember(std::malloc(size));
 }
 
-// These two only the compiler's own run time asks, for its locks and for each thread's exceptions;
-// it does not expect to be refused.
+// Used only by the compiler's run time, for locks and exceptions, which does not handle failure.
 void* __cdecl counting_calloc(std::size_t count, std::size_t size) {
     return remember(std::calloc(count, size));
 }

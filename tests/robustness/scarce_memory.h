@@ -1,5 +1,5 @@
-// The library without memory: what it asks the run time and the system for is refused from a chosen
-// request on, or at that one request alone. Blocks that it has and has not given back are counted.
+// Fails the library's allocations, from a chosen one on or that one only, and counts its allocated
+// blocks.
 #pragma once
 
 #include <windows.h>
@@ -19,17 +19,16 @@ class ScarceMemory {
 
     enum class Refusal { once, from_then_on };
 
-    /// Makes the thread's first exception inside the library, given any instance of it. The
-    /// compiler's run time takes a few bytes for it, which it keeps and cannot do without.
+    /// Makes the library throw once on this thread, given any instance: the compiler's run time
+    /// allocates its per-thread data at the first exception.
     static void warm_up(IDispatch* instance);
 
-    /// Requests of this thread are counted from 1 on; those that the library makes with the ones
-    /// before `first` are granted.
+    /// Allocations of this thread are counted from 1 on; those before `first` succeed.
     static void refuse(std::size_t first, Refusal refusal);
-    /// All is granted again; how many requests there were.
+    /// Lets all allocations succeed again; returns how many there were.
     static std::size_t grant_all();
 
-    /// Blocks of the run time's that the library has.
+    /// Blocks that the library has allocated and not freed.
     static std::size_t blocks();
 
  private:

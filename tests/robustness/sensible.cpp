@@ -40,10 +40,10 @@ std::vector<ScriptedRecordset::Row> rows() {
             {Variant(L"B"), Variant(2), Variant(L"dos")}};
 }
 
-/// By the parameter's name; the others take what their type suggests.
+/// Values by parameter name; other parameters get a default of their type.
 const std::map<std::wstring, Variant>& values_by_name() {
     static const std::map<std::wstring, Variant> values{
-        {L"Nif", Variant(L"12345678A")},  // a wrong letter, which is told
+        {L"Nif", Variant(L"12345678A")},  // a wrong letter, which shows a box
         {L"DNI", Variant(12345678)},
         {L"CCC", Variant(L"20770024003102575767")},  // wrong check digits
         {L"banco", Variant(L"2077")},
@@ -163,7 +163,7 @@ Variant SensibleHost::argument(const OwnClass& of_class, const OwnMember& member
     if (name == L"pic") return Variant(image_);
     if (name == L"NombresFicheros1") return list_of_files();
     if (member.name == L"Mensajes") return Variant(OwnLibrary::get().create(L"clsMensajes"));
-    // Two members of this name take the date as a text, the others as a date.
+    // In two members this parameter is a text, in the others a date.
     const auto known = values_by_name().find(name);
     if (known != values_by_name().end()) return known->second;
     if (member.types[parameter] == VT_BSTR || member.types[parameter] == VT_VARIANT) {

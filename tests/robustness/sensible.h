@@ -1,4 +1,4 @@
-// Arguments that every member of the library does its work with, and the host's objects among them.
+// Valid arguments for every member of the library, including the host's objects.
 #pragma once
 
 #include <string>
@@ -15,10 +15,10 @@ class SensibleHost {
     SensibleHost(const SensibleHost&) = delete;
     SensibleHost& operator=(const SensibleHost&) = delete;
 
-    /// In their natural order, all of them by value.
+    /// In declaration order, by value.
     [[nodiscard]] std::vector<Variant> arguments(const OwnClass& of_class, const OwnMember& member);
 
-    /// References to the host's objects, its own included.
+    /// The sum of all reference counts of the host's objects.
     [[nodiscard]] ULONG references() const;
 
  private:
@@ -36,7 +36,7 @@ class SensibleHost {
     ComPtr<IDispatch> image_;
 };
 
-/// What a call came back with: the result, or 0x800A0000 and the number of a failure inside.
+/// The HRESULT of the call, or 0x800A0000 and the number of a failure.
 HRESULT call_member(IDispatch* instance, const OwnMember& member,
                     const std::vector<Variant>& arguments, Variant* result = nullptr);
 

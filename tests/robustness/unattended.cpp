@@ -13,9 +13,9 @@
 #include "dates/frmFECHA1.h"
 #include "messages/frmDialogo.h"
 #include "taxid/frmNIFCCC.h"
-#include "tests/automation/import_patch.h"
 #include "tests/robustness/own_library.h"
 #include "tests/robustness/random.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/window_driver.h"
 
 namespace kovrel::test {
@@ -32,12 +32,12 @@ struct ThreadState {
     std::function<void()> look;
     std::string browsed_from;
     HWND worked = nullptr;
-    int steps = 0;  // made in the window
+    int steps = 0;  // so far in the window
     bool hasty = false;
     DWORD clock = 0;
 };
 
-// Plain pointers: the state of a thread lives as long as the process, so no thread's end needs it.
+// Never freed, so that no thread needs a destructor.
 ThreadState& state() {
     static const DWORD slot = TlsAlloc();
     auto* own = static_cast<ThreadState*>(TlsGetValue(slot));
@@ -65,7 +65,7 @@ bool is_modal_class(HWND window) {
            name == frmFECHA1::window_class;
 }
 
-/// What always closes the window.
+/// Closes the window.
 void close(HWND window) {
     if (class_of(window) == frmFECHA1::window_class) {
         SYSTEMTIME now{};
@@ -78,7 +78,7 @@ void close(HWND window) {
     }
 }
 
-/// One thing that a hasty user does.
+/// One random action of a user.
 void disturb(HWND window, Random& random) {
     HWND const focus = GetFocus() != nullptr ? GetFocus() : window;
     switch (random.below(7)) {
@@ -108,7 +108,7 @@ void disturb(HWND window, Random& random) {
     }
 }
 
-/// Works the modal window in front; a few steps, and it is closed.
+/// Works the active modal window; closes it after a few steps.
 void work_windows() {
     constexpr int most_steps = 6;
     for (HWND window : own_windows()) {
@@ -135,7 +135,7 @@ BOOL WINAPI peek_message(MSG* message, HWND window, UINT first, UINT last, UINT 
 int WINAPI message_box(HWND /*owner*/, LPCWSTR text, LPCWSTR title, UINT style) {
     ++boxes_shown;
     let_event_happen();
-    // Both are read to their ends, as a box would.
+    // Reads both texts completely, as a box would.
     if (std::wcslen(text) + std::wcslen(title) == 0) return 0;
     {
         const std::scoped_lock lock(guard);
@@ -190,7 +190,7 @@ LPITEMIDLIST WINAPI browse(BROWSEINFOA* record) {
     return item;
 }
 
-/// Each look at the clock takes it a twentieth of a second on; no day ends.
+/// Each call advances the clock by a twentieth of a second, within the same day.
 void WINAPI local_time(SYSTEMTIME* time) {
     ::GetLocalTime(time);
     const DWORD now = state().clock++;

@@ -1,6 +1,6 @@
-// Nobody sits at the screen: the boxes and dialogs that the library asks the system for are
-// answered at once, its own windows are worked and closed from its own message loops, and its clock
-// runs fast. All of it by replacing what the library imports, in this process alone.
+// Runs without a user: the library's boxes and system dialogs are answered at once, its windows are
+// worked and closed from its own message loops, and its clock runs fast. Done by patching the
+// library's imports in this process.
 #pragma once
 
 #include <windows.h>
@@ -20,25 +20,25 @@ class Unattended {
     Unattended& operator=(const Unattended&) = delete;
     ~Unattended();
 
-    /// What a thread's boxes and windows are answered by.
+    /// The seed of this thread's answers to boxes and windows.
     static void set_seed(std::uint64_t seed);
-    /// From now on this thread's windows are closed before anything else happens to them.
+    /// From now on this thread's windows are closed at their first step.
     static void close_at_once();
-    /// Boxes that would have been shown up to now, by all threads.
+    /// The number of boxes so far, of all threads.
     static long boxes();
-    /// The text of the last of them, or its beginning.
+    /// The (beginning of the) text of the last box.
     static std::wstring last_box();
-    /// Messages that the library's own modal windows have got from here, on all threads.
+    /// The number of actions on the library's modal windows, on all threads.
     static long window_steps();
 
-    /// Runs within the library's next message loop on this thread, box or dialog, before anything
-    /// is answered; once.
+    /// Runs once in the library's next message loop, box or dialog on this thread, before the
+    /// answer.
     static void on_next_event(std::function<void()> event);
-    /// The folder that this thread's last folder browser was to begin at.
+    /// The initial folder of this thread's last folder browser.
     static std::string browsed_from();
 
-    /// Runs whenever the library looks for a message on this thread, and before a folder browser is
-    /// told where to begin.
+    /// Runs whenever the library peeks for a message on this thread, and before a folder browser
+    /// gets its initial folder.
     static void on_every_look(std::function<void()> action);
 
  private:
@@ -46,7 +46,7 @@ class Unattended {
     std::unique_ptr<Patches> patches_;
 };
 
-/// The library's windows that a thread has on the screen.
+/// The library's visible windows of this thread.
 std::vector<HWND> own_windows();
 
 }  // namespace kovrel::test

@@ -1,8 +1,8 @@
-// A current folder with a few files for those who look for some.
+// A current folder with a few files.
 #pragma once
 
-#include "tests/automation/test_folder.h"
 #include "tests/robustness/own_library.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 
@@ -20,7 +20,7 @@ class Workplace {
     Workplace& operator=(const Workplace&) = delete;
     ~Workplace() { SetCurrentDirectoryW(before_); }
 
-    /// Pictures on their way into fields lie in the library's own folder.
+    /// Removes the temporary files of pictures from the library's folder.
     static void remove_pictures() {
         std::error_code ignored;
         for (const auto& entry :

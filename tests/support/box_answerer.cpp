@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "runtime/owned.h"
+#include "services/text_encoding.h"
 #include "tests/support/message_box.h"
 
 namespace {
@@ -22,16 +24,6 @@ using kovrel::test::Milliseconds;
 
 constexpr int timed_out = 124;
 constexpr int bad_usage = 2;
-
-struct Handle {
-    HANDLE value = nullptr;
-    Handle() = default;
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    ~Handle() {
-        if (value != nullptr) CloseHandle(value);
-    }
-};
 
 std::vector<int> read_answers(const std::wstring& file) {
     std::vector<int> answers;
@@ -42,15 +34,6 @@ std::vector<int> read_answers(const std::wstring& file) {
         if (bar != std::string::npos) answers.push_back(std::atoi(line.c_str() + bar + 1));
     }
     return answers;
-}
-
-std::string utf8(const std::wstring& text) {
-    std::string bytes(text.size() * 3, '\0');
-    const int used =
-        WideCharToMultiByte(CP_UTF8, 0, text.c_str(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(used));
-    return bytes;
 }
 
 std::wstring command_line(const std::vector<std::wstring>& words) {
@@ -77,7 +60,7 @@ class Answerer {
             box->pressed = how.button != 0 ? how.button : box->default_button;
             // Written and closed before the box closes: the program may read the file right away.
             std::ofstream(log_, std::ios::binary | std::ios::app)
-                << utf8(kovrel::test::as_line(*box)) << '\n';
+                << kovrel::to_utf8(kovrel::test::as_line(*box)) << '\n';
             kovrel::test::answer_box(window, *box, how);
         }
     }
@@ -108,24 +91,23 @@ int main() {
     std::wstring line = command_line({words.begin() + 4, words.end()});
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
                         &started)) {
-        std::fprintf(stderr, "cannot start %s\n", utf8(words[4]).c_str());
+        std::fprintf(stderr, "cannot start %s\n", kovrel::to_utf8(words[4]).c_str());
         return bad_usage;
     }
-    Handle process;
-    process.value = started.hProcess;
+    const kovrel::Owned<HANDLE, &CloseHandle> process(started.hProcess);
     CloseHandle(started.hThread);
     const bool ended = kovrel::test::wait_until(
         [&] {
             answerer.look(started.dwProcessId);
-            return WaitForSingleObject(process.value, 0) == WAIT_OBJECT_0;
+            return WaitForSingleObject(process.get(), 0) == WAIT_OBJECT_0;
         },
         limit);
     if (!ended) {
         std::fputs("the program did not end in time\n", stderr);
-        TerminateProcess(process.value, timed_out);
+        TerminateProcess(process.get(), timed_out);
         return timed_out;
     }
     DWORD code = 0;
-    GetExitCodeProcess(process.value, &code);
+    GetExitCodeProcess(process.get(), &code);
     return static_cast<int>(code);
 }

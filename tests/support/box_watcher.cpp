@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+#include "services/text_encoding.h"
+
 namespace kovrel::test {
 
 Expectation answer(int button, std::wstring picture) {
@@ -32,12 +34,7 @@ std::filesystem::path picture_folder() {
 }
 
 std::string narrow(const std::wstring& text) {
-    const int size = static_cast<int>(text.size());
-    std::string bytes(text.size() * 3, '\0');
-    const int used = WideCharToMultiByte(CP_UTF8, 0, text.c_str(), size, bytes.data(),
-                                         static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(used));
-    return bytes;
+    return to_utf8(text);
 }
 
 BoxWatcher::BoxWatcher(std::vector<Expectation> expected, Milliseconds limit, DWORD process)
@@ -89,7 +86,7 @@ bool BoxWatcher::look_once() {
         if (present_before_.contains(window)) continue;
         if (handled_.contains(window)) continue;
         if (handle_box(window) || handle_window(window)) {
-            // The number of a window that is gone may be given to the next one.
+            // Handles of closed windows may be reused.
             std::erase_if(handled_, [](HWND old) { return !IsWindow(old); });
             return true;
         }
@@ -116,7 +113,7 @@ bool BoxWatcher::handle_box(HWND window) {
     }
     std::size_t place = 0;
     {
-        // Recorded before it closes: the call may return and ask while this thread is still here.
+        // Recorded before it closes, since the call may return before this thread goes on.
         const std::lock_guard lock(mutex_);
         box->pressed = how.button != 0 ? how.button : how.key != 0 ? 0 : box->default_button;
         seen_.push_back(*box);

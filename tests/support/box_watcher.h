@@ -35,10 +35,10 @@ Expectation on_window(WindowQuery window, std::function<void(HWND)> action);
 
 class BoxWatcher {
  public:
-    // No expectation means that no box may appear. `limit` is how long an expected window may stay
-    // away, and how long an unannounced window may stay open, before the test fails.
-    // `process` is whose windows are watched, 0 being this process; for another one icon_probe.dll
-    // must lie beside the test program.
+    // Without expectations no box may appear. `limit` is how long to wait for an expected window,
+    // and how long an unexpected one may stay open, before the test fails. `process` is whose
+    // windows are watched, 0 being this process; for another one icon_probe.dll must lie beside the
+    // test program.
     explicit BoxWatcher(std::vector<Expectation> expected = {}, Milliseconds limit = default_limit,
                         DWORD process = 0);
 
@@ -49,8 +49,8 @@ class BoxWatcher {
     BoxWatcher(const BoxWatcher&) = delete;
     BoxWatcher& operator=(const BoxWatcher&) = delete;
 
-    // The boxes up to now, answered or about to be. A box that was not announced is here too: it
-    // is answered by its default button, so that the call ends.
+    // The boxes up to now. An unexpected box is here too: it is answered with its default button,
+    // so that the call ends.
     std::vector<SeenBox> seen() const;
 
     // For windows that appear after the call: waits until everything announced has been dealt with.

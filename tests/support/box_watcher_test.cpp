@@ -1,4 +1,4 @@
-// The watcher itself, on boxes and windows of the platform's own.
+// Tests of BoxWatcher and the window driver, with the platform's own boxes and windows.
 #include "tests/support/box_watcher.h"
 
 #include <gtest/gtest-spi.h>

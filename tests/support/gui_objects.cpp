@@ -24,7 +24,7 @@ static_assert(sizeof(HandleEntry) == 24);
 constexpr std::size_t table_offset = sizeof(void*) == 8 ? 0xF8 : 0x94;
 
 std::size_t drawing_objects() {
-    // Wine counts none: there the table is the process's own.
+    // Wine answers 0; there the table holds the objects of this process only.
     if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return counted;
     const auto* const block =
         reinterpret_cast<const char*>(NtCurrentTeb()->ProcessEnvironmentBlock);
@@ -52,7 +52,7 @@ GuiObjects gui_objects() {
     GuiObjects objects;
     EnumThreadWindows(GetCurrentThreadId(), &count_window,
                       reinterpret_cast<LPARAM>(&objects.windows));
-    // Afterwards: a thread's first look at windows brings drawing objects of the system's own.
+    // Counted last: enumerating windows for the first time creates drawing objects.
     objects.drawing = drawing_objects();
     return objects;
 }

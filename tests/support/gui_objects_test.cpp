@@ -1,4 +1,4 @@
-// The counting of drawing objects and windows itself: it would find a leak.
+// Tests of gui_objects: leaks are counted.
 #include "tests/support/gui_objects.h"
 
 #include <windows.h>
@@ -8,7 +8,7 @@
 namespace kovrel::test {
 namespace {
 
-TEST(GuiObjectsCount, ADrawingObjectMoreIsSeen) {
+TEST(GuiObjectsCount, CountsDrawingObjects) {
     (void)gui_objects();  // the first use brings the system's own
     DeleteObject(CreateSolidBrush(0));
     const GuiObjects before = gui_objects();
@@ -21,7 +21,7 @@ TEST(GuiObjectsCount, ADrawingObjectMoreIsSeen) {
     EXPECT_EQ(gui_objects(), before);
 }
 
-TEST(GuiObjectsCount, AHiddenWindowAndItsControlsAreSeen) {
+TEST(GuiObjectsCount, CountsHiddenWindowsAndTheirControls) {
     const GuiObjects before = gui_objects();
     HWND const window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
                                         nullptr, nullptr);

@@ -4,6 +4,7 @@
 #include <windowsx.h>
 
 #include "automation/safe_array.h"
+#include "tests/support/window_driver.h"
 
 namespace kovrel::test {
 namespace {
@@ -13,8 +14,7 @@ constexpr int label_width = 150;
 constexpr int field_width = 230;
 constexpr const wchar_t* form_class = L"KovrelHostForm";
 
-/// A form that becomes active again gives the focus back to the field that had it, unless a field
-/// has been given it in the meantime.
+/// A form that is activated again restores the focus, unless a field has been given it meanwhile.
 LRESULT CALLBACK form_procedure(HWND form, UINT message, WPARAM wparam, LPARAM lparam) {
     const bool activated = message == WM_ACTIVATE && LOWORD(wparam) != WA_INACTIVE;
     if (activated && IsChild(form, GetFocus())) return 0;
@@ -33,23 +33,16 @@ void register_form_class() {
     RegisterClassExW(&info);
 }
 
-std::wstring read_text(HWND window) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(
-        GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 int item_of_text(HWND combo) {
     return static_cast<int>(SendMessageW(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                         reinterpret_cast<LPARAM>(read_text(combo).c_str())));
+                                         reinterpret_cast<LPARAM>(text_of(combo).c_str())));
 }
 
 void add_item(HWND combo, const std::wstring& text) {
     SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-/// The rows of a whole list: the first column is what the real control shows.
+/// Adds the rows of a List array; the control shows the first column.
 void fill(HWND combo, const Variant& list) {
     SAFEARRAY* const array = array_in(list, VT_VARIANT, 2);
     const auto rows = static_cast<std::size_t>(array_extent(array, 1));
@@ -59,12 +52,12 @@ void fill(HWND combo, const Variant& list) {
     }
 }
 
-/// What every control has.
+/// The members that all controls have.
 ComPtr<ScriptedObject> make_control(HWND window, const std::wstring& name) {
     auto object = ScriptedObject::make();
     object->property(L"Tag", Variant(name))
         .property(
-            L"Text", [window](const auto&) { return Variant(read_text(window)); },
+            L"Text", [window](const auto&) { return Variant(text_of(window)); },
             [window](const auto& arguments) {
                 SetWindowTextW(window, arguments.back().to_text().c_str());
                 return Variant();
@@ -92,20 +85,7 @@ Variant picked_date(HWND picker) {
     return Variant(date);
 }
 
-}  // namespace
-
-std::wstring HostControl::text() const {
-    return read_text(window);
-}
-
-void HostControl::set_text(const std::wstring& text) const {
-    SetWindowTextW(window, text.c_str());
-}
-
-bool HostControl::is_dropped_down() const {
-    return SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0) != 0;
-}
-
+/// A text box; `max_length` 0 sets no limit. Its default member is Text.
 HostControl wrap_text(HWND window, const std::wstring& name, int max_length) {
     if (max_length > 0) SendMessageW(window, EM_SETLIMITTEXT, static_cast<WPARAM>(max_length), 0);
     auto object = make_control(window, name);
@@ -113,13 +93,14 @@ HostControl wrap_text(HWND window, const std::wstring& name, int max_length) {
     return {window, std::move(object)};
 }
 
+/// A combo box; its default member, Value, is a null while its text is none of the list's.
 HostControl wrap_combo(HWND window, const std::wstring& name) {
     auto object = make_control(window, name);
     object
         ->property(L"Value",
                    [window](const auto&) {
                        return item_of_text(window) == CB_ERR ? Variant::null()
-                                                             : Variant(read_text(window));
+                                                             : Variant(text_of(window));
                    })
         .property(
             L"ListCount",
@@ -154,6 +135,20 @@ HostControl wrap_combo(HWND window, const std::wstring& name) {
                 })
         .default_member(L"Value");
     return {window, std::move(object)};
+}
+
+}  // namespace
+
+std::wstring HostControl::text() const {
+    return text_of(window);
+}
+
+void HostControl::set_text(const std::wstring& text) const {
+    SetWindowTextW(window, text.c_str());
+}
+
+bool HostControl::is_dropped_down() const {
+    return SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0) != 0;
 }
 
 HostForm::HostForm(const std::wstring& title) {

@@ -22,12 +22,6 @@ struct HostControl {
     [[nodiscard]] bool is_dropped_down() const;
 };
 
-// Controls that a host made itself. The name is the field's Tag.
-// A text box; `max_length` 0 sets no limit. Its default member is Text.
-HostControl wrap_text(HWND window, const std::wstring& name, int max_length = 0);
-// A combo box; its default member, Value, is a null while its text is none of the list's.
-HostControl wrap_combo(HWND window, const std::wstring& name);
-
 class HostForm {
  public:
     explicit HostForm(const std::wstring& title);
@@ -35,12 +29,14 @@ class HostForm {
     HostForm& operator=(const HostForm&) = delete;
     ~HostForm();
 
-    // Each field stands below the one before, with its name in front.
+    // Each field stands below the one before, with its name, which is also its Tag, in front.
+    // A text box; `max_length` 0 sets no limit. Its default member is Text.
     HostControl add_text(const std::wstring& name, int max_length = 0);
     // A date field with the mask __/__/____ (the mask is its text while it is empty).
     HostControl add_masked_date(const std::wstring& name);
     // A date picker; its default member is Value, a date.
     HostControl add_date_picker(const std::wstring& name);
+    // A combo box; its default member, Value, is a null while its text is none of the list's.
     HostControl add_combo(const std::wstring& name, const std::vector<std::wstring>& items);
 
     [[nodiscard]] HWND window() const noexcept { return window_; }

@@ -1,4 +1,4 @@
-// A message hook that runs in the process of a box, because only there its icon can be recognised.
+// A message hook that runs in the process of the box, where its icon can be identified.
 #include "tests/support/icon_style.h"
 
 extern "C" __declspec(dllexport) LRESULT CALLBACK

@@ -80,9 +80,9 @@ std::optional<SeenBox> read_box(HWND window) {
             return std::nullopt;  // a dialog of another kind
         }
     }
-    // A box on its way has no text yet, and one of a busy process does not tell it.
+    // The text is empty while the box is being created or its process is busy.
     if (box.text.empty() || buttons.empty()) return std::nullopt;
-    // It gets its title before its text, and none where it is to have none.
+    // The title is set before the text, and may be empty.
     box.title = text_of(window);
     std::sort(buttons.begin(), buttons.end(), [](const Control& left, const Control& right) {
         return left.bounds.left < right.bounds.left;
@@ -95,7 +95,7 @@ std::optional<SeenBox> read_box(HWND window) {
         }
         box.buttons.push_back({button.id, without_access_key(button.text)});
     }
-    // A dialog still in the making can look like a box, but a box has a default button.
+    // A dialog that is being created can look like a box, but lacks the default button.
     if (box.default_button == 0) return std::nullopt;
     const int set = button_set_style(box.buttons);
     if (icon < 0 || set < 0) return std::nullopt;
@@ -109,7 +109,7 @@ bool answer_box(HWND window, SeenBox& box, BoxAnswer how, Milliseconds limit) {
     const int wanted = how.button != 0 ? how.button : box.default_button;
     HWND const button = GetDlgItem(window, wanted);
     box.pressed = wanted;
-    // A press can be lost while the box is still being activated: it is repeated.
+    // Repeated, since a press is lost while the box is being activated.
     while (!closed() && std::chrono::steady_clock::now() < end) {
         if (how.key != 0) {
             if (bring_to_front(window)) press_key(how.key);

@@ -18,8 +18,8 @@ struct BoxButton {
 struct SeenBox {
     std::wstring title;
     std::wstring text;
-    // As MessageBox was asked: icon (0, 16, 32, 48, 64), plus the set of buttons (0 OK, 1 OK and
-    // Cancel, 2 Abort, Retry, Ignore, 3 Yes, No, Cancel, 4 Yes and No, 5 Retry and Cancel, 6
+    // The style passed to MessageBox: icon (0, 16, 32, 48, 64), plus the set of buttons (0 OK, 1 OK
+    // and Cancel, 2 Abort, Retry, Ignore, 3 Yes, No, Cancel, 4 Yes and No, 5 Retry and Cancel, 6
     // Cancel, Try, Continue), plus 256 or 512 where the second or third button is the default.
     int style = 0;
     std::vector<BoxButton> buttons;  // from left to right

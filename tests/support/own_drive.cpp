@@ -18,7 +18,7 @@ UnixName unix_name() {
         GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name")));
 }
 
-/// What Wine's mount manager takes: the drive's letter and where its folder's name stands.
+/// The request of Wine's mount manager: the drive letter and the offset of the folder's name.
 struct UnixDrive {
     ULONG size;
     ULONG type;
@@ -31,7 +31,7 @@ struct UnixDrive {
     USHORT label;
 };
 
-/// Wine's drives are those of its mount manager alone. An empty folder takes the drive away.
+/// Wine takes its drives from its mount manager only. An empty folder removes the drive.
 bool define_unix_drive(wchar_t letter, const std::string& folder) {
     std::vector<char> room(sizeof(UnixDrive) + folder.size() + 1);
     auto* const drive = reinterpret_cast<UnixDrive*>(room.data());
@@ -75,7 +75,7 @@ void remove_drive(const std::wstring& root, const std::wstring& folder) {
 
 OwnDrive::OwnDrive(const std::wstring& folder) : folder_(folder) {
     std::filesystem::create_directories(folder_);
-    // Other tests count on there being no drive Q.
+    // Other tests need drive Q not to exist.
     for (wchar_t letter = L'G'; letter < L'Q' && root_.empty(); ++letter) {
         const std::wstring root = {letter, L':', L'\\'};
         if (GetDriveTypeW(root.c_str()) == DRIVE_NO_ROOT_DIR && define_drive(root, folder_)) {

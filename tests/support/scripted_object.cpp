@@ -160,7 +160,7 @@ Variant ScriptedObject::run(const Member& member, bool puts, const Arguments& ar
         entry += L')';
     }
     log_.push_back(std::move(entry));
-    // The action may change the object's members or let go of the object.
+    // Copied, since the action may change the members or release the object.
     const Action action = puts ? member.put : member.get;
     return action(arguments);
 }

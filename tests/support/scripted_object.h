@@ -1,5 +1,5 @@
-// An automation object whose members a test writes: values, actions and failures, by name, with a
-// log of every call. It stands for whatever a host passes to the library.
+// An automation object with members set by the test (values, actions and failures) and a log of
+// every call; it represents an object that a host passes to the library.
 //
 //     auto field = ScriptedObject::make();
 //     field->property(L"Text", Variant(L"abc")).method(L"SetFocus").default_member(L"Text");
@@ -22,8 +22,7 @@ namespace kovrel::test {
 
 using Log = std::vector<std::wstring>;
 
-// What an action throws to fail as objects of other people's do: by an exception record, or (with
-// `result`) by a bare HRESULT.
+// Thrown by an action to fail with an exception record or (with `result`) with a bare HRESULT.
 struct ObjectFailure {
     std::int32_t scode = 0;
     std::wstring description;
@@ -46,7 +45,7 @@ class ScriptedObject final : public IDispatch {
 
     // A property that keeps what is put into it.
     ScriptedObject& property(const std::wstring& name, Variant value);
-    // One whose reading (and writing) is an action; a put without an action is no member.
+    // One whose get (and put) is an action; without a put action it is read-only.
     ScriptedObject& property(const std::wstring& name, Action get, Action put = {});
     // Without an action it does nothing.
     ScriptedObject& method(const std::wstring& name, Action action = {});

@@ -1,5 +1,5 @@
-// Spanish regional settings for tests and fuzz targets, where the platform's own readers are not
-// at hand: plain readings of numbers and of day/month/year dates.
+// Spanish regional settings for tests and fuzz targets without the platform's parsers: simple
+// parsing of numbers and of day/month/year dates.
 #pragma once
 
 #include <array>

@@ -64,9 +64,9 @@ BOOL CALLBACK collect(HWND window, LPARAM list) {
     return TRUE;
 }
 
-/// The mouse over the middle of the control; its bounds.
+/// Moves the mouse to the middle of the control; returns its bounds.
 RECT point_at(HWND control) {
-    // A new window may still be on its way to where the window manager puts it.
+    // The window manager may still be moving a new window.
     RECT bounds{};
     int still = 0;
     wait_until(
@@ -220,8 +220,7 @@ HWND focus_of(HWND window) {
 }
 
 bool bring_to_front(HWND window, Milliseconds limit) {
-    // A window manager that is still busy with windows that have just come or gone may move the
-    // keyboard once more.
+    // The window manager may still change the active window after others have opened or closed.
     int still = 0;
     const auto stays_in_front = [&] {
         if (GetForegroundWindow() == window) return ++still >= polls_at_rest;

@@ -1,5 +1,5 @@
-// Reads and works real windows as a user does: finds them and their controls, types, clicks, tabs,
-// resizes, keeps pictures. Everything waits by polling with a limit, never by a fixed pause.
+// Drives real windows as a user does: finds them and their controls, types, clicks, resizes, saves
+// pictures. Everything waits by polling with a limit, never by a fixed delay.
 #pragma once
 
 #include <windows.h>
@@ -62,7 +62,7 @@ HWND find_control(HWND window, int id);
 // Controls in the order in which the Tab key visits them, beginning with the first of all.
 std::vector<HWND> tab_order(HWND window);
 
-// Which control of the window's thread has the keyboard.
+// The control of the window's thread that has the focus.
 HWND focus_of(HWND window);
 
 // Brings the window to the front, so that real keys reach it; false when it does not come.

@@ -7,7 +7,7 @@
 
 #include "tests/support/window_driver.h"
 
-// The header of GDI+ uses min and max without a namespace and leaves out what it rests on.
+// The header of GDI+ needs min and max in the global namespace.
 using std::max;
 using std::min;
 #include <gdiplus.h>
@@ -85,10 +85,10 @@ bool save_picture(HWND window, const std::filesystem::path& file) {
     std::error_code ignored;
     std::filesystem::create_directories(file.parent_path(), ignored);
     RECT bounds;
-    // What lies outside the screen cannot be copied, and keeps the rest from being copied too.
+    // Copying fails for rectangles that extend beyond the screen.
     const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
     if (!GetWindowRect(window, &bounds) || !IntersectRect(&bounds, &bounds, &screen)) return false;
-    // The screen follows the program with a delay: the picture is taken once it is still.
+    // Painting is delayed, so the picture is taken once it no longer changes.
     std::vector<std::uint32_t> before;
     int still = 0;
     const auto settled = [&] {

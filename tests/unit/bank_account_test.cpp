@@ -21,7 +21,7 @@ Notice expected(std::wstring_view rest) {
             L"Datos bancarios incorrectos"};
 }
 
-TEST(BankAccount, IsCutIntoItsPieces) {
+TEST(BankAccount, IsSplitIntoItsParts) {
     constexpr std::wstring_view code = L"12345678901234567890";
     EXPECT_EQ(bank_of(code), L"1234");
     EXPECT_EQ(branch_of(code), L"5678");
@@ -30,7 +30,7 @@ TEST(BankAccount, IsCutIntoItsPieces) {
     EXPECT_EQ(account_of(L"1234567890123456789012345"), L"1234567890");
 }
 
-TEST(BankAccount, AShortCodeHasShortPieces) {
+TEST(BankAccount, AShortCodeHasShortParts) {
     EXPECT_EQ(bank_of(L""), L"");
     EXPECT_EQ(branch_of(L""), L"");
     EXPECT_EQ(control_digits_of(L""), L"");
@@ -48,7 +48,7 @@ TEST(ControlDigits, FollowTheWeights) {
     EXPECT_EQ(control_digits(L"1234", L"5678", L"1234567890"), L"06");
 }
 
-TEST(ControlDigits, TenIsOneAndElevenIsZero) {
+TEST(ControlDigits, TenIsWrittenOneAndElevenZero) {
     EXPECT_EQ(control_digits(L"0000", L"0000", L"0000000000"), L"00");
     // A single 1 with the weight 1 leaves the remainder 1; with 10 it leaves 10.
     EXPECT_EQ(control_digits(L"", L"", L"1000000000"), L"01");
@@ -56,10 +56,10 @@ TEST(ControlDigits, TenIsOneAndElevenIsZero) {
     EXPECT_EQ(control_digits(L"0001", L"0000", L""), L"10");
 }
 
-TEST(ControlDigits, WhatIsMissingOrNoDigitCountsAsZero) {
+TEST(ControlDigits, MissingDigitsAndOtherCharactersCountAsZero) {
     EXPECT_EQ(control_digits(L"", L"", L""), L"00");
     EXPECT_EQ(control_digits(L"A08Ñ", L"-1 3", L"x"), control_digits(L"0080", L"0103", L"0"));
-    // Bank and branch are one run of eight digits, however they are cut.
+    // Bank and branch are used as one number of eight digits.
     EXPECT_EQ(control_digits(L"20850103", L"", L""), control_digits(L"2085", L"0103", L""));
     EXPECT_EQ(control_digits(L"2085", L"01039999", L"12345678901111"),
               control_digits(L"2085", L"0103", L"1234567890"));
@@ -72,24 +72,24 @@ TEST(ControlDigits, EveryChangedDigitChangesThem) {
             if (digit == code[position]) continue;
             auto changed = code;
             changed[position] = digit;
-            // 10 and 1 are both written 1: only a change between these two remainders is unseen.
+            // Only a change between the remainders of 10 and 1, both written as 1, is not detected.
             EXPECT_EQ(notice(changed).has_value(), right_digits(changed) != changed.substr(8, 2));
         }
     }
 }
 
-TEST(BankAccountNotice, ARightCodeHasNone) {
+TEST(BankAccountNotice, AValidCodeHasNone) {
     EXPECT_EQ(notice(L"20770024003102575766"), std::nullopt);
     EXPECT_EQ(notice(L"20770024003102575766", true), std::nullopt);
     EXPECT_EQ(notice(L"00000000000000000000"), std::nullopt);
 }
 
-TEST(BankAccountNotice, RevealsTheRightDigits) {
+TEST(BankAccountNotice, ShowsTheCorrectDigits) {
     EXPECT_EQ(notice(L"20770024123102575766", true),
               expected(L"          D.C. Correcto.......: 00"));
 }
 
-TEST(BankAccountNotice, SaysWhereTheErrorLies) {
+TEST(BankAccountNotice, SaysWhichDigitIsWrong) {
     EXPECT_EQ(notice(L"20770024123102575766"),
               expected(L"Errores localizados en los 8 primeros dígitos (Banco-Sucursal) y en en "
                        L"los 10 últimos dígitos (Nº de Cuenta)"));

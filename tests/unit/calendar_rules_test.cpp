@@ -62,7 +62,7 @@ TEST(YearToFourDigits, EveryYearIsOfThisCentury) {
     EXPECT_EQ(converted(-1995), L"2005");
 }
 
-TEST(YearToFourDigits, AFailureLeavesTheSum) {
+TEST(YearToFourDigits, AFailureLeavesTheChangedYear) {
     std::int16_t year = -2001;
     EXPECT_EQ(failure_of([&] { return year_to_four_digits(year, until_2029); }), 13);
     EXPECT_EQ(year, -1);
@@ -71,7 +71,7 @@ TEST(YearToFourDigits, AFailureLeavesTheSum) {
     EXPECT_EQ(year, -30768);
 }
 
-TEST(YearToFourDigits, ALongerYearIsTold) {
+TEST(YearToFourDigits, AYearOfMoreDigitsShowsABox) {
     const Notice expected{L"Error al convertir el año a 4 dígitos", NoticeStyle::critical,
                           std::nullopt};
     EXPECT_EQ(two_digit_year_notice(100), expected);
@@ -132,7 +132,7 @@ TEST(WeekOfMonth, CountsTheMondaysOfEveryMonth) {
     }
 }
 
-TEST(WeekOfMonth, FailsForWhatIsNoDate) {
+TEST(WeekOfMonth, FailsForInvalidDates) {
     EXPECT_EQ(failure_of([] { return week_of_month(1e9); }), 5);
     EXPECT_EQ(week_of_month(first_day), 1);
     EXPECT_EQ(week_of_month(last_day), 5);
@@ -164,7 +164,8 @@ TEST(WeekAround, KeepsTheTimeOfDay) {
     const auto sunday = day_count({2024, 3, 10});
     EXPECT_EQ(monday_of(sunday + 0.25), sunday - 6 + 0.25);
     EXPECT_EQ(sunday_of(sunday - 3 + 0.5), sunday + 0.5);
-    // 6:00 on Sunday 31 December 1899; its Monday is day -5, whose time counts backwards.
+    // 6:00 on Sunday 31 December 1899; its Monday is day -5, before day 0 the fraction is
+    // subtracted.
     EXPECT_EQ(monday_of(1.25), -5.25);
     EXPECT_EQ(sunday_of(-5.25), 1.25);
     EXPECT_EQ(monday_of(-0.5), -5.5);
@@ -198,7 +199,7 @@ TEST(CurrentMonth, StandsInForZero) {
     EXPECT_EQ(with_defaults(-3, 12), (MonthOfYear{-3, 12}));
 }
 
-TEST(FirstAndLastOfMonth, AreReadAsTheUserWritesDates) {
+TEST(FirstAndLastOfMonth, AreReadInTheUsersDateOrder) {
     EXPECT_EQ(first_of_month({2, 2024}, until_2029), day_count({2024, 2, 1}));
     EXPECT_EQ(last_of_month({2, 2024}, 29, until_2029), day_count({2024, 2, 29}));
     EXPECT_EQ(first_of_month({13, 2024}, until_2029), day_count({2024, 1, 13}));

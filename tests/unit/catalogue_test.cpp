@@ -133,7 +133,7 @@ TEST(Catalogue, Database) {
     EXPECT_EQ(database_not_reached(title, L" "), critical(text + L"\r\r "));
 }
 
-TEST(Catalogue, ATitleThatWasNeverSetIsEmptyAndNotAbsent) {
+TEST(Catalogue, ATitleThatWasNeverSetIsEmptyNotAbsent) {
     EXPECT_EQ(process_cancelled(L"").title, L"");
 }
 

@@ -1,4 +1,4 @@
-// Colours that can be told apart, and the colours of the progress bar made from them.
+// Contrast of colours, and the colours of the progress bar derived from it.
 #include <gtest/gtest.h>
 
 #include "progress/bar_colors.h"
@@ -26,13 +26,13 @@ TEST(Contrast, IsThePublishedRatio) {
     EXPECT_NEAR(contrast(white, cyan), 1.46, 0.005);
 }
 
-TEST(Contrast, ADarkenedColourKeepsItsShades) {
+TEST(Contrast, ADarkenedColourKeepsItsHue) {
     EXPECT_EQ(darkened(cyan, 255), cyan);
     EXPECT_EQ(darkened(rgb(200, 100, 50), 51), rgb(40, 20, 10));
     EXPECT_EQ(darkened(white, 0), black);
 }
 
-TEST(BarColors, ABarIsDarkenedNoMoreThanItsTextNeeds) {
+TEST(BarColors, ABarIsDarkenedNoMoreThanNeeded) {
     for (const Color color : {white, cyan, rgb(51, 153, 255), rgb(0, 120, 215), rgb(255, 255, 0)}) {
         const double ratio = contrast(bar_colors(white, color).bar(), white);
         EXPECT_GE(ratio, 4.5) << std::hex << color;
@@ -40,7 +40,7 @@ TEST(BarColors, ABarIsDarkenedNoMoreThanItsTextNeeds) {
     }
 }
 
-TEST(BarColors, TheSystemsOwnWhereTheyCanBeRead) {
+TEST(BarColors, AreTheSystemColoursIfLegible) {
     EXPECT_EQ(bar_colors(white, rgb(0, 0, 128)), (BarColors{white, rgb(0, 0, 128)}));
     EXPECT_EQ(bar_colors(white, rgb(55, 0, 110)).bar(), rgb(55, 0, 110));
     const BarColors desert = bar_colors(rgb(255, 250, 239), rgb(144, 57, 9));
@@ -48,7 +48,7 @@ TEST(BarColors, TheSystemsOwnWhereTheyCanBeRead) {
     EXPECT_EQ(desert.bar(), rgb(144, 57, 9));
 }
 
-TEST(BarColors, ADarkGroundStays) {
+TEST(BarColors, ADarkBackgroundIsKept) {
     for (const Color window : {black, rgb(32, 32, 32), rgb(45, 50, 54)}) {
         for (const Color highlight : {cyan, rgb(214, 180, 253), rgb(161, 191, 222), white}) {
             EXPECT_EQ(bar_colors(window, highlight).ground, window) << std::hex << highlight;
@@ -56,12 +56,12 @@ TEST(BarColors, ADarkGroundStays) {
     }
 }
 
-TEST(BarColors, WhiteIsTheGroundOfABarThatWouldVanish) {
+TEST(BarColors, TheBackgroundIsWhiteIfTheBarWouldBeInvisible) {
     EXPECT_EQ(bar_colors(black, rgb(0, 0, 128)), (BarColors{white, rgb(0, 0, 128)}));
     EXPECT_EQ(bar_colors(rgb(128, 128, 128), rgb(0, 120, 215)).ground, white);
 }
 
-TEST(BarColors, NoTwoSystemColoursMakeItIllegible) {
+TEST(BarColors, AreLegibleWithAnySystemColours) {
     for (Color window = 0; window <= white; window += 0x050B11) {
         for (Color highlight = 0; highlight <= white; highlight += 0x0B0705) {
             const BarColors colors = bar_colors(window, highlight);

@@ -10,7 +10,7 @@
 namespace kovrel {
 namespace {
 
-// Answers every text that reaches it with the same number.
+// Reads every text as the same number.
 class FixedRegional final : public testing_support::SpanishRegional {
  public:
     explicit FixedRegional(std::optional<double> number) : number_(number) {}

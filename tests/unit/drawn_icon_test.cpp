@@ -16,7 +16,7 @@ std::uint32_t color(std::uint32_t pixel) {
     return pixel & 0xFFFFFFU;
 }
 
-TEST(DrawnIcon, IsAWhiteCrossOnARedDiscWithNothingAround) {
+TEST(DrawnIcon, IsAWhiteCrossOnARedDiscOnTransparent) {
     for (const int size : {16, 32, 48, 256}) {
         const auto pixels = draw_sign(Sign::rejected, size);
         const auto side = static_cast<std::size_t>(size);

@@ -22,7 +22,7 @@ std::int32_t failure_of(const Action& action) {
     return 0;
 }
 
-TEST(LanguageSupport, WhatIsOutOfRangeIsAnInvalidArgument) {
+TEST(LanguageSupport, OutOfRangeIsAnInvalidArgument) {
     const std::wstring text(L"dos");
     const std::vector<int> numbers(2);
     const std::function<void()> nothing;
@@ -32,7 +32,7 @@ TEST(LanguageSupport, WhatIsOutOfRangeIsAnInvalidArgument) {
     EXPECT_EQ(failure_of([&] { nothing(); }), 5);
 }
 
-TEST(LanguageSupport, WhatNoMemoryHoldsIsOutOfMemory) {
+TEST(LanguageSupport, LengthErrorIsOutOfMemory) {
     std::wstring text(L"dos");
     std::vector<int> numbers;
     EXPECT_EQ(failure_of([&] { numbers.reserve(numbers.max_size() + 1); }), 7);

@@ -26,7 +26,7 @@ TEST(ComboNotices, DependOnTheList) {
                                                           NoticeStyle::exclamation, L"Clientes"}));
 }
 
-TEST(ZipNotices, OnlyTheFirstIsUnderTheLibrarysTitle) {
+TEST(ZipNotices, OnlyTheFirstHasTheLibrarysTitle) {
     EXPECT_EQ(archive_needs_a_name(), (Notice{L"Debe indicar un nombre de fichero correcto.",
                                               NoticeStyle::exclamation, std::nullopt}));
     EXPECT_EQ(output_folder_missing(L"Copias", L"C:\\no está"),

@@ -1,5 +1,4 @@
-// Numbers of every size as texts, against the exact digits that the C library of this machine
-// writes.
+// Numbers of every size as texts, compared with the exact digits that the C library writes.
 #include <algorithm>
 #include <bit>
 #include <cfloat>
@@ -122,12 +121,12 @@ TEST(NumberDigits, OfAmounts) {
     std::uniform_int_distribution<std::int64_t> cents(0, 1'000'000'000'000);
     for (int count = 0; count < 25'000 && !HasFatalFailure(); ++count) {
         expect_agreement_of_both_signs(std::pow(10, exponents(random)));
-        // Halves of the last decimal, which binary fractions are a little above or below.
+        // Halves of the last decimal, which binary fractions only approximate.
         expect_agreement(static_cast<double>(cents(random)) / 2000);
     }
 }
 
-TEST(NumberDigits, OfNumbersBelowTheNormalOnes) {
+TEST(NumberDigits, OfSubnormalNumbers) {
     std::mt19937_64 random(20240317);
     for (int count = 0; count < 2000 && !HasFatalFailure(); ++count) {
         expect_agreement_of_both_signs(std::bit_cast<double>(random() >> (12 + random() % 52)));

@@ -63,7 +63,7 @@ TEST(FormatNumber, AHalfAtTheFifteenthDigitGoesAwayFromZero) {
     EXPECT_EQ(format_number(999999999999999.5, patterns::whole, L','), L"1000000000000000");
 }
 
-TEST(FormatNumber, TheQuickRoundingLeavesOutWhatIsNotSure) {
+TEST(FormatNumber, TheQuickRoundingDeclinesUncertainCases) {
     EXPECT_EQ(quickly_rounded(12.34, 2), 1234U);
     EXPECT_EQ(quickly_rounded(-12.346, 2), 1235U);
     EXPECT_EQ(quickly_rounded(0, 0), 0U);
@@ -79,13 +79,13 @@ TEST(FormatNumber, TheQuickRoundingLeavesOutWhatIsNotSure) {
         const double value = std::pow(10, exponents(random));
         const auto quick = quickly_rounded(value, 2);
         if (!quick) continue;
-        auto text = format_number(value, {9, 2}, L',');  // a width that is never written quickly
+        auto text = format_number(value, {9, 2}, L',');  // a pattern without the quick path
         text.erase(text.size() - 3, 1);
         ASSERT_EQ(std::stoull(text), *quick);
     }
 }
 
-TEST(FormatNumber, NoSignOnZero) {
+TEST(FormatNumber, ZeroHasNoSign) {
     EXPECT_EQ(format_number(-0.001, patterns::two_decimals, L','), L"0,00");
     EXPECT_EQ(format_number(-0.0, patterns::whole, L','), L"0");
     EXPECT_EQ(format_number(-0.005, patterns::two_decimals, L','), L"-0,01");
@@ -108,7 +108,7 @@ TEST(FormatNumber, TheLargestDoubleHas309Digits) {
     EXPECT_EQ(text.substr(0, 17), L"17976931348623200");
 }
 
-TEST(FormatNumber, WhatIsNoNumberOverflows) {
+TEST(FormatNumber, NonFiniteNumbersOverflow) {
     for (const double value : {std::numeric_limits<double>::infinity(),
                                -std::numeric_limits<double>::infinity(), std::nan("")}) {
         EXPECT_THROW((void)format_number(value, patterns::whole, L','), Failure);
@@ -139,7 +139,7 @@ TEST(FormatNumber, OtherTextsThatAreNumbersGoThroughTheirValue) {
     EXPECT_EQ(format_number(L"3-", patterns::whole, regional), L"-3");
 }
 
-TEST(FormatNumber, ATextThatIsNoNumberComesBack) {
+TEST(FormatNumber, ATextThatIsNotANumberIsReturnedUnchanged) {
     const SpanishRegional regional;
     for (const std::wstring_view text : {L"", L" ", L"abc", L"5)", L"1,2,3", L"-", L",", L"H1F"}) {
         EXPECT_EQ(format_number(text, patterns::two_decimals, regional), text);
@@ -159,7 +159,7 @@ TEST(NumberToText, WritesUpToFifteenDigits) {
     EXPECT_EQ(number_to_text(1e-15, L','), L"0,000000000000001");
 }
 
-TEST(NumberToText, GoesOnWithAnExponent) {
+TEST(NumberToText, UsesAnExponentBeyond) {
     EXPECT_EQ(number_to_text(1e15, L','), L"1E+15");
     EXPECT_EQ(number_to_text(1e24, L','), L"1E+24");
     EXPECT_EQ(number_to_text(1234567890123456.0, L','), L"1,23456789012346E+15");
@@ -202,7 +202,7 @@ TEST(PlainNumber, ReadsDigitsAndOneSeparator) {
     }
 }
 
-TEST(LeadingNumber, TakesOnlyThePointAndStopsAtTheRest) {
+TEST(LeadingNumber, TakesOnlyAPointAndStopsAtOtherCharacters) {
     EXPECT_EQ(leading_number(L"12,50"), 12);
     EXPECT_EQ(leading_number(L"12.50"), 12.5);
     EXPECT_EQ(leading_number(L"-12,5"), -12);
@@ -216,7 +216,7 @@ TEST(LeadingNumber, TakesOnlyThePointAndStopsAtTheRest) {
     }
 }
 
-TEST(LeadingNumber, PassesOverBlanks) {
+TEST(LeadingNumber, SkipsBlanks) {
     EXPECT_EQ(leading_number(L"  1 615 198th"), 1615198);
     EXPECT_EQ(leading_number(L"\t-\n1\r2"), -12);
 }

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(OpenDialogText, PairsBecomeTheSystemsList) {
+TEST(OpenDialogText, PairsBecomeADoubleNullTerminatedList) {
     EXPECT_EQ(system_filter(L"Textos|*.txt"), L"Textos\0*.txt\0\0"s);
     EXPECT_EQ(system_filter(L"Textos|*.txt|"), L"Textos\0*.txt\0\0"s);
     EXPECT_EQ(system_filter(L"  Textos (*.txt) | *.txt|Todos|*.* "),
@@ -24,7 +24,7 @@ TEST(OpenDialogText, PairsBecomeTheSystemsList) {
     EXPECT_EQ(system_filter(L"A\0*.a|B"s), L"A\0*.a\0B\0\0"s);
 }
 
-TEST(OpenDialogText, OtherTextsAreAListAlreadyOrNone) {
+TEST(OpenDialogText, OtherTextsAreKeptOrEmpty) {
     EXPECT_EQ(system_filter(L" A\0*.a\0\0"s), L" A\0*.a\0\0"s);
     EXPECT_EQ(system_filter(L"\0"s), L"\0"s);
     EXPECT_EQ(system_filter(L""), L"");
@@ -40,7 +40,7 @@ TEST(OpenDialogText, BuffersHave260Characters) {
     EXPECT_EQ(open_dialog_buffer(std::wstring(300, L'x')), std::wstring(260, L'x'));
 }
 
-TEST(OpenDialogText, OneFileEndsAtTheFirstNul) {
+TEST(OpenDialogText, OneFileEndsAtTheFirstNull) {
     EXPECT_EQ(single_choice(open_dialog_buffer(L"C:\\a b.txt")), L"C:\\a b.txt");
     EXPECT_EQ(single_choice(L"a\0b\0\0"s), L"a");
     EXPECT_EQ(single_choice(open_dialog_buffer(L"")), L"");
@@ -58,7 +58,7 @@ TEST(OpenDialogText, APathThatFillsTheBufferFails) {
     }
 }
 
-TEST(OpenDialogText, SeveralFilesComeInQuotes) {
+TEST(OpenDialogText, SeveralFilesAreQuoted) {
     EXPECT_EQ(multiple_choice(open_dialog_buffer(L"d\0a\0b"s)), L"\"d\" \"a\" \"b\"");
     EXPECT_EQ(multiple_choice(open_dialog_buffer(L"C:\\Mis datos\\uno.txt")),
               L"\"C:\\Mis datos\\uno.txt\"");

@@ -71,7 +71,7 @@ TEST(PathText, FolderOfAListedFile) {
     }
 }
 
-TEST(ReplaceText, RemovalPassesOverTheNextCharacter) {
+TEST(ReplaceText, RemovalSkipsTheNextCharacter) {
     EXPECT_EQ(replace_text(L"aab", L"a", {}), L"ab");
     EXPECT_EQ(replace_text(L"aaaa", L"a", {}), L"aa");
     EXPECT_EQ(replace_text(L"aba", L"a", {}), L"b");
@@ -82,7 +82,7 @@ TEST(ReplaceText, RemovalPassesOverTheNextCharacter) {
     EXPECT_EQ(replace_text(L"abc", L"abcd", {}), L"abc");
 }
 
-TEST(ReplaceText, ReplacementLooksAgainAtItsOwnFirstCharacter) {
+TEST(ReplaceText, ReplacementSearchesAgainFromItsFirstCharacter) {
     EXPECT_EQ(replace_text(L"aab", L"a", L""), L"b");
     EXPECT_EQ(replace_text(L"aaaa", L"a", L""), L"");
     EXPECT_EQ(replace_text(L"a b c", L" ", L"__"), L"a__b__c");
@@ -99,12 +99,12 @@ TEST(ReplaceText, AnEmptySearchChangesNothing) {
     EXPECT_EQ(replace_text(L"", L"a", L"b"), L"");
 }
 
-TEST(ReplaceText, AGrowingReplacementExhaustsTheMemory) {
+TEST(ReplaceText, AGrowingReplacementIsOutOfMemory) {
     EXPECT_TRUE(runs_out_of_memory(L"a", L"a", L"aa"));
     EXPECT_TRUE(runs_out_of_memory(L"xa", L"a", L"ba"));
     EXPECT_TRUE(runs_out_of_memory(L"a", L"a", L"a"));
     EXPECT_EQ(replace_text(L"xyz", L"a", L"aa"), L"xyz");
-    // A text that would be longer than texts may be is not even begun.
+    // Fails before building a text longer than the limit.
     const std::wstring long_text(100'000, L'a');
     EXPECT_TRUE(runs_out_of_memory(long_text, L"a", std::wstring(100'000, L'b')));
 }
@@ -120,21 +120,21 @@ TEST(ReplaceText, CleansABuffer) {
     EXPECT_EQ(replace_text(L"ab\0\0"sv, L"\0x"sv, {}), L"ab");
 }
 
-TEST(ReplaceText, CleaningTakesOneCharacterOfEachOccurrence) {
+TEST(ReplaceText, CleaningRemovesOneCharacterOfEachOccurrence) {
     EXPECT_EQ(replace_text(L"a\0xb\0c"sv, L"\0x"sv, {}), L"axb\0c"sv);
     EXPECT_EQ(replace_text(L"a\0xb"sv, L"\0x"sv, L"--"), L"a--xb");
     EXPECT_EQ(replace_text(L"a\0\0\0b"sv, L"\0\0"sv, {}), L"a\0b"sv);
     EXPECT_EQ(replace_text(L"a\0\0\0b"sv, L"\0\0"sv, L"-"), L"a--\0b"sv);
 }
 
-TEST(ReplaceText, AGrowingReplacementExhaustsTheMemoryInABufferToo) {
+TEST(ReplaceText, AGrowingReplacementInABufferIsOutOfMemory) {
     EXPECT_TRUE(runs_out_of_memory(L"a\0b"sv, L"\0"sv, L"\0"sv));
     EXPECT_TRUE(runs_out_of_memory(L"a\0b"sv, L"\0"sv, L"x\0y"sv));
     EXPECT_TRUE(runs_out_of_memory(L"a\0xb"sv, L"\0x"sv, L"-\0"sv));
     EXPECT_EQ(replace_text(L"a\0yb"sv, L"\0x"sv, L"-\0"sv), L"a\0yb"sv);
 }
 
-/// The procedure as its users know it, character by character; absent when it passes a length.
+/// The published procedure, character by character; none when the text exceeds a length.
 std::optional<std::wstring> step_by_step(std::wstring text, const std::wstring& searched,
                                          const std::optional<std::wstring>& replacement) {
     constexpr int enough_turns = 2000;
@@ -162,7 +162,7 @@ std::optional<std::wstring> step_by_step(std::wstring text, const std::wstring& 
     return text;
 }
 
-TEST(ReplaceText, AgreesWithTheStepByStepProcedure) {
+TEST(ReplaceText, AgreesWithTheCharacterByCharacterProcedure) {
     std::mt19937 random(20240315);  // fixed: the same texts in every run
     const auto short_text = [&random](std::size_t longest) {
         std::wstring text(random() % (longest + 1), L'a');

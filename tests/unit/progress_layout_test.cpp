@@ -8,7 +8,7 @@
 namespace kovrel {
 namespace {
 
-TEST(ProgressLabel, WritesNoZero) {
+TEST(ProgressLabel, IsEmptyAtZero) {
     EXPECT_EQ(progress_label(0), L"%");
     EXPECT_EQ(progress_label(1), L"1%");
     EXPECT_EQ(progress_label(50), L"50%");

@@ -37,18 +37,18 @@ TEST(Province, FillsAShortCodeWithZeros) {
     EXPECT_EQ(province(L"-12"), 0);
 }
 
-TEST(Province, FailsForWhatIsNoNumber) {
+TEST(Province, FailsForOtherTexts) {
     for (const auto* code : {L"", L" ", L"AB", L"8A01", L"A8001", L"ÑÑÑÑÑ", L"+-001"}) {
         EXPECT_EQ(failure_of(code), 13) << code;
     }
 }
 
-TEST(Province, FailsForWhatDoesNotFit) {
+TEST(Province, FailsForNumbersOutOfRange) {
     EXPECT_EQ(failure_of(L"9E4"), 6);
     EXPECT_EQ(failure_of(L"-1001"), 6);
 }
 
-TEST(Province, AnOverlongCodeIsToldAndThenFails) {
+TEST(Province, AnOverlongCodeShowsABoxAndFails) {
     EXPECT_EQ(postal_code_notice(L"280801"),
               (Notice{L"Error en el Código Postal", NoticeStyle::critical, std::nullopt}));
     EXPECT_EQ(failure_of(L"280801"), 6);

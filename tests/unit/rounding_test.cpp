@@ -28,11 +28,11 @@ TEST(Rounding, FourDecimals) {
     EXPECT_EQ(round_to_four(-12.34567, comma), L"-12,3457");
 }
 
-TEST(Rounding, WhatHasNoDigitsOverflows) {
+TEST(Rounding, NonFiniteNumbersOverflow) {
     EXPECT_THROW((void)round_to_two(std::numeric_limits<double>::infinity(), {}), Failure);
 }
 
-TEST(Rounding, TheNoticeHasNoTitleOfItsOwn) {
+TEST(Rounding, TheNoticeHasTheDefaultTitle) {
     EXPECT_EQ(rounding_needs_a_number(),
               (Notice{L"Error en la función de redondeo: el dato no es numérico",
                       NoticeStyle::critical, std::nullopt}));

@@ -41,7 +41,7 @@ TEST(SqlLiteral, DatesBeginWithTheMonth) {
     EXPECT_EQ(sql_date(9999, 12, 31), L"#12/31/9999#");
 }
 
-TEST(SqlLiteral, ATextThatIsNoDateStaysAsItIs) {
+TEST(SqlLiteral, ATextThatIsNotADateIsUnchanged) {
     EXPECT_EQ(sql_date(L"mañana"), L"#mañana#");
     EXPECT_EQ(sql_date(L""), L"##");
 }
@@ -51,7 +51,7 @@ TEST(SqlLiteral, Booleans) {
     EXPECT_EQ(sql_boolean(false), 0);
 }
 
-TEST(SqlLiteral, QuotesInATextStay) {
+TEST(SqlLiteral, QuotesInATextAreNotDoubled) {
     EXPECT_EQ(sql_string(L"Peña"), L"'Peña'");
     EXPECT_EQ(sql_string(L""), L"''");
     EXPECT_EQ(sql_string(L"O'Donnell"), L"'O'Donnell'");

@@ -45,7 +45,7 @@ TEST(TaxIdKind, NamesEveryFirstLetter) {
     }
 }
 
-TEST(TaxIdKind, AnyNumberIsAPersons) {
+TEST(TaxIdKind, AnyNumberIsAPerson) {
     for (const auto* text : {L"7", L"0", L"12345678", L"-3,5", L" 12 ", L"&H1F"}) {
         EXPECT_EQ(kind(text), L"NIF - Número de Identificación Fiscal") << text;
     }
@@ -58,7 +58,7 @@ TEST(TaxIdKind, OtherTextsAreErrors) {
     }
 }
 
-TEST(TaxIdKind, ATextCountsAsAWhole) {
+TEST(TaxIdKind, TheWholeTextMustMatch) {
     EXPECT_EQ(kind(L""), L"A - Sociedad Anónima");
     EXPECT_EQ(kind(L"AB"), L"A - Sociedad Anónima");
     EXPECT_EQ(kind(L"hj"), L"H - Comunidad de Propietarios");

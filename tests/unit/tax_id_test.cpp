@@ -38,7 +38,7 @@ void expect_failure(std::wstring_view typed, FailureNumber number) {
     }
 }
 
-TEST(StripSeparators, TakesTheFourSeparatorsAndNothingElse) {
+TEST(StripSeparators, RemovesTheFourSeparatorsOnly) {
     EXPECT_EQ(strip_separators(L"12.345.678-Z"), L"12345678Z");
     EXPECT_EQ(strip_separators(L" 12/34 56 .-/"), L"123456");
     EXPECT_EQ(strip_separators(L"a_b,c\td\x00A0"
@@ -49,7 +49,7 @@ TEST(StripSeparators, TakesTheFourSeparatorsAndNothingElse) {
     EXPECT_EQ(strip_separators(L"-/ ."), L"");
 }
 
-TEST(StripSeparators, APositionOfSixteenBitsEndsAt32766Characters) {
+TEST(StripSeparators, TextsOfMoreThan32766CharactersOverflow) {
     EXPECT_EQ(strip_separators(std::wstring(32766, L'-')), L"");
     for (const std::size_t length : {32767U, 32768U, 70000U}) {
         EXPECT_THROW(static_cast<void>(strip_separators(std::wstring(length, L'1'))), Failure);
@@ -84,7 +84,7 @@ TEST(CifControl, GivesLetterAndDigit) {
     EXPECT_EQ(cif_control(L"A0000000"), L"J ó 0");
 }
 
-TEST(CifControl, WhatIsMissingOrNoDigitCountsAsZero) {
+TEST(CifControl, MissingDigitsAndOtherCharactersCountAsZero) {
     EXPECT_EQ(cif_control(L""), L"J ó 0");
     EXPECT_EQ(cif_control(L"B"), L"J ó 0");
     EXPECT_EQ(cif_control(L"B1"), L"H ó 8");
@@ -123,14 +123,14 @@ TEST(VerifyNif, AnyOtherLengthGetsTheLetterT) {
     EXPECT_EQ(verify(L"1 no es un NIF"), corrected(L"1NOESUNNIT", L"N.I.F.", L'F'));
 }
 
-TEST(VerifyNif, FailsWhenItsDigitsAreNoNumber) {
+TEST(VerifyNif, FailsWhenItsDigitsAreNotANumber) {
     expect_failure(L"1234X678Z", FailureNumber::type_mismatch);
     expect_failure(L"1,2,3456Z", FailureNumber::type_mismatch);
     expect_failure(L"1ÑÑÑÑÑÑÑÑ", FailureNumber::type_mismatch);
 }
 
 TEST(VerifyNif, ReadsItsDigitsByTheSettings) {
-    // Halves are rounded to the even number.
+    // Halves are rounded to even.
     EXPECT_EQ(verify(std::wstring(L"123456,5") + nif_letter(123456)),
               accepted(std::wstring(L"123456,5") + nif_letter(123456)));
     EXPECT_EQ(verify(std::wstring(L"123457,5") + nif_letter(123458)),
@@ -147,13 +147,13 @@ TEST(VerifyNie, CountsTheFirstLetterAsADigit) {
     EXPECT_EQ(verify(L"Y1234567L"), corrected(L"Y1234567X", L"N.I.E.", L'L'));
 }
 
-TEST(VerifyNie, IsCutByTheLengthThatWasTyped) {
+TEST(VerifyNie, UsesTheLengthAsTyped) {
     EXPECT_EQ(verify(L"X1234567A"), corrected(L"X1234567L", L"N.I.E.", L'A'));
     EXPECT_EQ(verify(L"X-1234567-A"), corrected(L"X1234567AL", L"N.I.E.", L'A'));
     EXPECT_EQ(verify(L"X1234567-A"), corrected(L"X1234567AL", L"N.I.E.", L'A'));
 }
 
-TEST(VerifyNie, ReadsTheLastEightCharactersOfALongerOne) {
+TEST(VerifyNie, UsesTheLastEightCharactersOfALongerOne) {
     EXPECT_EQ(verify(std::wstring(L"X12345678") + nif_letter(2345678)),
               accepted(std::wstring(L"X12345678") + nif_letter(2345678)));
     EXPECT_EQ(verify(L"ZZZ1234567R"), accepted(L"ZZZ1234567R"));
@@ -163,7 +163,7 @@ TEST(VerifyNie, AShorterOneFailsToConvert) {
     expect_failure(L"X123456L", FailureNumber::type_mismatch);
     expect_failure(L"X1", FailureNumber::type_mismatch);
     expect_failure(L"XABCDEFGH", FailureNumber::type_mismatch);
-    // The first letter alone leaves its own digit.
+    // Only the first letter, which is read as its digit.
     EXPECT_EQ(verify(L"X"), corrected(L"T", L"N.I.E.", L'X'));
     EXPECT_EQ(verify(L"y"), corrected(L"R", L"N.I.E.", L'Y'));
     EXPECT_EQ(verify(L"Z-"), corrected(L"ZW", L"N.I.E.", L'Z'));
@@ -192,12 +192,12 @@ TEST(VerifyCif, NeedsEightCharacters) {
     EXPECT_EQ(verify(L"I123456"), incomplete);
 }
 
-TEST(VerifyCif, EightCharactersEndInTheirOwnEighth) {
+TEST(VerifyCif, OfEightCharactersEndsInTheEighth) {
     EXPECT_EQ(verify(L"A0000000"), accepted(L"A0000000"));
     EXPECT_EQ(verify(L"B1234567"), rejected(L"El último número no corresponde a un CIF correcto."));
 }
 
-TEST(VerifyCif, ALongerOneIsJudgedByItsLastCharacter) {
+TEST(VerifyCif, ALongerOneIsVerifiedByItsLastCharacter) {
     EXPECT_EQ(verify(L"B1234567XXXD"), accepted(L"B1234567XXXD"));
 }
 
@@ -212,7 +212,7 @@ TEST(VerifyCif, NeedsAKnownFirstLetter) {
     }
 }
 
-TEST(VerifyNormalized, TakesTheTextAsItStands) {
+TEST(VerifyNormalized, DoesNotNormalizeTheText) {
     EXPECT_EQ(verify_normalized_tax_id(L"12345678z", 9, testing_support::SpanishRegional()),
               corrected(L"12345678Z", L"N.I.F.", L'z'));
 }

@@ -20,10 +20,10 @@ TEST(Text, UpperCoversLatin1) {
     EXPECT_EQ(to_upper(L"ıőω"), L"ıőω");
 }
 
-TEST(Text, UpperOfATextIsThatOfItsCharacters) {
+TEST(Text, UpperOfATextIsUpperOfEachCharacter) {
     for (unsigned code = 0; code < 0x300; ++code) {
         const auto character = static_cast<wchar_t>(code);
-        // Neighbours decide nothing: alone, beside Latin-1 and beside letters beyond it.
+        // The same alone, beside Latin-1 and beside other characters.
         EXPECT_EQ(to_upper(std::wstring(1, character)), std::wstring(1, to_upper(character)));
         EXPECT_EQ(to_upper(L"é" + std::wstring(1, character)).substr(1),
                   std::wstring(1, to_upper(character)));

@@ -1,4 +1,4 @@
-// The masks of the verifier's fields and what the window tells.
+// The masks of the verifier's fields, and its messages.
 #include <gtest/gtest.h>
 
 #include "taxid/verifier_notices.h"
@@ -10,7 +10,7 @@ namespace {
 const Mask tax_id(Mask::Accepts::letters_and_digits, {9});
 const Mask account(Mask::Accepts::digits, {4, 4, 2, 10});
 
-TEST(Mask, KeepsWhatItAcceptsUpToItsSize) {
+TEST(Mask, KeepsAcceptedCharactersUpToItsSize) {
     EXPECT_EQ(tax_id.size(), 9U);
     EXPECT_EQ(account.size(), 20U);
     EXPECT_EQ(tax_id.bare(L"12.345.678-z"), L"12345678z");
@@ -36,7 +36,7 @@ TEST(Mask, ShowsTheGroupsThatHaveBegun) {
     EXPECT_EQ(tax_id.shown(L"12345678Z"), L"12345678Z");
 }
 
-TEST(Mask, ThePlaceOfTheCaretFollowsTheCharacters) {
+TEST(Mask, TheCaretPositionFollowsTheCharacters) {
     const std::wstring shown = account.shown(L"20770024003");
     EXPECT_EQ(account.shown_position(shown, 0), 0U);
     EXPECT_EQ(account.shown_position(shown, 4), 4U);

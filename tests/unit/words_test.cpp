@@ -7,11 +7,9 @@
 #include <limits>
 #include <random>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "runtime/number_format.h"
-#include "runtime/text.h"
 #include "tests/support/spanish_regional.h"
 
 namespace kovrel {
@@ -176,7 +174,7 @@ TEST_F(Words, TheScaleToItsEnd) {
     }
 }
 
-TEST_F(Words, PastTheScaleAQuestionMarkStandsInThePlaceOfTheNumber) {
+TEST_F(Words, BeyondTheScaleTheNumberIsAQuestionMark) {
     EXPECT_NE(text(std::wstring(123, L'9')).find(L"vigintillones"), std::wstring::npos);
     EXPECT_EQ(text(std::wstring(124, L'9')), L"?");
     EXPECT_EQ(number(std::wstring(124, L'1'), {L"Euro", L"Euros"}), L"?");
@@ -198,11 +196,11 @@ TEST_F(Words, UnoDependsOnTheUnitNames) {
     EXPECT_EQ(text(L"21"), L"veintiuno");
     EXPECT_EQ(text(L"21", {L"Euro", L"Euros"}), L"veintiun Euros");
     EXPECT_EQ(text(L"1", {L"Euro", L"Euros"}), L"un Euro");
-    // One group looks at the singular name only.
+    // With one group only the singular name counts.
     EXPECT_EQ(text(L"1", {L"", L"Euros"}), L"uno");
     EXPECT_EQ(text(L"21", {L"", L"Euros"}), L"veintiuno Euros");
     EXPECT_EQ(text(L"21", {L"Euro", L""}), L"veintiun");
-    // Several groups look at both.
+    // With several groups either name counts.
     EXPECT_EQ(text(L"1021", {L"", L"Euros"}), L"mil veintiun Euros");
     EXPECT_EQ(text(L"1021", {L"Euro", L""}), L"mil veintiun");
     EXPECT_EQ(text(L"1021"), L"mil veintiuno");
@@ -255,7 +253,7 @@ TEST_F(Words, NumbersInsideAText) {
     EXPECT_EQ(text(L"-"), L"-");
 }
 
-TEST_F(Words, ThePointsOfGroupsEndTheReadingOfTheWholePart) {
+TEST_F(Words, PointsBetweenGroupsEndTheWholePart) {
     EXPECT_EQ(text(L"12.5"), L"doce con cinco");
     EXPECT_EQ(text(L"1.000"), L"uno con cero");
     EXPECT_EQ(text(L"1.234.567,5"),
@@ -266,7 +264,7 @@ TEST_F(Words, Exponents) {
     EXPECT_EQ(text(L"1E+24"), L"un cuatrillón");
     EXPECT_EQ(text(L"1e3"), L"mil");
     EXPECT_EQ(text(L"2,003E+48"), L"dos con tres octillones");
-    // The whole part of a number of more than 15 digits is itself written with an exponent.
+    // The whole part of more than 15 digits is formatted with an exponent.
     EXPECT_EQ(text(L"1234567890123456,5").substr(0, 8), L"uno con ");
     EXPECT_EQ(text(L"-5e-1"), L"menos menos uno con uno");
     EXPECT_THAT(failures_, testing::IsEmpty());
@@ -284,7 +282,7 @@ TEST_F(Words, GroupsAddNothing) {
     EXPECT_EQ(group(L""), L"");
 }
 
-TEST_F(Words, NumbersCallTheUnitByTheWholeNumber) {
+TEST_F(Words, TheUnitNameAgreesWithTheWholePart) {
     EXPECT_EQ(number(L"1", {L"Céntimo", L"Céntimos"}), L"un Céntimo");
     EXPECT_EQ(number(L"01", {L"Céntimo", L"Céntimos"}), L"un Céntimo");
     EXPECT_EQ(number(L"0", {L"Céntimo", L"Céntimos"}), L"cero Céntimos");
@@ -295,14 +293,14 @@ TEST_F(Words, NumbersCallTheUnitByTheWholeNumber) {
     EXPECT_THAT(failures_, testing::IsEmpty());
 }
 
-TEST_F(Words, AStepThatFailsLeavesAnEmptyPiece) {
+TEST_F(Words, AFailedNumberLeavesAnEmptyPiece) {
     EXPECT_EQ(text(L"vale (5) hoy"), L"vale menos  hoy");
     EXPECT_THAT(failures_, testing::ElementsAre(13));
     failures_.clear();
     EXPECT_EQ(text(L"&H1F"), L"");
     EXPECT_THAT(failures_, testing::ElementsAre(13));
     failures_.clear();
-    // Only the group that is no number is lost.
+    // Only the group that is not a number is missing.
     EXPECT_EQ(number(L"x"
                      L"1x3045",
                      {L"Euro", L"Euros"}),
@@ -313,7 +311,7 @@ TEST_F(Words, AStepThatFailsLeavesAnEmptyPiece) {
     EXPECT_THAT(failures_, testing::ElementsAre(13));
 }
 
-/// Settings under which the numbers of a text read a little above their true value.
+/// Settings that read numbers slightly too large.
 class InexactRegional final : public testing_support::SpanishRegional {
  public:
     InexactRegional() : SpanishRegional(RegionalSettings{.decimal_separator = L'.'}) {}
@@ -322,86 +320,12 @@ class InexactRegional final : public testing_support::SpanishRegional {
     }
 };
 
-TEST_F(Words, AReadingThatIsABitOffEndsToo) {
+TEST_F(Words, InexactReadingsTerminate) {
     const InexactRegional regional;
     const WordsContext context{regional, [](const Failure&) { FAIL(); }};
     EXPECT_EQ(text_in_words(L"1.5E+24", {}, {}, context), L"un cuatrillón quinientos mil");
     EXPECT_EQ(text_in_words(L"1E+15", {}, {}, context), L"mil billones");
     EXPECT_EQ(text_in_words(L"12.5", {}, {}, context), L"doce con cinco");
-}
-
-/// Reads number words back, knowing only what each word stands for.
-class WordReader {
- public:
-    WordReader() {
-        const auto add = [this](std::wstring_view list, std::int64_t value, std::int64_t step) {
-            for (const auto word : split(list, L' ')) {
-                values_[word] = value;
-                value += step;
-            }
-        };
-        add(L"cero uno dos tres cuatro cinco seis siete ocho nueve diez once doce trece catorce "
-            L"quince dieciséis diecisiete dieciocho diecinueve veinte veintiuno veintidós "
-            L"veintitrés veinticuatro veinticinco veintiseis veintisiete veintiocho veintinueve",
-            0, 1);
-        add(L"treinta cuarenta cincuenta sesenta setenta ochenta noventa cien", 30, 10);
-        add(L"ciento doscientos trescientos cuatrocientos quinientos seiscientos setecientos "
-            L"ochocientos novecientos",
-            100, 100);
-        values_[L"un"] = 1;
-        values_[L"veintiun"] = 21;
-    }
-
-    std::int64_t read(std::wstring_view words) const {
-        std::int64_t total = 0;
-        std::int64_t group = 0;
-        bool needs_unit = false;
-        for (std::size_t first = 0; first < words.size();) {
-            const auto end = std::min(words.find(L' ', first), words.size());
-            const auto word = words.substr(first, end - first);
-            first = end + 1;
-            if (word.empty()) continue;
-            if (word == L"y") {
-                if (group % 100 < 30 || group % 10 != 0 || needs_unit) return -1;
-                needs_unit = true;
-            } else if (word == L"mil") {
-                group = std::max<std::int64_t>(group, 1) * 1000;
-            } else if (word == L"millón" || word == L"millones") {
-                if ((group == 1) != (word == L"millón")) return -1;
-                total += group * 1'000'000;
-                group = 0;
-            } else {
-                const auto found = values_.find(word);
-                if (found == values_.end() || (needs_unit && found->second > 9)) return -1;
-                if (!needs_unit && group % 100 != 0) return -1;
-                group += found->second;
-                needs_unit = false;
-            }
-        }
-        return needs_unit ? -1 : total + group;
-    }
-
- private:
-    std::unordered_map<std::wstring_view, std::int64_t> values_;
-};
-
-TEST_F(Words, EveryNumberToAMillionReadsBack) {
-    const WordReader reader;
-    for (std::int64_t value = 0; value <= 1'000'000; ++value) {
-        const auto words = text(std::to_wstring(value));
-        ASSERT_EQ(reader.read(words), value);
-        ASSERT_EQ(words.find(L"  "), std::wstring::npos);
-    }
-}
-
-TEST_F(Words, NumbersOfMillionsReadBack) {
-    const WordReader reader;
-    std::mt19937_64 random(20240315);  // fixed: the same numbers in every run
-    std::uniform_int_distribution<std::int64_t> numbers(0, 999'999'999);
-    for (int turn = 0; turn < 20000; ++turn) {
-        const auto value = numbers(random);
-        ASSERT_EQ(reader.read(text(std::to_wstring(value))), value);
-    }
 }
 
 }  // namespace

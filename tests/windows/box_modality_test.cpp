@@ -13,7 +13,7 @@ namespace {
 
 constexpr const wchar_t* host_name = L"Facturación";
 
-/// Asks a question of the catalogue while a user works at it; what it answers.
+/// Shows a question of the catalogue while another thread works it; returns the answer.
 std::int32_t ask_question(const std::function<void(OpenBox&)>& user) {
     const auto messages = create(L"Kovrel.clsMensajes");
     put(messages.get(), L"AppOrigen", Variant(host_name));
@@ -63,7 +63,7 @@ TEST_F(Progress, IsDisabledUnderABoxAndMayBeClosedByItsHost) {
                   EXPECT_NE(owner_of(open.window), window);
                   EXPECT_FALSE(IsWindowEnabled(window));
                   EXPECT_FALSE(IsWindowEnabled(host.window()));
-                  // A timer of the host's.
+                  // As from a timer of the host.
                   calls.post([&] { finish(); });
                   EXPECT_TRUE(wait_until_closed(window));
                   EXPECT_TRUE(IsWindowVisible(open.window));
@@ -103,7 +103,7 @@ TEST(Box, OutlivesItsDestroyedOwner) {
     EXPECT_TRUE(IsWindowEnabled(stays.window()));
 }
 
-TEST(Box, MinimisedWithItsOwnerItIsStillModal) {
+TEST(Box, StaysModalWhenMinimisedWithItsOwner) {
     const HostCalls calls;
     const HostWindow owner(L"Contratos");
     const HostWindow other(L"Pagadores");
@@ -123,7 +123,7 @@ TEST(Box, MinimisedWithItsOwnerItIsStillModal) {
     EXPECT_TRUE(IsWindowEnabled(other.window()));
 }
 
-TEST(Box, AQuestionThatTheHostTakesAwayIsAskedAgain) {
+TEST(Box, AQuestionDestroyedByTheHostIsAskedAgain) {
     const HostCalls calls;
     const HostWindow host(L"Contratos");
     SetActiveWindow(host.window());
@@ -139,11 +139,11 @@ TEST(Box, AQuestionThatTheHostTakesAwayIsAskedAgain) {
     EXPECT_TRUE(IsWindowEnabled(host.window()));
 }
 
-TEST(Box, ARequestToQuitReachesTheHostAfterTheAnswer) {
+TEST(Box, AQuitMessageReachesTheHostAfterTheAnswer) {
     const DWORD thread = GetCurrentThreadId();
     EXPECT_EQ(ask_question([&](OpenBox& open) {
                   PostThreadMessageW(thread, WM_QUIT, 7, 0);
-                  // The box that was up may go with it; the question stays.
+                  // The quit message may close the box; the question is then asked again.
                   EXPECT_TRUE(wait_until([&] {
                       ask(open.window, WM_NULL);
                       return !IsWindow(open.window);
@@ -158,7 +158,7 @@ TEST(Box, ARequestToQuitReachesTheHostAfterTheAnswer) {
     EXPECT_EQ(message.wParam, 7U);
 }
 
-TEST(Box, OverAWindowThatIsDestroyedTheHostStaysDisabled) {
+TEST(Box, TheHostStaysDisabledWhenTheWindowBelowIsDestroyed) {
     const HostCalls calls;
     const HostWindow host(L"Contratos");
     SetActiveWindow(host.window());
@@ -184,7 +184,7 @@ TEST(Box, OverAWindowThatIsDestroyedTheHostStaysDisabled) {
     EXPECT_EQ(GetActiveWindow(), host.window());
 }
 
-/// A dialog of the system's that has no owner.
+/// A system dialog without an owner.
 void expect_modal_dialog(const HostWindow& first, const HostWindow& second,
                          const std::function<void()>& open) {
     SetActiveWindow(first.window());

@@ -7,7 +7,7 @@
 namespace kovrel::test {
 namespace {
 
-/// A bitmap that a test draws into.
+/// A bitmap for tests to draw into.
 class Canvas {
  public:
     Canvas(int width, int height) : width_(width), height_(height) {
@@ -57,7 +57,7 @@ bool shows_text(const Control& control) {
            (GetWindowLongW(control.window, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
 }
 
-/// The line that a text box of one line shows its text in.
+/// The line of text in a single-line text box.
 RECT line_of(HWND field) {
     RECT line = on_screen(field);
     RECT inner{};
@@ -86,7 +86,7 @@ std::string shown(const RECT& bounds) {
            std::to_string(bounds.right) + ", " + std::to_string(bounds.bottom);
 }
 
-/// What the screen or the window cuts off, one a line.
+/// The controls that the screen or the window clips, one per line.
 std::string parts_outside(HWND window) {
     std::string result;
     if (!inside(on_screen(window), work_area())) {
@@ -172,7 +172,7 @@ RECT work_area() {
 }
 
 void is_whole(HWND window) {
-    // The window manager may still be about to give it its frame and its size.
+    // The window manager may still have to set its frame and size.
     std::string outside = "not yet";
     const bool own = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
     int still = 0;
@@ -209,7 +209,7 @@ void is_in_the_middle(HWND field) {
     const RECT whole = on_screen(field);
     EXPECT_GT(line.top, whole.top);
     EXPECT_NEAR(line.top - whole.top, whole.bottom - line.bottom, 1);
-    // No smaller than a line of text, no larger than half a line more.
+    // Between one and one and a half lines of text high.
     EXPECT_LT(whole.bottom - whole.top, (line.bottom - line.top) * 3 / 2 + 2);
 }
 

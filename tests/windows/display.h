@@ -8,16 +8,16 @@
 #include <string>
 #include <vector>
 
-#include "tests/automation/box_lines.h"
+#include "tests/support/box_lines.h"
 #include "ui/contrast.h"
 #include "ui/scale.h"
 
 namespace kovrel::test {
 
-/// What a shape needs on its ground (WCAG 2.1, 1.4.11).
+/// The contrast that a shape needs (WCAG 2.1, 1.4.11).
 inline constexpr double shape_contrast = 3;
 
-/// A momentary copy, 0x00BBGGRR, row by row.
+/// Pixels as 0x00BBGGRR, row by row.
 struct Picture {
     int width = 0;
     int height = 0;
@@ -30,31 +30,31 @@ struct Picture {
     bool operator==(const Picture&) const = default;
 };
 
-/// Of what the screen shows, whoever has drawn it.
+/// Copied from the screen.
 Picture picture_of(HWND window);
-/// An icon on a ground of one colour.
+/// An icon drawn on a background of one colour.
 Picture picture_of(HICON icon, int size, Color ground);
 
 /// The most frequent colour.
 Color ground_of(const Picture& picture);
-/// The best contrast with the ground that anything inside the picture's frame has.
+/// The best contrast with the background inside the picture's frame.
 double legibility_of(const Picture& picture);
 
-/// The resolution that the test program was started for, and a length at it.
+/// The resolution (DPI) that the test program was started with, and a length scaled to it.
 int resolution();
 int at_resolution(double twips);
 
 RECT on_screen(HWND window);
 RECT work_area();
 
-/// Every control that can be seen lies in its window and the window on the screen; no picture box
-/// draws over what it holds.
+/// Checks that every visible control lies in its window and the window on the screen, and that no
+/// picture box draws over its contents.
 void is_whole(HWND window);
-/// A text box of one line has the same room above its text and below it.
+/// Checks that the text of a single-line text box is centred vertically.
 void is_in_the_middle(HWND field);
-/// Every text that can be seen stands out from its ground.
+/// Checks the contrast of every visible text.
 void is_legible(HWND window);
-/// Keeps a picture of the window, named for the resolution and the colours.
+/// Saves a picture of the window, named after the resolution and the colours.
 void keep_picture(HWND window, const std::wstring& name);
 
 }  // namespace kovrel::test

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 #include "tests/windows/display.h"
 
 namespace kovrel::test {
@@ -34,7 +34,7 @@ class Dialogs : public testing::Test {
     }
 };
 
-/// What the screen shows of a button once it shows its text whole and has been left by the mouse.
+/// The button on the screen, once it is fully drawn and without the mouse over it.
 Picture button_picture(HWND button) {
     SetCursorPos(0, 0);
     Picture picture;
@@ -52,7 +52,7 @@ void shows(HWND button, const Picture& expected) {
     EXPECT_TRUE(wait_until([&] { return picture_of(button) == expected; }));
 }
 
-TEST_F(Dialogs, TheMessageDialogIsSharpInEveryState) {
+TEST_F(Dialogs, TheMessageDialogIsLegibleInEveryState) {
     for (const bool proportional : {false, true}) {
         show_dialog(
             [&](HWND window) {
@@ -65,7 +65,7 @@ TEST_F(Dialogs, TheMessageDialogIsSharpInEveryState) {
     }
 }
 
-TEST_F(Dialogs, TheButtonIsWholeAtEverySizeThatTheDialogIsGiven) {
+TEST_F(Dialogs, TheButtonIsVisibleAtEverySize) {
     show_dialog([](HWND window) {
         HWND const button = find_control(window, L"Button");
         const int height = at_resolution(3000);
@@ -98,7 +98,7 @@ TEST_F(Dialogs, TheButtonIsWholeAtEverySizeThatTheDialogIsGiven) {
     });
 }
 
-TEST_F(Dialogs, TheDatePromptIsSharp) {
+TEST_F(Dialogs, TheDatePromptIsLegible) {
     ask_date(L"¿En qué fecha se cobró el recibo?", [](HWND window) {
         is_whole(window);
         is_legible(window);
@@ -126,7 +126,7 @@ TEST_F(Dialogs, TheDateFieldShowsThatItHasTheKeyboard) {
         keep_picture(window, L"date_prompt_focus");
         press_key(VK_TAB);
         EXPECT_TRUE(wait_until([&] { return focus_of(window) != field; }));
-        // The day's place, of about two digits' size, looks different.
+        // The day, an area of about two digits, looks different.
         EXPECT_TRUE(wait_until([&] {
             const Picture without = picture_of(field);
             int changed = 0;
@@ -149,7 +149,7 @@ std::wstring question_of(int sentences) {
     return question + L"¿En qué fecha?";
 }
 
-/// The text box that takes the place of a question without room.
+/// The text box that replaces the label when the question is too long.
 HWND scrolling_question(HWND window) {
     for (const Control& control : controls_of(window)) {
         if (control.visible && control.window_class == L"Edit" &&
@@ -176,7 +176,7 @@ TEST_F(Dialogs, ALongQuestionLeavesTheButtonOnTheScreen) {
             if (sentences < 200) return;
             ASSERT_NE(text, nullptr);
             is_legible(window);
-            // The keyboard begins in the date field and reaches the text.
+            // The focus begins in the date field, and Tab reaches the text.
             EXPECT_EQ(tab_order(window),
                       (std::vector<HWND>{find_control(window, DATETIMEPICK_CLASSW),
                                          find_control(window, L"Button", L"Aceptar"), text}));

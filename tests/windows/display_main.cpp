@@ -1,9 +1,9 @@
-// As programs begin that draw at the display's own resolution.
+// The main function of a DPI-aware program.
 #include <windows.h>
 
 #include <gtest/gtest.h>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 int main(int count, char** arguments) {
     SetProcessDPIAware();

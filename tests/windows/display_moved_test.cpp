@@ -1,4 +1,4 @@
-// Windows that are taken from one display to another, of another resolution.
+// Windows that are moved to a display of another resolution.
 #include <windows.h>
 #include <commctrl.h>
 
@@ -14,7 +14,7 @@ namespace {
 constexpr const wchar_t* question =
     L"El recibo se devolvió y se ha vuelto a presentar al cobro. ¿En qué fecha?";
 
-/// What the system tells a window: it keeps its frame, and its inside grows or shrinks.
+/// Sends WM_DPICHANGED as the system does: the client area is scaled, the frame is not.
 void move_to(HWND window, int from, int to) {
     const RECT now = on_screen(window);
     const RECT screen = work_area();
@@ -28,7 +28,7 @@ void move_to(HWND window, int from, int to) {
     ask(window, WM_DPICHANGED, MAKEWPARAM(to, to), reinterpret_cast<LPARAM>(&next));
 }
 
-/// To every other resolution and back.
+/// Moves to every other resolution and back.
 void move_about(HWND window, const std::function<void()>& check) {
     int at = resolution();
     is_whole(window);

@@ -17,7 +17,7 @@ std::wstring lines(int count) {
     return text;
 }
 
-TEST_F(Progress, IsSharpInEveryState) {
+TEST_F(Progress, IsLegibleInEveryState) {
     for (const bool button : {false, true}) {
         start({L"Facturación", L"Generando los recibos de noviembre...", button});
         HWND const window = only_window();
@@ -34,7 +34,7 @@ TEST_F(Progress, AMessageIsShownInWholeLines) {
     start({L"Facturación", L""});
     HWND const window = only_window();
     HWND const label = find_control(window, L"Static");
-    // As many lines as make no difference any more.
+    // Adds lines until one more changes nothing.
     int whole = 0;
     Pixels before;
     for (int count = 1; whole == 0 && count <= 12; ++count) {
@@ -55,7 +55,7 @@ TEST_F(Progress, AMessageIsShownInWholeLines) {
     keep_picture(window, L"progress_lines");
 }
 
-TEST_F(Progress, AnOnlyLineWithoutRoomIsShownAllTheSame) {
+TEST_F(Progress, ASingleLineIsShownEvenWithoutRoom) {
     start({L"Facturación", L"", false, 240});
     HWND const label = find_control(only_window(), L"Static");
     const Pixels empty = drawn(label);
@@ -63,7 +63,7 @@ TEST_F(Progress, AnOnlyLineWithoutRoomIsShownAllTheSame) {
     EXPECT_NE(drawn(label).colors, empty.colors);
 }
 
-/// The colours of the bar at 50 %: text and ground beside it, text and ground under it.
+/// Checks the contrast of the bar at 50 %: of the text beside it and of the text on it.
 void bar_is_legible(HWND window) {
     const Pixels seen = bar_pixels(window);
     const auto colors_of = [&](int left, int right) {
@@ -87,12 +87,12 @@ TEST_F(Progress, ThePercentageIsLegible) {
     update(50);
     bar_is_legible(only_window());
     const Pixels seen = bar_pixels(only_window());
-    // The ground is that of every window's.
+    // The background is the system's window colour.
     EXPECT_EQ(seen.at(seen.width - 1, 0), GetSysColor(COLOR_WINDOW));
     keep_picture(only_window(), L"progress_half");
 }
 
-TEST_F(Progress, AHostsColourIsTheBars) {
+TEST_F(Progress, UsesTheHostsBarColour) {
     const COLORREF color = RGB(0, 96, 32);
     start({L"Color", L"", false, 0, 0, -1, -1, static_cast<std::int32_t>(color)});
     update(50);
@@ -101,7 +101,7 @@ TEST_F(Progress, AHostsColourIsTheBars) {
     EXPECT_EQ(seen.at(seen.width - 1, 0), white);
 }
 
-/// The system's colours as they were, at the end.
+/// Restores the system's colours at the end.
 class SystemColors {
  public:
     SystemColors(COLORREF window, COLORREF highlight) { set(window, highlight); }
@@ -134,13 +134,13 @@ TEST_F(Progress, FollowsTheSystemsColoursWhileItIsOpen) {
     }
 }
 
-TEST_F(Progress, TheCancelIconHasASoftRim) {
+TEST_F(Progress, TheCancelIconIsAntialiased) {
     start({L"Facturación", L"", true});
     const auto icon = reinterpret_cast<HICON>(
         ask(find_control(only_window(), L"Button"), BM_GETIMAGE, IMAGE_ICON));
     const int size = at_resolution(480);
     const Picture seen = picture_of(icon, size, white_color);
-    // On white nothing of a red disc with a white cross is darker than the disc.
+    // A red disc with a white cross on white has no pixel darker than the red.
     const Color disc = seen.at(size / 2, size / 8);
     std::set<Color> colors;
     for (const Color pixel : seen.pixels) {

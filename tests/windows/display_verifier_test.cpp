@@ -20,7 +20,7 @@ void is_beside(HWND mark, HWND field) {
     EXPECT_NEAR(left.top + left.bottom, right.top + right.bottom, 3);
 }
 
-TEST_F(Verifier, IsSharpInEveryState) {
+TEST_F(Verifier, IsLegibleInEveryState) {
     open([](const Controls& controls) {
         HWND const window = controls.window;
         controls.to_front();
@@ -58,7 +58,7 @@ TEST_F(Verifier, TheFieldsShowTheirTextInTheMiddle) {
     });
 }
 
-TEST_F(Verifier, TheMarksStandBesideTheirFields) {
+TEST_F(Verifier, TheMarksAreBesideTheirFields) {
     open([](const Controls& controls) {
         for (const wchar_t* const mark : {nif_ok, nif_no}) {
             is_beside(find_control(controls.window, L"Kovrel.PictureBox", mark), controls.tax_id);

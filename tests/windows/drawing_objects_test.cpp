@@ -1,8 +1,8 @@
-// What the windows draw with: device contexts go back as they came, bitmaps begin with their
-// pixels.
+// GDI objects of the windows: device contexts are released with their original font, and bitmaps
+// are created with their pixels.
 #include <atomic>
 
-#include "tests/automation/import_patch.h"
+#include "tests/support/import_patch.h"
 #include "tests/windows/progress_window.h"
 #include "tests/windows/verifier_window.h"
 
@@ -45,7 +45,7 @@ void every_window(IDispatch* general) {
     call(general, L"LanzaVerificadorNIFyCCC");
 }
 
-TEST(DrawingObjects, AContextGoesBackWithItsOwnFont) {
+TEST(DrawingObjects, AContextIsReleasedWithItsOriginalFont) {
     const auto general = create(L"Kovrel.clsFGen");
     released = with_foreign_font = 0;
     const ImportPatch patch(L"kovrel.dll", "ReleaseDC", reinterpret_cast<void*>(&watched_release));
@@ -55,7 +55,7 @@ TEST(DrawingObjects, AContextGoesBackWithItsOwnFont) {
     EXPECT_EQ(with_foreign_font, 0);
 }
 
-TEST(DrawingObjects, ABitmapBeginsWithItsPixels) {
+TEST(DrawingObjects, ABitmapIsCreatedWithItsPixels) {
     const auto general = create(L"Kovrel.clsFGen");
     created = without_pixels = 0;
     const ImportPatch patch(L"kovrel.dll", "CreateBitmap",

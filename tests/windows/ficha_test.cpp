@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "examples/ficha/resource.h"
-#include "tests/automation/box_lines.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {

@@ -1,8 +1,8 @@
-// The windows carry the icon that the user knows the host by.
+// The windows show the host's icon.
 #include <array>
 #include <functional>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 #include "tests/windows/display.h"
 #include "tests/windows/host_window.h"
 
@@ -47,7 +47,7 @@ std::string icon_color(HWND window, WPARAM kind) {
     return color == red ? "red" : color == green ? "green" : color == blue ? "blue" : "other";
 }
 
-/// A window that is busy answers nothing for a while.
+/// Waits, since a busy window does not answer at once.
 void has_icon(HWND window, WPARAM kind, const std::string& color) {
     std::string seen;
     EXPECT_TRUE(wait_until([&] { return (seen = icon_color(window, kind)) == color; })) << seen;
@@ -55,7 +55,7 @@ void has_icon(HWND window, WPARAM kind, const std::string& color) {
 
 using Work = std::function<void(HWND)>;
 
-/// Opens each window of the library in turn, from a host's window in front or from none.
+/// Opens each window of the library in turn, with the host's window active or without one.
 void in_every_window(HWND host, const Work& work) {
     const auto activate = [host] {
         EXPECT_TRUE(host == nullptr || bring_to_front(host, default_limit));
@@ -93,19 +93,19 @@ void every_window_has(HWND host, const std::string& large, const std::string& sm
     });
 }
 
-TEST(HostIcon, IsThatOfTheHostsWindow) {
+TEST(HostIcon, IsTheIconOfTheHostsWindow) {
     const PlainIcon large(red);
     const PlainIcon small(green);
     const HostWindow host(L"Contratos");
     SendMessageW(host.window(), WM_SETICON, ICON_BIG, large.parameter());
     SendMessageW(host.window(), WM_SETICON, ICON_SMALL, small.parameter());
     every_window_has(host.window(), "red", "green");
-    // One alone serves for both.
+    // A single icon is used in both sizes.
     SendMessageW(host.window(), WM_SETICON, ICON_SMALL, 0);
     every_window_has(host.window(), "red", "red");
 }
 
-TEST(HostIcon, OrThatOfItsOwner) {
+TEST(HostIcon, OtherwiseThatOfItsOwner) {
     const PlainIcon icon(blue);
     const HostWindow owner(L"Contratos");
     SendMessageW(owner.window(), WM_SETICON, ICON_BIG, icon.parameter());
@@ -115,7 +115,7 @@ TEST(HostIcon, OrThatOfItsOwner) {
     DestroyWindow(owned);
 }
 
-TEST(HostIcon, OrThatOfTheWindowsClass) {
+TEST(HostIcon, OtherwiseThatOfTheWindowClass) {
     const PlainIcon icon(green);
     WNDCLASSEXW form{};
     form.cbSize = sizeof form;
@@ -132,7 +132,7 @@ TEST(HostIcon, OrThatOfTheWindowsClass) {
     UnregisterClassW(form.lpszClassName, form.hInstance);
 }
 
-TEST(HostIcon, OrTheProgramsFirst) {
+TEST(HostIcon, OtherwiseTheFirstOfTheProgram) {
     // Without a window, and with one that has no icon.
     every_window_has(nullptr, "blue", "blue");
     const HostWindow host(L"Contratos");

@@ -1,4 +1,4 @@
-// A host's side: a window with a field that can have the keyboard, and calls of its thread's own.
+// The host's side: a window with a field that can have the focus, and calls made on its thread.
 #pragma once
 
 #include <windows.h>
@@ -27,8 +27,8 @@ class HostWindow {
     HWND field_;
 };
 
-// Lets other threads have something done on the thread that made it, as soon as that dispatches its
-// messages: what a host's own events do while a window of the library is open.
+// Runs work on the thread that created it when that thread dispatches messages, as the host's own
+// events do while a window of the library is open.
 class HostCalls {
  public:
     HostCalls()
@@ -40,7 +40,7 @@ class HostCalls {
     HostCalls& operator=(const HostCalls&) = delete;
     ~HostCalls() { DestroyWindow(window_); }
 
-    // Does not wait for it.
+    // Returns at once.
     void post(std::function<void()> work) const {
         auto* const handed_over = new std::function<void()>(std::move(work));
         if (PostMessageW(window_, WM_APP, 0, reinterpret_cast<LPARAM>(handed_over)) == FALSE) {

@@ -1,14 +1,14 @@
-// The system's open-file dialog as cgsFileOpR shows it: what the user sees of the properties, and
-// what comes back in them.
+// The system's open-file dialog shown by cgsFileOpR: how the properties appear in it, and their
+// values afterwards.
 #include <windows.h>
 #include <commdlg.h>
 
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/early.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/early.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {
@@ -67,7 +67,7 @@ class OpenDialog : public testing::Test {
         EXPECT_EQ(put(files_.get(), member, value).result, S_OK) << narrow(member);
     }
     std::wstring read(const wchar_t* member) { return get(files_.get(), member).value.to_text(); }
-    // Shows the dialog and works it; true when a file was chosen.
+    // Shows the dialog and runs `work` on it; true when a file was chosen.
     bool show(const std::function<void(HWND)>& work,
               const std::vector<LateArgument>& arguments = {},
               const std::wstring& title = L"Abrir") {
@@ -82,7 +82,7 @@ class OpenDialog : public testing::Test {
     ComPtr<IDispatch> files_ = create(L"Kovrel.cgsFileOpR");
 };
 
-// The thread's error object, which reading it clears.
+// The thread's error object; reading clears it.
 struct ErrorObject {
     ErrorObject() {
         ComPtr<IErrorInfo> info;
@@ -121,7 +121,7 @@ TEST_F(OpenDialog, SeveralFiles) {
     EXPECT_EQ(read(L"InitDir"), L"\"" + folder_.path() + L"\"");
 }
 
-TEST_F(OpenDialog, OneOfSeveralIsQuotedToo) {
+TEST_F(OpenDialog, OneFileOfAMultipleSelectionIsQuotedToo) {
     set(L"Flags", Variant(std::int32_t{OFN_ALLOWMULTISELECT | OFN_EXPLORER}));
     EXPECT_TRUE(show([](HWND dialog) { choose(dialog, L"dos.txt"); }));
     EXPECT_EQ(read(L"FileName"), L"\"" + (folder_ / L"dos.txt") + L"\"");
@@ -144,7 +144,7 @@ TEST_F(OpenDialog, ACancelledDialogChangesNothing) {
     EXPECT_EQ(read(L"DialogTitle"), L"Abrir");
 }
 
-TEST_F(OpenDialog, ACancelIsNotedOnRequestWithoutFailing) {
+TEST_F(OpenDialog, CancelErrorSetsTheErrorObjectWithoutFailing) {
     set(L"CancelError", Variant(true));
     EXPECT_FALSE(show(cancel));
     const ErrorObject noted;
@@ -152,7 +152,7 @@ TEST_F(OpenDialog, ACancelIsNotedOnRequestWithoutFailing) {
     EXPECT_EQ(noted.source, L"cComDlgR.ShowOpen");
     EXPECT_EQ(noted.number, 32755U);
     EXPECT_EQ(noted.description, L"Error en Abrir (clase cComDlgR)");
-    // What an earlier call noted is gone with the next one.
+    // The next call clears the error of the one before.
     EXPECT_FALSE(show(cancel));
     EXPECT_TRUE(show([](HWND dialog) { choose(dialog, L"dos.txt"); }));
     EXPECT_FALSE(ErrorObject().present);
@@ -173,7 +173,7 @@ TEST_F(OpenDialog, ArgumentsStayInTheProperties) {
     EXPECT_EQ(read(L"FileName"), folder_ / L"dos.txt");
     EXPECT_EQ(read(L"Flags"), std::to_wstring(OFN_HIDEREADONLY));
     EXPECT_EQ(flags.to_int32(), OFN_HIDEREADONLY);
-    // Omitted arguments leave what was there.
+    // Omitted arguments leave the properties unchanged.
     set(L"FilterIndex", Variant(std::int32_t{2}));
     EXPECT_FALSE(show(
         [](HWND dialog) {
@@ -192,7 +192,7 @@ TEST_F(OpenDialog, FiltersWithAndWithoutTheirLastBar) {
             cancel(dialog);
         }));
     }
-    // A list that lacks its end is still a list.
+    // A list without its last bar is accepted.
     set(L"Filter", Variant(std::wstring(L"Textos\0*.txt\0Datos", 18)));
     EXPECT_FALSE(show([](HWND dialog) {
         EXPECT_EQ(filters(dialog), (std::vector<std::wstring>{L"Textos", L"Datos"}));
@@ -205,7 +205,7 @@ TEST_F(OpenDialog, FiltersWithAndWithoutTheirLastBar) {
     }));
 }
 
-TEST_F(OpenDialog, TheActionOneShowsIt) {
+TEST_F(OpenDialog, ActionOneShowsIt) {
     {
         BoxWatcher windows(
             {on_window({L"#32770", L"Abrir", 0}, [](HWND dialog) { choose(dialog, L"dos.txt"); })});
@@ -246,7 +246,7 @@ TEST_F(OpenDialog, AnArgumentThatDoesNotConvertIsReported) {
     };
     EXPECT_EQ(refused({L"uno.txt", L"Nuevo", missing, L"no", missing}),
               Lines{"16|kovrel|Error 13\\r (No coinciden los tipos" + ending});
-    // What came before the argument that failed has been taken over.
+    // The arguments before the one that fails have been assigned.
     EXPECT_EQ(read(L"FileName"), L"uno.txt");
     EXPECT_EQ(read(L"DialogTitle"), L"Nuevo");
     EXPECT_EQ(refused({Variant::null()}),

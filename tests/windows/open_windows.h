@@ -1,4 +1,4 @@
-// What a library's window or box and the host's windows are to each other while it is open.
+// Order, activation and owners of the library's windows or boxes and the host's windows.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "tests/automation/box_lines.h"
+#include "tests/support/box_lines.h"
 #include "tests/windows/host_window.h"
 
 namespace kovrel::test {
@@ -23,7 +23,7 @@ inline bool is_above(HWND upper, HWND lower) {
     return false;
 }
 
-// In front of a window of the host's, and with the keyboard.
+// Checks that the window is above the host's and in the foreground.
 inline void comes_before(HWND window, HWND host) {
     EXPECT_TRUE(wait_until([&] {
         return is_above(window, host) && GetForegroundWindow() == window;
@@ -31,12 +31,12 @@ inline void comes_before(HWND window, HWND host) {
         << narrow(L" " + text_of(GetForegroundWindow()));
 }
 
-// The host's window as another program or the taskbar would bring it forward.
+// Activates the host's window as another program or the taskbar does.
 inline void activate(HWND host) {
     EXPECT_TRUE(wait_until([&] { return SetForegroundWindow(host) != FALSE; }));
 }
 
-// As the system's own menu does it; on the window's thread.
+// As the system menu does; called on the window's thread.
 inline void minimise(HWND host, bool minimised) {
     if (minimised) ShowOwnedPopups(host, FALSE);
     ShowWindow(host, minimised ? SW_MINIMIZE : SW_RESTORE);

@@ -1,4 +1,4 @@
-// Nothing of the library's goes behind its host: whose its windows are, and that they come forward.
+// No window of the library is ever behind its host: their owners, and how they come to the front.
 #include <array>
 #include <atomic>
 #include <functional>
@@ -12,7 +12,7 @@
 namespace kovrel::test {
 namespace {
 
-/// A modal window of the library's: how it is opened and how it is left.
+/// A modal window of the library: how it is opened and closed.
 struct Modal {
     const wchar_t* window_class;
     std::function<void()> open;
@@ -94,7 +94,7 @@ TEST(Owner, IsNeverAWindowOfAnotherThread) {
     other.join();
 }
 
-TEST(Owner, IsTheThreadsOwnWhereTwoThreadsAsk) {
+TEST(Owner, IsAWindowOfTheCallingThread) {
     const auto ask = [](const wchar_t* title, const Modal& modal) {
         ASSERT_EQ(CoInitialize(nullptr), S_OK);
         {
@@ -137,12 +137,12 @@ TEST(Owner, IsNeverTheProgressWindow) {
     call(general.get(), L"BarraProgresoFinaliza");
 }
 
-TEST(Owner, DestroyedMeanwhileDoesNotTakeItsWindowsAlong) {
+TEST(Owner, CanBeDestroyedWithoutDestroyingTheModalWindow) {
     const HostCalls host;
     const HostWindow stays(L"Principal");
     for (const Modal* modal : {&verifier, &prompt, &dialog}) {
         const HostWindow main(L"Contratos");
-        // A form of the main window's, as hosts have them.
+        // A form owned by the main window, as hosts have them.
         const HostWindow form(L"Contrato", main.window());
         for (HWND destroyed : {form.window(), main.window()}) {
             SetActiveWindow(destroyed == form.window() ? form.window() : main.window());
@@ -160,7 +160,7 @@ TEST(Owner, DestroyedMeanwhileDoesNotTakeItsWindowsAlong) {
     }
 }
 
-TEST(Owner, OfTheDestroyedFormDoesNotTakeThemAlongEither) {
+TEST(Owner, CanLoseItsOwnOwnerWithoutDestroyingTheModalWindow) {
     const HostCalls host;
     for (const Modal* modal : {&verifier, &prompt}) {
         const HostWindow main(L"Contratos");
@@ -175,7 +175,7 @@ TEST(Owner, OfTheDestroyedFormDoesNotTakeThemAlongEither) {
     }
 }
 
-TEST(Owner, MinimisedMeanwhileDoesNotTakeThemFromTheScreen) {
+TEST(Owner, CanBeMinimisedWithoutHidingTheModalWindow) {
     const HostCalls calls;
     const HostWindow host(L"Contratos");
     for (const Modal* modal : {&verifier, &prompt}) {
@@ -205,14 +205,14 @@ TEST(InFront, IsAModalWindowWhateverHostWindowComesForward) {
             for (HWND host : {first.window(), second.window()}) {
                 activate(host);
                 comes_before(window, host);
-                // Brought forward by the host itself, which leaves the keyboard where it is.
+                // Raised by the host without activating it.
                 calls.post([=] {
                     SetWindowPos(host, HWND_TOP, 0, 0, 0, 0,
                                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
                 });
                 comes_before(window, host);
-                // Always on top; not what owns the window, which the system of the tests leaves
-                // where it is.
+                // Made topmost; not for the owner of the window, whose order Wine does not
+                // change.
                 if (owner_of(window) == host) continue;
                 calls.post([=] {
                     SetWindowPos(host, HWND_TOPMOST, 0, 0, 0, 0,
@@ -248,7 +248,7 @@ TEST_F(Progress, ComesForwardWithItsHost) {
     EXPECT_TRUE(pump_until([&] { return GetActiveWindow() == window; }));
     std::atomic<bool> done = false;
     std::thread user([&] {
-        // To a window that is not this thread's, and back to the host by its button in the taskbar.
+        // Switches to a window of another thread, and back to the host as the taskbar does.
         const HostWindow elsewhere(L"Otro trabajo");
         EXPECT_TRUE(bring_to_front(elsewhere.window()));
         activate(host.window());

@@ -1,10 +1,10 @@
-// The picture surface by member name, as hosts draw on it.
+// The picture surface, drawn on by member name as hosts do.
 #include "ui/picture_surface.h"
 
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 namespace {
@@ -37,7 +37,7 @@ class Surface : public testing::Test {
     PictureObject picture_ = make_picture();
 };
 
-TEST_F(Surface, BeginsInTwipsAndWhite) {
+TEST_F(Surface, IsInitiallyWhiteAndInTwips) {
     EXPECT_EQ(number(L"ScaleWidth"), 1500);
     EXPECT_EQ(number(L"ScaleHeight"), 600);
     EXPECT_EQ(number(L"DrawMode"), 13);
@@ -47,7 +47,7 @@ TEST_F(Surface, BeginsInTwipsAndWhite) {
     EXPECT_EQ(pixel(99, 39), RGB(255, 255, 255));
 }
 
-TEST_F(Surface, EachScaleIsItsOwn) {
+TEST_F(Surface, WidthAndHeightHaveTheirOwnScales) {
     set(L"ScaleWidth", Variant(std::int16_t{100}));
     EXPECT_EQ(number(L"ScaleWidth"), 100);
     EXPECT_EQ(number(L"ScaleHeight"), 600);
@@ -56,7 +56,7 @@ TEST_F(Surface, EachScaleIsItsOwn) {
     EXPECT_EQ(number(L"ScaleHeight"), 600);
 }
 
-TEST_F(Surface, RefusesWhatIsNoScaleAndNoMode) {
+TEST_F(Surface, RefusesInvalidScalesAndModes) {
     for (const float length :
          {0.0F, std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::infinity()}) {
         EXPECT_EQ(set(L"ScaleWidth", Variant(length)).error, invalid_argument);
@@ -104,7 +104,7 @@ TEST_F(Surface, TheNotXorPenTwiceChangesNothing) {
     EXPECT_EQ(pixel(50, 20), RGB(255, 255, 255));
 }
 
-TEST_F(Surface, SystemColoursAndRubbish) {
+TEST_F(Surface, SystemAndInvalidColours) {
     set(L"ForeColor",
         Variant(static_cast<std::int32_t>(0x80000000U | static_cast<unsigned>(COLOR_HIGHLIGHT))));
     line(36, 0, 0, 1500, 600);

@@ -29,7 +29,7 @@ std::size_t count(const Pixels& pixels, int left, int right, COLORREF color) {
     return result;
 }
 
-TEST_F(Progress, TheBarAtEveryState) {
+TEST_F(Progress, TheBarAtEveryPercentage) {
     start({L"Facturación", L"Generando los recibos de noviembre...", true});
     HWND const window = only_window();
     const COLORREF bar_color = usual_bar_color();
@@ -38,7 +38,7 @@ TEST_F(Progress, TheBarAtEveryState) {
         settle();
         const Pixels seen = bar_pixels(window);
         const int edge = static_cast<int>(std::lround(seen.width * percentage / 100.0));
-        // Bar and text have one colour: there are only two in all.
+        // Bar and text have the same colour, so there are two colours in all.
         EXPECT_EQ(count(seen, 0, seen.width, bar_color) + count(seen, 0, seen.width, white),
                   seen.colors.size());
         for (const int y : {0, seen.height - 1}) {
@@ -66,7 +66,7 @@ TEST_F(Progress, TheTextIsInvertedUnderTheBar) {
               half.colors.size());
 }
 
-/// A host's picture: it passes everything on to a surface and can leave out the bar.
+/// A host's picture, which forwards all calls to a surface and can skip the bar.
 ComPtr<ScriptedObject> recording_picture(const PictureObject& target, bool with_bar) {
     auto picture = ScriptedObject::make();
     IDispatch* const to = target.object.get();
@@ -105,7 +105,7 @@ PictureObject host_surface(COLORREF color = RGB(0, 0, 0)) {
     return picture;
 }
 
-TEST_F(Progress, AHostsPictureIsDrawnPixelByPixelInverse) {
+TEST_F(Progress, AHostsPictureShowsTheTextInvertedPixelByPixel) {
     for (const COLORREF color : {RGB(0, 0, 0), RGB(0, 96, 200), RGB(255, 128, 1)}) {
         for (const std::int32_t percentage : {0, 1, 37, 50, 99, 100, 101, 100000, -1, -50}) {
             const auto plain = host_surface(color);
@@ -160,7 +160,7 @@ ComPtr<ScriptedObject> plain_picture(bool auto_redraw) {
     return picture;
 }
 
-TEST_F(Progress, AHostsPictureIsAskedForEachStepInTurn) {
+TEST_F(Progress, AHostsPictureIsCalledInOrder) {
     for (const bool auto_redraw : {false, true}) {
         const auto picture = plain_picture(auto_redraw);
         std::vector<VARTYPE> types;
@@ -229,7 +229,7 @@ TEST_F(Progress, GrowsWithTheDisplaysResolution) {
     EXPECT_NEAR(inner(bar_of(window)).right, bar_width * 3 / 2, 2);
     const RECT cancel = bounds_in(find_control(window, L"Button"), base_of(window));
     EXPECT_NEAR(cancel.right - cancel.left, 174, 1);
-    // At once, and as the next update shows it.
+    // At once, and after the next update.
     const Pixels seen = bar_pixels(window);
     EXPECT_EQ(seen.at(seen.width / 2 - 1, 0), usual_bar_color());
     EXPECT_EQ(seen.at(seen.width / 2, 0), white);

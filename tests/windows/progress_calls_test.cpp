@@ -1,10 +1,10 @@
-// The progress members as every kind of host calls them, their failures, and hosts that end with
-// the window open.
+// The progress members in every way of calling, their failures, and hosts that exit with the window
+// open.
 #include <array>
 #include <thread>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
 #include "tests/windows/progress_window.h"
 
 namespace kovrel::test {
@@ -43,14 +43,14 @@ TEST_F(Progress, EveryWayOfCallingItDoesTheSame) {
         const Pixels seen = bar_pixels(window);
         EXPECT_EQ(seen.at(seen.width / 2 - 1, 0), RGB(0, 96, 32));
         EXPECT_EQ(seen.at(seen.width / 2, 0), white);
-        // Left out, the message is cleared.
+        // An omitted message clears the line.
         done(L"BarraProgresoActualiza", {Variant(std::int32_t{60})});
         EXPECT_EQ(text_of(find_control(window, L"Static")), L"");
         const Answer canceled = call_in(way, general_.get(), L"BarraProgresoCancelada");
         EXPECT_EQ(shown(canceled.value), "booleano Falso");
         done(L"BarraProgresoFinaliza");
         EXPECT_THAT(progress_windows(), IsEmpty());
-        // What is left out keeps the design.
+        // Omitted sizes keep their design values.
         done(L"BarraProgresoInicia", {Variant(L"Recibos"), Variant(L"Se generan")});
         EXPECT_FALSE(IsWindowVisible(base_of(only_window())));
         EXPECT_EQ(inner(header_of(only_window())).bottom, 46);

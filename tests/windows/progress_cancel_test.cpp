@@ -1,4 +1,4 @@
-// Canceling in the progress window, and whose the keyboard is, while the host is busy or waits.
+// Canceling in the progress window, and the focus, while the host is busy or waits.
 #include <chrono>
 #include <thread>
 
@@ -8,7 +8,7 @@
 namespace kovrel::test {
 namespace {
 
-/// Updates as a busy host, that never lets events run, until the user has canceled.
+/// Updates without dispatching messages, as a busy host, until the user has canceled.
 template <class Update>
 int update_until(const Update& update, const std::function<bool()>& ended) {
     const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
@@ -32,7 +32,7 @@ TEST_F(Progress, TheMouseCancelsWhileTheHostIsBusy) {
     user.join();
     EXPECT_TRUE(canceled());
     EXPECT_FALSE(IsWindow(window));
-    // Updates that come too late go nowhere, and the wish is not forgotten.
+    // Later updates are ignored, and the cancel remains set.
     update(50);
     EXPECT_TRUE(canceled());
     EXPECT_THAT(progress_windows(), testing::IsEmpty());
@@ -70,7 +70,7 @@ TEST_F(Progress, TheKeyboardCancelsWhileTheHostWaits) {
     }
 }
 
-TEST_F(Progress, WithoutTheButtonNothingCancels) {
+TEST_F(Progress, CannotBeCanceledWithoutTheButton) {
     start({L"Sin botón", L"Texto"});
     HWND const window = only_window();
     ask(window, WM_CLOSE);
@@ -100,7 +100,7 @@ TEST_F(Progress, LeavesTheFocusToTheHostsBoxes) {
     MessageBoxW(host.window(), L"¿Continuar?", L"Host", MB_OK);
     ASSERT_EQ(boxes.seen().size(), 1U);
     EXPECT_EQ(boxes.seen()[0].text, L"¿Continuar?");
-    // The key was the box's, not the button's that had the focus before.
+    // The key went to the box, not to the button that had the focus before.
     EXPECT_FALSE(canceled());
     EXPECT_TRUE(IsWindow(only_window()));
 }
@@ -111,9 +111,9 @@ TEST_F(Progress, ASecondWindowReplacesTheFirstWithoutClosingIt) {
     start({L"Segunda", L"Texto", true});
     EXPECT_EQ(progress_windows().size(), 2U);
     EXPECT_TRUE(IsWindow(first));
-    // Two windows that keep the focus do not fight for it.
+    // Two windows that keep the focus do not loop.
     settle();
-    // A cancel in the first is not the second's.
+    // Canceling in the first does not cancel the second.
     ask(find_control(first, L"Button"), BM_CLICK);
     EXPECT_FALSE(canceled());
     HWND const second = only_window();

@@ -1,4 +1,4 @@
-// The progress window's comings and goings, its texts and its layout.
+// The progress window: opening and closing, texts and layout.
 #include <array>
 #include <chrono>
 #include <iostream>
@@ -67,7 +67,7 @@ TEST_F(Progress, TheAreasAreStackedAndTheWindowFitsThem) {
     EXPECT_EQ(tall - low, base);
 }
 
-TEST_F(Progress, SizesAndPlaceAreTwips) {
+TEST_F(Progress, SizesAndPositionAreInTwips) {
     start({L"Medidas", L"Texto", true, 1500, 9000, 1500, 3000});
     HWND const window = only_window();
     EXPECT_EQ(inner(header_of(window)).bottom, 100);
@@ -75,7 +75,7 @@ TEST_F(Progress, SizesAndPlaceAreTwips) {
     is_at(window, 200, 100);
 }
 
-TEST_F(Progress, TheAreasKeepTheirPlacesWhenTheWindowIsResized) {
+TEST_F(Progress, TheAreasKeepTheirPositionsWhenTheWindowIsResized) {
     const auto areas = [](HWND window) {
         std::vector<std::array<LONG, 4>> places;
         for (HWND const area : {header_of(window), bar_of(window), base_of(window)}) {
@@ -94,7 +94,7 @@ TEST_F(Progress, TheAreasKeepTheirPlacesWhenTheWindowIsResized) {
         EXPECT_EQ(areas(window), design) << width << " by " << height;
     }
     finish();
-    // A width that the host gives is the window's alone.
+    // The host's width sets only the width of the window.
     for (const std::int32_t width : {3000, 12000}) {
         start({L"Recibos", L"Texto", true, 0, width});
         EXPECT_EQ(areas(only_window()), design) << width;
@@ -102,7 +102,7 @@ TEST_F(Progress, TheAreasKeepTheirPlacesWhenTheWindowIsResized) {
     }
 }
 
-TEST_F(Progress, ZeroIsTheScreensCornerAndMinusOneTheDesign) {
+TEST_F(Progress, PositionZeroIsTheCornerAndMinusOneTheDefault) {
     start({L"Esquina", L"Texto", false, 0, 0, 0, 0});
     is_at(only_window(), 0, 0);
     const RECT bounds = outer(only_window());
@@ -170,7 +170,7 @@ TEST_F(Progress, EveryInstanceHasItsOwnWindow) {
     call(other.get(), L"BarraProgresoFinaliza");
 }
 
-TEST_F(Progress, TheWindowsGoWithTheInstance) {
+TEST_F(Progress, TheWindowsAreClosedWithTheInstance) {
     start({L"Primera", L"Texto"});
     start({L"Segunda", L"Texto"});
     EXPECT_EQ(progress_windows().size(), 2U);
@@ -178,7 +178,7 @@ TEST_F(Progress, TheWindowsGoWithTheInstance) {
     EXPECT_THAT(progress_windows(), IsEmpty());
 }
 
-TEST_F(Progress, AThousandUpdatesLeaveNothingBehind) {
+TEST_F(Progress, AThousandUpdatesLeakNothing) {
     start({L"Mil", L"Texto", true});
     const auto thousand = [&] {
         const auto begin = std::chrono::steady_clock::now();
@@ -204,7 +204,7 @@ TEST_F(Progress, AThousandUpdatesLeaveNothingBehind) {
     EXPECT_LT(committed() - memory, 512);
 }
 
-TEST_F(Progress, OpeningAndClosingLeavesNothingBehind) {
+TEST_F(Progress, OpeningAndClosingLeaksNothing) {
     const auto round = [&] {
         start({L"Vez", L"Texto", true});
         update(50);

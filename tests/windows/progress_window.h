@@ -1,5 +1,4 @@
-// The progress window as tests work it: its areas, what the screen shows of its bar, and a host's
-// instance that drives it.
+// The progress window for tests: its areas, the pixels of its bar, and the fixture that drives it.
 #pragma once
 
 #include <windows.h>
@@ -9,8 +8,8 @@
 #include <vector>
 
 #include "progress/bar_colors.h"
-#include "tests/automation/box_lines.h"
-#include "tests/automation/late.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 
@@ -48,13 +47,12 @@ inline RECT outer(HWND window) {
     GetWindowRect(window, &bounds);
     return bounds;
 }
-// While the window manager puts its frame around a window, its place in the frame may pass for that
-// on the screen.
+// Waits, since the position is relative to the frame while the window manager adds one.
 inline void is_at(HWND window, int left, int top) {
     EXPECT_TRUE(pump_until([&] { return outer(window).left == left && outer(window).top == top; }))
         << outer(window).left << ", " << outer(window).top;
 }
-// So may its size be that of its design.
+// Waits, since the window manager sets the size later.
 inline void has_width(HWND window, int width) {
     EXPECT_TRUE(pump_until([&] { return outer(window).right - outer(window).left == width; }))
         << outer(window).right - outer(window).left;
@@ -101,17 +99,17 @@ inline Pixels bar_pixels(HWND window) {
     return drawn(bar_of(window));
 }
 
-/// The bar's colour where the host has given none.
+/// The default colour of the bar.
 inline COLORREF usual_bar_color() {
     return bar_colors(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_HIGHLIGHT)).bar();
 }
 
-/// Lets the thread's windows have what waits for them.
+/// Dispatches the thread's pending messages.
 inline void settle() {
     (void)pump_until([] { return true; });
 }
 
-/// A host's instance with its window open; everything is closed at the end.
+/// An instance whose windows are closed at the end.
 class Progress : public testing::Test {
  protected:
     void TearDown() override {

@@ -1,9 +1,8 @@
 #!/bin/bash
-# Runs a test program on a small screen of its own, with a resolution and colours of a user's choice:
+# Runs a test program on a small screen of its own, with a given resolution and given colours:
 # run_on_display.sh WINE LIBRARY DOTS_PER_INCH COLOURS PROGRAM [ARGUMENTS]
 #   COLOURS   "usual", or the registry lines in the file COLOURS.reg beside this script
-# Wine reads both when a program starts, for all programs of a prefix. So this one gets a copy of the
-# prefix.
+# Wine keeps both in the prefix, so the program runs in a copy of it.
 set -euo pipefail
 here=$(dirname "$0")
 source "$here/../support/prefix_copy.sh"

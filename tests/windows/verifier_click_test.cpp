@@ -1,5 +1,5 @@
-// A click on a button of the verifier's counts once the check of the field that it leaves has
-// passed, and not before; and which button the Enter key presses.
+// A click on a button of the verifier takes effect only after the check of the field that loses the
+// focus has passed; and the button that Enter presses.
 #include <gmock/gmock.h>
 
 #include "tests/windows/verifier_window.h"
@@ -31,7 +31,7 @@ TEST_F(Verifier, AClickCopiesWhatTheCheckCorrected) {
     });
 }
 
-TEST_F(Verifier, AClickCopiesTheAccountThatTheUserWasToldOf) {
+TEST_F(Verifier, AClickCopiesTheAccountAfterTheWarning) {
     set_clipboard(L"antes");
     open([](const Controls& controls) {
         controls.to_front();
@@ -73,7 +73,7 @@ TEST_F(Verifier, OneClickClosesAfterTheCheck) {
     });
 }
 
-TEST_F(Verifier, ARefusedClickDoesNotCount) {
+TEST_F(Verifier, ARefusedClickHasNoEffect) {
     set_clipboard(L"antes");
     open([](const Controls& controls) {
         controls.to_front();
@@ -84,7 +84,7 @@ TEST_F(Verifier, ARefusedClickDoesNotCount) {
             controls.has_focus(controls.tax_id);
             EXPECT_EQ(clipboard(), L"antes");
         }
-        // What the check emptied is no longer there to be copied.
+        // The check has emptied the field, so there is nothing to copy.
         press_key(VK_END);
         for (int strokes = 0; strokes < 4; ++strokes) press_key(VK_BACK);
         controls.type(controls.tax_id, L"A28015866", L"A28015866");
@@ -97,7 +97,7 @@ TEST_F(Verifier, ARefusedClickDoesNotCount) {
     });
 }
 
-TEST_F(Verifier, AClickThatTheUserTakesBackOnlyLeavesTheField) {
+TEST_F(Verifier, APressReleasedOutsideOnlyMovesTheFocus) {
     set_clipboard(L"antes");
     open([](const Controls& controls) {
         controls.to_front();
@@ -108,7 +108,7 @@ TEST_F(Verifier, AClickThatTheUserTakesBackOnlyLeavesTheField) {
         controls.shows_marks("NIF aceptado");
         controls.has_focus(controls.copy_tax_id);
         EXPECT_EQ(clipboard(), L"antes");
-        // The same on the button that closes: the window stays.
+        // The same with the close button: the window stays open.
         press_key('N', Modifier::alt);
         controls.has_focus(controls.tax_id);
         ask(controls.tax_id, EM_SETSEL, 0, -1);
@@ -120,7 +120,7 @@ TEST_F(Verifier, AClickThatTheUserTakesBackOnlyLeavesTheField) {
     });
 }
 
-/// The captions of the buttons that have the frame of the default one.
+/// The captions of the buttons that are drawn as the default button.
 std::vector<std::string> framed(const Controls& controls) {
     std::vector<std::string> captions;
     for (const Control& control : controls_of(controls.window)) {
@@ -138,20 +138,20 @@ void expect_framed(const Controls& controls, const std::string& caption) {
         << testing::PrintToString(framed(controls));
 }
 
-TEST_F(Verifier, OneButtonHasTheFrameOfTheDefaultOne) {
+TEST_F(Verifier, ExactlyOneButtonIsTheDefault) {
     open([](const Controls& controls) {
         EXPECT_THAT(framed(controls), ElementsAre("C&errar"));
         controls.to_front();
         EXPECT_EQ(ask(controls.window, DM_GETDEFID),
                   MAKELRESULT(GetDlgCtrlID(controls.close), DC_HASDEFID));
-        // A refused Tab.
+        // Tab when the check refuses the field.
         controls.type(controls.tax_id, L"1234", L"1234");
         press_key(VK_TAB);
         controls.shows_marks("");
         controls.has_focus(controls.tax_id);
         expect_framed(controls, "C&errar");
         EXPECT_TRUE(save_picture(controls.window, picture_folder() / L"verifier_refused.png"));
-        // One that is not.
+        // Tab when the check passes.
         press_key(VK_END);
         controls.type(controls.tax_id, L"5678Z", L"12345678Z");
         press_key(VK_TAB);
@@ -160,7 +160,7 @@ TEST_F(Verifier, OneButtonHasTheFrameOfTheDefaultOne) {
         press_key(VK_RETURN);
         controls.has_focus(controls.tax_id);
         expect_framed(controls, "C&errar");
-        // By mouse, and back by access key.
+        // With the mouse, and back with the access key.
         click(controls.copy_tax_id);
         EXPECT_TRUE(wait_until([] { return clipboard() == L"12345678Z"; }));
         controls.has_focus(controls.tax_id);
@@ -178,7 +178,7 @@ TEST_F(Verifier, OneButtonHasTheFrameOfTheDefaultOne) {
     });
 }
 
-TEST_F(Verifier, AfterARefusedClickTheFieldHasFocusAndNoButtonItsFrame) {
+TEST_F(Verifier, AfterARefusedClickTheFieldHasTheFocusAndCloseIsTheDefault) {
     open([](const Controls& controls) {
         controls.to_front();
         controls.type(controls.tax_id, L"1234", L"1234");
@@ -193,10 +193,10 @@ TEST_F(Verifier, AfterARefusedClickTheFieldHasFocusAndNoButtonItsFrame) {
     });
 }
 
-TEST_F(Verifier, EnterPressesTheDefaultButtonWhereAFieldDoesNotTakeIt) {
+TEST_F(Verifier, EnterPressesTheDefaultButtonOutsideTheFields) {
     open([](const Controls& controls) {
         controls.to_front();
-        // A field takes it, and goes on to the next control.
+        // In a field Enter moves to the next control.
         press_key(VK_RETURN);
         controls.has_focus(controls.copy_tax_id);
         press_key('U', Modifier::alt);

@@ -41,7 +41,7 @@ TEST_F(Verifier, CopiesToTheClipboard) {
     });
 }
 
-TEST_F(Verifier, NothingToCopyIsToldAndTheClipboardStays) {
+TEST_F(Verifier, NothingToCopyShowsABoxAndLeavesTheClipboard) {
     set_clipboard(L"antes");
     open([](const Controls& controls) {
         controls.to_front();

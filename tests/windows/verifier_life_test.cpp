@@ -1,7 +1,7 @@
-// The verifier's comings and goings: how it opens, what its keys do, how it closes.
+// The verifier: how it opens, its keys, how it closes.
 #include <atomic>
 
-#include "tests/automation/early.h"
+#include "tests/support/early.h"
 #include "tests/support/gui_objects.h"
 #include "tests/windows/host_window.h"
 #include "tests/windows/verifier_window.h"
@@ -9,7 +9,7 @@
 namespace kovrel::test {
 namespace {
 
-TEST_F(Verifier, OpensEmptyUnderTheHostsName) {
+TEST_F(Verifier, OpensEmptyWithTheHostsNameAsCaption) {
     open([](const Controls& controls) {
         EXPECT_EQ(text_of(controls.window), L"Gestión de cobros");
         EXPECT_EQ(text_of(controls.tax_id), L"");
@@ -51,7 +51,7 @@ TEST_F(Verifier, AShortValueDoesNotKeepTheWindowOpen) {
     }
 }
 
-TEST_F(Verifier, EnterGoesOnToTheNextField) {
+TEST_F(Verifier, EnterMovesToTheNextControl) {
     open([](const Controls& controls) {
         controls.to_front();
         controls.type(controls.tax_id, L"12345678Z", L"12345678Z");
@@ -73,7 +73,7 @@ TEST_F(Verifier, EnterPressesTheCloseButton) {
     });
 }
 
-TEST_F(Verifier, AWrongValueIsToldBeforeTheAccessKeyCloses) {
+TEST_F(Verifier, AWrongValueIsReportedBeforeTheAccessKeyCloses) {
     open([](const Controls& controls) {
         controls.to_front();
         controls.type(controls.tax_id, L"12345678A", L"12345678A");
@@ -120,7 +120,7 @@ TEST_F(Verifier, DataEntryErrorsAreExplained) {
     });
 }
 
-TEST_F(Verifier, TheNextTimeItIsEmptyAgain) {
+TEST_F(Verifier, IsEmptyWhenOpenedAgain) {
     open([](const Controls& controls) {
         controls.to_front();
         controls.type(controls.tax_id, L"12345678Z", L"12345678Z");
@@ -135,7 +135,7 @@ TEST_F(Verifier, TheNextTimeItIsEmptyAgain) {
     });
 }
 
-TEST_F(Verifier, LeavesNothingBehind) {
+TEST_F(Verifier, LeaksNothing) {
     const auto once = [&] { open([](const Controls& controls) { controls.leave(); }); };
     once();
     const GuiObjects before = gui_objects();
@@ -179,7 +179,7 @@ TEST_F(Verifier, ASecondCallWhileItIsOpenIsReported) {
                   "forma modal) en procedimiento LanzaVerificadorNIFyCCC del Módulo de clase "
                   "clsFGen.|1");
         EXPECT_TRUE(wait_until([&] { return returned.load(); }));
-        // The window that the user works in goes on.
+        // The open window is not affected.
         EXPECT_EQ(text_of(controls.tax_id), L"1234");
         EXPECT_TRUE(IsWindowEnabled(controls.window));
         controls.leave();

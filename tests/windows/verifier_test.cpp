@@ -1,10 +1,10 @@
-// The verifier's checks, worked with real keys: what it accepts, corrects, marks and tells.
+// The verifier's checks, with real keys: what it accepts, corrects, marks and reports.
 #include "tests/windows/verifier_window.h"
 
 namespace kovrel::test {
 namespace {
 
-TEST_F(Verifier, GoodValuesAreAccepted) {
+TEST_F(Verifier, ValidValuesAreAccepted) {
     open([](const Controls& controls) {
         controls.to_front();
         controls.type(controls.tax_id, L"12345678z", L"12345678z");
@@ -23,7 +23,7 @@ TEST_F(Verifier, GoodValuesAreAccepted) {
     });
 }
 
-TEST_F(Verifier, AWrongLetterIsToldAndCorrected) {
+TEST_F(Verifier, AWrongLetterIsReportedAndCorrected) {
     open([](const Controls& controls) {
         controls.to_front();
         controls.type(controls.tax_id, L"12345678A", L"12345678A");
@@ -73,7 +73,7 @@ TEST_F(Verifier, AWrongAccountNamesTheRightDigits) {
     });
 }
 
-TEST_F(Verifier, ShortValuesKeepTheFocusInSilence) {
+TEST_F(Verifier, ShortValuesKeepTheFocusWithoutABox) {
     open([](const Controls& controls) {
         controls.to_front();
         controls.type(controls.tax_id, L"1234", L"1234");
@@ -81,7 +81,7 @@ TEST_F(Verifier, ShortValuesKeepTheFocusInSilence) {
         controls.shows_marks("");
         controls.has_focus(controls.tax_id);
         EXPECT_EQ(text_of(controls.tax_id), L"1234");
-        // The rest makes it right.
+        // Completing it makes it valid.
         press_key(VK_END);
         controls.type(controls.tax_id, L"5678Z", L"12345678Z");
         press_key(VK_TAB);
@@ -91,14 +91,14 @@ TEST_F(Verifier, ShortValuesKeepTheFocusInSilence) {
         press_key(VK_TAB);
         controls.shows_marks("NIF aceptado");
         controls.has_focus(controls.account);
-        // The next key after the attempt still belongs to the field.
+        // The next key still goes to the field.
         press_key(VK_TAB, Modifier::shift);
         controls.type(controls.account, L"8", L"2100 08");
         controls.leave();
     });
 }
 
-TEST_F(Verifier, TheFieldsTakeOnlyWhatTheyAreFor) {
+TEST_F(Verifier, TheFieldsTakeOnlyTheirCharacters) {
     open([](const Controls& controls) {
         controls.to_front();
         controls.type(controls.tax_id, L"b-12 34.56x789", L"b123456x7");
@@ -109,7 +109,7 @@ TEST_F(Verifier, TheFieldsTakeOnlyWhatTheyAreFor) {
         press_key(VK_TAB);
         press_key(VK_TAB);
         controls.type(controls.account, L"2100a0813", L"2100 0813");
-        // Over the separator from both sides.
+        // Past the separator from both sides.
         ask(controls.account, EM_SETSEL, 5, 5);
         press_key(VK_BACK);
         EXPECT_TRUE(wait_until([&] { return text_of(controls.account) == L"2100 813"; }))
@@ -129,7 +129,7 @@ TEST_F(Verifier, TheKindOfTaxIdIsInTheTooltip) {
     });
 }
 
-TEST_F(Verifier, TheTooltipGoesWithTheValueItDescribes) {
+TEST_F(Verifier, TheTooltipIsRemovedWithItsValue) {
     open([](const Controls& controls) {
         const auto check = [&](const wchar_t* keys, const wchar_t* tooltip) {
             controls.type(controls.tax_id, keys, keys);

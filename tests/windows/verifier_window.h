@@ -1,4 +1,4 @@
-// The verifier as tests work it: its controls, its boxes, its tooltips and the clipboard.
+// The verifier for tests: its controls, boxes and tooltips, and the clipboard.
 #pragma once
 
 #include <windows.h>
@@ -8,8 +8,8 @@
 #include <string>
 #include <utility>
 
-#include "tests/automation/box_lines.h"
-#include "tests/automation/late.h"
+#include "tests/support/box_lines.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 
@@ -46,7 +46,7 @@ struct Controls {
         back_to_front();
         has_focus(tax_id);
     }
-    // After a box the window manager may give the keyboard to nobody.
+    // Needed after a box, when the window manager may leave no window active.
     void back_to_front() const { EXPECT_TRUE(bring_to_front(window)); }
     void has_focus(HWND control) const {
         EXPECT_TRUE(wait_until([&] { return focus_of(window) == control; }));
@@ -75,7 +75,7 @@ struct Controls {
     HWND close = nullptr;
 };
 
-// Waits for a box, answers it and gives it as a line.
+// Waits for a box, answers it and returns it as a line.
 std::string answer_next_box();
 
 void set_clipboard(const wchar_t* text);

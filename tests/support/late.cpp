@@ -1,4 +1,4 @@
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

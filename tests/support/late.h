@@ -29,17 +29,16 @@ class ComApartment {
     HRESULT result_;
 };
 
-/// A new instance of a registered class; none when that fails.
+/// A new instance of a registered class; null when that fails.
 ComPtr<IDispatch> create(const wchar_t* prog_id);
 
-/// What a test has done right before and right after the call itself, where the host's own state is
-/// in force.
+/// Hooks that run right before and after each call, with the host's floating-point environment.
 struct AroundCalls {
     static inline void (*before)() = nullptr;
     static inline void (*after)() = nullptr;
 };
 
-/// Makes a call into the library, or whatever makes it.
+/// Makes a call with these hooks around it.
 template <class Call>
 HRESULT made(const Call& call) {
     if (AroundCalls::before != nullptr) AroundCalls::before();
@@ -82,7 +81,7 @@ struct LateArgument : VARIANT {
     Variant owned;
 };
 
-/// The id of a member; DISPID_UNKNOWN when the object has none such.
+/// The id of a member; DISPID_UNKNOWN where the object has no such member.
 DISPID id_of(IDispatch* object, const std::wstring& member);
 
 /// Calls with arguments in their natural order; the last ones can be named.

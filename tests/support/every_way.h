@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/automation/early.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 
@@ -44,7 +44,7 @@ struct ExpectedBox {
     int pressed = IDOK;
 };
 
-/// Calls, answers the boxes, and fails the test unless just these were shown.
+/// Calls, answers the boxes, and fails the test unless exactly these were shown.
 Answer call_in(Way way, IDispatch* object, const std::wstring& member,
                std::vector<Variant> arguments, const std::vector<ExpectedBox>& boxes);
 

@@ -1,4 +1,4 @@
-// What this process holds of the system: memory, handles, graphics and windows.
+// The memory, handles, GDI and USER objects that this process holds.
 #pragma once
 
 #include <windows.h>
@@ -26,7 +26,7 @@ struct Resources {
         return result;
     }
 
-    /// In all heaps, to the byte: what the process has of the system grows and shrinks by pages.
+    /// Allocated in all heaps, to the byte; the process's own counters change by pages.
     static SIZE_T bytes_in_use() {
         HANDLE heaps[64]{};
         const DWORD count = std::min<DWORD>(GetProcessHeaps(64, heaps), 64);
@@ -41,7 +41,7 @@ struct Resources {
         return bytes;
     }
 
-    /// From the system's list of processes: Wine answers the question for one process alone with 0.
+    /// From the system's list of processes: Wine answers the query for one process with 0.
     static DWORD handle_count() {
         using Query = NTSTATUS(NTAPI*)(SYSTEM_INFORMATION_CLASS, void*, ULONG, ULONG*);
         static const auto query = reinterpret_cast<Query>(reinterpret_cast<void (*)()>(

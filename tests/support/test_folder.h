@@ -35,7 +35,7 @@ class TestFolder {
     }
 
  private:
-    /// In the form that has no length limit: tests make deep folders.
+    /// With the prefix that lifts the length limit, since tests make deep folders.
     void remove() const {
         std::error_code ignored;
         std::filesystem::remove_all(LR"(\\?\)" + path_.wstring(), ignored);

@@ -1,4 +1,4 @@
-#include "tests/automation/import_patch.h"
+#include "tests/support/import_patch.h"
 
 #include <string_view>
 

@@ -2,7 +2,7 @@
 // names.
 #pragma once
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 namespace kovrel::test {
 
@@ -12,10 +12,10 @@ ComPtr<ITypeInfo> vtable_side_of(const ComPtr<ITypeInfo>& info);
 /// The description of an instance's own interface, its vtable entries included.
 ComPtr<ITypeInfo> interface_of(IDispatch* object);
 
-/// Byte offset of a member's vtable entry; -1 when there is none such.
+/// Byte offset of a member's vtable entry; -1 where there is none.
 std::ptrdiff_t vtable_offset(IDispatch* object, const std::wstring& member, INVOKEKIND kind);
 
-/// The vtable entry of a member; the test gives its type. Null when there is none such.
+/// The vtable entry of a member as the function type given; null where there is none.
 template <class Function>
 Function early(IDispatch* object, const std::wstring& member, INVOKEKIND kind = INVOKE_FUNC) {
     const std::ptrdiff_t offset = vtable_offset(object, member, kind);

@@ -1,4 +1,4 @@
-#include "tests/automation/early.h"
+#include "tests/support/early.h"
 
 namespace kovrel::test {
 

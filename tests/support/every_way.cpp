@@ -1,4 +1,4 @@
-#include "tests/automation/every_way.h"
+#include "tests/support/every_way.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ struct ParameterShape {
     Variant when_omitted;
 };
 
-/// What a compiler knows of a member.
+/// What a compiler knows of a member from the type library.
 struct MemberShape {
     std::ptrdiff_t offset = -1;
     std::vector<ParameterShape> parameters;
@@ -118,7 +118,7 @@ Answer call_early(IDispatch* object, const MemberShape& shape, Answer answer) {
     EXPECT_EQ(called, S_OK);
     answer.result = result.lVal;
     if (FAILED(answer.result)) read_last_failure(answer);
-    // The library wrote the value itself; the caller knows its type.
+    // The vtable call writes a bare value of the declared type.
     if (shape.result != VT_EMPTY && shape.result != VT_VARIANT) answer.value.vt = shape.result;
     return answer;
 }

@@ -1,8 +1,7 @@
-// What the library hands to the system's own dialogs, field by field, and what it makes of every
-// answer that a dialog can give.
+// The structure that cgsFileOpR passes to the system's open-file dialog, field by field, and every
+// answer that the dialog can give.
 #include <windows.h>
 #include <commdlg.h>
-#include <shlobj.h>
 
 #include <cstddef>
 #include <cstring>
@@ -10,9 +9,9 @@
 #include <gtest/gtest.h>
 #include <optional>
 
-#include "tests/automation/every_way.h"
-#include "tests/automation/import_patch.h"
-#include "tests/automation/test_folder.h"
+#include "tests/support/every_way.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {
@@ -34,7 +33,7 @@ std::string padded(std::string text) {
     return text;
 }
 
-/// The open-file dialog's record as it came, with what its pointers led to.
+/// The open-file dialog's structure as passed, with copies of what it points to.
 struct OpenRecord {
     OPENFILENAME_NT4A record;
     std::string filter;
@@ -47,7 +46,7 @@ struct OpenRecord {
 };
 
 std::vector<OpenRecord> opened;
-/// What the dialog's stand-in does with the record; it is cancelled when there is nothing to do.
+/// How the replacement of the dialog fills in the structure; without it the dialog is cancelled.
 std::function<void(OPENFILENAME_NT4A&)> answer_open;
 
 BOOL WINAPI stand_in_for_open(OPENFILENAMEA* given) {
@@ -59,7 +58,7 @@ BOOL WINAPI stand_in_for_open(OPENFILENAMEA* given) {
                       record.lpstrDefExt, reinterpret_cast<const char*>(record.lpTemplateName)});
     if (!answer_open) return FALSE;
     answer_open(record);
-    // A dialog writes these three back, and hosts do not get to see them.
+    // Output fields that the library does not pass on to the host.
     given->Flags = 0x0100'0000;
     given->nFilterIndex = 77;
     given->nFileOffset = 3;
@@ -126,7 +125,7 @@ TEST_P(OpenRecordsAnySettings, WithNothingSet) {
     EXPECT_EQ(read(L"DialogTitle"), "Abrir");
 }
 
-TEST_P(OpenRecordsAnySettings, EveryPropertyHasItsPlace) {
+TEST_P(OpenRecordsAnySettings, EveryPropertyHasItsField) {
     set(L"hWnd", Variant(std::int32_t{0x12345}));
     set(L"DialogTitle", Variant(L"Elija el año"));
     set(L"Flags", Variant(std::int32_t{0x1A04}));
@@ -147,7 +146,7 @@ TEST_P(OpenRecordsAnySettings, EveryPropertyHasItsPlace) {
     EXPECT_EQ(shown.record.nFilterIndex, 2U);
     EXPECT_EQ(shown.folder, padded("C:\\Datos \xF1"));
     EXPECT_EQ(shown.filter, "Textos\0*.txt\0Datos \xF1\0*.dat;*.db\0\0"s);
-    // The host's own extension is kept for the host alone.
+    // The default extension is not passed to the dialog.
     EXPECT_EQ(shown.extension, "0");
     EXPECT_EQ(read(L"DefaultExt"), "txt");
     set(L"hWnd", Variant(std::int32_t{-2}));
@@ -199,7 +198,7 @@ void fill(OPENFILENAME_NT4A& record, const std::string& file, const std::string&
         std::copy(folder->begin(), folder->end(), const_cast<char*>(record.lpstrInitialDir));
 }
 
-TEST_P(OpenRecordsAnySettings, OneFileIsReadUpToTheFirstZero) {
+TEST_P(OpenRecordsAnySettings, OneFileEndsAtTheFirstNull) {
     answer_open = [](auto& record) { fill(record, "C:\\a\\\xF1.txt\0resto"s, "\xF1.txt\0x"s); };
     set(L"InitDir", Variant(L"C:\\a"));
     set(L"FilterIndex", Variant(std::int32_t{1}));
@@ -211,7 +210,7 @@ TEST_P(OpenRecordsAnySettings, OneFileIsReadUpToTheFirstZero) {
     EXPECT_EQ(read(L"FilterIndex"), "1");
 }
 
-TEST_P(OpenRecordsAnySettings, SeveralFilesAreQuotedInAllThree) {
+TEST_P(OpenRecordsAnySettings, SeveralFilesAreQuotedInAllThreeBuffers) {
     set(L"Flags", Variant(std::int32_t{0x200}));
     set(L"InitDir", Variant(L" C:\\d "));
     answer_open = [](auto& record) { fill(record, "C:\\d\0a\0b \xF1.txt\0\0"s, ""s); };
@@ -236,11 +235,11 @@ TEST_P(OpenRecordsAnySettings, APathThatFillsItsBufferIsReported) {
     answer_open = [](auto& record) { fill(record, std::string(260, 'x'), "x"); };
     EXPECT_FALSE(show({}, {box}));
     EXPECT_EQ(read(L"FileName"), "antes.txt");
-    // One character less leaves room for the zero.
+    // One character less leaves room for the terminating null.
     answer_open = [](auto& record) { fill(record, std::string(259, 'x') + '\0', "x\0"s); };
     EXPECT_TRUE(show());
     EXPECT_EQ(read(L"FileName"), std::string(259, 'x'));
-    // Several files need none.
+    // Several files are read to the end of the buffer without a terminating null.
     set(L"Flags", Variant(std::int32_t{0x200}));
     answer_open = [](auto& record) { fill(record, std::string(260, 'y'), "y\0"s); };
     EXPECT_TRUE(show());
@@ -249,171 +248,7 @@ TEST_P(OpenRecordsAnySettings, APathThatFillsItsBufferIsReported) {
 
 INSTANTIATE_TEST_SUITE_P(All, OpenRecordsAnySettings, testing::ValuesIn(every_way));
 
-/// One message that the browser was sent.
-struct Sent {
-    HWND window;
-    UINT message;
-    WPARAM parameter;
-    std::string text;
-    bool operator==(const Sent&) const = default;
-};
-
-std::vector<Sent> sent;
-std::optional<BROWSEINFOA> browsed;
-std::string browser_title;
-/// What the browser's stand-in does before it closes; true when an item was chosen.
-std::function<bool(const BROWSEINFOA&)> answer_browse;
-/// The path of the item asked about; without one the item has none.
-std::optional<std::string> item_path;
-
-LRESULT WINAPI stand_in_for_send(HWND window, UINT message, WPARAM parameter, LPARAM text) {
-    sent.push_back({window, message, parameter, reinterpret_cast<const char*>(text)});
-    return 0;
-}
-
-ITEMIDLIST* WINAPI stand_in_for_browser(BROWSEINFOA* record) {
-    browsed = *record;
-    browser_title = record->lpszTitle;
-    if (!answer_browse || !answer_browse(*record)) return nullptr;
-    auto* const item = static_cast<ITEMIDLIST*>(CoTaskMemAlloc(sizeof(ITEMIDLIST)));
-    *item = {};
-    return item;
-}
-
-BOOL WINAPI stand_in_for_path(const ITEMIDLIST* /*item*/, char* path) {
-    // The buffer is blank, so that a path that was not written shows.
-    EXPECT_EQ(std::string(path, buffer_size), std::string(buffer_size, ' '));
-    if (!item_path) return FALSE;
-    std::copy(item_path->begin(), item_path->end(), path);
-    return TRUE;
-}
-
-class BrowseRecordsAnySettings : public testing::TestWithParam<Way> {
- protected:
-    BrowseRecordsAnySettings() {
-        sent.clear();
-        browsed.reset();
-        answer_browse = nullptr;
-        item_path.reset();
-    }
-    ~BrowseRecordsAnySettings() override { answer_browse = nullptr; }
-
-    std::string browse(std::vector<Variant> arguments, const std::vector<ExpectedBox>& boxes = {}) {
-        const Answer answer =
-            call_in(GetParam(), profile_.get(), L"BrowseForFolder", std::move(arguments), boxes);
-        EXPECT_EQ(answer.result, S_OK);
-        return shown(answer.value);
-    }
-
-    ComPtr<IDispatch> profile_ = create(L"Kovrel.clsProfile");
-    const ImportPatch browser_{L"kovrel.dll", "SHBrowseForFolderA",
-                               reinterpret_cast<void*>(&stand_in_for_browser)};
-    const ImportPatch path_{L"kovrel.dll", "SHGetPathFromIDListA",
-                            reinterpret_cast<void*>(&stand_in_for_path)};
-    const ImportPatch send_{L"kovrel.dll", "SendMessageA",
-                            reinterpret_cast<void*>(&stand_in_for_send)};
-};
-
-TEST_P(BrowseRecordsAnySettings, TheRecord) {
-    ASSERT_TRUE(browser_.in_place() && path_.in_place() && send_.in_place());
-    EXPECT_EQ(browse({Variant(std::int32_t{0x4321}), Variant(L"Elija el año")}), "texto ");
-    ASSERT_TRUE(browsed);
-    EXPECT_EQ(browsed->hwndOwner, reinterpret_cast<HWND>(std::intptr_t{0x4321}));
-    EXPECT_EQ(browsed->pidlRoot, nullptr);
-    EXPECT_EQ(browsed->pszDisplayName, nullptr);
-    EXPECT_EQ(browser_title,
-              "Elija el a\xF1"
-              "o");
-    EXPECT_EQ(browsed->ulFlags, 1U);
-    EXPECT_NE(browsed->lpfn, nullptr);
-    EXPECT_EQ(browsed->lParam, 0);
-    EXPECT_EQ(browsed->iImage, 0);
-    browse({Variant(std::int32_t{-1}), Variant(L"")});
-    EXPECT_EQ(browser_title, "");
-    EXPECT_EQ(browsed->hwndOwner, reinterpret_cast<HWND>(std::intptr_t{-1}));
-}
-
-TEST_P(BrowseRecordsAnySettings, TheBrowserIsToldWhereToBeginAndWhatIsSelected) {
-    HWND const window = reinterpret_cast<HWND>(std::intptr_t{0x777});
-    const ITEMIDLIST item{};
-    const auto selection = reinterpret_cast<LPARAM>(&item);
-    answer_browse = [&](const BROWSEINFOA& record) {
-        EXPECT_EQ(record.lpfn(window, 1, 0, record.lParam), 0);
-        item_path = "C:\\Datos \xF1\0"s;
-        EXPECT_EQ(record.lpfn(window, 2, selection, record.lParam), 0);
-        item_path.reset();
-        EXPECT_EQ(record.lpfn(window, 2, selection, record.lParam), 0);
-        for (const UINT other : {0U, 3U, 4U, 5U, 0x464U, 0xFFFFU}) {
-            EXPECT_EQ(record.lpfn(window, other, selection, record.lParam), 0);
-        }
-        return false;
-    };
-    EXPECT_EQ(browse({Variant(0), Variant(L"x"), Variant(L"C:\\Año")}), "texto ");
-    EXPECT_EQ(sent, (std::vector<Sent>{{window, 0x466, 1,
-                                        "C:\\A\xF1"
-                                        "o"},
-                                       {window, 0x464, 0, "C:\\Datos \xF1"}}));
-    // The next browse begins at its own.
-    sent.clear();
-    answer_browse = [&](const BROWSEINFOA& record) {
-        record.lpfn(window, 1, 0, record.lParam);
-        return false;
-    };
-    browse({Variant(0), Variant(L"x")});
-    EXPECT_EQ(sent, (std::vector<Sent>{{window, 0x466, 1, ""}}));
-}
-
-TEST_P(BrowseRecordsAnySettings, TheChosenFolderIsReadUpToTheFirstZero) {
-    answer_browse = [](const BROWSEINFOA&) { return true; };
-    item_path = "C:\\Datos \xF1\0resto"s;
-    EXPECT_EQ(browse({Variant(0), Variant(L"x")}), "texto C:\\Datos ñ");
-    item_path = std::string(259, 'c') + '\0';
-    EXPECT_EQ(browse({Variant(0), Variant(L"x")}), "texto " + std::string(259, 'c'));
-}
-
-TEST_P(BrowseRecordsAnySettings, AnItemThatIsNoFolderOfTheDisksIsReported) {
-    const ExpectedBox box{
-        L"Error 5\r (Llamada a procedimiento o argumento no válidos) en procedimiento "
-        L"BrowseForFolder del Módulo de clase clsProfile.",
-        16, L"kovrel"};
-    put(profile_.get(), L"AppOrigen", Variant(L"Gestión"));
-    answer_browse = [](const BROWSEINFOA&) { return true; };
-    EXPECT_EQ(browse({Variant(0), Variant(L"x")}, {box}), "texto ");
-    // Nor is a path without an end one.
-    item_path = std::string(260, 'c');
-    EXPECT_EQ(browse({Variant(0), Variant(L"x")}, {box}), "texto ");
-}
-
-INSTANTIATE_TEST_SUITE_P(All, BrowseRecordsAnySettings, testing::ValuesIn(every_way));
-
-/// What the code page lacks is "?" in the path chosen: a letter that resembles it would make it
-/// another folder's.
-TEST(BrowserOfTheSystem, AFolderThatTheCodePageCannotNameIsNoOther) {
-    const TestFolder folder{L"Carpetas"};
-    for (const wchar_t* const name : {L"O", L"\x03A9", L"Año"}) {
-        std::filesystem::create_directory(folder / name);
-    }
-    static std::wstring chosen;
-    const auto choose = [](BROWSEINFOA* /*record*/)
-                            WINAPI -> ITEMIDLIST* { return ILCreateFromPathW(chosen.c_str()); };
-    ITEMIDLIST*(WINAPI* const stand_in)(BROWSEINFOA*) = choose;
-    const ImportPatch browser(L"kovrel.dll", "SHBrowseForFolderA",
-                              reinterpret_cast<void*>(stand_in));
-    const auto profile = create(L"Kovrel.clsProfile");
-    ASSERT_TRUE(browser.in_place());
-    for (const Way way : every_way) {
-        const auto browse = [&](const wchar_t* name) {
-            chosen = folder / name;
-            return shown(
-                call_in(way, profile.get(), L"BrowseForFolder", {Variant(0), Variant(L"x")}, {})
-                    .value);
-        };
-        EXPECT_EQ(browse(L"\x03A9"), narrow(L"texto " + (folder / L"?")));
-        EXPECT_EQ(browse(L"Año"), narrow(L"texto " + (folder / L"Año")));
-    }
-}
-
-/// A name typed without extension is looked for with the extension 0.
+/// A name typed without extension gets the extension "0".
 TEST(OpenDialogOfTheSystem, TheDefaultExtensionIsZero) {
     TestFolder folder{L"Extensión"};
     folder.write(L"factura.0");

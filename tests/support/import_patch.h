@@ -1,5 +1,5 @@
-// Stands in for a function of the system's in the calls that the library makes to it: for what
-// leaves no trace that a test could read, like the beep, and for answers that it seldom gives.
+// Replaces a system function in the library's calls to it: for effects that a test cannot observe,
+// like the beep, and for results that are hard to provoke.
 #pragma once
 
 #include <windows.h>

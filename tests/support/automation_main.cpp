@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/automation/late.h"
+#include "tests/support/late.h"
 
 int main(int count, char** arguments) {
     testing::InitGoogleTest(&count, arguments);
