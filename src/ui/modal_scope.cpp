@@ -8,7 +8,6 @@
 
 #include "automation/floating_point.h"
 #include "automation/thread_slot.h"
-#include "ui/window.h"
 
 namespace kovrel {
 namespace {
@@ -16,6 +15,7 @@ namespace {
 /// The last begun of the thread's.
 constinit ThreadSlot<ModalScope> innermost;
 
+constexpr wchar_t modeless_mark[] = L"Kovrel.Modeless";
 constexpr UINT_PTR forward_timer = 0x4B01;
 constexpr UINT keep_place = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
 
@@ -52,7 +52,15 @@ HWND modal_owner() noexcept {
     // Threads that share their input share their active window too.
     HWND const active = GetAncestor(GetActiveWindow(), GA_ROOT);
     const bool is_own = GetWindowThreadProcessId(active, nullptr) == GetCurrentThreadId();
-    return is_own && !Window::is_modeless(active) ? active : nullptr;
+    return is_own && GetPropW(active, modeless_mark) == nullptr ? active : nullptr;
+}
+
+void mark_modeless(HWND window, bool modeless) noexcept {
+    if (modeless) {
+        SetPropW(window, modeless_mark, window);
+    } else {
+        RemovePropW(window, modeless_mark);
+    }
 }
 
 ModalScope::ModalScope(HWND window)

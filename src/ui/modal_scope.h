@@ -10,9 +10,13 @@
 
 namespace kovrel {
 
-/// The owner of the thread's next modal window or box: its active window. Null where it has none,
-/// and for a modeless window of the library, which its host closes when it likes.
+/// The owner of the thread's next modal window or box: its active window. Null where it has none or
+/// where that one is marked as modeless.
 [[nodiscard]] HWND modal_owner() noexcept;
+
+/// Marks a window that its host may close at any time, so that nothing modal is owned by it. The
+/// mark is to be taken off before the window is gone.
+void mark_modeless(HWND window, bool modeless) noexcept;
 
 /// Disables every other visible window of the thread from its construction on. The window comes
 /// forward whenever one of them does, and a window that owns it and is destroyed does not take it

@@ -43,15 +43,6 @@ bool Window::visible() const noexcept {
     return handle_ != nullptr && IsWindowVisible(handle_) != FALSE;
 }
 
-bool Window::is_modeless(HWND window) noexcept {
-    if (GetClassLongPtrW(window, GCLP_WNDPROC) != reinterpret_cast<ULONG_PTR>(&procedure)) {
-        return false;
-    }
-    const auto* const self =
-        reinterpret_cast<const Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    return self != nullptr && self->modal_ == nullptr;
-}
-
 void Window::load() {
     if (loaded()) return;
     const VisualStyles styles;
@@ -88,6 +79,7 @@ void Window::load() {
 
 void Window::show_modeless() {
     load();
+    mark_modeless(handle_, true);
     const HostFloatingPoint host;
     ShowWindow(handle_, SW_SHOW);
     UpdateWindow(handle_);

@@ -44,8 +44,6 @@ class Window : public std::enable_shared_from_this<Window> {
     [[nodiscard]] HWND handle() const noexcept { return handle_; }
     [[nodiscard]] bool loaded() const noexcept { return handle_ != nullptr; }
     [[nodiscard]] bool visible() const noexcept;
-    /// One of these, which keeps no other from being used.
-    [[nodiscard]] static bool is_modeless(HWND window) noexcept;
 
     /// Makes the window and its controls, hidden; nothing when it is loaded already.
     void load();

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include "automation/floating_point.h"
+#include "ui/modal_scope.h"
 #include "ui/subclass.h"
 #include "ui/window.h"
 
@@ -158,6 +159,7 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPA
     if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
     if (message == WM_NCDESTROY) {
         const std::shared_ptr<Window> last = std::move(self->self_);
+        mark_modeless(window, false);
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         self->handle_ = self->tooltips_ = self->last_focus_ = self->pressed_button_ = nullptr;
         self->controls_.clear();
