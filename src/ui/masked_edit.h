@@ -15,6 +15,8 @@ namespace kovrel {
 /// Works on a text box of one line for as long as that box lives.
 class MaskedEdit {
  public:
+    class Face;
+
     MaskedEdit(HWND text_box, Mask mask);
     MaskedEdit(const MaskedEdit&) = delete;
     MaskedEdit& operator=(const MaskedEdit&) = delete;
@@ -33,8 +35,6 @@ class MaskedEdit {
     [[nodiscard]] ComPtr<IDispatch> automation_object(std::wstring tag);
 
  private:
-    class Face;
-
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
                                       UINT_PTR id, DWORD_PTR owner);
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);

@@ -231,8 +231,8 @@ void PictureSurface::Refresh() {
 
 PictureObject make_picture() {
     auto object = create_instance<PictureSurface>();
-    auto* const base = reinterpret_cast<ObjectBase*>(object.get());
-    return {std::move(object), &static_cast<Object<PictureSurface>*>(base)->implementation()};
+    auto& surface = implementation_of<PictureSurface>(object.get());
+    return {std::move(object), &surface};
 }
 
 }  // namespace kovrel
