@@ -12,6 +12,8 @@
 #include <string>
 #include <string_view>
 
+#include "runtime/owned.h"
+
 namespace kovrel {
 
 /// What a directory listing takes in besides files. Hidden and system entries are never listed.
@@ -37,19 +39,15 @@ class BinaryFile {
     /// A file for writing, empty whether or not it was there before.
     [[nodiscard]] static BinaryFile create(const std::wstring& path);
 
-    BinaryFile(BinaryFile&& other) noexcept;
-    BinaryFile& operator=(BinaryFile&&) = delete;
-    ~BinaryFile() { close(); }
-
     [[nodiscard]] std::uint64_t size() const;
     /// The number of bytes read: fewer than asked for at the end of the file only.
     std::size_t read(void* bytes, std::size_t count);
     void write(const void* bytes, std::size_t count);
-    void close() noexcept;
+    void close() noexcept { handle_.reset(); }
 
  private:
     explicit BinaryFile(HANDLE handle) noexcept : handle_(handle) {}
-    HANDLE handle_;
+    Owned<HANDLE, &CloseHandle> handle_;
 };
 
 }  // namespace kovrel
