@@ -1,9 +1,15 @@
-// The layout of the progress window: pure arithmetic on twips (1/1440 inch).
+// The text of a progress bar, and the layout of the progress window: pure arithmetic on twips
+// (1/1440 inch).
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace kovrel {
+
+/// The percentage without leading zeros and "%": 50 gives "50%", 0 has no digit and gives "%",
+/// -5 gives "-5%".
+[[nodiscard]] std::wstring progress_label(std::int32_t percentage);
 
 /// The heights that the progress window is made of, in twips.
 struct ProgressHeights {
