@@ -1,16 +1,13 @@
 #include "dates/frmFECHA1.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 
 #include "frame/application.h"
 #include "frame/clock.h"
 #include "frame/guarded.h"
 #include "runtime/failure.h"
-#include "ui/date_field.h"
+#include "ui/controls.h"
 #include "ui/shared_window.h"
-#include "ui/text_box.h"
 #include "ui/text_box_lines.h"
 
 namespace kovrel {
@@ -74,12 +71,11 @@ void frmFECHA1::form_load() {
 
 double frmFECHA1::question_height() const {
     HWND const label = control(lbl_mensaje);
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(label)) + 1, L'\0');
-    const int length = GetWindowTextW(label, text.data(), static_cast<int>(text.size()));
+    const std::wstring text = text_of(label);
     RECT bounds{0, 0, scale().pixels(question.width), 0};
     const WindowContext context(label);
     const Selected with_font(context.get(), font());
-    DrawTextW(context.get(), text.c_str(), length, &bounds,
+    DrawTextW(context.get(), text.c_str(), -1, &bounds,
               DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_EXPANDTABS | DT_NOPREFIX);
     return std::max<double>(scale().twips(bounds.bottom), question.height);
 }

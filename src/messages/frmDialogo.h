@@ -30,10 +30,8 @@ class frmDialogo final : public Window {
     void form_resize() override;
     void picture_box_resized(int id) override;
     void clicked(int id) override;
-    HBRUSH background_of(HWND control, HDC context) override;
+    [[nodiscard]] bool has_page_colors(int id) const override;
     void form_unload() override;
-
-    void dock_base();
 
     Font text_font_;
 };

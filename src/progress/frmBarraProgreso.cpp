@@ -7,6 +7,7 @@
 #include "progress/bar_colors.h"
 #include "progress/progress_bar.h"
 #include "progress/progress_layout.h"
+#include "ui/controls.h"
 #include "ui/modal.h"
 
 namespace kovrel {
@@ -115,33 +116,26 @@ void frmBarraProgreso::form_load() {
             header.height = lgAltoMensaje;
             move(PictureCab, header);
         }
-        RECT bounds{};
-        GetWindowRect(handle(), &bounds);
-        const int width = lgAnchoFrm != 0 ? scale().pixels(lgAnchoFrm) : bounds.right - bounds.left;
-        SetWindowPos(handle(), nullptr, 0, 0, width, bounds.bottom - bounds.top,
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        const RECT designed = bounds();
+        if (lgAnchoFrm != 0) {
+            resize_outer(scale().pixels(lgAnchoFrm), designed.bottom - designed.top);
+        }
         bar_.surface->set_viewer(control(PictureBarra));
         set_bar_colors();
         ShowWindow(control(PictureBase), boBotones ? SW_SHOWNA : SW_HIDE);
-        stack_areas();
+        double top = 0;
+        for (const int area : {PictureCab, PictureBarra, PictureBase}) {
+            Place next = place(area);
+            next.top = top;
+            move(area, next);
+            top += next.height;
+        }
         fit_height();
         center_on_screen();
-        GetWindowRect(handle(), &bounds);
-        SetWindowPos(handle(), nullptr,
-                     lgLeftFrm != -1 ? scale().pixels(lgLeftFrm) : static_cast<int>(bounds.left),
-                     lgTopFrm != -1 ? scale().pixels(lgTopFrm) : static_cast<int>(bounds.top), 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        const RECT centered = bounds();
+        move_to(lgLeftFrm != -1 ? scale().pixels(lgLeftFrm) : static_cast<int>(centered.left),
+                lgTopFrm != -1 ? scale().pixels(lgTopFrm) : static_cast<int>(centered.top));
     });
-}
-
-void frmBarraProgreso::stack_areas() {
-    double top = 0;
-    for (const int area : {PictureCab, PictureBarra, PictureBase}) {
-        Place next = place(area);
-        next.top = top;
-        move(area, next);
-        top += next.height;
-    }
 }
 
 void frmBarraProgreso::fit_height() {
@@ -149,11 +143,8 @@ void frmBarraProgreso::fit_height() {
         whole(size_of(handle()).height), whole(inner_size_of(handle()).height),
         whole(place(PictureCab).height), whole(place(PictureBarra).height),
         whole(place(PictureBase).height)};
-    RECT bounds{};
-    GetWindowRect(handle(), &bounds);
-    SetWindowPos(handle(), nullptr, 0, 0, bounds.right - bounds.left,
-                 scale().pixels(fitted_window_height(heights, boBotones)),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT now = bounds();
+    resize_outer(now.right - now.left, scale().pixels(fitted_window_height(heights, boBotones)));
 }
 
 void frmBarraProgreso::picture_box_resized(int id) {
@@ -187,11 +178,10 @@ void frmBarraProgreso::clicked(int id) {
 }
 
 void frmBarraProgreso::take_focus() const noexcept {
-    if (!visible() || IsWindowEnabled(handle()) == FALSE || GetActiveWindow() == handle() ||
-        another_program_in_front()) {
-        return;
+    const bool can_be_active = visible() && IsWindowEnabled(handle()) != FALSE;
+    if (can_be_active && GetActiveWindow() != handle() && !another_program_in_front()) {
+        SetFocus(handle());
     }
-    SetFocus(handle());
 }
 
 void frmBarraProgreso::Watch::window_activated(HWND activated) noexcept {
@@ -227,9 +217,7 @@ void frmBarraProgreso::closing() {
 
 void frmBarraProgreso::set_message(const std::wstring& message) {
     HWND const label = control(lbl_mensaje);
-    std::wstring shown(static_cast<std::size_t>(GetWindowTextLengthW(label)), L'\0');
-    GetWindowTextW(label, shown.data(), static_cast<int>(shown.size() + 1));
-    if (shown == message) return;
+    if (text_of(label) == message) return;
     SetWindowTextW(label, message.c_str());
     UpdateWindow(label);
 }

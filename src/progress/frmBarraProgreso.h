@@ -66,7 +66,6 @@ class frmBarraProgreso final : public Window {
     void set_bar_colors();
     void draw_bar();
     void come_before(HWND other) const noexcept;
-    void stack_areas();
     void fit_height();
 
     PictureObject bar_ = make_picture();

@@ -2,6 +2,7 @@
 #include "taxid/frmNIFCCC.h"
 
 #include "frame/guarded.h"
+#include "taxid/verifier_notices.h"
 #include "ui/shared_window.h"
 
 namespace kovrel {
@@ -30,14 +31,6 @@ constexpr double button_left = inner_width - 2 * margin - button_width;
 constexpr double row_top = 450;  // of the field in its frame
 constexpr double heading_picture = 480;
 
-Mask tax_id_mask() {
-    return {Mask::Accepts::letters_and_digits, {9}};
-}
-/// Bank, branch, check digits and account.
-Mask account_mask() {
-    return {Mask::Accepts::digits, {4, 4, 2, 10}};
-}
-
 Place beside_field(double frame_top, double left, double width, double height) {
     return {left, frame_top + row_top + (field_height - height) / 2, width, height};
 }
@@ -46,7 +39,29 @@ Place beside_field(double frame_top, double left, double width, double height) {
 
 frmNIFCCC::frmNIFCCC()
     : Window({window_class, L"Verificador de NIF y cuenta bancaria", WS_CAPTION | WS_SYSMENU,
-              inner_width, inner_height, cmdOK}) {}
+              inner_width, inner_height, cmdOK}),
+      tax_id_{MkNIF,
+              img_nifok,
+              img_nifno,
+              10,
+              L"NIF",
+              &frmNIFCCC::verify_tax_id,
+              &tax_id_to_copy_missing,
+              L") en procedimiento MkNIF_Validate del Formulario frmNIFCCC.",
+              L") en procedimiento MkNIF_LostFocus del Formulario frmNIFCCC.",
+              L") en procedimiento MkNIF_Change del Formulario frmNIFCCC.",
+              L") en procedimiento cmd_copiaNIF_Click del Formulario frmNIFCCC."},
+      account_{MkCCC,
+               img_cccok,
+               img_cccno,
+               23,
+               L"Código de Cuenta Bancaria",
+               &frmNIFCCC::verify_account,
+               &account_to_copy_missing,
+               L") en procedimiento MkCCC_Validate del Formulario frmNIFCCC.",
+               L") en procedimiento MkCCC_LostFocus del Formulario frmNIFCCC.",
+               L") en procedimiento MkCCC_Change del Formulario frmPAGADORES.",
+               L") en procedimiento cmd_copiaCCC_Click del Formulario frmNIFCCC."} {}
 
 std::shared_ptr<frmNIFCCC> frmNIFCCC::shared() {
     return SharedWindow<frmNIFCCC>::get();
@@ -94,17 +109,19 @@ void frmNIFCCC::create_controls() {
              WS_EX_TRANSPARENT});
     };
 
-    tax_id_ = std::make_unique<MaskedEdit>(
-        add_row(first_frame, lbl_nif, L"&NIF, NIE o CIF:", MkNIF, tax_id_width), tax_id_mask());
+    tax_id_.edit = std::make_unique<MaskedEdit>(
+        add_row(first_frame, lbl_nif, L"&NIF, NIE o CIF:", MkNIF, tax_id_width),
+        Mask(Mask::Accepts::letters_and_digits, {9}));
     add_mark(first_frame, tax_id_width, img_nifok, L"NIF aceptado");
     add_mark(first_frame, tax_id_width, img_nifno, L"NIF no aceptado");
     add({L"BUTTON", L"&Copiar NIF", button, cmd_copiaNIF,
          beside_field(first_frame, button_left, button_width, button_height)});
     add_frame(first_frame, frameNIF, L"Identificación fiscal");
 
-    account_ = std::make_unique<MaskedEdit>(
+    // Bank, branch, check digits and account.
+    account_.edit = std::make_unique<MaskedEdit>(
         add_row(second_frame, lbl_ccc, L"C&uenta (20 dígitos):", MkCCC, account_width),
-        account_mask());
+        Mask(Mask::Accepts::digits, {4, 4, 2, 10}));
     add_mark(second_frame, account_width, img_cccok, L"Cuenta aceptada");
     add_mark(second_frame, account_width, img_cccno, L"Cuenta no aceptada");
     add({L"BUTTON", L"C&opiar cuenta", button, cmd_copiaCCC,
@@ -134,8 +151,8 @@ void frmNIFCCC::apply_scale() {
 
 void frmNIFCCC::form_load() {
     guarded({L") en procedimiento Form_Load del Formulario frmNIFCCC."}, [&] {
-        account_->set_text(L"");
-        tax_id_->set_text(L"");
+        account_.edit->set_text(L"");
+        tax_id_.edit->set_text(L"");
         general()->set_AppOrigen(caption());
     });
 }
@@ -145,9 +162,9 @@ std::shared_ptr<clsFGen> frmNIFCCC::general() {
     return general_;
 }
 
-MaskedEdit* frmNIFCCC::field(int id) const noexcept {
-    if (id == MkNIF) return tax_id_.get();
-    return id == MkCCC ? account_.get() : nullptr;
+frmNIFCCC::Field* frmNIFCCC::field(int id) noexcept {
+    if (id == MkNIF) return &tax_id_;
+    return id == MkCCC ? &account_ : nullptr;
 }
 
 void frmNIFCCC::paint_picture_box(int id, HDC context, const RECT& bounds) {
@@ -167,20 +184,17 @@ void frmNIFCCC::paint_picture_box(int id, HDC context, const RECT& bounds) {
     }
 }
 
-HBRUSH frmNIFCCC::background_of(HWND window, HDC context) {
-    if (window != control(Label) && window != control(lbl_mensaje)) return nullptr;
-    SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
-    SetBkColor(context, GetSysColor(COLOR_WINDOW));
-    return GetSysColorBrush(COLOR_WINDOW);
+bool frmNIFCCC::has_page_colors(int id) const {
+    return id == Label || id == lbl_mensaje;
 }
 
 void frmNIFCCC::form_unload() {
-    tax_id_.reset();
-    account_.reset();
+    for (Field* const field : {&tax_id_, &account_}) {
+        field->edit.reset();
+        field->last.clear();
+    }
     general_.reset();
-    last_tax_id_.clear();
-    last_account_.clear();
-    left_field_ = 0;
+    left_field_ = nullptr;
 }
 
 }  // namespace kovrel

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "frame/clsFGen.h"
+#include "runtime/notice.h"
 #include "ui/masked_edit.h"
 #include "ui/window.h"
 
@@ -40,10 +41,25 @@ class frmNIFCCC final : public Window {
     /// The one that everybody on the thread shares while anybody holds it.
     [[nodiscard]] static std::shared_ptr<frmNIFCCC> shared();
 
-    void nif_ok_no(const bool& Estado);
-    void ccc_ok_no(const bool& Estado);
-
  private:
+    /// One of the two fields, with its marks and all in which it differs from the other.
+    struct Field {
+        int id;
+        int accepted;
+        int refused;
+        std::size_t selection;  ///< characters that its button selects to copy them
+        const wchar_t* name;    ///< in the validator's messages
+        void (frmNIFCCC::*verify)(const std::wstring& text);
+        Notice (*nothing_to_copy)();
+        // The ends of its procedures' error boxes.
+        const wchar_t* validate;
+        const wchar_t* lost_focus;
+        const wchar_t* change;
+        const wchar_t* copy_click;
+        std::unique_ptr<MaskedEdit> edit{};  ///< while the window is loaded
+        std::wstring last{};                 ///< its text at its last change
+    };
+
     /// Posted by a field that the focus has left.
     static constexpr UINT field_left = first_posted + 1;
 
@@ -53,34 +69,32 @@ class frmNIFCCC final : public Window {
     void paint_picture_box(int id, HDC context, const RECT& bounds) override;
     void clicked(int id) override;
     void notified(int id, UINT code) override;
-    HBRUSH background_of(HWND control, HDC context) override;
+    [[nodiscard]] bool has_page_colors(int id) const override;
     void focus_moved(HWND from, HWND to) override;
     void press_ended() override;
     void posted(UINT message, int value) override;
     void form_unload() override;
 
     [[nodiscard]] std::shared_ptr<clsFGen> general();
-    [[nodiscard]] MaskedEdit* field(int id) const noexcept;
+    [[nodiscard]] Field* field(int id) noexcept;
     void show_image(int id, bool wanted);
-    void hide_images(int accepted, int refused);
-    void put_focus_back(int id);
+    void show_marks(const Field& field, bool accepted, bool refused);
+    void ok_no(const Field& field, bool Estado) { show_marks(field, Estado, !Estado); }
+    void put_focus_back(const Field& field);
     void check_later() const noexcept;
     bool check_left_field();
-    bool leave(int id);
-    bool validate_tax_id();
-    bool validate_account();
-    void tax_id_changed();
-    void account_changed();
-    void copy(int id);
+    bool leave(const Field& field);
+    bool validate(const Field& field);
+    void verify_tax_id(const std::wstring& text);
+    void verify_account(const std::wstring& text);
+    void copy(const Field& field);
     void close();
 
     std::shared_ptr<clsFGen> general_;
-    std::unique_ptr<MaskedEdit> tax_id_;
-    std::unique_ptr<MaskedEdit> account_;
-    std::wstring last_tax_id_;  ///< the field's text at its last change
-    std::wstring last_account_;
-    int left_field_ = 0;  ///< its check is still to come; 0: none
-    bool returning_ = false;
+    Field tax_id_;
+    Field account_;
+    const Field* left_field_ = nullptr;  ///< its check is still to come; null: none
+    bool returning_ = false;             ///< the focus is being put back into a field
     Icon accepted_;
     Icon refused_;
     Icon heading_;

@@ -54,7 +54,7 @@ LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch,
 
 Font make_font(const LOGFONTW& description) {
     Font font(CreateFontIndirectW(&description));
-    if (font.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
+    if (!font) throw Failure(FailureNumber::out_of_memory);
     return font;
 }
 
@@ -81,7 +81,7 @@ Icon make_icon(Sign sign, int size) {
     const Bitmap shape(CreateBitmap(size, size, 1, 1, mask.data()));
     ICONINFO description{TRUE, 0, 0, shape.get(), color.get()};
     Icon icon(CreateIconIndirect(&description));
-    if (icon.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
+    if (!icon) throw Failure(FailureNumber::out_of_memory);
     return icon;
 }
 

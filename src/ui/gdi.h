@@ -1,59 +1,25 @@
-// Owners of drawing objects, and the fonts that windows use.
+// Drawing objects and their owners, and the fonts, icons and measures that windows use.
 #pragma once
 
 #include <windows.h>
 
-#include <utility>
-
+#include "runtime/owned.h"
 #include "ui/drawn_icon.h"
 
 namespace kovrel {
 
-/// Frees a drawing object (font, bitmap, brush) at the end.
-template <class Handle>
-class GdiObject {
- public:
-    GdiObject() noexcept = default;
-    explicit GdiObject(Handle handle) noexcept : handle_(handle) {}
-    GdiObject(GdiObject&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-    GdiObject& operator=(GdiObject other) noexcept {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
-    ~GdiObject() {
-        if (handle_ != nullptr) DeleteObject(handle_);
-    }
-    [[nodiscard]] Handle get() const noexcept { return handle_; }
-
- private:
-    Handle handle_ = nullptr;
-};
-
-using Font = GdiObject<HFONT>;
-using Bitmap = GdiObject<HBITMAP>;
-
-class Icon {
- public:
-    Icon() noexcept = default;
-    explicit Icon(HICON handle) noexcept : handle_(handle) {}
-    Icon(Icon&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-    Icon& operator=(Icon other) noexcept {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
-    ~Icon() {
-        if (handle_ != nullptr) DestroyIcon(handle_);
-    }
-    [[nodiscard]] HICON get() const noexcept { return handle_; }
-
- private:
-    HICON handle_ = nullptr;
-};
+using Font = Owned<HFONT, &DeleteObject>;
+using Bitmap = Owned<HBITMAP, &DeleteObject>;
+using Icon = Owned<HICON, &DestroyIcon>;
 
 /// A sign as an icon, `size` pixels wide. Failure 7 when it cannot be made.
 [[nodiscard]] Icon make_icon(Sign sign, int size);
 
-/// Puts an object into a device context for as long as it lives.
+/// The icon that the user knows the host by, for a display of that resolution: that of the window
+/// (of this thread, or null), of its owners or else of the program. Null where the host has none.
+[[nodiscard]] Icon host_icon(HWND window, bool large, int dots_per_inch) noexcept;
+
+/// Selects an object into a device context for as long as it lives.
 class Selected {
  public:
     Selected(HDC context, HGDIOBJ object) noexcept
@@ -67,8 +33,8 @@ class Selected {
     HGDIOBJ previous_;
 };
 
-/// The device context of a window, or of the screen (null), with the font that it comes with: what
-/// is put into it lives less long.
+/// The device context of a window, or of the screen (null). Objects selected into it are to be
+/// taken out before its end.
 class WindowContext {
  public:
     explicit WindowContext(HWND window) noexcept : window_(window), handle_(GetDC(window)) {}

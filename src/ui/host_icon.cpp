@@ -1,4 +1,5 @@
-#include "ui/host_icon.h"
+// The icon that the user knows the host by.
+#include "ui/gdi.h"
 
 namespace kovrel {
 namespace {
@@ -35,6 +36,8 @@ BOOL CALLBACK load_first(HMODULE program, const wchar_t* /*type*/, wchar_t* name
     return icon->found == nullptr ? TRUE : FALSE;
 }
 
+}  // namespace
+
 Icon host_icon(HWND window, bool large, int dots_per_inch) noexcept {
     // The host may change its own while the window is open.
     if (HICON const shown = icon_of(window, large)) return Icon(CopyIcon(shown));
@@ -43,12 +46,6 @@ Icon host_icon(HWND window, bool large, int dots_per_inch) noexcept {
     EnumResourceNamesW(GetModuleHandleW(nullptr), RT_GROUP_ICON, &load_first,
                        reinterpret_cast<LONG_PTR>(&icon));
     return Icon(icon.found);
-}
-
-}  // namespace
-
-HostIcons host_icons(HWND window, int dots_per_inch) noexcept {
-    return {host_icon(window, true, dots_per_inch), host_icon(window, false, dots_per_inch)};
 }
 
 }  // namespace kovrel

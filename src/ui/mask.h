@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "runtime/text.h"
+
 namespace kovrel {
 
 /// What a masked field holds are its bare characters; what it shows has the separators as well.
@@ -27,7 +29,7 @@ class Mask {
 
     /// Digits and unaccented letters, as tax ids and account codes have them.
     [[nodiscard]] bool accepts(wchar_t character) const noexcept {
-        if (character >= L'0' && character <= L'9') return true;
+        if (is_digit(character)) return true;
         return accepted_ == Accepts::letters_and_digits &&
                ((character >= L'A' && character <= L'Z') ||
                 (character >= L'a' && character <= L'z'));

@@ -3,7 +3,7 @@
 #include "automation/declare.h"
 #include "automation/floating_point.h"
 #include "automation/platform_failure.h"
-#include "ui/subclass.h"
+#include "ui/controls.h"
 
 namespace kovrel {
 namespace {
@@ -75,10 +75,7 @@ MaskedEdit::~MaskedEdit() {
 }
 
 std::wstring MaskedEdit::shown() const {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(text_box_)) + 1, L'\0');
-    const int length = GetWindowTextW(text_box_, text.data(), static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
+    return text_of(text_box_);
 }
 
 std::wstring MaskedEdit::text() const {

@@ -32,12 +32,13 @@ class PictureSurface {
     // For the window that shows the picture.
     /// A cleared picture of that many pixels, at least one each way.
     void resize(int width, int height, const Scale& scale);
-    void set_font(const LOGFONTW& font);
+    void set_font(const LOGFONTW& description);
     void set_back_color(COLORREF color) noexcept { back_color_ = color; }
     /// The window that is painted anew when the picture is to be seen.
     void set_viewer(HWND viewer) noexcept { viewer_ = viewer; }
-    void paint(HDC context) const noexcept;
-    [[nodiscard]] HBITMAP bitmap() const noexcept { return bitmap_.get(); }
+    void paint(HDC target) const noexcept;
+    /// The picture's own device context, which its bitmap and its font stay selected into.
+    [[nodiscard]] HDC context() const noexcept { return context_.get(); }
 
     // By member name.
     /// False: what is drawn is shown at once. True: it is shown with `Refresh`. Kept either way.
@@ -73,15 +74,13 @@ class PictureSurface {
     void Refresh();
 
  private:
-    class Drawing;
-
-    [[nodiscard]] SIZE text_size(const std::wstring& text) const;
     [[nodiscard]] int pixel_x(float x) const noexcept;
     [[nodiscard]] int pixel_y(float y) const noexcept;
     void drawn();
 
     Bitmap bitmap_;
     Font font_;
+    Owned<HDC, &DeleteDC> context_;  // destroyed before what is selected into it
     Scale scale_;
     SIZE size_{};
     HWND viewer_ = nullptr;

@@ -33,10 +33,6 @@ void set_owner(HWND window, HWND owner) noexcept {
     SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
 }
 
-HMENU control_menu(int id) noexcept {
-    return reinterpret_cast<HMENU>(static_cast<INT_PTR>(id));
-}
-
 }  // namespace
 
 bool Window::visible() const noexcept {
@@ -58,7 +54,7 @@ void Window::load() {
     }
     try {
         scale_ = Scale(dots_per_inch(handle_));
-        font_ = make_font(system_font(scale_.dots_per_inch()));
+        update_font();
         take_host_icons();
         create_controls();
         apply_scale();
@@ -96,7 +92,6 @@ void Window::show_modal() {
         try {
             scope.emplace(window);
         } catch (...) {
-            // Nobody else would.
             unload();
             throw;
         }
@@ -128,39 +123,40 @@ HWND Window::add(const ControlDesign& design, HWND parent) {
     DWORD style = design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
     // It may hold controls, which it would otherwise be drawn over.
     if (design.window_class == picture_box_class) style |= WS_CLIPCHILDREN;
-    HWND const window = CreateWindowExW(design.extended_style, design.window_class, design.text,
-                                        style, 0, 0, 0, 0, parent != nullptr ? parent : handle_,
-                                        control_menu(design.id), own_module(), nullptr);
+    auto* const id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(design.id));
+    HWND const window =
+        CreateWindowExW(design.extended_style, design.window_class, design.text, style, 0, 0, 0, 0,
+                        parent != nullptr ? parent : handle_, id, own_module(), nullptr);
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
     controls_.push_back({window, design.id, design.place, design.window_class});
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
-    SetWindowSubclass(window, &Window::watch_focus, 1, reinterpret_cast<DWORD_PTR>(this));
+    SetWindowSubclass(window, &Window::watch_control, 1, reinterpret_cast<DWORD_PTR>(this));
     put_in_place(controls_.back());
     return window;
 }
 
-Window::Placed* Window::find(int id) noexcept {
+const Window::Placed* Window::find(int id) const noexcept {
     const auto found = std::find_if(controls_.begin(), controls_.end(),
                                     [id](const Placed& placed) { return placed.id == id; });
     return found == controls_.end() ? nullptr : &*found;
 }
 
 HWND Window::control(int id) const noexcept {
-    const Placed* const placed = const_cast<Window*>(this)->find(id);
+    const Placed* const placed = find(id);
     return placed == nullptr ? nullptr : placed->window;
 }
 
-const Place& Window::place(int id) const noexcept {
-    static const Place nowhere;
-    const Placed* const placed = const_cast<Window*>(this)->find(id);
-    return placed == nullptr ? nowhere : placed->place;
+Place Window::place(int id) const noexcept {
+    const Placed* const placed = find(id);
+    return placed == nullptr ? Place{} : placed->place;
 }
 
 void Window::move(int id, const Place& place) {
-    Placed* const placed = find(id);
-    if (placed == nullptr) return;
-    placed->place = place;
-    put_in_place(*placed);
+    for (Placed& placed : controls_) {
+        if (placed.id != id) continue;
+        placed.place = place;
+        put_in_place(placed);
+    }
 }
 
 void Window::put_in_place(const Placed& placed) const noexcept {
@@ -171,19 +167,6 @@ void Window::put_in_place(const Placed& placed) const noexcept {
     const int bottom = scale_.pixels(placed.place.top + placed.place.height);
     SetWindowPos(placed.window, nullptr, left, top, std::max(right - left, 0),
                  std::max(bottom - top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-Place Window::size_of(HWND window) const noexcept {
-    RECT bounds{};
-    GetWindowRect(window, &bounds);
-    return {scale_.twips(bounds.left), scale_.twips(bounds.top),
-            scale_.twips(bounds.right - bounds.left), scale_.twips(bounds.bottom - bounds.top)};
-}
-
-Place Window::inner_size_of(HWND window) const noexcept {
-    RECT bounds{};
-    GetClientRect(window, &bounds);
-    return {0, 0, scale_.twips(bounds.right), scale_.twips(bounds.bottom)};
 }
 
 void Window::set_tooltip(int id, const std::wstring& text) {
@@ -206,7 +189,7 @@ void Window::set_tooltip(int id, const std::wstring& text) {
     if (!text.empty()) SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void Window::make_font_current() {
+void Window::update_font() {
     font_ = make_font(system_font(scale_.dots_per_inch()));
     for (const Placed& placed : controls_) {
         SendMessageW(placed.window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE);
@@ -215,7 +198,7 @@ void Window::make_font_current() {
 
 void Window::rescale(int dots_per_inch, const RECT& bounds) {
     scale_ = Scale(dots_per_inch);
-    make_font_current();
+    update_font();
     SetWindowPos(handle_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
                  bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
     apply_scale();

@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "ui/gdi.h"
-#include "ui/host_icon.h"
 #include "ui/scale.h"
 
 namespace kovrel {
@@ -77,14 +76,18 @@ class Window : public std::enable_shared_from_this<Window> {
     [[nodiscard]] HWND pressed_button() const noexcept { return pressed_button_; }
     void focus_on(int id) const noexcept;
     void move(int id, const Place& place);
-    [[nodiscard]] const Place& place(int id) const noexcept;
+    [[nodiscard]] Place place(int id) const noexcept;
     /// A field with one line of text, in the middle of its row. Such controls show the text at
     /// their top, so it is as high as the line, its edges and a pixel between them.
     void move_field(int id, const Place& row);
     /// Sizes in twips, as the display rounds them.
     [[nodiscard]] Place size_of(HWND window) const noexcept;
     [[nodiscard]] Place inner_size_of(HWND window) const noexcept;
-    /// The outer size that encloses an inner one, as far as the screen has room for it.
+    /// The outer bounds on the screen, in pixels.
+    [[nodiscard]] RECT bounds() const noexcept;
+    void resize_outer(int width, int height) const noexcept;
+    void move_to(int left, int top) const noexcept;
+    /// Gives the window an inner size in twips, as far as the screen has room for it.
     void resize_inner(double width, double height);
     /// The inner height of a window as tall as the screen, in twips.
     [[nodiscard]] double tallest_inner() const noexcept;
@@ -104,8 +107,8 @@ class Window : public std::enable_shared_from_this<Window> {
     virtual void paint_picture_box(int /*id*/, HDC /*context*/, const RECT& /*bounds*/) {}
     virtual void clicked(int /*id*/) {}
     virtual void notified(int /*id*/, UINT /*code*/) {}
-    /// The background of a control that shows a text, where it is not the window's own.
-    virtual HBRUSH background_of(HWND /*control*/, HDC /*context*/) { return nullptr; }
+    /// True for a control that shows its text in the colours of a page, not of a dialog.
+    [[nodiscard]] virtual bool has_page_colors(int /*id*/) const { return false; }
     virtual void focus_moved(HWND /*from*/, HWND /*to*/) {}
     /// The mouse no longer presses the button that it pressed; a click follows at once or not at
     /// all.
@@ -130,8 +133,8 @@ class Window : public std::enable_shared_from_this<Window> {
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     static LRESULT CALLBACK picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-    static LRESULT CALLBACK watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                        UINT_PTR id, DWORD_PTR owner);
+    static LRESULT CALLBACK watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                          UINT_PTR id, DWORD_PTR owner);
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
     void command(int id, UINT code, bool from_control);
     bool pressed(WPARAM key);
@@ -141,11 +144,11 @@ class Window : public std::enable_shared_from_this<Window> {
     void frame_default_button(HWND focus) const noexcept;
     void rescale(int dots_per_inch, const RECT& bounds);
     void put_in_place(const Placed& placed) const noexcept;
-    void make_font_current();
+    void update_font();
     void take_host_icons();
     [[nodiscard]] SIZE outer_size(double width, double height) const noexcept;
     [[nodiscard]] RECT work_area() const noexcept;
-    [[nodiscard]] Placed* find(int id) noexcept;
+    [[nodiscard]] const Placed* find(int id) const noexcept;
 
     const WindowDesign design_;
     HWND handle_ = nullptr;
@@ -155,7 +158,8 @@ class Window : public std::enable_shared_from_this<Window> {
     bool ready_ = false;  // events reach the window once its controls are there
     Scale scale_;
     Font font_;
-    HostIcons icons_;
+    Icon large_icon_;
+    Icon small_icon_;
     std::vector<Placed> controls_;
     std::optional<std::wstring> caption_;
     ModalScope* modal_ = nullptr;

@@ -2,25 +2,26 @@
 #include <windows.h>
 
 #include "automation/floating_point.h"
+#include "ui/controls.h"
 #include "ui/modal_scope.h"
-#include "ui/subclass.h"
 #include "ui/window.h"
 
 namespace kovrel {
 namespace {
 
-// What a picture box asks its window for.
-constexpr UINT box_resized = WM_APP + 1;
-constexpr UINT box_paint = WM_APP + 2;
-
-struct Painting {
-    HDC context;
-    RECT bounds;
-};
-
 bool is_push_button(HWND window) noexcept {
     return (SendMessageW(window, WM_GETDLGCODE, 0, 0) &
             (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
+}
+
+/// Runs an event. Its failure has nobody to be told of; the host goes on.
+template <class Body>
+void quietly(Body&& body) noexcept {
+    try {
+        body();
+    } catch (...) {
+        return;
+    }
 }
 
 }  // namespace
@@ -90,19 +91,13 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_SIZE:
             if (wparam != SIZE_MINIMIZED) form_resize();
             return 0;
-        case box_resized:
-            picture_box_resized(static_cast<int>(wparam));
-            return 0;
-        case box_paint: {
-            const auto* painting = reinterpret_cast<const Painting*>(lparam);
-            paint_picture_box(static_cast<int>(wparam), painting->context, painting->bounds);
-            return 0;
-        }
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLOREDIT:
-            if (HBRUSH const brush =
-                    background_of(reinterpret_cast<HWND>(lparam), reinterpret_cast<HDC>(wparam))) {
-                return reinterpret_cast<LRESULT>(brush);
+            if (has_page_colors(GetDlgCtrlID(reinterpret_cast<HWND>(lparam)))) {
+                auto* const context = reinterpret_cast<HDC>(wparam);
+                SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+                SetBkColor(context, GetSysColor(COLOR_WINDOW));
+                return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
             }
             break;
         case DM_GETDEFID: {
@@ -169,32 +164,32 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPA
         return DefWindowProcW(window, message, wparam, lparam);
     }
     const std::shared_ptr<Window> alive = self->weak_from_this().lock();
-    try {
-        return self->handle(message, wparam, lparam);
-    } catch (...) {
-        // An event without a handler of its own has nobody to tell; the host goes on.
-        return 0;
-    }
+    LRESULT result = 0;
+    quietly([&] { result = self->handle(message, wparam, lparam); });
+    return result;
 }
 
 LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    HWND const parent = GetParent(window);
-    const auto id = static_cast<WPARAM>(GetDlgCtrlID(window));
+    auto* const self =
+        reinterpret_cast<Window*>(GetWindowLongPtrW(GetParent(window), GWLP_USERDATA));
+    if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+    const int id = GetDlgCtrlID(window);
     switch (message) {
         case WM_COMMAND:
         case WM_NOTIFY:
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLOREDIT:
         case WM_CTLCOLORBTN:
-            return SendMessageW(parent, message, wparam, lparam);
+            return SendMessageW(self->handle_, message, wparam, lparam);
         case WM_SIZE:
-            SendMessageW(parent, box_resized, id, 0);
+            if (self->ready_) quietly([&] { self->picture_box_resized(id); });
             return 0;
         case WM_PAINT: {
             PAINTSTRUCT paint;
-            Painting painting{BeginPaint(window, &paint), {}};
-            GetClientRect(window, &painting.bounds);
-            SendMessageW(parent, box_paint, id, reinterpret_cast<LPARAM>(&painting));
+            HDC const context = BeginPaint(window, &paint);
+            RECT bounds{};
+            GetClientRect(window, &bounds);
+            if (self->ready_) quietly([&] { self->paint_picture_box(id, context, bounds); });
             EndPaint(window, &paint);
             return 0;
         }
@@ -218,8 +213,8 @@ void Window::watched(HWND control, UINT message, WPARAM wparam) {
     }
 }
 
-LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                     UINT_PTR id, DWORD_PTR owner) {
+LRESULT CALLBACK Window::watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                       UINT_PTR id, DWORD_PTR owner) {
     const DefaultFloatingPoint floating_point;
     auto* const self = reinterpret_cast<Window*>(owner);
     const std::shared_ptr<Window> alive = self->weak_from_this().lock();
@@ -227,20 +222,12 @@ LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, L
     const bool is_press = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
     if (is_press && is_push_button(window)) self->pressed_button_ = window;
     if (message == WM_KEYDOWN && self->ready_) {
-        try {
-            if (self->pressed(wparam)) return 0;
-        } catch (...) {
-            return 0;
-        }
+        bool taken = true;
+        quietly([&] { taken = self->pressed(wparam); });
+        if (taken) return 0;
     }
-    const LRESULT result = pass_on(&Window::watch_focus, id, window, message, wparam, lparam);
-    if (!self->ready_) return result;
-    try {
-        self->watched(window, message, wparam);
-    } catch (...) {
-        // What the window would have done about it is lost; the host goes on.
-        return result;
-    }
+    const LRESULT result = pass_on(&Window::watch_control, id, window, message, wparam, lparam);
+    if (self->ready_) quietly([&] { self->watched(window, message, wparam); });
     return result;
 }
 
