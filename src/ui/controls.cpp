@@ -21,8 +21,8 @@ LRESULT CALLBACK dialog_keys(HWND window, UINT message, WPARAM wparam, LPARAM lp
     return message == WM_GETDLGCODE ? result & ~(DLGC_WANTALLKEYS | DLGC_WANTTAB) : result;
 }
 
-/// The control has no message for it. A click on a part selects that part; controls that do not
-/// tell where their check box ends always begin with it, and the day comes next.
+/// The control has no message to select a part, but a click selects the part under it. Controls
+/// that do not report where their check box ends begin with it, and the next part is the day.
 void select_day(HWND field) {
     SYSTEMTIME shown{};
     const LRESULT state =
@@ -69,7 +69,7 @@ void put_on_clipboard(HWND owner, std::wstring_view text) {
     const bool taken = SetClipboardData(CF_UNICODETEXT, memory.get()) != nullptr;
     CloseClipboard();
     if (!taken) throw Failure(FailureNumber::clipboard_unavailable);
-    (void)memory.release();  // the clipboard's from now on
+    (void)memory.release();  // now owned by the clipboard
 }
 
 void give_dialog_keys(HWND text_box) {

@@ -1,4 +1,4 @@
-// What the windows need of the system's controls beyond what these do by themselves.
+// Helpers for the system's controls and the clipboard.
 #pragma once
 
 #include <windows.h>
@@ -9,21 +9,20 @@
 
 namespace kovrel {
 
-/// The text of a window or a control.
 [[nodiscard]] std::wstring text_of(HWND window);
 
 /// Replaces what the clipboard holds. Failure 521 while another program keeps it open.
 void put_on_clipboard(HWND owner, std::wstring_view text);
 
-/// A text box of several lines leaves Tab, Enter and Esc to its window and takes Ctrl+A.
+/// Makes a multi-line text box leave Tab, Enter and Esc to its window and select all on Ctrl+A.
 void give_dialog_keys(HWND text_box);
 
-/// When a date picker gets the focus other than by a click, its day is selected and takes the
-/// digits typed; the control alone would begin with its check box, which takes none.
+/// Makes a date picker that gets the focus other than by a click select its day, so that digits can
+/// be typed at once. By itself it selects its check box.
 void begin_with_the_day(HWND date_picker);
 
-/// The end of every subclass procedure: passes the message on, and takes the procedure off with the
-/// control's last message, since the system would keep its record of it.
+/// The end of every subclass procedure: DefSubclassProc, after removing the procedure on
+/// WM_NCDESTROY as the system requires.
 LRESULT pass_on(SUBCLASSPROC procedure, UINT_PTR id, HWND window, UINT message, WPARAM wparam,
                 LPARAM lparam);
 

@@ -15,8 +15,8 @@ using Icon = Owned<HICON, &DestroyIcon>;
 /// A sign as an icon, `size` pixels wide. Failure 7 when it cannot be made.
 [[nodiscard]] Icon make_icon(Sign sign, int size);
 
-/// The icon that the user knows the host by, for a display of that resolution: that of the window
-/// (of this thread, or null), of its owners or else of the program. Null where the host has none.
+/// The host's icon for a display of that resolution: that of a window of this thread (may be null)
+/// or of its owners, else the program's first. Null where there is none.
 [[nodiscard]] Icon host_icon(HWND window, bool large, int dots_per_inch) noexcept;
 
 /// Selects an object into a device context for as long as it lives.
@@ -33,8 +33,7 @@ class Selected {
     HGDIOBJ previous_;
 };
 
-/// The device context of a window, or of the screen (null). Objects selected into it are to be
-/// taken out before its end.
+/// The device context of a window, or of the screen (null). Selected objects must not outlive it.
 class WindowContext {
  public:
     explicit WindowContext(HWND window) noexcept : window_(window), handle_(GetDC(window)) {}
@@ -48,7 +47,7 @@ class WindowContext {
     HDC handle_;
 };
 
-/// The dots per inch of the display that a window is on, as its process sees them.
+/// The dots per inch of a window's display, subject to the process's DPI awareness.
 [[nodiscard]] int dots_per_inch(HWND window) noexcept;
 
 /// GetSystemMetrics, for a display of that resolution.
@@ -57,14 +56,14 @@ class WindowContext {
 /// The description of the system's font for messages, for a display of that resolution.
 [[nodiscard]] LOGFONTW system_font(int dots_per_inch) noexcept;
 
-/// A font by name, in hundredths of a point; normal weight. The pitch and family choose what stands
-/// in for it where the system does not have it.
+/// A font by name, in hundredths of a point; normal weight. Pitch and family choose the substitute
+/// where the system does not have it.
 [[nodiscard]] LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch,
                                   BYTE pitch_and_family = VARIABLE_PITCH | FF_SWISS) noexcept;
 
 [[nodiscard]] Font make_font(const LOGFONTW& description);
 
-/// The height of a line of that font on a window's display, in pixels.
+/// The height of a line in that font on a window's display, in pixels.
 [[nodiscard]] int line_height(HWND window, HFONT font) noexcept;
 
 }  // namespace kovrel

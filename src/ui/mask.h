@@ -11,13 +11,12 @@
 
 namespace kovrel {
 
-/// What a masked field holds are its bare characters; what it shows has the separators as well.
+/// A masked field holds its bare characters and shows them with separators between the groups.
 class Mask {
  public:
     enum class Accepts { digits, letters_and_digits };
 
-    /// The sizes of the groups between which the separator, which the mask must not accept, is
-    /// shown.
+    /// The sizes of the groups. The separator must not be a character that the mask accepts.
     Mask(Accepts accepted, std::vector<std::size_t> groups, wchar_t separator = L' ')
         : accepted_(accepted), groups_(std::move(groups)), separator_(separator) {
         for (const std::size_t group : groups_) size_ += group;
@@ -35,7 +34,7 @@ class Mask {
                 (character >= L'a' && character <= L'z'));
     }
 
-    /// The characters of a text that the mask accepts, as many as the field holds.
+    /// The accepted characters of a text, up to the size of the field.
     [[nodiscard]] std::wstring bare(std::wstring_view text) const {
         std::wstring result;
         for (const wchar_t character : text) {
@@ -44,7 +43,7 @@ class Mask {
         return result;
     }
 
-    /// Any text as the field shows it.
+    /// The accepted characters of a text, grouped.
     [[nodiscard]] std::wstring shown(std::wstring_view text) const {
         const std::wstring characters = bare(text);
         std::wstring result;
@@ -58,7 +57,7 @@ class Mask {
         return result;
     }
 
-    /// Where the shown text has the caret once so many bare characters stand before it.
+    /// The caret position in the shown text behind that many bare characters.
     [[nodiscard]] std::size_t shown_position(std::wstring_view shown_text,
                                              std::size_t bare_count) const noexcept {
         std::size_t position = 0;

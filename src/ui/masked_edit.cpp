@@ -20,7 +20,7 @@ constexpr ClassIdentity identity{
 
 }  // namespace
 
-/// The members that the validators of fields use.
+/// The field as an automation object, with the members that validators use.
 class MaskedEdit::Face {
  public:
     static const ClassInfo class_info;
@@ -34,7 +34,7 @@ class MaskedEdit::Face {
         return tag;
     }
     void SetFocus() const {
-        // By the dialog's own message, so that the default button is framed anew.
+        // Not SetFocus, so that the frame of the default button is updated too.
         HWND const text_box = field().text_box_;
         SendMessageW(GetAncestor(text_box, GA_ROOT), WM_NEXTDLGCTL,
                      reinterpret_cast<WPARAM>(text_box), TRUE);
@@ -99,29 +99,34 @@ ComPtr<IDispatch> MaskedEdit::automation_object(std::wstring tag) {
     return object;
 }
 
+std::pair<DWORD, DWORD> MaskedEdit::selection() const noexcept {
+    std::pair<DWORD, DWORD> result;
+    SendMessageW(text_box_, EM_GETSEL, reinterpret_cast<WPARAM>(&result.first),
+                 reinterpret_cast<LPARAM>(&result.second));
+    return result;
+}
+
+void MaskedEdit::move_caret(std::size_t position) const noexcept {
+    SendMessageW(text_box_, EM_SETSEL, position, static_cast<LPARAM>(position));
+}
+
 void MaskedEdit::step_over_separator(bool forward) {
-    DWORD begin = 0;
-    DWORD end = 0;
-    SendMessageW(text_box_, EM_GETSEL, reinterpret_cast<WPARAM>(&begin),
-                 reinterpret_cast<LPARAM>(&end));
+    const auto [begin, end] = selection();
     if (begin != end) return;
     const std::wstring text = shown();
     const std::size_t beside = forward ? begin : begin - std::size_t{1};
     if (beside >= text.size() || text[beside] != mask_.separator()) return;
-    const std::size_t next = forward ? beside + 1 : beside;
-    SendMessageW(text_box_, EM_SETSEL, next, static_cast<LPARAM>(next));
+    move_caret(forward ? beside + 1 : beside);
 }
 
 void MaskedEdit::regroup() {
     const std::wstring typed = shown();
     const std::wstring grouped = mask_.shown(typed);
     if (typed == grouped) return;
-    DWORD caret = 0;
-    SendMessageW(text_box_, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+    const DWORD caret = selection().second;
     const std::size_t before = mask_.bare(std::wstring_view(typed).substr(0, caret)).size();
     SetWindowTextW(text_box_, grouped.c_str());
-    const std::size_t position = mask_.shown_position(grouped, before);
-    SendMessageW(text_box_, EM_SETSEL, position, static_cast<LPARAM>(position));
+    move_caret(mask_.shown_position(grouped, before));
 }
 
 LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -130,22 +135,18 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     };
     switch (message) {
         case WM_GETDLGCODE:
-            // Enter is the field's own key: it goes on to the next control.
+            // Enter moves on to the next control instead of pressing the default button.
             return by_default() | (wparam == VK_RETURN ? DLGC_WANTMESSAGE : 0);
         case WM_CHAR: {
             const auto character = static_cast<wchar_t>(wparam);
             if (character == VK_RETURN) return 0;
             if (character == VK_BACK) step_over_separator(false);
-            if (character >= L' ') {
-                DWORD begin = 0;
-                DWORD end = 0;
-                SendMessageW(text_box_, EM_GETSEL, reinterpret_cast<WPARAM>(&begin),
-                             reinterpret_cast<LPARAM>(&end));
-                if (!mask_.accepts(character) || (begin == end && complete())) {
-                    // A separator that the user types too is no mistake.
-                    if (character != mask_.separator()) MessageBeep(MB_OK);
-                    return 0;
-                }
+            const auto [begin, end] = selection();
+            const bool fits = mask_.accepts(character) && (begin != end || !complete());
+            if (character >= L' ' && !fits) {
+                // A typed separator is ignored without a beep.
+                if (character != mask_.separator()) MessageBeep(MB_OK);
+                return 0;
             }
             break;
         }
@@ -177,7 +178,7 @@ LRESULT CALLBACK MaskedEdit::procedure(HWND window, UINT message, WPARAM wparam,
     try {
         return reinterpret_cast<MaskedEdit*>(owner)->handle(message, wparam, lparam);
     } catch (...) {
-        // Without memory for the text it stays as the text box has it.
+        // Out of memory: the text stays as it is.
         return DefSubclassProc(window, WM_NULL, 0, 0);
     }
 }

@@ -173,7 +173,7 @@ void PictureSurface::Line(std::int16_t options, float x1, float y1, float x2, fl
         const Owned<HBRUSH, &DeleteObject> brush(CreateSolidBrush(line_color));
         const Selected brush_in_use(context(), brush.get());
         const Selected no_outline(context(), GetStockObject(NULL_PEN));
-        // Without an outline a rectangle ends one pixel before its right and bottom edges.
+        // Without an outline Rectangle leaves out one more pixel at the right and the bottom.
         Rectangle(context(), left, top, right + 1, bottom + 1);
     }
     CurrentX = x2;

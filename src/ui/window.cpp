@@ -9,13 +9,46 @@
 #include "runtime/failure.h"
 #include "ui/modal.h"
 #include "ui/modal_scope.h"
-#include "ui/visual_styles.h"
 
 namespace kovrel {
 namespace {
 
-/// Classes belong to this module: another copy of the library in the process has its own. They stay
-/// registered, as the module stays loaded: another thread may be about to make a window of one.
+/// Activates the library's own manifest, so that windows get version 6 of the common controls in
+/// any host. Without that manifest (in tests) nothing changes.
+class VisualStyles {
+ public:
+    VisualStyles() {
+        HANDLE const context = own_context();
+        active_ = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &cookie_) != FALSE;
+    }
+    VisualStyles(const VisualStyles&) = delete;
+    VisualStyles& operator=(const VisualStyles&) = delete;
+    ~VisualStyles() {
+        if (active_) DeactivateActCtx(0, cookie_);
+    }
+
+ private:
+    /// Never released: the library stays loaded.
+    static HANDLE own_context() {
+        static HANDLE const context = [] {
+            const std::wstring path = own_module_path();
+            ACTCTXW description{};
+            description.cbSize = sizeof description;
+            description.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+            description.hModule = own_module();
+            description.lpResourceName = MAKEINTRESOURCEW(2);
+            description.lpSource = path.c_str();
+            return CreateActCtxW(&description);
+        }();
+        return context;
+    }
+
+    ULONG_PTR cookie_ = 0;
+    bool active_ = false;
+};
+
+/// Classes belong to this module, so another copy of the library in the process has its own. They
+/// are never unregistered: another thread may be about to create a window.
 void register_class(const wchar_t* name, WNDPROC procedure) {
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
@@ -102,13 +135,13 @@ void Window::show_modal() {
         run_modal_loop(window);
         modal_ = nullptr;
     }
-    // Hidden, it is nobody's: an owner that goes would take it along.
+    // A hidden window would be destroyed with its owner.
     if (IsWindow(window)) set_owner(window, nullptr);
 }
 
 void Window::unload() noexcept {
     if (!loaded()) return;
-    // The host's windows take the keyboard back before this one goes: else another program would.
+    // Enables the host's windows first: otherwise the system would activate another program.
     if (modal_ != nullptr) modal_->release();
     const HostFloatingPoint host;
     DestroyWindow(handle_);
@@ -121,7 +154,7 @@ void Window::set_caption(const std::wstring& caption) {
 
 HWND Window::add(const ControlDesign& design, HWND parent) {
     DWORD style = design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
-    // It may hold controls, which it would otherwise be drawn over.
+    // It may contain controls, and must not paint over them.
     if (design.window_class == picture_box_class) style |= WS_CLIPCHILDREN;
     auto* const id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(design.id));
     HWND const window =
@@ -160,7 +193,7 @@ void Window::move(int id, const Place& place) {
 }
 
 void Window::put_in_place(const Placed& placed) const noexcept {
-    // Edges are rounded, not sizes: neighbours that touch in twips touch on the screen.
+    // Rounds edges, not sizes, so that neighbours that touch in twips touch in pixels.
     const int left = scale_.pixels(placed.place.left);
     const int top = scale_.pixels(placed.place.top);
     const int right = scale_.pixels(placed.place.left + placed.place.width);

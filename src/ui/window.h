@@ -15,7 +15,6 @@
 
 namespace kovrel {
 
-/// What a window is by design.
 struct WindowDesign {
     const wchar_t* window_class;
     const wchar_t* caption;
@@ -26,14 +25,14 @@ struct WindowDesign {
     bool has_owner = true;   ///< while modal: the thread's active window
 };
 
-/// A picture box: it holds controls, tells the window when its size changes, and can be painted.
+/// A control that contains others, reports its size to the window and is painted by it.
 inline constexpr wchar_t picture_box_class[] = L"Kovrel.PictureBox";
 
 class ModalScope;
 
-/// A window object outlives its window: its owner may read what it holds after it was unloaded,
-/// and it can be loaded again. While loaded it keeps itself alive. Failures inside an event never
-/// leave the window procedure; events with the standard handler show their own error box.
+/// The object outlives its window: its holder may read its data after it was unloaded, and load it
+/// again. While loaded it keeps itself alive. Failures inside an event never leave the window
+/// procedure; events with the standard handler show their own error box.
 class Window : public std::enable_shared_from_this<Window> {
  public:
     Window(const Window&) = delete;
@@ -44,11 +43,11 @@ class Window : public std::enable_shared_from_this<Window> {
     [[nodiscard]] bool loaded() const noexcept { return handle_ != nullptr; }
     [[nodiscard]] bool visible() const noexcept;
 
-    /// Makes the window and its controls, hidden; nothing when it is loaded already.
+    /// Creates the window and its controls, hidden; nothing when it is loaded already.
     void load();
     void show_modeless();
     /// Returns once the window is unloaded or hidden. Until then no other window of the thread can
-    /// be used. Failure 400 when the window is on the screen already.
+    /// be used. Failure 400 when the window is visible already.
     void show_modal();
     void unload() noexcept;
     void set_caption(const std::wstring& caption);
@@ -59,7 +58,6 @@ class Window : public std::enable_shared_from_this<Window> {
 
     [[nodiscard]] const Scale& scale() const noexcept { return scale_; }
     [[nodiscard]] HFONT font() const noexcept { return font_.get(); }
-    [[nodiscard]] const WindowDesign& design() const noexcept { return design_; }
 
     struct ControlDesign {
         const wchar_t* window_class;
@@ -72,29 +70,29 @@ class Window : public std::enable_shared_from_this<Window> {
     /// A visible control in the window or in one of its picture boxes.
     HWND add(const ControlDesign& control, HWND parent = nullptr);
     [[nodiscard]] HWND control(int id) const noexcept;
-    /// The button that the mouse presses; null: none.
+    /// The button that the mouse holds down; null: none.
     [[nodiscard]] HWND pressed_button() const noexcept { return pressed_button_; }
     void focus_on(int id) const noexcept;
     void move(int id, const Place& place);
     [[nodiscard]] Place place(int id) const noexcept;
-    /// A field with one line of text, in the middle of its row. Such controls show the text at
-    /// their top, so it is as high as the line, its edges and a pixel between them.
+    /// Centres a field of one line in its row, as high as its line and edges: such controls draw
+    /// their text at the top.
     void move_field(int id, const Place& row);
-    /// Sizes in twips, as the display rounds them.
+    /// Sizes in twips, from whole pixels.
     [[nodiscard]] Place size_of(HWND window) const noexcept;
     [[nodiscard]] Place inner_size_of(HWND window) const noexcept;
     /// The outer bounds on the screen, in pixels.
     [[nodiscard]] RECT bounds() const noexcept;
     void resize_outer(int width, int height) const noexcept;
     void move_to(int left, int top) const noexcept;
-    /// Gives the window an inner size in twips, as far as the screen has room for it.
+    /// Inner size in twips, limited to the work area.
     void resize_inner(double width, double height);
-    /// The inner height of a window as tall as the screen, in twips.
+    /// The inner height of a window as tall as the work area, in twips.
     [[nodiscard]] double tallest_inner() const noexcept;
     void center_on_screen();
-    /// Moves the window where all of it, or its top left part, can be seen.
+    /// Moves the window into the work area, its top left corner first.
     void keep_on_screen();
-    /// An absent tooltip is an empty text.
+    /// An empty text removes the tooltip.
     void set_tooltip(int id, const std::wstring& text);
 
     // The events, in the order of a window's life.
@@ -107,20 +105,17 @@ class Window : public std::enable_shared_from_this<Window> {
     virtual void paint_picture_box(int /*id*/, HDC /*context*/, const RECT& /*bounds*/) {}
     virtual void clicked(int /*id*/) {}
     virtual void notified(int /*id*/, UINT /*code*/) {}
-    /// True for a control that shows its text in the colours of a page, not of a dialog.
+    /// True for a control in the colours of a text box (COLOR_WINDOW) instead of a dialog's.
     [[nodiscard]] virtual bool has_page_colors(int /*id*/) const { return false; }
     virtual void focus_moved(HWND /*from*/, HWND /*to*/) {}
-    /// The mouse no longer presses the button that it pressed; a click follows at once or not at
-    /// all.
+    /// The mouse no longer holds down a button. Its click, if any, follows at once.
     virtual void press_ended() {}
     virtual void posted(UINT /*message*/, int /*value*/) {}
-    /// The close box or Alt+F4.
+    /// The close box, Alt+F4 or Esc.
     virtual void closing() { unload(); }
-    /// The Esc key.
-    virtual void escape() { closing(); }
     virtual void form_unload() {}
 
-    /// Messages that a window posts to itself.
+    /// The first of the messages that a window may post to itself.
     static constexpr UINT first_posted = WM_APP + 0x100;
 
  private:
@@ -155,7 +150,7 @@ class Window : public std::enable_shared_from_this<Window> {
     HWND tooltips_ = nullptr;
     HWND last_focus_ = nullptr;
     HWND pressed_button_ = nullptr;
-    bool ready_ = false;  // events reach the window once its controls are there
+    bool ready_ = false;  // events are handled once the controls exist
     Scale scale_;
     Font font_;
     Icon large_icon_;

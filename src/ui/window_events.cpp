@@ -14,7 +14,7 @@ bool is_push_button(HWND window) noexcept {
             (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
 }
 
-/// Runs an event. Its failure has nobody to be told of; the host goes on.
+/// Runs an event. Its failure is dropped, since there is nobody to report it to.
 template <class Body>
 void quietly(Body&& body) noexcept {
     try {
@@ -39,7 +39,7 @@ void Window::focus_inside() {
 
 void Window::command(int id, UINT code, bool from_control) {
     if (id == IDCANCEL && !from_control) {
-        escape();
+        closing();
     } else if (code == BN_CLICKED) {
         clicked(id);
     } else {
@@ -51,13 +51,13 @@ void Window::focus_on(int id) const noexcept {
     SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(id)), TRUE);
 }
 
-/// The push button that has the focus, or else that of the window's design.
+/// The push button with the focus, else the designed default button.
 int Window::default_button(HWND focus) const noexcept {
     return is_push_button(focus) && IsChild(handle_, focus) ? GetDlgCtrlID(focus)
                                                             : design_.default_button;
 }
 
-/// No other button has the frame.
+/// Removes the frame from the other buttons.
 void Window::frame_default_button(HWND focus) const noexcept {
     const int framed = default_button(focus);
     for (const Placed& placed : controls_) {
@@ -69,12 +69,11 @@ void Window::frame_default_button(HWND focus) const noexcept {
     }
 }
 
-/// The keys of a dialog that reach a control itself: in a modeless window, through the loop of a
-/// host that knows nothing of it.
+/// Dialog keys in a modeless window: the host's message loop does not call IsDialogMessage for it.
 bool Window::pressed(WPARAM key) {
     if (modal_ != nullptr) return false;
     if (key == VK_ESCAPE) {
-        escape();
+        closing();
     } else if (key == VK_RETURN && design_.default_button != 0) {
         clicked(design_.default_button);
     } else {
@@ -105,12 +104,12 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             return id != 0 ? MAKELRESULT(id, DC_HASDEFID) : 0;
         }
         case WM_NEXTDLGCTL:
-            // To a control, as a label's access key does, or to the next one or the last.
+            // A given control (as a label's access key does), or the next or the previous one.
             SetFocus(LOWORD(lparam) != FALSE ? reinterpret_cast<HWND>(wparam)
                                              : GetNextDlgTabItem(handle_, GetFocus(), wparam != 0));
             return 0;
         case WM_SHOWWINDOW:
-            // A window that is waited for stays, though the one that owns it is minimised.
+            // A modal window stays visible when its owner is minimised.
             if (lparam == SW_PARENTCLOSING) return 0;
             break;
         case WM_SETFOCUS:
@@ -198,7 +197,7 @@ LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, L
     }
 }
 
-/// What a control has done with a message.
+/// Called after a control has handled a message.
 void Window::watched(HWND control, UINT message, WPARAM wparam) {
     if (message == WM_SETFOCUS) {
         frame_default_button(control);

@@ -18,7 +18,7 @@ SIZE Window::outer_size(double width, double height) const noexcept {
     return {bounds.right - bounds.left, bounds.bottom - bounds.top};
 }
 
-/// Of the display that the window is on or, before it is shown, will be.
+/// Of the window's display or, before it is shown, of the active window's.
 RECT Window::work_area() const noexcept {
     HWND const active = GetActiveWindow();
     MONITORINFO monitor{};
@@ -86,11 +86,11 @@ void Window::keep_on_screen() {
 }
 
 void Window::move_field(int id, const Place& row) {
-    // Edges are as thick at every resolution.
+    // The thickness of edges does not depend on the resolution.
     const int height = line_height(control(id), font()) + 2 * (GetSystemMetrics(SM_CYEDGE) + 1);
     Place next = row;
     next.height = scale_.twips(height);
-    // In whole pixels: the edges of a place are rounded each.
+    // In whole pixels, since put_in_place rounds each edge.
     next.top = scale_.twips(scale_.pixels(row.top + (row.height - next.height) / 2));
     move(id, next);
 }
