@@ -16,7 +16,7 @@
 namespace kovrel {
 namespace {
 
-/// A number from 0 up to 1 that the moment of the call decides.
+/// In [0, 1), seeded by the time of day.
 double random_number() {
     const auto milliseconds = static_cast<std::uint32_t>(seconds_since_midnight() * 1000);
     std::mt19937 generator(milliseconds);

@@ -53,17 +53,16 @@ std::wstring full_path(const std::wstring& path) {
     }
 }
 
-/// The system counts the bytes of a path in 16 bits, and not every one looks before it counts: room
-/// is left for the prefix that it puts before the path and the zero after it.
+/// The system counts the bytes of a path in 16 bits, and some versions do so without a check. Room
+/// is left for the prefix and the terminator that it adds.
 void check_length(const std::wstring& path) {
     constexpr std::size_t longest = 32'750;
     if (path.size() > longest) raise(ERROR_FILENAME_EXCED_RANGE);
 }
 
-/// The path in the form that has no limit but the system's own, where it is so long that it needs
-/// it.
+/// The path, with the prefix that lifts the length limit where it is long enough to need it.
 std::wstring unlimited(const std::wstring& path) {
-    // The least of the limits, that for new folders: room for a short file name is kept.
+    // The lowest of the limits is that of CreateDirectory: MAX_PATH less an 8.3 file name.
     constexpr std::size_t limit = MAX_PATH - 12;
     check_length(path);
     if (path.starts_with(LR"(\\?\)") || path.starts_with(LR"(\\.\)")) return path;
@@ -81,7 +80,7 @@ bool drive_is_missing(const std::wstring& path) {
     return GetDriveTypeW((full.substr(0, 2) + L'\\').c_str()) == DRIVE_NO_ROOT_DIR;
 }
 
-/// Reads and writes count in 32 bits.
+/// ReadFile and WriteFile count in 32 bits.
 DWORD piece(std::size_t count) {
     return static_cast<DWORD>(std::min<std::size_t>(count, 1U << 30));
 }
@@ -163,7 +162,7 @@ void BinaryFile::write(const void* bytes, std::size_t count) {
                        &done, nullptr)) {
             raise(GetLastError());
         }
-        // Some file systems take nothing, and say no more than that, where there is no room.
+        // Some file systems report success with 0 bytes when the disk is full.
         if (done == 0) raise(ERROR_DISK_FULL);
         total += done;
     }
