@@ -9,7 +9,7 @@
 namespace kovrel {
 namespace {
 
-/// A call that fails leaves no hidden window behind; a visible one belongs to another call.
+/// A failed call leaves no hidden window behind. A visible one belongs to another call.
 void unload_hidden(frmFECHA1* window) noexcept {
     if (!window->visible()) window->unload();
 }

@@ -24,7 +24,7 @@ frmDialogo::frmDialogo()
 
 void frmDialogo::create_controls() {
     constexpr DWORD text_box = WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL;
-    // Columns of the fixed-pitch font stay columns; sentences of the other are wrapped.
+    // Text in the fixed-pitch font is not wrapped, so that columns stay aligned.
     const DWORD lines = FuenteTT ? 0 : WS_HSCROLL | ES_AUTOHSCROLL;
     give_dialog_keys(add({L"EDIT", L"", text_box | lines, TxtMensaje, {}, WS_EX_CLIENTEDGE}));
     HWND const base =

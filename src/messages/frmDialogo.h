@@ -1,4 +1,4 @@
-// The message dialog: a resizable window with a text that is too long for a message box.
+// The message dialog: a resizable window for texts too long for a message box.
 #pragma once
 
 #include <cstdint>

@@ -1,9 +1,8 @@
-// The verifier's controls: how they are laid out and painted, and what they begin with.
+// The verifier's controls: creation, layout and painting.
 #include "taxid/frmNIFCCC.h"
 
 #include "frame/guarded.h"
 #include "taxid/verifier_notices.h"
-#include "ui/shared_window.h"
 
 namespace kovrel {
 namespace {
@@ -30,6 +29,14 @@ constexpr double button_height = 390;
 constexpr double button_left = inner_width - 2 * margin - button_width;
 constexpr double row_top = 450;  // of the field in its frame
 constexpr double heading_picture = 480;
+constexpr Place title_place{990, 150, inner_width - 990 - margin, 270};
+constexpr Place hint_place{990, 450, inner_width - 990 - margin, 450};
+constexpr Place close_place{inner_width - margin - button_width,
+                            inner_height - margin - button_height, button_width, button_height};
+
+constexpr const wchar_t* title = L"Verificador de NIF y cuenta bancaria";
+constexpr const wchar_t* hint =
+    L"Escriba un dato y pulse Tab: se comprueba y, si hace falta, se corrige.";
 
 Place beside_field(double frame_top, double left, double width, double height) {
     return {left, frame_top + row_top + (field_height - height) / 2, width, height};
@@ -38,8 +45,7 @@ Place beside_field(double frame_top, double left, double width, double height) {
 }  // namespace
 
 frmNIFCCC::frmNIFCCC()
-    : Window({window_class, L"Verificador de NIF y cuenta bancaria", WS_CAPTION | WS_SYSMENU,
-              inner_width, inner_height, cmdOK}),
+    : Window({window_class, title, WS_CAPTION | WS_SYSMENU, inner_width, inner_height, cmdOK}),
       tax_id_{MkNIF,
               img_nifok,
               img_nifno,
@@ -63,25 +69,11 @@ frmNIFCCC::frmNIFCCC()
                L") en procedimiento MkCCC_Change del Formulario frmPAGADORES.",
                L") en procedimiento cmd_copiaCCC_Click del Formulario frmNIFCCC."} {}
 
-std::shared_ptr<frmNIFCCC> frmNIFCCC::shared() {
-    return SharedWindow<frmNIFCCC>::get();
-}
-
 void frmNIFCCC::create_controls() {
     HWND const picture =
         add({picture_box_class, L"", 0, Picture1, {0, 0, inner_width, heading_height}});
-    add({L"STATIC",
-         L"Verificador de NIF y cuenta bancaria",
-         SS_NOPREFIX,
-         Label,
-         {990, 150, inner_width - 990 - margin, 270}},
-        picture);
-    add({L"STATIC",
-         L"Escriba un dato y pulse Tab: se comprueba y, si hace falta, se corrige.",
-         SS_NOPREFIX,
-         lbl_mensaje,
-         {990, 450, inner_width - 990 - margin, 450}},
-        picture);
+    add({L"STATIC", title, SS_NOPREFIX, Label, title_place}, picture);
+    add({L"STATIC", hint, SS_NOPREFIX, lbl_mensaje, hint_place}, picture);
 
     constexpr DWORD edit = WS_TABSTOP | ES_AUTOHSCROLL;
     constexpr DWORD button = WS_TABSTOP | BS_PUSHBUTTON;
@@ -99,14 +91,9 @@ void frmNIFCCC::create_controls() {
         set_tooltip(id, text);
     };
     const auto add_frame = [&](double top, int id, const wchar_t* caption) {
-        // Below the controls that it encloses, and above the window's own background, which it
-        // does not paint.
-        add({L"BUTTON",
-             caption,
-             BS_GROUPBOX,
-             id,
-             {margin, top, frame_width, frame_height},
-             WS_EX_TRANSPARENT});
+        // Last of its controls in Z order. Transparent, since it paints no background.
+        const Place frame{margin, top, frame_width, frame_height};
+        add({L"BUTTON", caption, BS_GROUPBOX, id, frame, WS_EX_TRANSPARENT});
     };
 
     tax_id_.edit = std::make_unique<MaskedEdit>(
@@ -128,12 +115,7 @@ void frmNIFCCC::create_controls() {
          beside_field(second_frame, button_left, button_width, button_height)});
     add_frame(second_frame, frameCCC, L"Código de Cuenta Bancaria");
 
-    add({L"BUTTON",
-         L"C&errar",
-         button,
-         cmdOK,
-         {inner_width - margin - button_width, inner_height - margin - button_height, button_width,
-          button_height}});
+    add({L"BUTTON", L"C&errar", button, cmdOK, close_place});
 }
 
 void frmNIFCCC::apply_scale() {

@@ -1,5 +1,5 @@
-// The verifier: a window in which the user types a tax id or a bank account code, sees it checked
-// when the field is left, and can copy it.
+// The verifier: a window that checks a tax id or a bank account code when its field is left, and
+// copies it.
 #pragma once
 
 #include <memory>
@@ -8,6 +8,7 @@
 #include "frame/clsFGen.h"
 #include "runtime/notice.h"
 #include "ui/masked_edit.h"
+#include "ui/shared_window.h"
 #include "ui/window.h"
 
 namespace kovrel {
@@ -33,25 +34,27 @@ class frmNIFCCC final : public Window {
         lbl_ccc,
     };
     static constexpr const wchar_t* window_class = L"Kovrel.frmNIFCCC";
-    /// Posted to the window with a data-entry error code, which it explains to the user.
+    /// Posted to the window with a data-entry error code to explain to the user.
     static constexpr UINT data_entry_error = first_posted;
 
     frmNIFCCC();
 
-    /// The one that everybody on the thread shares while anybody holds it.
-    [[nodiscard]] static std::shared_ptr<frmNIFCCC> shared();
+    /// The thread's shared instance.
+    [[nodiscard]] static std::shared_ptr<frmNIFCCC> shared() {
+        return SharedWindow<frmNIFCCC>::get();
+    }
 
  private:
-    /// One of the two fields, with its marks and all in which it differs from the other.
+    /// One of the two fields, with its marks and everything specific to it.
     struct Field {
         int id;
         int accepted;
         int refused;
-        std::size_t selection;  ///< characters that its button selects to copy them
+        std::size_t selection;  ///< the characters that its button selects and copies
         const wchar_t* name;    ///< in the validator's messages
         void (frmNIFCCC::*verify)(const std::wstring& text);
         Notice (*nothing_to_copy)();
-        // The ends of its procedures' error boxes.
+        // The trailing texts of its procedures' error boxes.
         const wchar_t* validate;
         const wchar_t* lost_focus;
         const wchar_t* change;
@@ -60,7 +63,7 @@ class frmNIFCCC final : public Window {
         std::wstring last{};                 ///< its text at its last change
     };
 
-    /// Posted by a field that the focus has left.
+    /// Posted when the focus has left a field.
     static constexpr UINT field_left = first_posted + 1;
 
     void create_controls() override;
@@ -93,7 +96,7 @@ class frmNIFCCC final : public Window {
     std::shared_ptr<clsFGen> general_;
     Field tax_id_;
     Field account_;
-    const Field* left_field_ = nullptr;  ///< its check is still to come; null: none
+    const Field* left_field_ = nullptr;  ///< left and not checked yet; null: none
     bool returning_ = false;             ///< the focus is being put back into a field
     Icon accepted_;
     Icon refused_;

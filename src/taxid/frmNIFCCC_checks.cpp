@@ -1,4 +1,4 @@
-// What the verifier does: it checks a field that is left, marks it, copies it, and explains itself.
+// The verifier's procedures: checking, marking and copying a field.
 #include <utility>
 
 #include "frame/application.h"
@@ -31,8 +31,8 @@ void frmNIFCCC::focus_moved(HWND from, HWND to) {
     const Field* const left = field(GetDlgCtrlID(from));
     if (left == nullptr) return;
     left_field_ = left;
-    // A box while the mouse presses a button would take its click away: the click has the field
-    // checked.
+    // A box shown while the mouse holds a button down would cancel the click. The button's click
+    // checks the field instead.
     if (to != pressed_button()) check_later();
 }
 
@@ -53,7 +53,7 @@ void frmNIFCCC::posted(UINT message, int value) {
     }
 }
 
-/// True when the focus may stay where it has gone.
+/// False when the focus has been put back or the window is gone.
 bool frmNIFCCC::check_left_field() {
     const Field* const left = std::exchange(left_field_, nullptr);
     return left == nullptr || leave(*left);
@@ -121,7 +121,7 @@ void frmNIFCCC::copy(const Field& field) {
     });
 }
 
-/// A value that is still to be checked is checked first; a field half filled in is left as it is.
+/// Checks a complete field that was left first; an incomplete one does not keep the window open.
 void frmNIFCCC::close() {
     if (left_field_ != nullptr && left_field_->edit->complete()) check_left_field();
     unload();
