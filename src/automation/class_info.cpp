@@ -52,6 +52,7 @@ HRESULT ClassInfo::find_ids(LPOLESTR* names, UINT count, DISPID* ids) const {
 
 ClassInfo::Accessors ClassInfo::accessors(DISPID id) const noexcept {
     Accessors result;
+    if (id == DISPID_VALUE) id = default_member;
     if (id < 1 || static_cast<std::size_t>(id) > by_id.size()) return result;
     // A property's accessors stand side by side.
     for (const MemberInfo& member : members.subspan(by_id[static_cast<std::size_t>(id - 1)])) {

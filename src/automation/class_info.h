@@ -89,6 +89,7 @@ struct ClassInfo {
     /// A new instance with one reference; failures are thrown.
     IDispatch* (*create)();
     void (*destroy)(void* object) noexcept;
+    DISPID default_member;                   ///< the id behind DISPID_VALUE; DISPID_UNKNOWN: none
     std::span<const std::uint16_t> by_id;    ///< index: id - 1; the id's first member
     std::span<const std::uint16_t> by_name;  ///< ids in the order of their names in capitals
 

@@ -90,6 +90,7 @@ struct ClassTables<declared, Declaration<Class, ParameterCount, Thunks...>> {
                 .vtable = &vtable,
                 .create = &Object<Class>::create,
                 .destroy = &Object<Class>::destroy,
+                .default_member = declared.identity.default_member,
                 .by_id = by_id,
                 .by_name = by_name};
     }

@@ -81,6 +81,8 @@ struct ClassIdentity {
     const wchar_t* name;  ///< the second part; with an underscore in front, the interface's name
     GUID class_id;
     GUID interface_id;
+    DISPID default_member =
+        DISPID_UNKNOWN;  ///< the place of a member, from 1, that hosts need not name
 };
 
 /// What a member's signature does not tell.

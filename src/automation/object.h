@@ -119,8 +119,6 @@ class ObjectBase {
 template <class Class>
 class Object final : public ObjectBase {
  public:
-    [[nodiscard]] Class& implementation() noexcept { return implementation_; }
-
     static IDispatch* create() { return (new Object)->dispatch(); }
     static void destroy(void* object) noexcept {
         delete static_cast<Object*>(static_cast<ObjectBase*>(object));
@@ -137,6 +135,12 @@ class Object final : public ObjectBase {
 template <class Class>
 [[nodiscard]] ComPtr<IDispatch> create_instance() {
     return ComPtr<IDispatch>::attach(Object<Class>::create());
+}
+
+/// The members' side of such an instance.
+template <class Class>
+[[nodiscard]] Class& implementation_of(IDispatch* instance) noexcept {
+    return *static_cast<Class*>(reinterpret_cast<ObjectBase*>(instance)->implementation());
 }
 
 }  // namespace kovrel

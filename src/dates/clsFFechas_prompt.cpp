@@ -3,26 +3,16 @@
 #include "dates/frmFECHA1.h"
 #include "frame/clock.h"
 #include "frame/guarded.h"
+#include "runtime/owned.h"
 #include "ui/modal.h"
 
 namespace kovrel {
 namespace {
 
-/// The shared prompt for one call. A call that fails leaves no hidden window behind; one that the
-/// user is still looking at belongs to another call.
-class Prompt {
- public:
-    Prompt() : window_(frmFECHA1::shared()) {}
-    Prompt(const Prompt&) = delete;
-    Prompt& operator=(const Prompt&) = delete;
-    ~Prompt() {
-        if (!window_->visible()) window_->unload();
-    }
-    frmFECHA1* operator->() const noexcept { return window_.get(); }
-
- private:
-    std::shared_ptr<frmFECHA1> window_;
-};
+/// A failed call leaves no hidden window behind. A visible one belongs to another call.
+void unload_hidden(frmFECHA1* window) noexcept {
+    if (!window->visible()) window->unload();
+}
 
 }  // namespace
 
@@ -32,7 +22,8 @@ Date clsFFechas::PideFecha(const std::wstring& strMensaje, const std::wstring& s
                          [&](Date& result) {
                              if (DtFechaDefecto == Date{})
                                  DtFechaDefecto = Date{static_cast<double>(today())};
-                             const Prompt prompt;
+                             const auto window = frmFECHA1::shared();
+                             const Owned<frmFECHA1*, &unload_hidden> prompt(window.get());
                              prompt->set_value(DtFechaDefecto);
                              prompt->set_message(strMensaje);
                              prompt->set_caption(strCaption);

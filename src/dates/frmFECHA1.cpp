@@ -1,16 +1,12 @@
 #include "dates/frmFECHA1.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 
 #include "frame/application.h"
 #include "frame/clock.h"
 #include "frame/guarded.h"
 #include "runtime/failure.h"
-#include "ui/date_field.h"
-#include "ui/shared_window.h"
-#include "ui/text_box.h"
+#include "ui/controls.h"
 #include "ui/text_box_lines.h"
 
 namespace kovrel {
@@ -27,7 +23,7 @@ constexpr double field_height = 345;
 constexpr double button_width = 900;
 constexpr double picture_size = 300;
 
-/// The first year of the system's calendar.
+/// The first year of SYSTEMTIME.
 constexpr WORD first_year = 1601;
 
 }  // namespace
@@ -36,24 +32,20 @@ frmFECHA1::frmFECHA1()
     : Window({window_class, L"Escriba una fecha...", WS_CAPTION, inner_width,
               question.top + question.height + row_height + 2 * margin, cmdOK}) {}
 
-std::shared_ptr<frmFECHA1> frmFECHA1::shared() {
-    return SharedWindow<frmFECHA1>::get();
-}
-
 void frmFECHA1::create_controls() {
     const INITCOMMONCONTROLSEX date_classes{sizeof date_classes, ICC_DATE_CLASSES};
     InitCommonControlsEx(&date_classes);
-    // As in a text box: a word longer than a line is broken.
+    // SS_EDITCONTROL breaks words longer than a line.
     add({L"STATIC", L"Escriba una fecha...", SS_NOPREFIX | SS_EDITCONTROL, lbl_mensaje, question});
     add({L"STATIC", L"Fecha:", SS_NOPREFIX | SS_CENTERIMAGE, lbl_fecha, {}});
     HWND const field = add(
         {DATETIMEPICK_CLASSW, L"", WS_TABSTOP | DTS_SHOWNONE | DTS_SHORTDATEFORMAT, DTP_FECHA, {}});
     SendMessageW(field, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(L"dd'/'MM'/'yyyy"));
     begin_with_the_day(field);
-    // The button shows its picture alone; its text is for those who cannot see it.
+    // The button shows its picture only; its text is for screen readers.
     add({L"BUTTON", L"Aceptar", WS_TABSTOP | BS_DEFPUSHBUTTON | BS_ICON, cmdOK, {}});
     set_tooltip(cmdOK, L"Aceptar");
-    // In the label's place where the screen has no room for the whole question.
+    // Replaces the label where the question does not fit on the screen.
     give_dialog_keys(add({L"EDIT", L"", WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY,
                           txt_mensaje, question, WS_EX_CLIENTEDGE}));
     SendMessageW(control(txt_mensaje), EM_SETLIMITTEXT, 0, 0);
@@ -74,12 +66,11 @@ void frmFECHA1::form_load() {
 
 double frmFECHA1::question_height() const {
     HWND const label = control(lbl_mensaje);
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(label)) + 1, L'\0');
-    const int length = GetWindowTextW(label, text.data(), static_cast<int>(text.size()));
+    const std::wstring text = text_of(label);
     RECT bounds{0, 0, scale().pixels(question.width), 0};
     const WindowContext context(label);
     const Selected with_font(context.get(), font());
-    DrawTextW(context.get(), text.c_str(), length, &bounds,
+    DrawTextW(context.get(), text.c_str(), -1, &bounds,
               DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_EXPANDTABS | DT_NOPREFIX);
     return std::max<double>(scale().twips(bounds.bottom), question.height);
 }
@@ -134,14 +125,14 @@ std::optional<Date> frmFECHA1::value() const {
 }
 
 bool frmFECHA1::FechaOk() const {
-    // The day that stands for no date is none: whoever waits for it would wait for ever.
+    // Day 0 counts as no date: PideFecha would wait for ever.
     return value().value_or(Date{}) != Date{};
 }
 
 void frmFECHA1::clicked(int id) {
     if (id != cmdOK) return;
     guarded({L") en procedimiento cmdOK_Click del Formulario frmFECHA1."}, [&] {
-        // Digits still being typed count once the field loses the focus.
+        // Commits digits still being typed.
         focus_on(cmdOK);
         if (FechaOk()) {
             chosen = *value();

@@ -1,5 +1,4 @@
-// The date prompt: a small window with a question, a date field and one button. It can be left by
-// that button alone, with a date.
+// The date prompt: a question, a date field and one button, which closes it once there is a date.
 #pragma once
 
 #include <memory>
@@ -7,6 +6,7 @@
 #include <string>
 
 #include "automation/variant.h"
+#include "ui/shared_window.h"
 #include "ui/window.h"
 
 namespace kovrel {
@@ -18,16 +18,17 @@ class frmFECHA1 final : public Window {
 
     frmFECHA1();
 
-    /// The one that everybody on the thread shares while anybody holds it.
-    [[nodiscard]] static std::shared_ptr<frmFECHA1> shared();
+    /// The thread's shared instance.
+    [[nodiscard]] static std::shared_ptr<frmFECHA1> shared() {
+        return SharedWindow<frmFECHA1>::get();
+    }
 
-    /// The question; the window grows with it until the screen is full, then it scrolls. Loads the
+    /// The question; the window grows with it up to the screen's height, then it scrolls. Loads the
     /// window.
     void set_message(const std::wstring& message);
-    /// What the date field shows. Failure 5 for a date that it cannot: it begins with the year
-    /// 1601. Loads the window.
+    /// Loads the window. Failure 5 for dates that the field cannot show: it begins with 1601.
     void set_value(Date value);
-    /// What the date field holds; nothing while it is empty.
+    /// Absent while the date field is empty.
     [[nodiscard]] std::optional<Date> value() const;
     /// True when the date field holds a date.
     [[nodiscard]] bool FechaOk() const;

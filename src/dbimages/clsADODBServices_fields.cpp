@@ -16,8 +16,16 @@
 namespace kovrel {
 namespace {
 
-/// The next `size` bytes of a file as an array; where the file ends, the array is filled up from
-/// `buffer`, which holds the bytes of the array before.
+Variant file_bytes(const std::wstring& path) {
+    BinaryFile file = BinaryFile::open(path);
+    Variant bytes = new_byte_array(file.size());
+    const ArrayAccess<std::uint8_t> access(bytes.parray);
+    file.read(access.elements().data(), access.elements().size());
+    return bytes;
+}
+
+/// The next bytes of a file as an array. At the file's end the rest of the array keeps the bytes of
+/// the previous one, which `buffer` holds.
 Variant next_chunk(BinaryFile& file, std::vector<std::uint8_t>& buffer) {
     file.read(buffer.data(), buffer.size());
     Variant chunk = new_byte_array(buffer.size());
@@ -31,8 +39,8 @@ void write_bytes(BinaryFile& file, const Variant& bytes) {
     file.write(access.elements().data(), access.elements().size());
 }
 
-/// Asks a field for its bytes, chunk by chunk, and writes what it gives. Where no bytes are asked
-/// for, fields may give a null or nothing; a null that is all that a field holds is none to write.
+/// Copies a field's bytes to a file, chunk by chunk. A first chunk of 0 bytes may come as Empty, or
+/// as Null when more chunks follow.
 void copy_chunks(const HostObject& field, const ChunkPlan& plan, BinaryFile& file) {
     const auto next = [&](std::int64_t size) {
         return field.get(L"GetChunk", {Variant(static_cast<std::int32_t>(size))});
@@ -42,10 +50,6 @@ void copy_chunks(const HostObject& field, const ChunkPlan& plan, BinaryFile& fil
     const bool is_nothing = first.is_empty() || (first.is_null() && has_more);
     if (plan.first != 0 || !is_nothing) write_bytes(file, first);
     for (std::int64_t chunk = 0; chunk < plan.count; ++chunk) write_bytes(file, next(plan.size));
-}
-
-bool reads_true(const HostObject& object, std::wstring_view member) {
-    return object.get(member).to_bool();
 }
 
 std::int64_t whole_number(const HostObject& object, std::wstring_view member) {
@@ -58,13 +62,7 @@ void clsADODBServices::PutImageInField(const ComPtr<IDispatch>& f, const std::ws
     const Handler handler{
         L") en procedimiento PutImageInField del Módulo de clase clsADODBServices.", &app_origen()};
     guarded(handler, [&] {
-        BinaryFile file = BinaryFile::open(File);
-        const Variant bytes = new_byte_array(file.size());
-        {
-            const ArrayAccess<std::uint8_t> access(bytes.parray);
-            file.read(access.elements().data(), access.elements().size());
-        }
-        file.close();
+        const Variant bytes = file_bytes(File);
         HostObject(f).put(L"Value", bytes);
     });
 }
@@ -72,8 +70,8 @@ void clsADODBServices::PutImageInField(const ComPtr<IDispatch>& f, const std::ws
 ComPtr<IPictureDisp> clsADODBServices::GetImageFromField(const ComPtr<IDispatch>& f) {
     ComPtr<IPictureDisp> picture;
     std::wstring path;
-    // Runs a step; false when its failure ends the procedure, without a picture. After one over the
-    // picture itself the next step follows.
+    // Runs a step and shows its failure. False when that ends the procedure without a picture: all
+    // but an invalid picture do.
     const auto goes_on_after = [&](auto&& step) {
         try {
             step();
@@ -136,8 +134,8 @@ Variant clsADODBServices::RecordLocation(const ComPtr<IDispatch>& adoRs,
                                          const std::wstring& Title) {
     try {
         const HostObject records(adoRs);
-        const bool at_end = reads_true(records, L"EOF");
-        const bool at_beginning = reads_true(records, L"BOF");
+        const bool at_end = records.get(L"EOF").to_bool();
+        const bool at_beginning = records.get(L"BOF").to_bool();
         if (at_end || at_beginning) return Variant(L"");
         const std::int64_t position = whole_number(records, L"AbsolutePosition");
         return Variant(record_location(Title, position, whole_number(records, L"RecordCount")));

@@ -1,7 +1,5 @@
 #include "dbimages/image_field.h"
 
-#include <utility>
-
 #include "files/path_text.h"
 #include "runtime/number_format.h"
 #include "runtime/text.h"
@@ -14,11 +12,7 @@ constexpr std::int64_t chunk_size = 1024;
 }  // namespace
 
 std::wstring record_location(std::wstring_view text, std::int64_t position, std::int64_t count) {
-    std::wstring result(text);
-    result += decimal_text(position);
-    result += L" de ";
-    result += decimal_text(count);
-    return result;
+    return std::wstring(text) + decimal_text(position) + L" de " + decimal_text(count);
 }
 
 ChunkPlan storing_chunks(std::int64_t length) noexcept {
@@ -31,18 +25,14 @@ ChunkPlan reading_chunks(std::int64_t length) noexcept {
 
 std::wstring temporary_file_name(std::wstring_view folder, double random) {
     constexpr double names = 1'000'000;
-    std::wstring name = folder.empty() ? std::wstring(L"\\") : add_backslash(folder);
-    name += format_number(random * names, patterns::eight_digits, L'.');
-    name += L".tmp";
-    return name;
+    return (folder.empty() ? std::wstring(L"\\") : add_backslash(folder)) +
+           format_number(random * names, patterns::eight_digits, L'.') + L".tmp";
 }
 
 Notice picture_failure(std::int32_t number, std::wstring_view description) {
-    std::wstring text = L"ERROR  ";
-    text += decimal_text(number);
-    text += L": ";
-    text += description;
-    return {std::move(text), NoticeStyle::plain, {}};
+    return {L"ERROR  " + decimal_text(number) + L": " + std::wstring(description),
+            NoticeStyle::plain,
+            {}};
 }
 
 }  // namespace kovrel

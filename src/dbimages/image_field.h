@@ -1,5 +1,5 @@
-// Contents of files in recordset fields: sizes of the chunks, names of temporary files, the
-// position of a record as a text.
+// Files in recordset fields: chunk sizes, names of temporary files, the position of a record as a
+// text.
 #pragma once
 
 #include <cstdint>
@@ -14,10 +14,10 @@ namespace kovrel {
 [[nodiscard]] std::wstring record_location(std::wstring_view text, std::int64_t position,
                                            std::int64_t count);
 
-/// The position of a record in a recordset that cannot tell it.
+/// The text for a recordset that has no position.
 inline constexpr std::wstring_view unknown_record_location = L"VOID";
 
-/// The chunks that a content is moved in: one of `first` bytes, then `count` of `size` bytes.
+/// One chunk of `first` bytes, then `count` chunks of `size` bytes.
 struct ChunkPlan {
     std::int64_t first = 0;
     std::int64_t count = 0;
@@ -27,14 +27,13 @@ struct ChunkPlan {
 };
 
 /// The chunks that a file of `length` bytes is stored in. Each has one byte more than its share of
-/// the file; fields in use are stored so, and are written back out with those bytes.
+/// the file, as fields in use are stored and written back to files.
 [[nodiscard]] ChunkPlan storing_chunks(std::int64_t length) noexcept;
 
 /// The chunks that a field of `length` bytes is read in; the first one may have none.
 [[nodiscard]] ChunkPlan reading_chunks(std::int64_t length) noexcept;
 
-/// The name of a temporary file in a folder, from 00000000.tmp to 01000000.tmp by a random number
-/// from 0 up to 1.
+/// The path of a temporary file in a folder, 00000000.tmp to 01000000.tmp; `random` is in [0, 1).
 [[nodiscard]] std::wstring temporary_file_name(std::wstring_view folder, double random);
 
 /// What the user is told when a picture cannot be read from a field.

@@ -5,6 +5,7 @@
 #include <limits>
 #include <new>
 #include <random>
+#include <vector>
 
 #include "automation/module.h"
 #include "dbimages/image_field.h"
@@ -15,50 +16,21 @@
 namespace kovrel {
 namespace {
 
-/// A number from 0 up to 1 that the moment of the call decides.
+/// In [0, 1), seeded by the time of day.
 double random_number() {
     const auto milliseconds = static_cast<std::uint32_t>(seconds_since_midnight() * 1000);
     std::mt19937 generator(milliseconds);
     return static_cast<double>(generator()) / (std::mt19937::max() + 1.0);
 }
 
-/// A block of the kind that streams are made over.
-class Memory {
- public:
-    explicit Memory(std::size_t size) : handle_(GlobalAlloc(GMEM_MOVEABLE, size)) {
-        if (handle_ == nullptr) throw std::bad_alloc();
-    }
-    Memory(const Memory&) = delete;
-    Memory& operator=(const Memory&) = delete;
-    ~Memory() { GlobalFree(handle_); }
-    [[nodiscard]] HGLOBAL get() const noexcept { return handle_; }
-
- private:
-    HGLOBAL handle_;
-};
-
-class LockedMemory {
- public:
-    explicit LockedMemory(HGLOBAL handle) : handle_(handle), data_(GlobalLock(handle)) {
-        if (data_ == nullptr) throw std::bad_alloc();
-    }
-    LockedMemory(const LockedMemory&) = delete;
-    LockedMemory& operator=(const LockedMemory&) = delete;
-    ~LockedMemory() { GlobalUnlock(handle_); }
-    [[nodiscard]] void* data() const noexcept { return data_; }
-
- private:
-    HGLOBAL handle_;
-    void* data_;
-};
-
-/// A stream over a block that stays its owner's, or over one of the stream's own.
-ComPtr<IStream> stream_over(HGLOBAL memory) {
+ComPtr<IStream> new_stream() {
     ComPtr<IStream> stream;
-    if (FAILED(CreateStreamOnHGlobal(memory, memory == nullptr ? TRUE : FALSE, stream.put()))) {
-        throw std::bad_alloc();
-    }
+    if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, stream.put()))) throw std::bad_alloc();
     return stream;
+}
+
+void rewind(IStream& stream) {
+    stream.Seek({}, STREAM_SEEK_SET, nullptr);
 }
 
 }  // namespace
@@ -74,10 +46,14 @@ ComPtr<IPictureDisp> load_picture(const std::wstring& path) {
     const std::uint64_t size = file.size();
     if (size == 0) throw Failure(FailureNumber::invalid_picture);
     if (size > static_cast<std::uint64_t>(std::numeric_limits<LONG>::max())) throw std::bad_alloc();
-    const Memory content(static_cast<std::size_t>(size));
-    file.read(LockedMemory(content.get()).data(), static_cast<std::size_t>(size));
+    std::vector<std::uint8_t> content(static_cast<std::size_t>(size));
+    file.read(content.data(), content.size());
     file.close();
-    const ComPtr<IStream> stream = stream_over(content.get());
+    const ComPtr<IStream> stream = new_stream();
+    if (FAILED(stream->Write(content.data(), static_cast<ULONG>(size), nullptr))) {
+        throw std::bad_alloc();
+    }
+    rewind(*stream.get());
     ComPtr<IPictureDisp> picture;
     const HRESULT result = OleLoadPicture(stream.get(), static_cast<LONG>(size), FALSE,
                                           IID_IPictureDisp, picture.put_void());
@@ -94,19 +70,20 @@ void save_picture(const ComPtr<IPictureDisp>& picture, const std::wstring& path)
         type == PICTYPE_UNINITIALIZED) {
         throw Failure(FailureNumber::invalid_picture);
     }
-    const ComPtr<IStream> stream = stream_over(nullptr);
+    const ComPtr<IStream> stream = new_stream();
     LONG size = 0;
     const HRESULT result = image->SaveAsFile(stream.get(), TRUE, &size);
     if (result == E_OUTOFMEMORY) throw std::bad_alloc();
-    HGLOBAL memory = nullptr;
     STATSTG statistics{};
-    if (FAILED(result) || FAILED(GetHGlobalFromStream(stream.get(), &memory)) ||
-        FAILED(stream->Stat(&statistics, STATFLAG_NONAME))) {
+    if (FAILED(result) || FAILED(stream->Stat(&statistics, STATFLAG_NONAME))) {
         throw Failure(FailureNumber::invalid_picture);
     }
-    const LockedMemory content(memory);
-    BinaryFile::create(path).write(content.data(),
-                                   static_cast<std::size_t>(statistics.cbSize.QuadPart));
+    std::vector<std::uint8_t> content(static_cast<std::size_t>(statistics.cbSize.QuadPart));
+    rewind(*stream.get());
+    if (FAILED(stream->Read(content.data(), static_cast<ULONG>(content.size()), nullptr))) {
+        throw Failure(FailureNumber::invalid_picture);
+    }
+    BinaryFile::create(path).write(content.data(), content.size());
 }
 
 }  // namespace kovrel

@@ -1,5 +1,4 @@
-// Pictures in files: the library's own temporary files, and picture objects loaded from and saved
-// to a file.
+// Picture objects loaded from and saved to files, and the names of temporary files for them.
 #pragma once
 
 #include <windows.h>
@@ -11,11 +10,10 @@
 
 namespace kovrel {
 
-/// A fresh name in the library's own folder. Two names made within one tick of the clock are
-/// equal.
+/// A path in the library's own folder. Two made within one millisecond are equal.
 [[nodiscard]] std::wstring temporary_picture_file();
 
-/// Bitmaps, GIF, JPEG, icons and metafiles. Failure 481 for a content that is none of them.
+/// Bitmaps, GIF, JPEG, icons and metafiles. Failure 481 for anything else.
 [[nodiscard]] ComPtr<IPictureDisp> load_picture(const std::wstring& path);
 
 /// Failure 91 for no picture, 481 for one without content.

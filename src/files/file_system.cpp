@@ -1,7 +1,6 @@
 #include "files/file_system.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "runtime/failure.h"
 
@@ -54,17 +53,16 @@ std::wstring full_path(const std::wstring& path) {
     }
 }
 
-/// The system counts the bytes of a path in 16 bits, and not every one looks before it counts: room
-/// is left for the prefix that it puts before the path and the zero after it.
+/// The system counts the bytes of a path in 16 bits, and some versions do so without a check. Room
+/// is left for the prefix and the terminator that it adds.
 void check_length(const std::wstring& path) {
     constexpr std::size_t longest = 32'750;
     if (path.size() > longest) raise(ERROR_FILENAME_EXCED_RANGE);
 }
 
-/// The path in the form that has no limit but the system's own, where it is so long that it needs
-/// it.
+/// The path, with the prefix that lifts the length limit where it is long enough to need it.
 std::wstring unlimited(const std::wstring& path) {
-    // The least of the limits, that for new folders: room for a short file name is kept.
+    // The lowest of the limits is that of CreateDirectory: MAX_PATH less an 8.3 file name.
     constexpr std::size_t limit = MAX_PATH - 12;
     check_length(path);
     if (path.starts_with(LR"(\\?\)") || path.starts_with(LR"(\\.\)")) return path;
@@ -82,25 +80,7 @@ bool drive_is_missing(const std::wstring& path) {
     return GetDriveTypeW((full.substr(0, 2) + L'\\').c_str()) == DRIVE_NO_ROOT_DIR;
 }
 
-class Search {
- public:
-    explicit Search(const std::wstring& pattern)
-        : handle_(FindFirstFileW(pattern.c_str(), &entry_)) {}
-    Search(const Search&) = delete;
-    Search& operator=(const Search&) = delete;
-    ~Search() {
-        if (found()) FindClose(handle_);
-    }
-    [[nodiscard]] bool found() const noexcept { return handle_ != INVALID_HANDLE_VALUE; }
-    [[nodiscard]] const WIN32_FIND_DATAW& entry() const noexcept { return entry_; }
-    bool next() noexcept { return FindNextFileW(handle_, &entry_) != FALSE; }
-
- private:
-    WIN32_FIND_DATAW entry_{};
-    HANDLE handle_;
-};
-
-/// Reads and writes count in 32 bits.
+/// ReadFile and WriteFile count in 32 bits.
 DWORD piece(std::size_t count) {
     return static_cast<DWORD>(std::min<std::size_t>(count, 1U << 30));
 }
@@ -118,21 +98,23 @@ std::wstring first_listed(const std::wstring& path, Listing listing) {
     const bool is_whole_folder = path.empty() || path.find_last_of(L"\\/:") == path.size() - 1;
     // A drive's root does not list itself.
     std::wstring itself = is_whole_folder && listing == Listing::files_and_folders ? L"." : L"";
-    Search search(unlimited(is_whole_folder ? path + L'*' : path));
-    if (!search.found()) {
+    WIN32_FIND_DATAW entry{};
+    HANDLE const search =
+        FindFirstFileW(unlimited(is_whole_folder ? path + L'*' : path).c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE) {
         const DWORD error = GetLastError();
         if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) return itself;
         if (error != ERROR_PATH_NOT_FOUND) raise(error);
         if (drive_is_missing(path)) throw Failure(FailureNumber::device_unavailable);
         return {};
     }
+    const Owned<HANDLE, &FindClose> owner(search);
     DWORD passed_over = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     if (listing == Listing::files) passed_over |= FILE_ATTRIBUTE_DIRECTORY;
     do {
-        const std::wstring_view name = search.entry().cFileName;
-        if ((search.entry().dwFileAttributes & passed_over) == 0) return std::wstring(name);
-        if (name == itself) itself.clear();
-    } while (search.next());
+        if ((entry.dwFileAttributes & passed_over) == 0) return entry.cFileName;
+        if (entry.cFileName == itself) itself.clear();
+    } while (FindNextFileW(search, &entry));
     return itself;
 }
 
@@ -152,12 +134,9 @@ BinaryFile BinaryFile::create(const std::wstring& path) {
     return BinaryFile(open_file(path, GENERIC_WRITE, CREATE_ALWAYS));
 }
 
-BinaryFile::BinaryFile(BinaryFile&& other) noexcept
-    : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
-
 std::uint64_t BinaryFile::size() const {
     LARGE_INTEGER size{};
-    if (!GetFileSizeEx(handle_, &size)) raise(GetLastError());
+    if (!GetFileSizeEx(handle_.get(), &size)) raise(GetLastError());
     return static_cast<std::uint64_t>(size.QuadPart);
 }
 
@@ -165,7 +144,7 @@ std::size_t BinaryFile::read(void* bytes, std::size_t count) {
     std::size_t total = 0;
     while (total < count) {
         DWORD done = 0;
-        if (!ReadFile(handle_, static_cast<char*>(bytes) + total, piece(count - total), &done,
+        if (!ReadFile(handle_.get(), static_cast<char*>(bytes) + total, piece(count - total), &done,
                       nullptr)) {
             raise(GetLastError());
         }
@@ -179,18 +158,14 @@ void BinaryFile::write(const void* bytes, std::size_t count) {
     std::size_t total = 0;
     while (total < count) {
         DWORD done = 0;
-        if (!WriteFile(handle_, static_cast<const char*>(bytes) + total, piece(count - total),
+        if (!WriteFile(handle_.get(), static_cast<const char*>(bytes) + total, piece(count - total),
                        &done, nullptr)) {
             raise(GetLastError());
         }
-        // Some file systems take nothing, and say no more than that, where there is no room.
+        // Some file systems report success with 0 bytes when the disk is full.
         if (done == 0) raise(ERROR_DISK_FULL);
         total += done;
     }
-}
-
-void BinaryFile::close() noexcept {
-    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE));
 }
 
 }  // namespace kovrel

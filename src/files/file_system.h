@@ -12,24 +12,25 @@
 #include <string>
 #include <string_view>
 
+#include "runtime/owned.h"
+
 namespace kovrel {
 
-/// What a directory listing takes in besides files. Hidden and system entries are never listed.
+/// Which entries a directory listing has. Hidden and system entries are never listed.
 enum class Listing { files, files_and_folders };
 
-/// The name of the first entry that a path names, or matches with wildcards (`*`, `?`); empty when
-/// there is none. A path that ends in a separator stands for all that its folder holds, the folder
-/// itself (".") included, be it the root of an empty drive; an empty one for all that the current
-/// folder holds.
+/// The name of the first entry that a path names or matches with wildcards (`*`, `?`); empty when
+/// there is none. A path that ends in a separator stands for everything in its folder, including
+/// the folder itself (".") even at the root of an empty drive; an empty path for everything in the
+/// current folder.
 [[nodiscard]] std::wstring first_listed(const std::wstring& path, Listing listing);
 
 /// Creates one folder; its parent must be there.
 void create_folder(const std::wstring& path);
 
-/// Deletes one file.
 void delete_file(const std::wstring& path);
 
-/// An open file, closed at the end at the latest.
+/// An open file.
 class BinaryFile {
  public:
     /// An existing file, for reading; others may go on reading and writing it.
@@ -37,19 +38,15 @@ class BinaryFile {
     /// A file for writing, empty whether or not it was there before.
     [[nodiscard]] static BinaryFile create(const std::wstring& path);
 
-    BinaryFile(BinaryFile&& other) noexcept;
-    BinaryFile& operator=(BinaryFile&&) = delete;
-    ~BinaryFile() { close(); }
-
     [[nodiscard]] std::uint64_t size() const;
     /// The number of bytes read: fewer than asked for at the end of the file only.
     std::size_t read(void* bytes, std::size_t count);
     void write(const void* bytes, std::size_t count);
-    void close() noexcept;
+    void close() noexcept { handle_.reset(); }
 
  private:
     explicit BinaryFile(HANDLE handle) noexcept : handle_(handle) {}
-    HANDLE handle_;
+    Owned<HANDLE, &CloseHandle> handle_;
 };
 
 }  // namespace kovrel

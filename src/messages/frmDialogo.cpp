@@ -2,7 +2,7 @@
 
 #include "frame/guarded.h"
 #include "messages/dialog_layout.h"
-#include "ui/text_box.h"
+#include "ui/controls.h"
 #include "ui/text_box_lines.h"
 
 namespace kovrel {
@@ -24,7 +24,7 @@ frmDialogo::frmDialogo()
 
 void frmDialogo::create_controls() {
     constexpr DWORD text_box = WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL;
-    // Columns of the fixed-pitch font stay columns; sentences of the other are wrapped.
+    // Text in the fixed-pitch font is not wrapped, so that columns stay aligned.
     const DWORD lines = FuenteTT ? 0 : WS_HSCROLL | ES_AUTOHSCROLL;
     give_dialog_keys(add({L"EDIT", L"", text_box | lines, TxtMensaje, {}, WS_EX_CLIENTEDGE}));
     HWND const base =
@@ -49,10 +49,8 @@ void frmDialogo::form_load() {
         set_caption(Titulo);
         if (Medida1 != 0 || Medida2 != 0) {
             const Place outer = size_of(handle());
-            SetWindowPos(handle(), nullptr, 0, 0,
-                         scale().pixels(Medida1 != 0 ? Medida1 : outer.width),
-                         scale().pixels(Medida2 != 0 ? Medida2 : outer.height),
-                         SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+            resize_outer(scale().pixels(Medida1 != 0 ? Medida1 : outer.width),
+                         scale().pixels(Medida2 != 0 ? Medida2 : outer.height));
             center_on_screen();
         }
         apply_scale();
@@ -61,19 +59,14 @@ void frmDialogo::form_load() {
     });
 }
 
-void frmDialogo::dock_base() {
-    const Place inner = inner_size_of(handle());
-    const double height = place(PictureBase).height;
-    move(PictureBase, {0, inner.height - height, inner.width, height});
-}
-
 void frmDialogo::form_resize() {
-    dock_base();
+    const Place inner = inner_size_of(handle());
+    const double base = place(PictureBase).height;
+    move(PictureBase, {0, inner.height - base, inner.width, base});
     guarded({L") en procedimiento Form_Resize del Formulario frmDialogo."}, [&] {
-        const Place inner = inner_size_of(handle());
         const DialogTextSize size =
             dialog_text_size(static_cast<float>(inner.width), static_cast<float>(inner.height),
-                             static_cast<float>(place(PictureBase).height));
+                             static_cast<float>(base));
         move(TxtMensaje, {0, 0, size.width, size.height});
     });
 }
@@ -90,11 +83,8 @@ void frmDialogo::clicked(int id) {
     guarded({L") en procedimiento OKButton_Click del Formulario frmDialogo."}, [&] { unload(); });
 }
 
-HBRUSH frmDialogo::background_of(HWND window, HDC context) {
-    if (window != control(TxtMensaje)) return nullptr;
-    SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
-    SetBkColor(context, GetSysColor(COLOR_WINDOW));
-    return GetSysColorBrush(COLOR_WINDOW);
+bool frmDialogo::has_page_colors(int id) const {
+    return id == TxtMensaje;
 }
 
 void frmDialogo::form_unload() {

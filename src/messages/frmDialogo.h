@@ -1,4 +1,4 @@
-// The message dialog: a resizable window with a text that is too long for a message box.
+// The message dialog: a resizable window for texts too long for a message box.
 #pragma once
 
 #include <cstdint>
@@ -30,10 +30,8 @@ class frmDialogo final : public Window {
     void form_resize() override;
     void picture_box_resized(int id) override;
     void clicked(int id) override;
-    HBRUSH background_of(HWND control, HDC context) override;
+    [[nodiscard]] bool has_page_colors(int id) const override;
     void form_unload() override;
-
-    void dock_base();
 
     Font text_font_;
 };

@@ -5,7 +5,7 @@
 namespace kovrel {
 namespace {
 
-/// The percentage says the same as the bar.
+/// Less than a text needs, since the percentage is written too.
 constexpr double bar_contrast = 2;
 
 bool legible(const BarColors& colors) {

@@ -7,6 +7,7 @@
 #include "progress/bar_colors.h"
 #include "progress/progress_bar.h"
 #include "progress/progress_layout.h"
+#include "ui/controls.h"
 #include "ui/modal.h"
 
 namespace kovrel {
@@ -18,9 +19,8 @@ constexpr double margin = 180;
 constexpr double area_width = inner_width - 2 * margin;
 constexpr double header_height = 690;
 constexpr double bar_height = 375;
-constexpr double base_height = 810;
-constexpr double button_width = 1740;
-constexpr double button_height = 600;
+constexpr Place base_place{0, 0, inner_width, 810};
+constexpr Place button{0, 105, 1740, 600};
 constexpr double icon_size = 480;
 
 std::int32_t whole(double twips) {
@@ -33,7 +33,7 @@ bool is_progress_window(HWND window) noexcept {
     return std::wcscmp(name, frmBarraProgreso::window_class) == 0;
 }
 
-/// A box or window that keeps its owner from being used.
+/// True when its owner is disabled.
 bool is_modal(HWND window) noexcept {
     HWND const owner = GetWindow(window, GW_OWNER);
     return owner != nullptr && IsWindowEnabled(owner) == FALSE;
@@ -56,21 +56,12 @@ frmBarraProgreso::frmBarraProgreso()
 void frmBarraProgreso::create_controls() {
     HWND const header =
         add({picture_box_class, L"", 0, PictureCab, {margin, 0, area_width, header_height}});
-    // As in a text box: a line that does not fit is not begun.
+    // SS_EDITCONTROL leaves out lines that fit only in part.
     add({L"STATIC", L"", SS_LEFT | SS_NOPREFIX | SS_EDITCONTROL, lbl_mensaje, {}}, header);
     add({picture_box_class, L"", WS_BORDER, PictureBarra, {margin, 0, area_width, bar_height}});
-    HWND const base = add({picture_box_class,
-                           L"",
-                           0,
-                           PictureBase,
-                           {0, 0, inner_width, base_height},
-                           WS_EX_CONTROLPARENT});
-    add({L"BUTTON",
-         L"Cancelar",
-         WS_TABSTOP | BS_DEFPUSHBUTTON,
-         cmdCancel,
-         {0, (base_height - button_height) / 2, button_width, button_height}},
-        base);
+    HWND const base =
+        add({picture_box_class, L"", 0, PictureBase, base_place, WS_EX_CONTROLPARENT});
+    add({L"BUTTON", L"Cancelar", WS_TABSTOP | BS_DEFPUSHBUTTON, cmdCancel, button}, base);
 }
 
 void frmBarraProgreso::apply_scale() {
@@ -78,24 +69,19 @@ void frmBarraProgreso::apply_scale() {
     SendMessageW(control(cmdCancel), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
     icon_ = std::move(icon);
     LOGFONTW font = system_font(scale().dots_per_inch());
-    // Smoothed edges would turn into other colours where the bar inverts them.
+    // Antialiased edges would change colour where the bar inverts them.
     font.lfQuality = NONANTIALIASED_QUALITY;
     font.lfWeight = FW_BOLD;
     bar_.surface->set_font(font);
-    set_bar_colors();
-    draw_bar();
-}
-
-/// A host's colour is that of the bar itself, and so is its inverse on white.
-void frmBarraProgreso::set_bar_colors() {
+    // On white, a host's colour is both the text's and the bar's.
     const BarColors colors =
         lgForeColor != -1 ? BarColors{white_color, static_cast<Color>(lgForeColor)}
                           : bar_colors(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_HIGHLIGHT));
     bar_.surface->set_back_color(colors.ground);
     bar_.surface->set_ForeColor(static_cast<std::int32_t>(colors.pen));
+    draw_bar();
 }
 
-/// Anew, since the picture has another size or other colours.
 void frmBarraProgreso::draw_bar() {
     if (percentage) {
         draw_progress_bar(HostObject(bar_.object), *percentage);
@@ -115,45 +101,26 @@ void frmBarraProgreso::form_load() {
             header.height = lgAltoMensaje;
             move(PictureCab, header);
         }
-        RECT bounds{};
-        GetWindowRect(handle(), &bounds);
-        const int width = lgAnchoFrm != 0 ? scale().pixels(lgAnchoFrm) : bounds.right - bounds.left;
-        SetWindowPos(handle(), nullptr, 0, 0, width, bounds.bottom - bounds.top,
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
         bar_.surface->set_viewer(control(PictureBarra));
-        set_bar_colors();
         ShowWindow(control(PictureBase), boBotones ? SW_SHOWNA : SW_HIDE);
-        stack_areas();
-        fit_height();
+        double top = 0;
+        for (const int area : {PictureCab, PictureBarra, PictureBase}) {
+            Place next = place(area);
+            next.top = top;
+            move(area, next);
+            top += next.height;
+        }
+        const ProgressHeights heights{
+            whole(size_of(handle()).height), whole(inner_size_of(handle()).height),
+            whole(place(PictureCab).height), whole(place(PictureBarra).height),
+            whole(place(PictureBase).height)};
+        resize_outer(scale().pixels(lgAnchoFrm != 0 ? lgAnchoFrm : size_of(handle()).width),
+                     scale().pixels(fitted_window_height(heights, boBotones)));
         center_on_screen();
-        GetWindowRect(handle(), &bounds);
-        SetWindowPos(handle(), nullptr,
-                     lgLeftFrm != -1 ? scale().pixels(lgLeftFrm) : static_cast<int>(bounds.left),
-                     lgTopFrm != -1 ? scale().pixels(lgTopFrm) : static_cast<int>(bounds.top), 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        const RECT centered = bounds();
+        move_to(lgLeftFrm != -1 ? scale().pixels(lgLeftFrm) : static_cast<int>(centered.left),
+                lgTopFrm != -1 ? scale().pixels(lgTopFrm) : static_cast<int>(centered.top));
     });
-}
-
-void frmBarraProgreso::stack_areas() {
-    double top = 0;
-    for (const int area : {PictureCab, PictureBarra, PictureBase}) {
-        Place next = place(area);
-        next.top = top;
-        move(area, next);
-        top += next.height;
-    }
-}
-
-void frmBarraProgreso::fit_height() {
-    const ProgressHeights heights{
-        whole(size_of(handle()).height), whole(inner_size_of(handle()).height),
-        whole(place(PictureCab).height), whole(place(PictureBarra).height),
-        whole(place(PictureBase).height)};
-    RECT bounds{};
-    GetWindowRect(handle(), &bounds);
-    SetWindowPos(handle(), nullptr, 0, 0, bounds.right - bounds.left,
-                 scale().pixels(fitted_window_height(heights, boBotones)),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void frmBarraProgreso::picture_box_resized(int id) {
@@ -187,49 +154,41 @@ void frmBarraProgreso::clicked(int id) {
 }
 
 void frmBarraProgreso::take_focus() const noexcept {
-    if (!visible() || IsWindowEnabled(handle()) == FALSE || GetActiveWindow() == handle() ||
-        another_program_in_front()) {
-        return;
+    const bool can_be_active = visible() && IsWindowEnabled(handle()) != FALSE;
+    if (can_be_active && GetActiveWindow() != handle() && !another_program_in_front()) {
+        SetFocus(handle());
     }
-    SetFocus(handle());
 }
 
 void frmBarraProgreso::Watch::window_activated(HWND activated) noexcept {
-    // The other window is still on its way to become the active one.
+    // Posted: the other window is not active yet.
     if (activated != window) PostMessageW(window, first_posted, 0, 0);
 }
 
 void frmBarraProgreso::posted(UINT /*message*/, int /*value*/) {
     guarded({L") en procedimiento Form_LostFocus del Formulario frmBarraProgreso."}, [&] {
-        // Windows of other programs and threads have the keyboard as long as the user leaves it
-        // there; so have the boxes that the host shows, and a second window like this one, which
-        // would take it back in turn.
+        // Other programs and threads keep the focus, and so do the host's modal boxes and a second
+        // progress window, which would take it back in turn.
         HWND const active = GetActiveWindow();
         if (active == handle() || IsWindowEnabled(handle()) == FALSE) return;
         if (GetWindowThreadProcessId(active, nullptr) != GetCurrentThreadId()) return;
         if (is_modal(active) || is_progress_window(active)) return;
-        come_before(active);
+        // Topmost above a topmost window.
+        const bool is_topmost = (GetWindowLongPtrW(active, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+        SetWindowPos(handle(), is_topmost ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         take_focus();
     });
 }
 
-/// A host that is always on top has it there too.
-void frmBarraProgreso::come_before(HWND other) const noexcept {
-    const bool is_topmost = (GetWindowLongPtrW(other, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
-    SetWindowPos(handle(), is_topmost ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-}
-
-/// Esc, Alt+F4 and the like: the same as the button, where there is one.
+/// Esc and Alt+F4 act as the button, where there is one.
 void frmBarraProgreso::closing() {
     clicked(cmdCancel);
 }
 
 void frmBarraProgreso::set_message(const std::wstring& message) {
     HWND const label = control(lbl_mensaje);
-    std::wstring shown(static_cast<std::size_t>(GetWindowTextLengthW(label)), L'\0');
-    GetWindowTextW(label, shown.data(), static_cast<int>(shown.size() + 1));
-    if (shown == message) return;
+    if (text_of(label) == message) return;
     SetWindowTextW(label, message.c_str());
     UpdateWindow(label);
 }

@@ -1,5 +1,4 @@
-// The progress window: a message, a bar drawn on a picture and, when it is asked for, a button that
-// records the user's wish to cancel.
+// The progress window: a message, a bar drawn on a picture and an optional button to cancel.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +18,7 @@ class frmBarraProgreso final : public Window {
 
     frmBarraProgreso();
 
-    // Written before the window is shown; unloading clears all but the colour. Twips.
+    // Set before the window is shown; unloading clears all but the colour. Lengths are in twips.
     std::wstring strCaption;         ///< empty: the design's
     std::wstring strMensaje;         ///< empty: the design's
     bool boBotones = false;          ///< the cancel button is there
@@ -34,19 +33,16 @@ class frmBarraProgreso final : public Window {
     /// True once the user has pressed the button; loading the window again makes it false.
     [[nodiscard]] bool canceled() const noexcept { return canceled_; }
 
-    /// Gives the window the keyboard, unless another program has it or a modal box disables the
-    /// window.
+    /// Focuses the window, unless another program has the focus or a modal box disables the window.
     void take_focus() const noexcept;
-    /// Shows a message at once.
     void set_message(const std::wstring& message);
-    /// The picture that the bar is drawn on.
     [[nodiscard]] const ComPtr<IDispatch>& bar() const noexcept { return bar_.object; }
-    /// Paints what waits to be painted, and lets the window have its mouse and its keyboard, while
-    /// the host keeps the thread busy. The window may be unloaded afterwards.
+    /// Paints the window and dispatches its input, since the host keeps the thread busy. It may be
+    /// unloaded by that.
     void catch_up();
 
  private:
-    /// Tells the window that another of its thread's becomes the active one.
+    /// Posts a message to the window when another of the thread's is activated.
     struct Watch final : ThreadWatch {
         explicit Watch(HWND told) noexcept : window(told) {}
         void window_activated(HWND activated) noexcept override;
@@ -63,11 +59,7 @@ class frmBarraProgreso final : public Window {
     void closing() override;
     void form_unload() override;
 
-    void set_bar_colors();
     void draw_bar();
-    void come_before(HWND other) const noexcept;
-    void stack_areas();
-    void fit_height();
 
     PictureObject bar_ = make_picture();
     Icon icon_;

@@ -1,6 +1,6 @@
 #include "progress/progress_bar.h"
 
-#include "progress/progress_label.h"
+#include "progress/progress_layout.h"
 #include "ui/picture_surface.h"
 
 namespace kovrel {

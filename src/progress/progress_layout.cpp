@@ -3,7 +3,13 @@
 #include <algorithm>
 #include <limits>
 
+#include "runtime/text.h"
+
 namespace kovrel {
+
+std::wstring progress_label(std::int32_t percentage) {
+    return (percentage == 0 ? std::wstring() : decimal_text(percentage)) + L"%";
+}
 
 std::int32_t fitted_window_height(const ProgressHeights& heights, bool base_visible) {
     constexpr std::int64_t spare = 80;

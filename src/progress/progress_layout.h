@@ -1,11 +1,17 @@
-// The layout of the progress window: pure arithmetic on twips (1/1440 inch).
+// The text of a progress bar, and the layout of the progress window: pure arithmetic on twips
+// (1/1440 inch).
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace kovrel {
 
-/// The heights that the progress window is made of, in twips.
+/// The percentage without leading zeros and "%": 50 gives "50%", 0 has no digit and gives "%",
+/// -5 gives "-5%".
+[[nodiscard]] std::wstring progress_label(std::int32_t percentage);
+
+/// Heights in the progress window, in twips.
 struct ProgressHeights {
     std::int32_t window;  ///< outer height, frame and title bar included
     std::int32_t inner;   ///< inner height
@@ -14,11 +20,10 @@ struct ProgressHeights {
     std::int32_t base;  ///< the button area, whether it is shown or not
 };
 
-/// The window's outer height that fits the areas it shows, with 80 twips to spare; cut to what a
-/// 32-bit number holds.
+/// The window's outer height for the areas it shows plus 80 twips; clamped to 32 bits.
 [[nodiscard]] std::int32_t fitted_window_height(const ProgressHeights& heights, bool base_visible);
 
-/// The inner rectangle of the header, and the place of its label, in twips.
+/// In twips.
 struct ProgressRectangle {
     std::int32_t left;
     std::int32_t top;
@@ -28,8 +33,8 @@ struct ProgressRectangle {
     bool operator==(const ProgressRectangle&) const = default;
 };
 
-/// The label of a header: 40 twips below its top and above its bottom, none at the sides; height 0
-/// in a header that is too low for it.
+/// The label of a header: margins of 40 twips above and below, none at the sides; height 0 in a
+/// header that is too low.
 [[nodiscard]] ProgressRectangle header_label_place(const ProgressRectangle& header_inner);
 
 /// The left edge that centres the cancel button in the base; negative in a narrower base.

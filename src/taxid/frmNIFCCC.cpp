@@ -1,8 +1,8 @@
-// The verifier's controls: how they are laid out and painted, and what they begin with.
+// The verifier's controls: creation, layout and painting.
 #include "taxid/frmNIFCCC.h"
 
 #include "frame/guarded.h"
-#include "ui/shared_window.h"
+#include "taxid/verifier_notices.h"
 
 namespace kovrel {
 namespace {
@@ -29,14 +29,14 @@ constexpr double button_height = 390;
 constexpr double button_left = inner_width - 2 * margin - button_width;
 constexpr double row_top = 450;  // of the field in its frame
 constexpr double heading_picture = 480;
+constexpr Place title_place{990, 150, inner_width - 990 - margin, 270};
+constexpr Place hint_place{990, 450, inner_width - 990 - margin, 450};
+constexpr Place close_place{inner_width - margin - button_width,
+                            inner_height - margin - button_height, button_width, button_height};
 
-Mask tax_id_mask() {
-    return {Mask::Accepts::letters_and_digits, {9}};
-}
-/// Bank, branch, check digits and account.
-Mask account_mask() {
-    return {Mask::Accepts::digits, {4, 4, 2, 10}};
-}
+constexpr const wchar_t* title = L"Verificador de NIF y cuenta bancaria";
+constexpr const wchar_t* hint =
+    L"Escriba un dato y pulse Tab: se comprueba y, si hace falta, se corrige.";
 
 Place beside_field(double frame_top, double left, double width, double height) {
     return {left, frame_top + row_top + (field_height - height) / 2, width, height};
@@ -45,28 +45,35 @@ Place beside_field(double frame_top, double left, double width, double height) {
 }  // namespace
 
 frmNIFCCC::frmNIFCCC()
-    : Window({window_class, L"Verificador de NIF y cuenta bancaria", WS_CAPTION | WS_SYSMENU,
-              inner_width, inner_height, cmdOK}) {}
-
-std::shared_ptr<frmNIFCCC> frmNIFCCC::shared() {
-    return SharedWindow<frmNIFCCC>::get();
-}
+    : Window({window_class, title, WS_CAPTION | WS_SYSMENU, inner_width, inner_height, cmdOK}),
+      tax_id_{MkNIF,
+              img_nifok,
+              img_nifno,
+              10,
+              L"NIF",
+              &frmNIFCCC::verify_tax_id,
+              &tax_id_to_copy_missing,
+              L") en procedimiento MkNIF_Validate del Formulario frmNIFCCC.",
+              L") en procedimiento MkNIF_LostFocus del Formulario frmNIFCCC.",
+              L") en procedimiento MkNIF_Change del Formulario frmNIFCCC.",
+              L") en procedimiento cmd_copiaNIF_Click del Formulario frmNIFCCC."},
+      account_{MkCCC,
+               img_cccok,
+               img_cccno,
+               23,
+               L"Código de Cuenta Bancaria",
+               &frmNIFCCC::verify_account,
+               &account_to_copy_missing,
+               L") en procedimiento MkCCC_Validate del Formulario frmNIFCCC.",
+               L") en procedimiento MkCCC_LostFocus del Formulario frmNIFCCC.",
+               L") en procedimiento MkCCC_Change del Formulario frmPAGADORES.",
+               L") en procedimiento cmd_copiaCCC_Click del Formulario frmNIFCCC."} {}
 
 void frmNIFCCC::create_controls() {
     HWND const picture =
         add({picture_box_class, L"", 0, Picture1, {0, 0, inner_width, heading_height}});
-    add({L"STATIC",
-         L"Verificador de NIF y cuenta bancaria",
-         SS_NOPREFIX,
-         Label,
-         {990, 150, inner_width - 990 - margin, 270}},
-        picture);
-    add({L"STATIC",
-         L"Escriba un dato y pulse Tab: se comprueba y, si hace falta, se corrige.",
-         SS_NOPREFIX,
-         lbl_mensaje,
-         {990, 450, inner_width - 990 - margin, 450}},
-        picture);
+    add({L"STATIC", title, SS_NOPREFIX, Label, title_place}, picture);
+    add({L"STATIC", hint, SS_NOPREFIX, lbl_mensaje, hint_place}, picture);
 
     constexpr DWORD edit = WS_TABSTOP | ES_AUTOHSCROLL;
     constexpr DWORD button = WS_TABSTOP | BS_PUSHBUTTON;
@@ -84,39 +91,31 @@ void frmNIFCCC::create_controls() {
         set_tooltip(id, text);
     };
     const auto add_frame = [&](double top, int id, const wchar_t* caption) {
-        // Below the controls that it encloses, and above the window's own background, which it
-        // does not paint.
-        add({L"BUTTON",
-             caption,
-             BS_GROUPBOX,
-             id,
-             {margin, top, frame_width, frame_height},
-             WS_EX_TRANSPARENT});
+        // Last of its controls in Z order. Transparent, since it paints no background.
+        const Place frame{margin, top, frame_width, frame_height};
+        add({L"BUTTON", caption, BS_GROUPBOX, id, frame, WS_EX_TRANSPARENT});
     };
 
-    tax_id_ = std::make_unique<MaskedEdit>(
-        add_row(first_frame, lbl_nif, L"&NIF, NIE o CIF:", MkNIF, tax_id_width), tax_id_mask());
+    tax_id_.edit = std::make_unique<MaskedEdit>(
+        add_row(first_frame, lbl_nif, L"&NIF, NIE o CIF:", MkNIF, tax_id_width),
+        Mask(Mask::Accepts::letters_and_digits, {9}));
     add_mark(first_frame, tax_id_width, img_nifok, L"NIF aceptado");
     add_mark(first_frame, tax_id_width, img_nifno, L"NIF no aceptado");
     add({L"BUTTON", L"&Copiar NIF", button, cmd_copiaNIF,
          beside_field(first_frame, button_left, button_width, button_height)});
     add_frame(first_frame, frameNIF, L"Identificación fiscal");
 
-    account_ = std::make_unique<MaskedEdit>(
+    // Bank, branch, check digits and account.
+    account_.edit = std::make_unique<MaskedEdit>(
         add_row(second_frame, lbl_ccc, L"C&uenta (20 dígitos):", MkCCC, account_width),
-        account_mask());
+        Mask(Mask::Accepts::digits, {4, 4, 2, 10}));
     add_mark(second_frame, account_width, img_cccok, L"Cuenta aceptada");
     add_mark(second_frame, account_width, img_cccno, L"Cuenta no aceptada");
     add({L"BUTTON", L"C&opiar cuenta", button, cmd_copiaCCC,
          beside_field(second_frame, button_left, button_width, button_height)});
     add_frame(second_frame, frameCCC, L"Código de Cuenta Bancaria");
 
-    add({L"BUTTON",
-         L"C&errar",
-         button,
-         cmdOK,
-         {inner_width - margin - button_width, inner_height - margin - button_height, button_width,
-          button_height}});
+    add({L"BUTTON", L"C&errar", button, cmdOK, close_place});
 }
 
 void frmNIFCCC::apply_scale() {
@@ -134,8 +133,8 @@ void frmNIFCCC::apply_scale() {
 
 void frmNIFCCC::form_load() {
     guarded({L") en procedimiento Form_Load del Formulario frmNIFCCC."}, [&] {
-        account_->set_text(L"");
-        tax_id_->set_text(L"");
+        account_.edit->set_text(L"");
+        tax_id_.edit->set_text(L"");
         general()->set_AppOrigen(caption());
     });
 }
@@ -145,9 +144,9 @@ std::shared_ptr<clsFGen> frmNIFCCC::general() {
     return general_;
 }
 
-MaskedEdit* frmNIFCCC::field(int id) const noexcept {
-    if (id == MkNIF) return tax_id_.get();
-    return id == MkCCC ? account_.get() : nullptr;
+frmNIFCCC::Field* frmNIFCCC::field(int id) noexcept {
+    if (id == MkNIF) return &tax_id_;
+    return id == MkCCC ? &account_ : nullptr;
 }
 
 void frmNIFCCC::paint_picture_box(int id, HDC context, const RECT& bounds) {
@@ -167,20 +166,17 @@ void frmNIFCCC::paint_picture_box(int id, HDC context, const RECT& bounds) {
     }
 }
 
-HBRUSH frmNIFCCC::background_of(HWND window, HDC context) {
-    if (window != control(Label) && window != control(lbl_mensaje)) return nullptr;
-    SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
-    SetBkColor(context, GetSysColor(COLOR_WINDOW));
-    return GetSysColorBrush(COLOR_WINDOW);
+bool frmNIFCCC::has_page_colors(int id) const {
+    return id == Label || id == lbl_mensaje;
 }
 
 void frmNIFCCC::form_unload() {
-    tax_id_.reset();
-    account_.reset();
+    for (Field* const field : {&tax_id_, &account_}) {
+        field->edit.reset();
+        field->last.clear();
+    }
     general_.reset();
-    last_tax_id_.clear();
-    last_account_.clear();
-    left_field_ = 0;
+    left_field_ = nullptr;
 }
 
 }  // namespace kovrel

@@ -1,12 +1,14 @@
-// The verifier: a window in which the user types a tax id or a bank account code, sees it checked
-// when the field is left, and can copy it.
+// The verifier: a window that checks a tax id or a bank account code when its field is left, and
+// copies it.
 #pragma once
 
 #include <memory>
 #include <string>
 
 #include "frame/clsFGen.h"
+#include "runtime/notice.h"
 #include "ui/masked_edit.h"
+#include "ui/shared_window.h"
 #include "ui/window.h"
 
 namespace kovrel {
@@ -32,19 +34,36 @@ class frmNIFCCC final : public Window {
         lbl_ccc,
     };
     static constexpr const wchar_t* window_class = L"Kovrel.frmNIFCCC";
-    /// Posted to the window with a data-entry error code, which it explains to the user.
+    /// Posted to the window with a data-entry error code to explain to the user.
     static constexpr UINT data_entry_error = first_posted;
 
     frmNIFCCC();
 
-    /// The one that everybody on the thread shares while anybody holds it.
-    [[nodiscard]] static std::shared_ptr<frmNIFCCC> shared();
-
-    void nif_ok_no(const bool& Estado);
-    void ccc_ok_no(const bool& Estado);
+    /// The thread's shared instance.
+    [[nodiscard]] static std::shared_ptr<frmNIFCCC> shared() {
+        return SharedWindow<frmNIFCCC>::get();
+    }
 
  private:
-    /// Posted by a field that the focus has left.
+    /// One of the two fields, with its marks and everything specific to it.
+    struct Field {
+        int id;
+        int accepted;
+        int refused;
+        std::size_t selection;  ///< the characters that its button selects and copies
+        const wchar_t* name;    ///< in the validator's messages
+        void (frmNIFCCC::*verify)(const std::wstring& text);
+        Notice (*nothing_to_copy)();
+        // The trailing texts of its procedures' error boxes.
+        const wchar_t* validate;
+        const wchar_t* lost_focus;
+        const wchar_t* change;
+        const wchar_t* copy_click;
+        std::unique_ptr<MaskedEdit> edit{};  ///< while the window is loaded
+        std::wstring last{};                 ///< its text at its last change
+    };
+
+    /// Posted when the focus has left a field.
     static constexpr UINT field_left = first_posted + 1;
 
     void create_controls() override;
@@ -53,34 +72,32 @@ class frmNIFCCC final : public Window {
     void paint_picture_box(int id, HDC context, const RECT& bounds) override;
     void clicked(int id) override;
     void notified(int id, UINT code) override;
-    HBRUSH background_of(HWND control, HDC context) override;
+    [[nodiscard]] bool has_page_colors(int id) const override;
     void focus_moved(HWND from, HWND to) override;
     void press_ended() override;
     void posted(UINT message, int value) override;
     void form_unload() override;
 
     [[nodiscard]] std::shared_ptr<clsFGen> general();
-    [[nodiscard]] MaskedEdit* field(int id) const noexcept;
+    [[nodiscard]] Field* field(int id) noexcept;
     void show_image(int id, bool wanted);
-    void hide_images(int accepted, int refused);
-    void put_focus_back(int id);
+    void show_marks(const Field& field, bool accepted, bool refused);
+    void ok_no(const Field& field, bool Estado) { show_marks(field, Estado, !Estado); }
+    void put_focus_back(const Field& field);
     void check_later() const noexcept;
     bool check_left_field();
-    bool leave(int id);
-    bool validate_tax_id();
-    bool validate_account();
-    void tax_id_changed();
-    void account_changed();
-    void copy(int id);
+    bool leave(const Field& field);
+    bool validate(const Field& field);
+    void verify_tax_id(const std::wstring& text);
+    void verify_account(const std::wstring& text);
+    void copy(const Field& field);
     void close();
 
     std::shared_ptr<clsFGen> general_;
-    std::unique_ptr<MaskedEdit> tax_id_;
-    std::unique_ptr<MaskedEdit> account_;
-    std::wstring last_tax_id_;  ///< the field's text at its last change
-    std::wstring last_account_;
-    int left_field_ = 0;  ///< its check is still to come; 0: none
-    bool returning_ = false;
+    Field tax_id_;
+    Field account_;
+    const Field* left_field_ = nullptr;  ///< left and not checked yet; null: none
+    bool returning_ = false;             ///< the focus is being put back into a field
     Icon accepted_;
     Icon refused_;
     Icon heading_;

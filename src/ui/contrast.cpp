@@ -9,7 +9,7 @@ Color channel(Color color, unsigned shift) {
     return color >> shift & 0xFFU;
 }
 
-/// By Newton's method, for 0.05 to 1; it needs nothing of a mathematical library.
+/// Newton's method for 0.05 to 1; std::pow would make the DLL larger.
 double fifth_root(double number) {
     double root = 1;
     for (int round = 0; round < 20; ++round) {
@@ -18,7 +18,7 @@ double fifth_root(double number) {
     return root;
 }
 
-/// The light that a channel gives, 0 to 1, from its value on the screen.
+/// Linear light, 0 to 1, from an sRGB channel.
 double light(Color value) {
     const double part = value / 255.0;
     if (part <= 0.04045) return part / 12.92;

@@ -10,7 +10,7 @@ namespace {
 
 // Signs are designed on a square of 16 units.
 constexpr double design_size = 16;
-/// Samples for each pixel in each direction.
+/// Samples per pixel in each direction.
 constexpr int samples = 4;
 
 struct Point {
@@ -18,7 +18,7 @@ struct Point {
     double y;
 };
 
-/// Colour with opacity; opacity 0 is nothing at all.
+/// Opacity from 0 to 1.
 struct Ink {
     double red = 0;
     double green = 0;
@@ -64,7 +64,7 @@ bool in_disc(Point point) {
     return std::hypot(point.x - 8, point.y - 8) <= 7.5;
 }
 
-/// A sheet of paper with its outline; nothing outside it.
+/// A sheet of paper with its outline and two lines of writing; clear outside it.
 Ink sheet(Point point, Point corner) {
     const double x = point.x - corner.x;
     const double y = point.y - corner.y;

@@ -1,5 +1,4 @@
-// Small pictures drawn from their outlines, sharp at any display resolution: the marks and signs
-// that the windows' buttons and fields carry.
+// The signs on the windows' buttons and beside their fields, drawn as vectors at any size.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +13,8 @@ enum class Sign {
     rejected,  ///< a cross in a red disc
 };
 
-/// A square picture with soft edges, `size` by `size` pixels, top row first: 0xAARRGGBB. Colours
-/// are whole, as the platform's icons have them: it multiplies them by their opacity itself.
+/// An antialiased picture of `size` by `size` pixels, top row first: 0xAARRGGBB, not premultiplied
+/// by alpha, as icons have them.
 [[nodiscard]] std::vector<std::uint32_t> draw_sign(Sign sign, int size);
 
 }  // namespace kovrel

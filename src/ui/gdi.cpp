@@ -8,13 +8,6 @@
 namespace kovrel {
 namespace {
 
-/// Functions that the oldest supported systems do not have.
-template <class Function>
-Function user_function(const char* name) noexcept {
-    return reinterpret_cast<Function>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
-}
-
 int screen_dots_per_inch() noexcept {
     const int result = GetDeviceCaps(WindowContext(nullptr).get(), LOGPIXELSY);
     return result > 0 ? result : USER_DEFAULT_SCREEN_DPI;
@@ -23,7 +16,9 @@ int screen_dots_per_inch() noexcept {
 }  // namespace
 
 int dots_per_inch(HWND window) noexcept {
-    static const auto of_window = user_function<UINT(WINAPI*)(HWND)>("GetDpiForWindow");
+    // Missing before Windows 10 version 1607.
+    static const auto of_window = reinterpret_cast<UINT(WINAPI*)(HWND)>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
     const int result = of_window != nullptr ? static_cast<int>(of_window(window)) : 0;
     return result > 0 ? result : screen_dots_per_inch();
 }
@@ -54,7 +49,7 @@ LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch,
 
 Font make_font(const LOGFONTW& description) {
     Font font(CreateFontIndirectW(&description));
-    if (font.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
+    if (!font) throw Failure(FailureNumber::out_of_memory);
     return font;
 }
 
@@ -68,7 +63,7 @@ int line_height(HWND window, HFONT font) noexcept {
 
 Icon make_icon(Sign sign, int size) {
     const std::vector<std::uint32_t> pixels = draw_sign(sign, size);
-    // Systems without opacity in icons show what the mask lets through.
+    // The mask is for systems that ignore alpha in icons.
     const auto row_bytes = static_cast<std::size_t>((size + 15) / 16 * 2);
     std::vector<std::uint8_t> mask(row_bytes * static_cast<std::size_t>(size));
     for (std::size_t index = 0; index < pixels.size(); ++index) {
@@ -81,7 +76,7 @@ Icon make_icon(Sign sign, int size) {
     const Bitmap shape(CreateBitmap(size, size, 1, 1, mask.data()));
     ICONINFO description{TRUE, 0, 0, shape.get(), color.get()};
     Icon icon(CreateIconIndirect(&description));
-    if (icon.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
+    if (!icon) throw Failure(FailureNumber::out_of_memory);
     return icon;
 }
 

@@ -1,59 +1,25 @@
-// Owners of drawing objects, and the fonts that windows use.
+// Drawing objects and their owners, and the fonts, icons and measures that windows use.
 #pragma once
 
 #include <windows.h>
 
-#include <utility>
-
+#include "runtime/owned.h"
 #include "ui/drawn_icon.h"
 
 namespace kovrel {
 
-/// Frees a drawing object (font, bitmap, brush) at the end.
-template <class Handle>
-class GdiObject {
- public:
-    GdiObject() noexcept = default;
-    explicit GdiObject(Handle handle) noexcept : handle_(handle) {}
-    GdiObject(GdiObject&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-    GdiObject& operator=(GdiObject other) noexcept {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
-    ~GdiObject() {
-        if (handle_ != nullptr) DeleteObject(handle_);
-    }
-    [[nodiscard]] Handle get() const noexcept { return handle_; }
-
- private:
-    Handle handle_ = nullptr;
-};
-
-using Font = GdiObject<HFONT>;
-using Bitmap = GdiObject<HBITMAP>;
-
-class Icon {
- public:
-    Icon() noexcept = default;
-    explicit Icon(HICON handle) noexcept : handle_(handle) {}
-    Icon(Icon&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-    Icon& operator=(Icon other) noexcept {
-        std::swap(handle_, other.handle_);
-        return *this;
-    }
-    ~Icon() {
-        if (handle_ != nullptr) DestroyIcon(handle_);
-    }
-    [[nodiscard]] HICON get() const noexcept { return handle_; }
-
- private:
-    HICON handle_ = nullptr;
-};
+using Font = Owned<HFONT, &DeleteObject>;
+using Bitmap = Owned<HBITMAP, &DeleteObject>;
+using Icon = Owned<HICON, &DestroyIcon>;
 
 /// A sign as an icon, `size` pixels wide. Failure 7 when it cannot be made.
 [[nodiscard]] Icon make_icon(Sign sign, int size);
 
-/// Puts an object into a device context for as long as it lives.
+/// The host's icon for a display of that resolution: that of a window of this thread (may be null)
+/// or of its owners, else the program's first. Null where there is none.
+[[nodiscard]] Icon host_icon(HWND window, bool large, int dots_per_inch) noexcept;
+
+/// Selects an object into a device context for as long as it lives.
 class Selected {
  public:
     Selected(HDC context, HGDIOBJ object) noexcept
@@ -67,8 +33,7 @@ class Selected {
     HGDIOBJ previous_;
 };
 
-/// The device context of a window, or of the screen (null), with the font that it comes with: what
-/// is put into it lives less long.
+/// The device context of a window, or of the screen (null). Selected objects must not outlive it.
 class WindowContext {
  public:
     explicit WindowContext(HWND window) noexcept : window_(window), handle_(GetDC(window)) {}
@@ -82,7 +47,7 @@ class WindowContext {
     HDC handle_;
 };
 
-/// The dots per inch of the display that a window is on, as its process sees them.
+/// The dots per inch of a window's display, subject to the process's DPI awareness.
 [[nodiscard]] int dots_per_inch(HWND window) noexcept;
 
 /// GetSystemMetrics, for a display of that resolution.
@@ -91,14 +56,14 @@ class WindowContext {
 /// The description of the system's font for messages, for a display of that resolution.
 [[nodiscard]] LOGFONTW system_font(int dots_per_inch) noexcept;
 
-/// A font by name, in hundredths of a point; normal weight. The pitch and family choose what stands
-/// in for it where the system does not have it.
+/// A font by name, in hundredths of a point; normal weight. Pitch and family choose the substitute
+/// where the system does not have it.
 [[nodiscard]] LOGFONTW named_font(const wchar_t* name, int hundredths, int dots_per_inch,
                                   BYTE pitch_and_family = VARIABLE_PITCH | FF_SWISS) noexcept;
 
 [[nodiscard]] Font make_font(const LOGFONTW& description);
 
-/// The height of a line of that font on a window's display, in pixels.
+/// The height of a line in that font on a window's display, in pixels.
 [[nodiscard]] int line_height(HWND window, HFONT font) noexcept;
 
 }  // namespace kovrel

@@ -1,21 +1,17 @@
-#include "ui/host_icon.h"
+// The host's icon.
+#include "ui/gdi.h"
 
 namespace kovrel {
 namespace {
 
-HICON own_icon(HWND window, WPARAM kind, int of_class) noexcept {
-    const LRESULT set = SendMessageW(window, WM_GETICON, kind, 0);
-    return reinterpret_cast<HICON>(
-        set != 0 ? set : static_cast<LRESULT>(GetClassLongPtrW(window, of_class)));
-}
-
-/// The other size, which the system then scales, is better than none.
+/// Falls back to the other size, which the system scales.
 HICON icon_of(HWND window, bool large) noexcept {
     for (HWND next = window; next != nullptr; next = GetWindow(next, GW_OWNER)) {
-        for (const bool size : {large, !large}) {
-            HICON const found = size ? own_icon(next, ICON_BIG, GCLP_HICON)
-                                     : own_icon(next, ICON_SMALL, GCLP_HICONSM);
-            if (found != nullptr) return found;
+        for (const bool big : {large, !large}) {
+            auto found = static_cast<ULONG_PTR>(
+                SendMessageW(next, WM_GETICON, big ? ICON_BIG : ICON_SMALL, 0));
+            if (found == 0) found = GetClassLongPtrW(next, big ? GCLP_HICON : GCLP_HICONSM);
+            if (found != 0) return reinterpret_cast<HICON>(found);
         }
     }
     return nullptr;
@@ -35,20 +31,16 @@ BOOL CALLBACK load_first(HMODULE program, const wchar_t* /*type*/, wchar_t* name
     return icon->found == nullptr ? TRUE : FALSE;
 }
 
+}  // namespace
+
 Icon host_icon(HWND window, bool large, int dots_per_inch) noexcept {
-    // The host may change its own while the window is open.
+    // A copy: the host may destroy its own while the window is open.
     if (HICON const shown = icon_of(window, large)) return Icon(CopyIcon(shown));
     ProgramIcon icon{system_metric(large ? SM_CXICON : SM_CXSMICON, dots_per_inch),
                      system_metric(large ? SM_CYICON : SM_CYSMICON, dots_per_inch)};
     EnumResourceNamesW(GetModuleHandleW(nullptr), RT_GROUP_ICON, &load_first,
                        reinterpret_cast<LONG_PTR>(&icon));
     return Icon(icon.found);
-}
-
-}  // namespace
-
-HostIcons host_icons(HWND window, int dots_per_inch) noexcept {
-    return {host_icon(window, true, dots_per_inch), host_icon(window, false, dots_per_inch)};
 }
 
 }  // namespace kovrel

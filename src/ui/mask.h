@@ -7,15 +7,16 @@
 #include <string_view>
 #include <vector>
 
+#include "runtime/text.h"
+
 namespace kovrel {
 
-/// What a masked field holds are its bare characters; what it shows has the separators as well.
+/// A masked field holds its bare characters and shows them with separators between the groups.
 class Mask {
  public:
     enum class Accepts { digits, letters_and_digits };
 
-    /// The sizes of the groups between which the separator, which the mask must not accept, is
-    /// shown.
+    /// The sizes of the groups. The separator must not be a character that the mask accepts.
     Mask(Accepts accepted, std::vector<std::size_t> groups, wchar_t separator = L' ')
         : accepted_(accepted), groups_(std::move(groups)), separator_(separator) {
         for (const std::size_t group : groups_) size_ += group;
@@ -27,13 +28,13 @@ class Mask {
 
     /// Digits and unaccented letters, as tax ids and account codes have them.
     [[nodiscard]] bool accepts(wchar_t character) const noexcept {
-        if (character >= L'0' && character <= L'9') return true;
+        if (is_digit(character)) return true;
         return accepted_ == Accepts::letters_and_digits &&
                ((character >= L'A' && character <= L'Z') ||
                 (character >= L'a' && character <= L'z'));
     }
 
-    /// The characters of a text that the mask accepts, as many as the field holds.
+    /// The accepted characters of a text, up to the size of the field.
     [[nodiscard]] std::wstring bare(std::wstring_view text) const {
         std::wstring result;
         for (const wchar_t character : text) {
@@ -42,7 +43,7 @@ class Mask {
         return result;
     }
 
-    /// Any text as the field shows it.
+    /// The accepted characters of a text, grouped.
     [[nodiscard]] std::wstring shown(std::wstring_view text) const {
         const std::wstring characters = bare(text);
         std::wstring result;
@@ -56,7 +57,7 @@ class Mask {
         return result;
     }
 
-    /// Where the shown text has the caret once so many bare characters stand before it.
+    /// The caret position in the shown text behind that many bare characters.
     [[nodiscard]] std::size_t shown_position(std::wstring_view shown_text,
                                              std::size_t bare_count) const noexcept {
         std::size_t position = 0;

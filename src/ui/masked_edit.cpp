@@ -1,109 +1,67 @@
 #include "ui/masked_edit.h"
 
-#include <array>
-
-#include "automation/boundary.h"
+#include "automation/declare.h"
 #include "automation/floating_point.h"
-#include "automation/variant.h"
-#include "ui/subclass.h"
+#include "automation/platform_failure.h"
+#include "ui/controls.h"
 
 namespace kovrel {
 namespace {
 
 constexpr UINT_PTR subclass_id = 2;
 
-bool reads(WORD flags) noexcept {
-    return (flags & (DISPATCH_PROPERTYGET | DISPATCH_METHOD)) != 0;
-}
-
-/// By the dialog's own message, so that the default button is framed anew.
-void focus_dialog_on(HWND text_box) noexcept {
-    SendMessageW(GetAncestor(text_box, GA_ROOT), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(text_box),
-                 TRUE);
-}
+constexpr ClassIdentity identity{
+    L"Kovrel",
+    L"MaskedEdit",
+    {0x321927b6, 0xf853, 0x4851, {0xab, 0x02, 0x4b, 0x24, 0x12, 0x33, 0xe4, 0x6f}},
+    {0x38f30039, 0xc3c6, 0x466d, {0xa8, 0xdf, 0x75, 0xe2, 0x87, 0xdd, 0x18, 0xab}},
+    1,
+};
 
 }  // namespace
 
-/// The members that the validators of fields use.
-class MaskedEdit::Face final : public IDispatch {
+/// The field as an automation object, with the members that validators use.
+class MaskedEdit::Face {
  public:
-    Face(std::shared_ptr<MaskedEdit*> field, std::wstring tag)
-        : field_(std::move(field)), tag_(std::move(tag)) {}
-    virtual ~Face() = default;
+    static const ClassInfo class_info;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
-        if (result == nullptr) return E_POINTER;
-        *result = nullptr;
-        if (id != IID_IUnknown && id != IID_IDispatch) return E_NOINTERFACE;
-        *result = static_cast<IDispatch*>(this);
-        AddRef();
-        return S_OK;
+    [[nodiscard]] std::wstring get_Text() const { return field().text(); }
+    [[nodiscard]] std::int32_t get_MaxLength() const {
+        return static_cast<std::int32_t>(field().mask_.size());
     }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
+    [[nodiscard]] std::wstring get_Tag() const {
+        (void)field();
+        return tag;
     }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
-        if (count == nullptr) return E_POINTER;
-        *count = 0;
-        return S_OK;
+    void SetFocus() const {
+        // Not SetFocus, so that the frame of the default button is updated too.
+        HWND const text_box = field().text_box_;
+        SendMessageW(GetAncestor(text_box, GA_ROOT), WM_NEXTDLGCTL,
+                     reinterpret_cast<WPARAM>(text_box), TRUE);
     }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT /*index*/, LCID /*locale*/,
-                                          ITypeInfo** /*result*/) override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID /*id*/, LPOLESTR* names, UINT count,
-                                            LCID /*locale*/, DISPID* ids) override {
-        if (count != 1) return DISP_E_UNKNOWNNAME;
-        for (DISPID id = 0; id < static_cast<DISPID>(members.size()); ++id) {
-            if (lstrcmpiW(names[0], members[static_cast<std::size_t>(id)]) == 0) {
-                ids[0] = id;
-                return S_OK;
-            }
-        }
-        ids[0] = DISPID_UNKNOWN;
-        return DISP_E_UNKNOWNNAME;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID /*id*/, LCID /*locale*/, WORD flags,
-                                     DISPPARAMS* parameters, VARIANT* result,
-                                     EXCEPINFO* /*exception*/, UINT* /*bad_argument*/) override {
-        MaskedEdit* const field = *field_;
-        if (field == nullptr) return RPC_E_DISCONNECTED;
-        if (parameters->cArgs != 0 || !reads(flags)) return DISP_E_MEMBERNOTFOUND;
-        return boundary(nullptr, [&] {
-            const Variant value = value_of(member, *field);
-            if (result != nullptr) *result = Variant(value).detach();
-        });
-    }
+
+    std::shared_ptr<MaskedEdit*> self;
+    std::wstring tag;
 
  private:
-    enum Member : DISPID { text, max_length, tag, set_focus };
-    static constexpr std::array<const wchar_t*, 4> members{L"Text", L"MaxLength", L"Tag",
-                                                           L"SetFocus"};
-    static_assert(text == DISPID_VALUE);
-
-    [[nodiscard]] Variant value_of(DISPID member, const MaskedEdit& field) const {
-        switch (member) {
-            case text:
-                return Variant(field.text());
-            case max_length:
-                return Variant(static_cast<std::int32_t>(field.mask_.size()));
-            case tag:
-                return Variant(tag_);
-            case set_focus:
-                focus_dialog_on(field.text_box_);
-                return Variant();
-            default:
-                throw Failure(FailureNumber::member_not_found);
-        }
+    [[nodiscard]] const MaskedEdit& field() const {
+        if (*self == nullptr) throw_platform_failure(RPC_E_DISCONNECTED);
+        return **self;
     }
-
-    ULONG references_ = 1;
-    std::shared_ptr<MaskedEdit*> field_;
-    std::wstring tag_;
 };
+
+namespace {
+
+constexpr auto declared =
+    declare<MaskedEdit::Face>(identity, L"Campo con máscara.")
+        .read_only<&MaskedEdit::Face::get_Text>(L"Text", L"Texto sin separadores.")
+        .read_only<&MaskedEdit::Face::get_MaxLength>(L"MaxLength", L"Longitud del dato completo.")
+        .read_only<&MaskedEdit::Face::get_Tag>(L"Tag", L"Nombre del dato.")
+        .method<&MaskedEdit::Face::SetFocus>(L"SetFocus", L"Lleva el foco al campo.");
+
+}  // namespace
+
+constinit const ClassInfo MaskedEdit::Face::class_info = class_tables<declared>;
 
 MaskedEdit::MaskedEdit(HWND text_box, Mask mask)
     : text_box_(text_box), mask_(std::move(mask)), self_(std::make_shared<MaskedEdit*>(this)) {
@@ -117,10 +75,7 @@ MaskedEdit::~MaskedEdit() {
 }
 
 std::wstring MaskedEdit::shown() const {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(text_box_)) + 1, L'\0');
-    const int length = GetWindowTextW(text_box_, text.data(), static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
+    return text_of(text_box_);
 }
 
 std::wstring MaskedEdit::text() const {
@@ -137,32 +92,41 @@ std::wstring MaskedEdit::select(std::size_t count) {
 }
 
 ComPtr<IDispatch> MaskedEdit::automation_object(std::wstring tag) {
-    return ComPtr<IDispatch>::attach(new Face(self_, std::move(tag)));
+    auto object = create_instance<Face>();
+    auto& face = implementation_of<Face>(object.get());
+    face.self = self_;
+    face.tag = std::move(tag);
+    return object;
+}
+
+std::pair<DWORD, DWORD> MaskedEdit::selection() const noexcept {
+    std::pair<DWORD, DWORD> result;
+    SendMessageW(text_box_, EM_GETSEL, reinterpret_cast<WPARAM>(&result.first),
+                 reinterpret_cast<LPARAM>(&result.second));
+    return result;
+}
+
+void MaskedEdit::move_caret(std::size_t position) const noexcept {
+    SendMessageW(text_box_, EM_SETSEL, position, static_cast<LPARAM>(position));
 }
 
 void MaskedEdit::step_over_separator(bool forward) {
-    DWORD begin = 0;
-    DWORD end = 0;
-    SendMessageW(text_box_, EM_GETSEL, reinterpret_cast<WPARAM>(&begin),
-                 reinterpret_cast<LPARAM>(&end));
+    const auto [begin, end] = selection();
     if (begin != end) return;
     const std::wstring text = shown();
     const std::size_t beside = forward ? begin : begin - std::size_t{1};
     if (beside >= text.size() || text[beside] != mask_.separator()) return;
-    const std::size_t next = forward ? beside + 1 : beside;
-    SendMessageW(text_box_, EM_SETSEL, next, static_cast<LPARAM>(next));
+    move_caret(forward ? beside + 1 : beside);
 }
 
 void MaskedEdit::regroup() {
     const std::wstring typed = shown();
     const std::wstring grouped = mask_.shown(typed);
     if (typed == grouped) return;
-    DWORD caret = 0;
-    SendMessageW(text_box_, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+    const DWORD caret = selection().second;
     const std::size_t before = mask_.bare(std::wstring_view(typed).substr(0, caret)).size();
     SetWindowTextW(text_box_, grouped.c_str());
-    const std::size_t position = mask_.shown_position(grouped, before);
-    SendMessageW(text_box_, EM_SETSEL, position, static_cast<LPARAM>(position));
+    move_caret(mask_.shown_position(grouped, before));
 }
 
 LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -171,22 +135,18 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     };
     switch (message) {
         case WM_GETDLGCODE:
-            // Enter is the field's own key: it goes on to the next control.
+            // Enter moves on to the next control instead of pressing the default button.
             return by_default() | (wparam == VK_RETURN ? DLGC_WANTMESSAGE : 0);
         case WM_CHAR: {
             const auto character = static_cast<wchar_t>(wparam);
             if (character == VK_RETURN) return 0;
             if (character == VK_BACK) step_over_separator(false);
-            if (character >= L' ') {
-                DWORD begin = 0;
-                DWORD end = 0;
-                SendMessageW(text_box_, EM_GETSEL, reinterpret_cast<WPARAM>(&begin),
-                             reinterpret_cast<LPARAM>(&end));
-                if (!mask_.accepts(character) || (begin == end && complete())) {
-                    // A separator that the user types too is no mistake.
-                    if (character != mask_.separator()) MessageBeep(MB_OK);
-                    return 0;
-                }
+            const auto [begin, end] = selection();
+            const bool fits = mask_.accepts(character) && (begin != end || !complete());
+            if (character >= L' ' && !fits) {
+                // A typed separator is ignored without a beep.
+                if (character != mask_.separator()) MessageBeep(MB_OK);
+                return 0;
             }
             break;
         }
@@ -218,7 +178,7 @@ LRESULT CALLBACK MaskedEdit::procedure(HWND window, UINT message, WPARAM wparam,
     try {
         return reinterpret_cast<MaskedEdit*>(owner)->handle(message, wparam, lparam);
     } catch (...) {
-        // Without memory for the text it stays as the text box has it.
+        // Out of memory: the text stays as it is.
         return DefSubclassProc(window, WM_NULL, 0, 0);
     }
 }

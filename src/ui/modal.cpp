@@ -17,7 +17,7 @@ void pump(HWND window, void (*after_each)()) {
     MSG message;
     while (PeekMessageW(&message, window, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
-            // It is for the host's own loop.
+            // For the host's own loop.
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
@@ -43,9 +43,8 @@ void run_modal_loop(HWND window) {
     MSG message;
     const auto is_open = [window] { return IsWindow(window) && IsWindowVisible(window); };
     while (is_open()) {
-        // The window may be closed without a message for this loop: by what another thread sends,
-        // which is dispatched while this looks for one, or by a loop within that. So it never waits
-        // for a message before it has looked again.
+        // The window may be closed by a message that another thread sends, which is dispatched
+        // inside PeekMessage and never returned. So the loop checks again before it waits.
         if (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
             if (is_open()) {
                 MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);

@@ -5,15 +5,14 @@
 
 namespace kovrel {
 
-/// Dispatches the events that wait in the thread's queue, and returns; `after_each` runs after
-/// every one of them.
+/// Dispatches the messages that wait in the thread's queue; `after_each` runs after each.
 void pump_events(void (*after_each)() = nullptr);
 
-/// Dispatches the waiting events of one window and its controls alone, with a dialog's keyboard.
+/// Dispatches the waiting messages of one window and its controls only, with dialog keys.
 void pump_events_of(HWND window);
 
-/// Runs until the window is gone or hidden. A request to quit is kept until then, so that a caller
-/// who waits for the window's answer gets it.
+/// Runs until the window is destroyed or hidden. WM_QUIT is posted again only then, so that the
+/// caller gets the window's answer.
 void run_modal_loop(HWND window);
 
 }  // namespace kovrel

@@ -8,14 +8,14 @@
 
 #include "automation/floating_point.h"
 #include "automation/thread_slot.h"
-#include "ui/window.h"
 
 namespace kovrel {
 namespace {
 
-/// The last begun of the thread's.
+/// The thread's innermost scope.
 constinit ThreadSlot<ModalScope> innermost;
 
+constexpr wchar_t modeless_mark[] = L"Kovrel.Modeless";
 constexpr UINT_PTR forward_timer = 0x4B01;
 constexpr UINT keep_place = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
 
@@ -26,33 +26,33 @@ bool is_dialog(HWND window) noexcept {
            (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) == 0;
 }
 
-struct Others {
-    HWND spared;
-    std::vector<HWND>* found;
-    bool complete = true;
-};
+template <class Body>
+BOOL CALLBACK call_body(HWND window, LPARAM body) noexcept {
+    return (*reinterpret_cast<Body*>(body))(window) ? TRUE : FALSE;
+}
 
-/// No exception may pass through the system's own code.
-BOOL CALLBACK collect_enabled(HWND window, LPARAM parameter) noexcept {
-    auto* const others = reinterpret_cast<Others*>(parameter);
-    if (window == others->spared || !IsWindowVisible(window) || !IsWindowEnabled(window)) {
-        return TRUE;
-    }
-    try {
-        others->found->push_back(window);
-    } catch (const std::bad_alloc&) {
-        others->complete = false;
-    }
-    return others->complete ? TRUE : FALSE;
+/// Calls the body for the thread's top-level windows from the topmost down, until it returns false.
+/// noexcept, since no exception may cross the system's code.
+template <class Body>
+void for_each_window(Body body) noexcept {
+    EnumThreadWindows(GetCurrentThreadId(), &call_body<Body>, reinterpret_cast<LPARAM>(&body));
 }
 
 }  // namespace
 
 HWND modal_owner() noexcept {
-    // Threads that share their input share their active window too.
+    // Threads with attached input share their active window.
     HWND const active = GetAncestor(GetActiveWindow(), GA_ROOT);
     const bool is_own = GetWindowThreadProcessId(active, nullptr) == GetCurrentThreadId();
-    return is_own && !Window::is_modeless(active) ? active : nullptr;
+    return is_own && GetPropW(active, modeless_mark) == nullptr ? active : nullptr;
+}
+
+void mark_modeless(HWND window, bool modeless) noexcept {
+    if (modeless) {
+        SetPropW(window, modeless_mark, window);
+    } else {
+        RemovePropW(window, modeless_mark);
+    }
 }
 
 ModalScope::ModalScope(HWND window)
@@ -63,7 +63,7 @@ ModalScope::ModalScope(HWND window)
 
 ModalScope::ModalScope(NextDialog dialog) noexcept
     : outer_(innermost.get()), active_(GetActiveWindow()), focus_(GetFocus()) {
-    // Without memory for all of them the user is told all the same.
+    // Out of memory the dialog is shown all the same.
     (void)note_others(GetAncestor(dialog.owner, GA_ROOT));
     begin();
 }
@@ -77,9 +77,17 @@ ModalScope::~ModalScope() {
 }
 
 bool ModalScope::note_others(HWND spared) noexcept {
-    Others others{spared, &disabled_};
-    EnumThreadWindows(GetCurrentThreadId(), collect_enabled, reinterpret_cast<LPARAM>(&others));
-    return others.complete;
+    bool complete = true;
+    for_each_window([&](HWND window) noexcept {
+        if (window == spared || !IsWindowVisible(window) || !IsWindowEnabled(window)) return true;
+        try {
+            disabled_.push_back(window);
+        } catch (const std::bad_alloc&) {
+            complete = false;
+        }
+        return complete;
+    });
+    return complete;
 }
 
 void ModalScope::begin() noexcept {
@@ -101,8 +109,7 @@ void ModalScope::release() noexcept {
 }
 
 void ModalScope::give_back() noexcept {
-    const std::vector<HWND> windows = std::move(disabled_);
-    disabled_.clear();
+    const std::vector<HWND> windows = std::exchange(disabled_, {});
     const HostFloatingPoint host;
     for (HWND const other : windows) {
         if (IsWindow(other)) EnableWindow(other, TRUE);
@@ -113,7 +120,7 @@ void ModalScope::restore_focus() const noexcept {
     if (!IsWindow(active_)) return;
     const HostFloatingPoint host;
     if (GetActiveWindow() != active_) SetActiveWindow(active_);
-    // A window that puts the focus inside itself knows better.
+    // A window that has moved the focus inside itself keeps it there.
     HWND const now = GetFocus();
     if (IsWindow(focus_) && (now == nullptr || now == active_)) SetFocus(focus_);
 }
@@ -152,7 +159,7 @@ LRESULT CALLBACK ModalScope::sent_hook(int code, WPARAM wparam, LPARAM lparam) {
 
 void ModalScope::sent(const CWPSTRUCT& call) noexcept {
     if (call.message == WM_SHOWWINDOW && call.hwnd == window_) {
-        // A box is hidden and shown again with the window that owns it.
+        // A box is hidden and shown again with its owner.
         if (call.lParam == SW_PARENTCLOSING || call.wParam != FALSE) {
             hidden_with_owner_ = call.wParam == FALSE;
         }
@@ -167,12 +174,12 @@ void ModalScope::sent(const CWPSTRUCT& call) noexcept {
         was_shown_ = true;
         call_forward();
     } else if (!is_done && (change & SWP_HIDEWINDOW) != 0 && !hidden_with_owner_) {
-        // Before the system looks for the window to activate next.
+        // Before the system chooses the next active window.
         release();
     }
 }
 
-/// From the window's own messages: the others are still in the middle of theirs.
+/// Deferred by a timer, since the other windows are still handling their messages.
 void ModalScope::call_forward() const noexcept {
     SetTimer(window_, forward_timer, USER_TIMER_MINIMUM, &ModalScope::on_timer);
 }
@@ -185,29 +192,20 @@ void CALLBACK ModalScope::on_timer(HWND window, UINT /*message*/, UINT_PTR id, D
     if (scope->keeps_waiting(GetActiveWindow())) SetActiveWindow(scope->window_);
 }
 
-struct ModalScope::Above {
-    const ModalScope* scope;
-    bool any = false;
-    bool any_topmost = false;
-};
-
-/// The thread's windows from the topmost down to the modal one.
-BOOL CALLBACK ModalScope::look_at(HWND window, LPARAM parameter) noexcept {
-    auto* const above = reinterpret_cast<Above*>(parameter);
-    if (window == above->scope->window_) return FALSE;
-    if (IsWindowVisible(window) && above->scope->keeps_waiting(window)) {
-        above->any = true;
-        above->any_topmost |= (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
-    }
-    return TRUE;
-}
-
 void ModalScope::raise() const noexcept {
     if (outer_ != nullptr) outer_->raise();
-    Above above{this};
-    EnumThreadWindows(GetCurrentThreadId(), look_at, reinterpret_cast<LPARAM>(&above));
-    if (!above.any) return;
-    SetWindowPos(window_, above.any_topmost ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0, keep_place);
+    bool is_covered = false;
+    bool by_topmost = false;
+    for_each_window([&](HWND window) noexcept {
+        if (window == window_) return false;
+        if (IsWindowVisible(window) && keeps_waiting(window)) {
+            is_covered = true;
+            by_topmost |= (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+        }
+        return true;
+    });
+    if (!is_covered) return;
+    SetWindowPos(window_, by_topmost ? HWND_TOPMOST : HWND_TOP, 0, 0, 0, 0, keep_place);
 }
 
 }  // namespace kovrel

@@ -1,5 +1,5 @@
-// What makes a window, box or dialog modal to its whole thread: the thread's other windows are
-// disabled, and it stays in front of them.
+// Makes a window, box or dialog modal to its whole thread: the thread's other windows are disabled
+// and stay behind it.
 #pragma once
 
 #include <windows.h>
@@ -10,19 +10,23 @@
 
 namespace kovrel {
 
-/// The owner of the thread's next modal window or box: its active window. Null where it has none,
-/// and for a modeless window of the library, which its host closes when it likes.
+/// The owner for the thread's next modal window or box: its active window, or null where there is
+/// none or it is marked as modeless.
 [[nodiscard]] HWND modal_owner() noexcept;
 
-/// Disables every other visible window of the thread from its construction on. The window comes
-/// forward whenever one of them does, and a window that owns it and is destroyed does not take it
-/// along. At the end, or as soon as the window is hidden, they are given back, and at the end the
-/// keyboard too. Scopes within others end before them.
+/// Marks a window that its host may close at any time and that therefore must own no modal window.
+/// Remove the mark before the window is destroyed.
+void mark_modeless(HWND window, bool modeless) noexcept;
+
+/// Disables every other visible window of the thread. The modal window is raised whenever one of
+/// them is, and is detached from an owner that is destroyed. The others are enabled again once the
+/// modal window is hidden, at the latest in the destructor, which also restores the focus. Nested
+/// scopes end in reverse order.
 class ModalScope final : private ThreadWatch {
  public:
-    /// For a window that there is. bad_alloc when the others cannot be noted.
+    /// For an existing window. bad_alloc when the others cannot be recorded.
     explicit ModalScope(HWND window);
-    /// For the next dialog that the system makes. It disables its owner, and gives it back, itself.
+    /// For the next dialog that the system creates. It disables and enables its owner itself.
     struct NextDialog {
         HWND owner;
     };
@@ -31,21 +35,16 @@ class ModalScope final : private ThreadWatch {
     ModalScope& operator=(const ModalScope&) = delete;
     ~ModalScope();
 
-    /// Gives the windows back, unless another scope within this one still needs them disabled: then
-    /// that one does.
+    /// Enables the windows again, or leaves that to an inner scope that has not been released yet.
     void release() noexcept;
-    /// The window has been on the screen.
     [[nodiscard]] bool was_shown() const noexcept { return was_shown_; }
 
  private:
-    struct Above;
-
     void window_made(HWND window) noexcept override;
     void window_activated(HWND window) noexcept override;
     void window_destroyed(HWND window) noexcept override;
 
     static LRESULT CALLBACK sent_hook(int code, WPARAM wparam, LPARAM lparam);
-    static BOOL CALLBACK look_at(HWND window, LPARAM above) noexcept;
     static void CALLBACK on_timer(HWND window, UINT message, UINT_PTR id, DWORD time);
 
     [[nodiscard]] bool note_others(HWND spared) noexcept;

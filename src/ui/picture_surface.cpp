@@ -58,33 +58,12 @@ constexpr auto declared =
 
 }  // namespace
 
-/// A device context on the picture, with its font.
-class PictureSurface::Drawing {
- public:
-    explicit Drawing(const PictureSurface& surface) : context_(CreateCompatibleDC(nullptr)) {
-        if (context_ == nullptr) throw Failure(FailureNumber::out_of_memory);
-        bitmap_ = SelectObject(context_, surface.bitmap_.get());
-        HGDIOBJ const font = surface.font_.get();
-        font_ = SelectObject(context_, font != nullptr ? font : GetStockObject(DEFAULT_GUI_FONT));
-    }
-    Drawing(const Drawing&) = delete;
-    Drawing& operator=(const Drawing&) = delete;
-    ~Drawing() {
-        SelectObject(context_, font_);
-        SelectObject(context_, bitmap_);
-        DeleteDC(context_);
-    }
-    [[nodiscard]] HDC context() const noexcept { return context_; }
-
- private:
-    HDC context_;
-    HGDIOBJ bitmap_ = nullptr;
-    HGDIOBJ font_ = nullptr;
-};
-
 constinit const ClassInfo PictureSurface::class_info = class_tables<declared>;
 
-PictureSurface::PictureSurface() {
+PictureSurface::PictureSurface() : context_(CreateCompatibleDC(nullptr)) {
+    if (!context_) throw Failure(FailureNumber::out_of_memory);
+    SelectObject(context(), GetStockObject(DEFAULT_GUI_FONT));
+    SetBkMode(context(), TRANSPARENT);
     resize(1, 1, Scale());
 }
 
@@ -98,22 +77,21 @@ void PictureSurface::resize(int width, int height, const Scale& scale) {
     form.bmiHeader.biPlanes = 1;
     form.bmiHeader.biBitCount = 32;
     void* bits = nullptr;
-    bitmap_ = Bitmap(CreateDIBSection(nullptr, &form, DIB_RGB_COLORS, &bits, nullptr, 0));
-    if (bitmap_.get() == nullptr) throw Failure(FailureNumber::out_of_memory);
+    Bitmap bitmap(CreateDIBSection(nullptr, &form, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (!bitmap) throw Failure(FailureNumber::out_of_memory);
+    SelectObject(context(), bitmap.get());
+    bitmap_ = std::move(bitmap);
     Cls();
 }
 
-void PictureSurface::set_font(const LOGFONTW& font) {
-    font_ = make_font(font);
+void PictureSurface::set_font(const LOGFONTW& description) {
+    Font font = make_font(description);
+    SelectObject(context(), font.get());
+    font_ = std::move(font);
 }
 
-void PictureSurface::paint(HDC context) const noexcept {
-    HDC const source = CreateCompatibleDC(context);
-    if (source == nullptr) return;
-    HGDIOBJ const previous = SelectObject(source, bitmap_.get());
-    BitBlt(context, 0, 0, size_.cx, size_.cy, source, 0, 0, SRCCOPY);
-    SelectObject(source, previous);
-    DeleteDC(source);
+void PictureSurface::paint(HDC target) const noexcept {
+    BitBlt(target, 0, 0, size_.cx, size_.cy, context(), 0, 0, SRCCOPY);
 }
 
 void PictureSurface::set_DrawMode(std::int16_t mode) {
@@ -145,43 +123,31 @@ int PictureSurface::pixel_y(float y) const noexcept {
     return nearest_pixel(static_cast<double>(y) * size_.cy / get_ScaleHeight());
 }
 
-SIZE PictureSurface::text_size(const std::wstring& text) const {
-    const Drawing drawing(*this);
-    SIZE size{};
-    GetTextExtentPoint32W(drawing.context(), text.c_str(), static_cast<int>(text.size()), &size);
-    TEXTMETRICW metrics{};
-    GetTextMetricsW(drawing.context(), &metrics);
-    size.cy = metrics.tmHeight;
-    return size;
-}
-
 float PictureSurface::TextWidth(const std::wstring& text) {
-    return static_cast<float>(text_size(text).cx) * get_ScaleWidth() / static_cast<float>(size_.cx);
+    SIZE size{};
+    GetTextExtentPoint32W(context(), text.c_str(), static_cast<int>(text.size()), &size);
+    return static_cast<float>(size.cx) * get_ScaleWidth() / static_cast<float>(size_.cx);
 }
 
-float PictureSurface::TextHeight(const std::wstring& text) {
-    return static_cast<float>(text_size(text).cy) * get_ScaleHeight() /
-           static_cast<float>(size_.cy);
+float PictureSurface::TextHeight(const std::wstring& /*text*/) {
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(context(), &metrics);
+    return static_cast<float>(metrics.tmHeight) * get_ScaleHeight() / static_cast<float>(size_.cy);
 }
 
 void PictureSurface::Cls() {
-    const Drawing drawing(*this);
     const RECT whole{0, 0, size_.cx, size_.cy};
-    SetBkColor(drawing.context(), back_color_);
-    ExtTextOutW(drawing.context(), 0, 0, ETO_OPAQUE, &whole, nullptr, 0, nullptr);
+    SetBkColor(context(), back_color_);
+    ExtTextOutW(context(), 0, 0, ETO_OPAQUE, &whole, nullptr, 0, nullptr);
     CurrentX = 0;
     CurrentY = 0;
     drawn();
 }
 
 void PictureSurface::Print(const std::wstring& text) {
-    {
-        const Drawing drawing(*this);
-        SetBkMode(drawing.context(), TRANSPARENT);
-        SetTextColor(drawing.context(), resolved(fore_color_));
-        TextOutW(drawing.context(), pixel_x(CurrentX), pixel_y(CurrentY), text.c_str(),
-                 static_cast<int>(text.size()));
-    }
+    SetTextColor(context(), resolved(fore_color_));
+    TextOutW(context(), pixel_x(CurrentX), pixel_y(CurrentY), text.c_str(),
+             static_cast<int>(text.size()));
     CurrentX = 0;
     CurrentY += TextHeight(text);
     drawn();
@@ -191,28 +157,24 @@ void PictureSurface::Line(std::int16_t options, float x1, float y1, float x2, fl
                           std::int32_t color) {
     const auto [left, right] = std::minmax({pixel_x(x1), pixel_x(x2)});
     const auto [top, bottom] = std::minmax({pixel_y(y1), pixel_y(y2)});
-    const COLORREF pen_color = resolved(color != 0 ? color : fore_color_);
-    {
-        const Drawing drawing(*this);
-        HDC const context = drawing.context();
-        SetROP2(context, draw_mode_);
+    const COLORREF line_color = resolved(color != 0 ? color : fore_color_);
+    SetROP2(context(), draw_mode_);
+    if ((options & box) == 0 || (options & filled) == 0) {
+        const Owned<HPEN, &DeleteObject> pen(CreatePen(PS_SOLID, 1, line_color));
+        const Selected pen_in_use(context(), pen.get());
         if ((options & box) == 0) {
-            const GdiObject<HPEN> pen(CreatePen(PS_SOLID, 1, pen_color));
-            const Selected pen_in_use(context, pen.get());
-            MoveToEx(context, pixel_x(x1), pixel_y(y1), nullptr);
-            LineTo(context, pixel_x(x2), pixel_y(y2));
-        } else if ((options & filled) == 0) {
-            const GdiObject<HPEN> pen(CreatePen(PS_SOLID, 1, pen_color));
-            const Selected pen_in_use(context, pen.get());
-            const Selected hollow(context, GetStockObject(NULL_BRUSH));
-            Rectangle(context, left, top, right, bottom);
-        } else if (left < right && top < bottom) {
-            const GdiObject<HBRUSH> brush(CreateSolidBrush(pen_color));
-            const Selected brush_in_use(context, brush.get());
-            const Selected no_outline(context, GetStockObject(NULL_PEN));
-            // Without an outline a rectangle ends one pixel before its right and bottom edges.
-            Rectangle(context, left, top, right + 1, bottom + 1);
+            MoveToEx(context(), pixel_x(x1), pixel_y(y1), nullptr);
+            LineTo(context(), pixel_x(x2), pixel_y(y2));
+        } else {
+            const Selected hollow(context(), GetStockObject(NULL_BRUSH));
+            Rectangle(context(), left, top, right, bottom);
         }
+    } else if (left < right && top < bottom) {
+        const Owned<HBRUSH, &DeleteObject> brush(CreateSolidBrush(line_color));
+        const Selected brush_in_use(context(), brush.get());
+        const Selected no_outline(context(), GetStockObject(NULL_PEN));
+        // Without an outline Rectangle leaves out one more pixel at the right and the bottom.
+        Rectangle(context(), left, top, right + 1, bottom + 1);
     }
     CurrentX = x2;
     CurrentY = y2;
@@ -231,8 +193,8 @@ void PictureSurface::Refresh() {
 
 PictureObject make_picture() {
     auto object = create_instance<PictureSurface>();
-    auto* const base = reinterpret_cast<ObjectBase*>(object.get());
-    return {std::move(object), &static_cast<Object<PictureSurface>*>(base)->implementation()};
+    auto& surface = implementation_of<PictureSurface>(object.get());
+    return {std::move(object), &surface};
 }
 
 }  // namespace kovrel

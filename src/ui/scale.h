@@ -10,7 +10,7 @@ inline constexpr int twips_per_inch = 1440;
 
 class Scale {
  public:
-    /// Window coordinates are 16-bit numbers in the end; what lies past them is cut to them.
+    /// Window coordinates are 16-bit in messages; larger values are clamped.
     static constexpr int pixel_limit = 32767;
 
     explicit Scale(int dots_per_inch = 96) noexcept : dots_per_inch_(dots_per_inch) {}

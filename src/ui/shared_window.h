@@ -1,5 +1,5 @@
-// A window that everybody shares while anybody holds it: one for each thread, since a window
-// belongs to the thread that made it.
+// A window object shared by its users while any of them holds it, one per thread since a window
+// belongs to the thread that created it.
 #pragma once
 
 #include <memory>
@@ -11,7 +11,6 @@ namespace kovrel {
 template <class Form>
 class SharedWindow {
  public:
-    /// The thread's own; a new one when nobody holds it.
     [[nodiscard]] static std::shared_ptr<Form> get() {
         if (auto window = windows_.get().lock()) return window;
         std::shared_ptr<Form> window(new Form, &forget);
@@ -20,7 +19,7 @@ class SharedWindow {
     }
 
  private:
-    /// Nothing of a window stays behind it.
+    /// Also erases this thread's entry.
     static void forget(Form* window) noexcept {
         if (windows_.get().expired()) windows_.clear();
         delete window;

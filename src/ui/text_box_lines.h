@@ -1,4 +1,4 @@
-// A text as a text box of several lines takes it.
+// Texts for multi-line text boxes.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace kovrel {
 
-/// Every line break (carriage return, line feed, or both in that order) as carriage return and line
-/// feed; a zero character, at which the box would end the text, as a blank.
+/// Every line break (CR, LF or CR LF) as CR LF; a zero character, at which the box would end the
+/// text, as a blank.
 [[nodiscard]] std::wstring text_box_lines(std::wstring_view text);
 
 }  // namespace kovrel

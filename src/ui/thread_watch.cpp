@@ -5,7 +5,7 @@
 namespace kovrel {
 namespace {
 
-/// The last made of the thread's.
+/// The thread's watches, newest first.
 constinit ThreadSlot<ThreadWatch> watches;
 
 }  // namespace
@@ -35,7 +35,7 @@ ThreadWatch::~ThreadWatch() {
 }
 
 LRESULT CALLBACK ThreadWatch::hook(int code, WPARAM wparam, LPARAM lparam) {
-    // What another hook forbids does not happen.
+    // Non-zero: another hook prevents the operation.
     const LRESULT forbidden = CallNextHookEx(nullptr, code, wparam, lparam);
     if (forbidden != 0) return forbidden;
     auto* const window = reinterpret_cast<HWND>(wparam);

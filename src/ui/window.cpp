@@ -9,13 +9,46 @@
 #include "runtime/failure.h"
 #include "ui/modal.h"
 #include "ui/modal_scope.h"
-#include "ui/visual_styles.h"
 
 namespace kovrel {
 namespace {
 
-/// Classes belong to this module: another copy of the library in the process has its own. They stay
-/// registered, as the module stays loaded: another thread may be about to make a window of one.
+/// Activates the library's own manifest, so that windows get version 6 of the common controls in
+/// any host. Without that manifest (in tests) nothing changes.
+class VisualStyles {
+ public:
+    VisualStyles() {
+        HANDLE const context = own_context();
+        active_ = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &cookie_) != FALSE;
+    }
+    VisualStyles(const VisualStyles&) = delete;
+    VisualStyles& operator=(const VisualStyles&) = delete;
+    ~VisualStyles() {
+        if (active_) DeactivateActCtx(0, cookie_);
+    }
+
+ private:
+    /// Never released: the library stays loaded.
+    static HANDLE own_context() {
+        static HANDLE const context = [] {
+            const std::wstring path = own_module_path();
+            ACTCTXW description{};
+            description.cbSize = sizeof description;
+            description.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+            description.hModule = own_module();
+            description.lpResourceName = MAKEINTRESOURCEW(2);
+            description.lpSource = path.c_str();
+            return CreateActCtxW(&description);
+        }();
+        return context;
+    }
+
+    ULONG_PTR cookie_ = 0;
+    bool active_ = false;
+};
+
+/// Classes belong to this module, so another copy of the library in the process has its own. They
+/// are never unregistered: another thread may be about to create a window.
 void register_class(const wchar_t* name, WNDPROC procedure) {
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
@@ -33,23 +66,10 @@ void set_owner(HWND window, HWND owner) noexcept {
     SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
 }
 
-HMENU control_menu(int id) noexcept {
-    return reinterpret_cast<HMENU>(static_cast<INT_PTR>(id));
-}
-
 }  // namespace
 
 bool Window::visible() const noexcept {
     return handle_ != nullptr && IsWindowVisible(handle_) != FALSE;
-}
-
-bool Window::is_modeless(HWND window) noexcept {
-    if (GetClassLongPtrW(window, GCLP_WNDPROC) != reinterpret_cast<ULONG_PTR>(&procedure)) {
-        return false;
-    }
-    const auto* const self =
-        reinterpret_cast<const Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    return self != nullptr && self->modal_ == nullptr;
 }
 
 void Window::load() {
@@ -67,7 +87,7 @@ void Window::load() {
     }
     try {
         scale_ = Scale(dots_per_inch(handle_));
-        font_ = make_font(system_font(scale_.dots_per_inch()));
+        update_font();
         take_host_icons();
         create_controls();
         apply_scale();
@@ -88,6 +108,7 @@ void Window::load() {
 
 void Window::show_modeless() {
     load();
+    mark_modeless(handle_, true);
     const HostFloatingPoint host;
     ShowWindow(handle_, SW_SHOW);
     UpdateWindow(handle_);
@@ -104,7 +125,6 @@ void Window::show_modal() {
         try {
             scope.emplace(window);
         } catch (...) {
-            // Nobody else would.
             unload();
             throw;
         }
@@ -115,13 +135,13 @@ void Window::show_modal() {
         run_modal_loop(window);
         modal_ = nullptr;
     }
-    // Hidden, it is nobody's: an owner that goes would take it along.
+    // A hidden window would be destroyed with its owner.
     if (IsWindow(window)) set_owner(window, nullptr);
 }
 
 void Window::unload() noexcept {
     if (!loaded()) return;
-    // The host's windows take the keyboard back before this one goes: else another program would.
+    // Enables the host's windows first: otherwise the system would activate another program.
     if (modal_ != nullptr) modal_->release();
     const HostFloatingPoint host;
     DestroyWindow(handle_);
@@ -134,64 +154,52 @@ void Window::set_caption(const std::wstring& caption) {
 
 HWND Window::add(const ControlDesign& design, HWND parent) {
     DWORD style = design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
-    // It may hold controls, which it would otherwise be drawn over.
+    // It may contain controls, and must not paint over them.
     if (design.window_class == picture_box_class) style |= WS_CLIPCHILDREN;
-    HWND const window = CreateWindowExW(design.extended_style, design.window_class, design.text,
-                                        style, 0, 0, 0, 0, parent != nullptr ? parent : handle_,
-                                        control_menu(design.id), own_module(), nullptr);
+    auto* const id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(design.id));
+    HWND const window =
+        CreateWindowExW(design.extended_style, design.window_class, design.text, style, 0, 0, 0, 0,
+                        parent != nullptr ? parent : handle_, id, own_module(), nullptr);
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
     controls_.push_back({window, design.id, design.place, design.window_class});
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
-    SetWindowSubclass(window, &Window::watch_focus, 1, reinterpret_cast<DWORD_PTR>(this));
+    SetWindowSubclass(window, &Window::watch_control, 1, reinterpret_cast<DWORD_PTR>(this));
     put_in_place(controls_.back());
     return window;
 }
 
-Window::Placed* Window::find(int id) noexcept {
+const Window::Placed* Window::find(int id) const noexcept {
     const auto found = std::find_if(controls_.begin(), controls_.end(),
                                     [id](const Placed& placed) { return placed.id == id; });
     return found == controls_.end() ? nullptr : &*found;
 }
 
 HWND Window::control(int id) const noexcept {
-    const Placed* const placed = const_cast<Window*>(this)->find(id);
+    const Placed* const placed = find(id);
     return placed == nullptr ? nullptr : placed->window;
 }
 
-const Place& Window::place(int id) const noexcept {
-    static const Place nowhere;
-    const Placed* const placed = const_cast<Window*>(this)->find(id);
-    return placed == nullptr ? nowhere : placed->place;
+Place Window::place(int id) const noexcept {
+    const Placed* const placed = find(id);
+    return placed == nullptr ? Place{} : placed->place;
 }
 
 void Window::move(int id, const Place& place) {
-    Placed* const placed = find(id);
-    if (placed == nullptr) return;
-    placed->place = place;
-    put_in_place(*placed);
+    for (Placed& placed : controls_) {
+        if (placed.id != id) continue;
+        placed.place = place;
+        put_in_place(placed);
+    }
 }
 
 void Window::put_in_place(const Placed& placed) const noexcept {
-    // Edges are rounded, not sizes: neighbours that touch in twips touch on the screen.
+    // Rounds edges, not sizes, so that neighbours that touch in twips touch in pixels.
     const int left = scale_.pixels(placed.place.left);
     const int top = scale_.pixels(placed.place.top);
     const int right = scale_.pixels(placed.place.left + placed.place.width);
     const int bottom = scale_.pixels(placed.place.top + placed.place.height);
     SetWindowPos(placed.window, nullptr, left, top, std::max(right - left, 0),
                  std::max(bottom - top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-Place Window::size_of(HWND window) const noexcept {
-    RECT bounds{};
-    GetWindowRect(window, &bounds);
-    return {scale_.twips(bounds.left), scale_.twips(bounds.top),
-            scale_.twips(bounds.right - bounds.left), scale_.twips(bounds.bottom - bounds.top)};
-}
-
-Place Window::inner_size_of(HWND window) const noexcept {
-    RECT bounds{};
-    GetClientRect(window, &bounds);
-    return {0, 0, scale_.twips(bounds.right), scale_.twips(bounds.bottom)};
 }
 
 void Window::set_tooltip(int id, const std::wstring& text) {
@@ -214,7 +222,7 @@ void Window::set_tooltip(int id, const std::wstring& text) {
     if (!text.empty()) SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void Window::make_font_current() {
+void Window::update_font() {
     font_ = make_font(system_font(scale_.dots_per_inch()));
     for (const Placed& placed : controls_) {
         SendMessageW(placed.window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE);
@@ -223,7 +231,7 @@ void Window::make_font_current() {
 
 void Window::rescale(int dots_per_inch, const RECT& bounds) {
     scale_ = Scale(dots_per_inch);
-    make_font_current();
+    update_font();
     SetWindowPos(handle_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
                  bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
     apply_scale();

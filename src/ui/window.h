@@ -11,12 +11,10 @@
 #include <vector>
 
 #include "ui/gdi.h"
-#include "ui/host_icon.h"
 #include "ui/scale.h"
 
 namespace kovrel {
 
-/// What a window is by design.
 struct WindowDesign {
     const wchar_t* window_class;
     const wchar_t* caption;
@@ -27,14 +25,14 @@ struct WindowDesign {
     bool has_owner = true;   ///< while modal: the thread's active window
 };
 
-/// A picture box: it holds controls, tells the window when its size changes, and can be painted.
+/// A control that contains others, reports its size to the window and is painted by it.
 inline constexpr wchar_t picture_box_class[] = L"Kovrel.PictureBox";
 
 class ModalScope;
 
-/// A window object outlives its window: its owner may read what it holds after it was unloaded,
-/// and it can be loaded again. While loaded it keeps itself alive. Failures inside an event never
-/// leave the window procedure; events with the standard handler show their own error box.
+/// The object outlives its window: its holder may read its data after it was unloaded, and load it
+/// again. While loaded it keeps itself alive. Failures inside an event never leave the window
+/// procedure; events with the standard handler show their own error box.
 class Window : public std::enable_shared_from_this<Window> {
  public:
     Window(const Window&) = delete;
@@ -44,14 +42,12 @@ class Window : public std::enable_shared_from_this<Window> {
     [[nodiscard]] HWND handle() const noexcept { return handle_; }
     [[nodiscard]] bool loaded() const noexcept { return handle_ != nullptr; }
     [[nodiscard]] bool visible() const noexcept;
-    /// One of these, which keeps no other from being used.
-    [[nodiscard]] static bool is_modeless(HWND window) noexcept;
 
-    /// Makes the window and its controls, hidden; nothing when it is loaded already.
+    /// Creates the window and its controls, hidden; nothing when it is loaded already.
     void load();
     void show_modeless();
     /// Returns once the window is unloaded or hidden. Until then no other window of the thread can
-    /// be used. Failure 400 when the window is on the screen already.
+    /// be used. Failure 400 when the window is visible already.
     void show_modal();
     void unload() noexcept;
     void set_caption(const std::wstring& caption);
@@ -62,7 +58,6 @@ class Window : public std::enable_shared_from_this<Window> {
 
     [[nodiscard]] const Scale& scale() const noexcept { return scale_; }
     [[nodiscard]] HFONT font() const noexcept { return font_.get(); }
-    [[nodiscard]] const WindowDesign& design() const noexcept { return design_; }
 
     struct ControlDesign {
         const wchar_t* window_class;
@@ -75,25 +70,29 @@ class Window : public std::enable_shared_from_this<Window> {
     /// A visible control in the window or in one of its picture boxes.
     HWND add(const ControlDesign& control, HWND parent = nullptr);
     [[nodiscard]] HWND control(int id) const noexcept;
-    /// The button that the mouse presses; null: none.
+    /// The button that the mouse holds down; null: none.
     [[nodiscard]] HWND pressed_button() const noexcept { return pressed_button_; }
     void focus_on(int id) const noexcept;
     void move(int id, const Place& place);
-    [[nodiscard]] const Place& place(int id) const noexcept;
-    /// A field with one line of text, in the middle of its row. Such controls show the text at
-    /// their top, so it is as high as the line, its edges and a pixel between them.
+    [[nodiscard]] Place place(int id) const noexcept;
+    /// Centres a field of one line in its row, as high as its line and edges: such controls draw
+    /// their text at the top.
     void move_field(int id, const Place& row);
-    /// Sizes in twips, as the display rounds them.
+    /// Sizes in twips, from whole pixels.
     [[nodiscard]] Place size_of(HWND window) const noexcept;
     [[nodiscard]] Place inner_size_of(HWND window) const noexcept;
-    /// The outer size that encloses an inner one, as far as the screen has room for it.
+    /// The outer bounds on the screen, in pixels.
+    [[nodiscard]] RECT bounds() const noexcept;
+    void resize_outer(int width, int height) const noexcept;
+    void move_to(int left, int top) const noexcept;
+    /// Inner size in twips, limited to the work area.
     void resize_inner(double width, double height);
-    /// The inner height of a window as tall as the screen, in twips.
+    /// The inner height of a window as tall as the work area, in twips.
     [[nodiscard]] double tallest_inner() const noexcept;
     void center_on_screen();
-    /// Moves the window where all of it, or its top left part, can be seen.
+    /// Moves the window into the work area, its top left corner first.
     void keep_on_screen();
-    /// An absent tooltip is an empty text.
+    /// An empty text removes the tooltip.
     void set_tooltip(int id, const std::wstring& text);
 
     // The events, in the order of a window's life.
@@ -106,20 +105,17 @@ class Window : public std::enable_shared_from_this<Window> {
     virtual void paint_picture_box(int /*id*/, HDC /*context*/, const RECT& /*bounds*/) {}
     virtual void clicked(int /*id*/) {}
     virtual void notified(int /*id*/, UINT /*code*/) {}
-    /// The background of a control that shows a text, where it is not the window's own.
-    virtual HBRUSH background_of(HWND /*control*/, HDC /*context*/) { return nullptr; }
+    /// True for a control in the colours of a text box (COLOR_WINDOW) instead of a dialog's.
+    [[nodiscard]] virtual bool has_page_colors(int /*id*/) const { return false; }
     virtual void focus_moved(HWND /*from*/, HWND /*to*/) {}
-    /// The mouse no longer presses the button that it pressed; a click follows at once or not at
-    /// all.
+    /// The mouse no longer holds down a button. Its click, if any, follows at once.
     virtual void press_ended() {}
     virtual void posted(UINT /*message*/, int /*value*/) {}
-    /// The close box or Alt+F4.
+    /// The close box, Alt+F4 or Esc.
     virtual void closing() { unload(); }
-    /// The Esc key.
-    virtual void escape() { closing(); }
     virtual void form_unload() {}
 
-    /// Messages that a window posts to itself.
+    /// The first of the messages that a window may post to itself.
     static constexpr UINT first_posted = WM_APP + 0x100;
 
  private:
@@ -132,8 +128,8 @@ class Window : public std::enable_shared_from_this<Window> {
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     static LRESULT CALLBACK picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-    static LRESULT CALLBACK watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                        UINT_PTR id, DWORD_PTR owner);
+    static LRESULT CALLBACK watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                          UINT_PTR id, DWORD_PTR owner);
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
     void command(int id, UINT code, bool from_control);
     bool pressed(WPARAM key);
@@ -143,21 +139,22 @@ class Window : public std::enable_shared_from_this<Window> {
     void frame_default_button(HWND focus) const noexcept;
     void rescale(int dots_per_inch, const RECT& bounds);
     void put_in_place(const Placed& placed) const noexcept;
-    void make_font_current();
+    void update_font();
     void take_host_icons();
     [[nodiscard]] SIZE outer_size(double width, double height) const noexcept;
     [[nodiscard]] RECT work_area() const noexcept;
-    [[nodiscard]] Placed* find(int id) noexcept;
+    [[nodiscard]] const Placed* find(int id) const noexcept;
 
     const WindowDesign design_;
     HWND handle_ = nullptr;
     HWND tooltips_ = nullptr;
     HWND last_focus_ = nullptr;
     HWND pressed_button_ = nullptr;
-    bool ready_ = false;  // events reach the window once its controls are there
+    bool ready_ = false;  // events are handled once the controls exist
     Scale scale_;
     Font font_;
-    HostIcons icons_;
+    Icon large_icon_;
+    Icon small_icon_;
     std::vector<Placed> controls_;
     std::optional<std::wstring> caption_;
     ModalScope* modal_ = nullptr;

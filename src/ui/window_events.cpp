@@ -2,24 +2,26 @@
 #include <windows.h>
 
 #include "automation/floating_point.h"
-#include "ui/subclass.h"
+#include "ui/controls.h"
+#include "ui/modal_scope.h"
 #include "ui/window.h"
 
 namespace kovrel {
 namespace {
 
-// What a picture box asks its window for.
-constexpr UINT box_resized = WM_APP + 1;
-constexpr UINT box_paint = WM_APP + 2;
-
-struct Painting {
-    HDC context;
-    RECT bounds;
-};
-
 bool is_push_button(HWND window) noexcept {
     return (SendMessageW(window, WM_GETDLGCODE, 0, 0) &
             (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
+}
+
+/// Runs an event. Its failure is dropped, since there is nobody to report it to.
+template <class Body>
+void quietly(Body&& body) noexcept {
+    try {
+        body();
+    } catch (...) {
+        return;
+    }
 }
 
 }  // namespace
@@ -37,7 +39,7 @@ void Window::focus_inside() {
 
 void Window::command(int id, UINT code, bool from_control) {
     if (id == IDCANCEL && !from_control) {
-        escape();
+        closing();
     } else if (code == BN_CLICKED) {
         clicked(id);
     } else {
@@ -49,13 +51,13 @@ void Window::focus_on(int id) const noexcept {
     SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(id)), TRUE);
 }
 
-/// The push button that has the focus, or else that of the window's design.
+/// The push button with the focus, else the designed default button.
 int Window::default_button(HWND focus) const noexcept {
     return is_push_button(focus) && IsChild(handle_, focus) ? GetDlgCtrlID(focus)
                                                             : design_.default_button;
 }
 
-/// No other button has the frame.
+/// Removes the frame from the other buttons.
 void Window::frame_default_button(HWND focus) const noexcept {
     const int framed = default_button(focus);
     for (const Placed& placed : controls_) {
@@ -67,12 +69,11 @@ void Window::frame_default_button(HWND focus) const noexcept {
     }
 }
 
-/// The keys of a dialog that reach a control itself: in a modeless window, through the loop of a
-/// host that knows nothing of it.
+/// Dialog keys in a modeless window: the host's message loop does not call IsDialogMessage for it.
 bool Window::pressed(WPARAM key) {
     if (modal_ != nullptr) return false;
     if (key == VK_ESCAPE) {
-        escape();
+        closing();
     } else if (key == VK_RETURN && design_.default_button != 0) {
         clicked(design_.default_button);
     } else {
@@ -89,19 +90,13 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_SIZE:
             if (wparam != SIZE_MINIMIZED) form_resize();
             return 0;
-        case box_resized:
-            picture_box_resized(static_cast<int>(wparam));
-            return 0;
-        case box_paint: {
-            const auto* painting = reinterpret_cast<const Painting*>(lparam);
-            paint_picture_box(static_cast<int>(wparam), painting->context, painting->bounds);
-            return 0;
-        }
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLOREDIT:
-            if (HBRUSH const brush =
-                    background_of(reinterpret_cast<HWND>(lparam), reinterpret_cast<HDC>(wparam))) {
-                return reinterpret_cast<LRESULT>(brush);
+            if (has_page_colors(GetDlgCtrlID(reinterpret_cast<HWND>(lparam)))) {
+                auto* const context = reinterpret_cast<HDC>(wparam);
+                SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+                SetBkColor(context, GetSysColor(COLOR_WINDOW));
+                return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
             }
             break;
         case DM_GETDEFID: {
@@ -109,12 +104,12 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             return id != 0 ? MAKELRESULT(id, DC_HASDEFID) : 0;
         }
         case WM_NEXTDLGCTL:
-            // To a control, as a label's access key does, or to the next one or the last.
+            // A given control (as a label's access key does), or the next or the previous one.
             SetFocus(LOWORD(lparam) != FALSE ? reinterpret_cast<HWND>(wparam)
                                              : GetNextDlgTabItem(handle_, GetFocus(), wparam != 0));
             return 0;
         case WM_SHOWWINDOW:
-            // A window that is waited for stays, though the one that owns it is minimised.
+            // A modal window stays visible when its owner is minimised.
             if (lparam == SW_PARENTCLOSING) return 0;
             break;
         case WM_SETFOCUS:
@@ -158,6 +153,7 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPA
     if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
     if (message == WM_NCDESTROY) {
         const std::shared_ptr<Window> last = std::move(self->self_);
+        mark_modeless(window, false);
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
         self->handle_ = self->tooltips_ = self->last_focus_ = self->pressed_button_ = nullptr;
         self->controls_.clear();
@@ -167,32 +163,32 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPA
         return DefWindowProcW(window, message, wparam, lparam);
     }
     const std::shared_ptr<Window> alive = self->weak_from_this().lock();
-    try {
-        return self->handle(message, wparam, lparam);
-    } catch (...) {
-        // An event without a handler of its own has nobody to tell; the host goes on.
-        return 0;
-    }
+    LRESULT result = 0;
+    quietly([&] { result = self->handle(message, wparam, lparam); });
+    return result;
 }
 
 LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    HWND const parent = GetParent(window);
-    const auto id = static_cast<WPARAM>(GetDlgCtrlID(window));
+    auto* const self =
+        reinterpret_cast<Window*>(GetWindowLongPtrW(GetParent(window), GWLP_USERDATA));
+    if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+    const int id = GetDlgCtrlID(window);
     switch (message) {
         case WM_COMMAND:
         case WM_NOTIFY:
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLOREDIT:
         case WM_CTLCOLORBTN:
-            return SendMessageW(parent, message, wparam, lparam);
+            return SendMessageW(self->handle_, message, wparam, lparam);
         case WM_SIZE:
-            SendMessageW(parent, box_resized, id, 0);
+            if (self->ready_) quietly([&] { self->picture_box_resized(id); });
             return 0;
         case WM_PAINT: {
             PAINTSTRUCT paint;
-            Painting painting{BeginPaint(window, &paint), {}};
-            GetClientRect(window, &painting.bounds);
-            SendMessageW(parent, box_paint, id, reinterpret_cast<LPARAM>(&painting));
+            HDC const context = BeginPaint(window, &paint);
+            RECT bounds{};
+            GetClientRect(window, &bounds);
+            if (self->ready_) quietly([&] { self->paint_picture_box(id, context, bounds); });
             EndPaint(window, &paint);
             return 0;
         }
@@ -201,7 +197,7 @@ LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, L
     }
 }
 
-/// What a control has done with a message.
+/// Called after a control has handled a message.
 void Window::watched(HWND control, UINT message, WPARAM wparam) {
     if (message == WM_SETFOCUS) {
         frame_default_button(control);
@@ -216,8 +212,8 @@ void Window::watched(HWND control, UINT message, WPARAM wparam) {
     }
 }
 
-LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                     UINT_PTR id, DWORD_PTR owner) {
+LRESULT CALLBACK Window::watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                       UINT_PTR id, DWORD_PTR owner) {
     const DefaultFloatingPoint floating_point;
     auto* const self = reinterpret_cast<Window*>(owner);
     const std::shared_ptr<Window> alive = self->weak_from_this().lock();
@@ -225,20 +221,12 @@ LRESULT CALLBACK Window::watch_focus(HWND window, UINT message, WPARAM wparam, L
     const bool is_press = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
     if (is_press && is_push_button(window)) self->pressed_button_ = window;
     if (message == WM_KEYDOWN && self->ready_) {
-        try {
-            if (self->pressed(wparam)) return 0;
-        } catch (...) {
-            return 0;
-        }
+        bool taken = true;
+        quietly([&] { taken = self->pressed(wparam); });
+        if (taken) return 0;
     }
-    const LRESULT result = pass_on(&Window::watch_focus, id, window, message, wparam, lparam);
-    if (!self->ready_) return result;
-    try {
-        self->watched(window, message, wparam);
-    } catch (...) {
-        // What the window would have done about it is lost; the host goes on.
-        return result;
-    }
+    const LRESULT result = pass_on(&Window::watch_control, id, window, message, wparam, lparam);
+    if (self->ready_) quietly([&] { self->watched(window, message, wparam); });
     return result;
 }
 

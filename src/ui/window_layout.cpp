@@ -1,5 +1,4 @@
-// Windows on the screen they have: how large they may be and where they lie, their fields, and the
-// icon that they show there.
+// A window's size, its place on the screen, its fields' heights and its icon.
 #include <algorithm>
 
 #include "ui/window.h"
@@ -19,7 +18,7 @@ SIZE Window::outer_size(double width, double height) const noexcept {
     return {bounds.right - bounds.left, bounds.bottom - bounds.top};
 }
 
-/// Of the display that the window is on or, before it is shown, will be.
+/// Of the window's display or, before it is shown, of the active window's.
 RECT Window::work_area() const noexcept {
     HWND const active = GetActiveWindow();
     MONITORINFO monitor{};
@@ -30,12 +29,38 @@ RECT Window::work_area() const noexcept {
     return monitor.rcWork;
 }
 
+Place Window::size_of(HWND window) const noexcept {
+    RECT bounds{};
+    GetWindowRect(window, &bounds);
+    return {0, 0, scale_.twips(bounds.right - bounds.left),
+            scale_.twips(bounds.bottom - bounds.top)};
+}
+
+Place Window::inner_size_of(HWND window) const noexcept {
+    RECT bounds{};
+    GetClientRect(window, &bounds);
+    return {0, 0, scale_.twips(bounds.right), scale_.twips(bounds.bottom)};
+}
+
+RECT Window::bounds() const noexcept {
+    RECT result{};
+    GetWindowRect(handle_, &result);
+    return result;
+}
+
+void Window::resize_outer(int width, int height) const noexcept {
+    SetWindowPos(handle_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Window::move_to(int left, int top) const noexcept {
+    SetWindowPos(handle_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void Window::resize_inner(double width, double height) {
     const SIZE wanted = outer_size(width, height);
     const RECT work = work_area();
-    SetWindowPos(handle_, nullptr, 0, 0, std::min(wanted.cx, work.right - work.left),
-                 std::min(wanted.cy, work.bottom - work.top),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    resize_outer(std::min(wanted.cx, work.right - work.left),
+                 std::min(wanted.cy, work.bottom - work.top));
 }
 
 double Window::tallest_inner() const noexcept {
@@ -46,38 +71,35 @@ double Window::tallest_inner() const noexcept {
 
 void Window::center_on_screen() {
     const RECT work = work_area();
-    RECT bounds{};
-    GetWindowRect(handle_, &bounds);
-    SetWindowPos(handle_, nullptr, (work.left + work.right - (bounds.right - bounds.left)) / 2,
-                 (work.top + work.bottom - (bounds.bottom - bounds.top)) / 2, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT now = bounds();
+    move_to((work.left + work.right - (now.right - now.left)) / 2,
+            (work.top + work.bottom - (now.bottom - now.top)) / 2);
     keep_on_screen();
 }
 
 void Window::keep_on_screen() {
     const RECT work = work_area();
-    RECT bounds{};
-    GetWindowRect(handle_, &bounds);
-    const LONG left = std::min(bounds.left, work.right - (bounds.right - bounds.left));
-    const LONG top = std::min(bounds.top, work.bottom - (bounds.bottom - bounds.top));
-    SetWindowPos(handle_, nullptr, std::max(left, work.left), std::max(top, work.top), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT now = bounds();
+    const LONG left = std::min(now.left, work.right - (now.right - now.left));
+    const LONG top = std::min(now.top, work.bottom - (now.bottom - now.top));
+    move_to(std::max(left, work.left), std::max(top, work.top));
 }
 
 void Window::move_field(int id, const Place& row) {
-    // Edges are as thick at every resolution.
+    // The thickness of edges does not depend on the resolution.
     const int height = line_height(control(id), font()) + 2 * (GetSystemMetrics(SM_CYEDGE) + 1);
     Place next = row;
     next.height = scale_.twips(height);
-    // In whole pixels: the edges of a place are rounded each.
+    // In whole pixels, since put_in_place rounds each edge.
     next.top = scale_.twips(scale_.pixels(row.top + (row.height - next.height) / 2));
     move(id, next);
 }
 
 void Window::take_host_icons() {
-    icons_ = host_icons(GetActiveWindow(), scale_.dots_per_inch());
-    SendMessageW(handle_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icons_.large.get()));
-    SendMessageW(handle_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icons_.small.get()));
+    large_icon_ = host_icon(GetActiveWindow(), true, scale_.dots_per_inch());
+    small_icon_ = host_icon(GetActiveWindow(), false, scale_.dots_per_inch());
+    SendMessageW(handle_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large_icon_.get()));
+    SendMessageW(handle_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small_icon_.get()));
 }
 
 }  // namespace kovrel

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "progress/progress_label.h"
-
 namespace kovrel {
 namespace {
 

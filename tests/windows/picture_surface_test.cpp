@@ -25,14 +25,7 @@ class Surface : public testing::Test {
                  std::int32_t color = 0) {
         return call(picture_.object.get(), L"Line", {options, x1, y1, x2, y2, color});
     }
-    COLORREF pixel(int x, int y) {
-        HDC const context = CreateCompatibleDC(nullptr);
-        HGDIOBJ const previous = SelectObject(context, picture_.surface->bitmap());
-        const COLORREF color = GetPixel(context, x, y);
-        SelectObject(context, previous);
-        DeleteDC(context);
-        return color;
-    }
+    COLORREF pixel(int x, int y) { return GetPixel(picture_.surface->context(), x, y); }
 
     PictureObject picture_ = make_picture();
 };

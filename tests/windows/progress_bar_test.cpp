@@ -13,12 +13,7 @@ using testing::ElementsAre;
 using testing::Gt;
 
 Pixels surface_pixels(const PictureObject& picture, int width, int height) {
-    HDC const context = CreateCompatibleDC(nullptr);
-    HGDIOBJ const previous = SelectObject(context, picture.surface->bitmap());
-    Pixels result = pixels_of(context, width, height);
-    SelectObject(context, previous);
-    DeleteDC(context);
-    return result;
+    return pixels_of(picture.surface->context(), width, height);
 }
 
 std::size_t count(const Pixels& pixels, int left, int right, COLORREF color) {
