@@ -10,7 +10,7 @@
 #include "automation/host_object.h"
 #include "automation/object.h"
 #include "automation/safe_array.h"
-#include "frame/clsFGen.h"
+#include "library/clsFGen.h"
 #include "tests/support/scripted_object.h"
 
 namespace kovrel::bench {

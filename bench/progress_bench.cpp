@@ -10,9 +10,9 @@
 
 #include "automation/host_object.h"
 #include "automation/object.h"
-#include "frame/clsFGen.h"
+#include "library/clsFGen.h"
+#include "services/modal.h"
 #include "tests/support/gui_objects.h"
-#include "ui/modal.h"
 
 namespace kovrel::bench {
 

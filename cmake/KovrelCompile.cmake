@@ -5,7 +5,6 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 add_library(kovrel_compile INTERFACE)
-target_include_directories(kovrel_compile INTERFACE ${CMAKE_SOURCE_DIR}/src)
 target_compile_options(kovrel_compile INTERFACE -Wall -Wextra -Wconversion -Werror)
 
 if(WIN32)
@@ -40,3 +39,10 @@ if(KOVREL_SANITIZE)
                                                   -fno-omit-frame-pointer)
   target_link_options(kovrel_compile INTERFACE -fsanitize=address,undefined)
 endif()
+
+# kovrel_version_resource(target product description) tells users of a DLL's file what it is.
+function(kovrel_version_resource target product description)
+  set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc)
+  configure_file(${CMAKE_SOURCE_DIR}/cmake/version.rc.in ${resource} @ONLY)
+  target_sources(${target} PRIVATE ${resource})
+endfunction()

@@ -7,25 +7,17 @@
 #include <fstream>
 #include <string_view>
 
-#include "automation/type_library_writer.h"
-#include "frame/library.h"
+#include "library/library.h"
 #include "runtime/failure.h"
+#include "services/text_encoding.h"
 #include "tools/header_writer.h"
 #include "tools/manifest_writer.h"
+#include "tools/type_library_writer.h"
 
 namespace {
 
-std::string utf8(std::wstring_view text) {
-    const auto size = static_cast<int>(text.size());
-    const int needed =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
-    std::string result(static_cast<std::size_t>(needed), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), size, result.data(), needed, nullptr, nullptr);
-    return result;
-}
-
 bool save(const wchar_t* path, std::wstring_view text) {
-    const std::string content = utf8(text);
+    const std::string content = kovrel::to_utf8(text);
     std::ofstream file(std::filesystem::path(path), std::ios::binary);
     file.write(content.data(), static_cast<std::streamsize>(content.size()));
     file.close();

@@ -13,9 +13,10 @@
 #include <set>
 
 #include "automation/variant.h"
-#include "frame/library.h"
+#include "library/library.h"
 #include "reference_writer_notes.h"
 #include "reference_writer_signature.h"
+#include "services/text_encoding.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ using namespace kovrel::reference;
 
 std::ifstream open(const std::filesystem::path& file) {
     std::ifstream input(file, std::ios::binary);
-    if (!input) throw NotesError(utf8(file.filename().wstring()) + " cannot be read");
+    if (!input) throw NotesError(to_utf8(file.filename().wstring()) + " cannot be read");
     return input;
 }
 
@@ -49,14 +50,14 @@ std::vector<Accessors> members_of(const ClassInfo& info) {
 }
 
 std::string anchor_of(const ClassInfo& info, const std::string& member) {
-    return utf8(info.name) + "." + member;
+    return to_utf8(info.name) + "." + member;
 }
 
 std::string written_back(const MemberInfo& member) {
     std::string names;
     for (const ParameterInfo& parameter : member.parameters) {
         if (!parameter.written_back) continue;
-        names += (names.empty() ? "`" : ", `") + utf8(parameter.name) + "`";
+        names += (names.empty() ? "`" : ", `") + to_utf8(parameter.name) + "`";
     }
     return names.empty() ? "" : field("Escribe en sus parámetros", names + ".");
 }
@@ -69,7 +70,7 @@ std::string when_omitted(const MemberInfo& member) {
             continue;
         }
         text += (text.empty() ? "" : " ");
-        text += "`" + utf8(parameter.name) + "` está declarado con el valor `" +
+        text += "`" + to_utf8(parameter.name) + "` está declarado con el valor `" +
                 literal(*parameter.declared_default) +
                 "`, que es el que ponen los compiladores; en una llamada por nombre (VBScript, "
                 "JScript, PowerShell…) que lo omite cuenta como `" +
@@ -83,7 +84,7 @@ std::string member_page(const ClassInfo& info, const Accessors& accessors,
     const MemberInfo& member = *accessors.front();
     const std::string anchor = anchor_of(info, notes.name);
     std::string page = "<a id=\"" + anchor + "\"></a>\n\n### " + notes.name + "\n\n";
-    page += "*" + kind_of(accessors) + ".* " + utf8(member.help) + "\n\n";
+    page += "*" + kind_of(accessors) + ".* " + to_utf8(member.help) + "\n\n";
     page += fenced("vb", signature_of(accessors));
     page += written_back(member) + when_omitted(member);
     page += field("Notas", notes.remarks) + field("Mensajes", notes.messages);
@@ -92,11 +93,12 @@ std::string member_page(const ClassInfo& info, const Accessors& accessors,
 }
 
 std::string class_page(const ClassInfo& info, const ClassNotes& notes) {
-    const std::string name = utf8(info.name);
+    const std::string name = to_utf8(info.name);
     std::map<std::string, const MemberNotes*> by_name;
     for (const MemberNotes& member : notes.members) by_name[member.name] = &member;
-    std::string page = "## " + name + "\n\n" + utf8(info.help) + "\n\n";
-    page += "ProgID `" + utf8(info.prog_id) + "`, interfaz `" + utf8(info.interface_name) + "`. ";
+    std::string page = "## " + name + "\n\n" + to_utf8(info.help) + "\n\n";
+    page +=
+        "ProgID `" + to_utf8(info.prog_id) + "`, interfaz `" + to_utf8(info.interface_name) + "`. ";
     page += info.instancing == Instancing::global
                 ? "Clase global: con una referencia a la biblioteca, sus miembros se pueden llamar "
                   "sin crear una instancia; también se puede crear.\n\n"
@@ -109,11 +111,11 @@ std::string class_page(const ClassInfo& info, const ClassNotes& notes) {
     std::string index = "| miembro | para qué |\n|---|---|\n";
     std::string members;
     for (const Accessors& accessors : members_of(info)) {
-        const std::string member = utf8(accessors.front()->name);
+        const std::string member = to_utf8(accessors.front()->name);
         const auto found = by_name.find(member);
         if (found == by_name.end()) throw NotesError(name + ".md: nothing about " + member);
         index += "| [" + member + "](#" + anchor_of(info, member) + ") | " +
-                 utf8(accessors.front()->help) + " |\n";
+                 to_utf8(accessors.front()->help) + " |\n";
         members += member_page(info, accessors, *found->second);
         by_name.erase(found);
     }
@@ -124,21 +126,23 @@ std::string class_page(const ClassInfo& info, const ClassNotes& notes) {
 }
 
 std::string enumeration_page(const EnumInfo& info) {
-    std::string page = "## " + utf8(info.name) + "\n\n*Enumeración.* " + utf8(info.help) + "\n\n";
+    std::string page =
+        "## " + to_utf8(info.name) + "\n\n*Enumeración.* " + to_utf8(info.help) + "\n\n";
     page += "| nombre | valor | significado |\n|---|---|---|\n";
     for (const EnumInfo::Value& value : info.values) {
         char number[32];
         // Without the last sign Basic would take &H8000 for a negative number.
         std::snprintf(number, sizeof number, "%ld (&H%lX&)", static_cast<long>(value.value),
                       static_cast<unsigned long>(value.value));
-        page += "| `" + utf8(value.name) + "` | " + number + " | " + utf8(value.help) + " |\n";
+        page +=
+            "| `" + to_utf8(value.name) + "` | " + number + " | " + to_utf8(value.help) + " |\n";
     }
     return page + "\n";
 }
 
 std::string record_page(const RecordInfo& info) {
-    return "## " + utf8(info.name) + "\n\n*Registro.* " + utf8(info.help) + "\n\n" +
-           fenced("vb", "Type " + utf8(info.name) + "\n    " + utf8(info.field) + "(0 To " +
+    return "## " + to_utf8(info.name) + "\n\n*Registro.* " + to_utf8(info.help) + "\n\n" +
+           fenced("vb", "Type " + to_utf8(info.name) + "\n    " + to_utf8(info.field) + "(0 To " +
                             std::to_string(info.size - 1) + ") As String\nEnd Type\n");
 }
 
@@ -148,7 +152,7 @@ std::string whole_page(const std::filesystem::path& notes) {
     page += "\n";
     for (const ClassInfo* info : library.classes) {
         std::ifstream input = open(notes / (std::wstring(info->name) + L".md"));
-        page += class_page(*info, parse_notes(input, utf8(info->name) + ".md"));
+        page += class_page(*info, parse_notes(input, to_utf8(info->name) + ".md"));
     }
     for (const EnumInfo* info : library.enumerations) page += enumeration_page(*info);
     for (const RecordInfo* info : library.records) page += record_page(*info);
@@ -164,7 +168,7 @@ void check_files(const std::filesystem::path& notes) {
     }
     for (const auto& entry : std::filesystem::directory_iterator(notes)) {
         const std::wstring name = entry.path().filename().wstring();
-        if (!expected.contains(name)) throw NotesError("there is no class for " + utf8(name));
+        if (!expected.contains(name)) throw NotesError("there is no class for " + to_utf8(name));
     }
 }
 

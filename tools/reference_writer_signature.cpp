@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "automation/variant.h"
+#include "services/text_encoding.h"
 
 namespace kovrel::reference {
 namespace {
@@ -13,7 +14,7 @@ std::string parameter_text(const ParameterInfo& parameter) {
     std::string text = parameter.optional ? "Optional " : "";
     text += parameter.by_reference ? "ByRef " : "ByVal ";
     // The value that a property is given has no name of its own.
-    text += parameter.name != nullptr ? utf8(parameter.name) : "valor";
+    text += parameter.name != nullptr ? to_utf8(parameter.name) : "valor";
     text += " As " + type_name(parameter.type);
     if (parameter.declared_default != nullptr) text += " = " + literal(*parameter.declared_default);
     return text;
@@ -34,7 +35,7 @@ std::string keyword_of(const MemberInfo& member) {
 }
 
 std::string declaration_of(const MemberInfo& member) {
-    const std::string begin = keyword_of(member) + " " + utf8(member.name) + "(";
+    const std::string begin = keyword_of(member) + " " + to_utf8(member.name) + "(";
     std::string end = ")";
     if (member.result.type != VT_VOID) end += " As " + type_name(member.result);
     std::string on_one_line;
@@ -49,15 +50,6 @@ std::string declaration_of(const MemberInfo& member) {
 }
 
 }  // namespace
-
-std::string utf8(std::wstring_view text) {
-    std::string bytes(text.size() * 3, '\0');
-    const int used =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(used));
-    return bytes;
-}
 
 std::string kind_of(const Accessors& accessors) {
     const MemberInfo& first = *accessors.front();
@@ -80,9 +72,9 @@ std::string signature_of(const Accessors& accessors) {
 }
 
 std::string type_name(const TypeRef& type) {
-    if (type.enumeration != nullptr) return utf8(type.enumeration->name);
-    if (type.record != nullptr) return utf8(type.record->name);
-    if (type.instance_of != nullptr) return utf8(type.instance_of->name);
+    if (type.enumeration != nullptr) return to_utf8(type.enumeration->name);
+    if (type.record != nullptr) return to_utf8(type.record->name);
+    if (type.instance_of != nullptr) return to_utf8(type.instance_of->name);
     if (type.picture) return "IPictureDisp";
     switch (type.type) {
         case VT_BSTR:
@@ -114,7 +106,7 @@ std::string literal(const VARIANT& constant) {
     const Variant value(constant);
     switch (value.vt) {
         case VT_BSTR:
-            return "\"" + utf8(value.to_text()) + "\"";
+            return "\"" + to_utf8(value.to_text()) + "\"";
         case VT_BOOL:
             return value.to_bool() ? "True" : "False";
         case VT_DATE:

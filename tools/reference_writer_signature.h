@@ -2,14 +2,11 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "automation/class_info.h"
 
 namespace kovrel::reference {
-
-[[nodiscard]] std::string utf8(std::wstring_view text);
 
 /// The accessors of one member: a method has one, a property up to two.
 using Accessors = std::vector<const MemberInfo*>;

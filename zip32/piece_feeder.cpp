@@ -22,10 +22,6 @@ std::unique_ptr<Piece> PieceFeeder::next_piece() {
     return pool_.take();
 }
 
-void PieceFeeder::give_back(std::unique_ptr<Piece> piece) {
-    pool_.give_back(std::move(piece));
-}
-
 void PieceFeeder::read_ahead() {
     while (reading_ || next_path_ < paths_.size()) {
         if (!reading_) {

@@ -25,7 +25,7 @@ class PieceFeeder {
     /// bytes, or of a whole number of pieces, ends in a piece without data.
     /// Throws ZipError read_failed or what the compression threw.
     [[nodiscard]] std::unique_ptr<Piece> next_piece();
-    void give_back(std::unique_ptr<Piece> piece);
+    void give_back(std::unique_ptr<Piece> piece) { pool_.give_back(std::move(piece)); }
 
  private:
     void read_ahead();

@@ -1,14 +1,14 @@
 # shellcheck shell=bash disable=SC2154
 # Packs what dist/ holds: the zip archive and the installer. Source after common.sh.
 
-product_version() { sed -n 's/^#define KOVREL_VERSION_TEXT "\(.*\)"$/\1/p' "$root/src/frame/version.h"; }
+product_version() { sed -n 's/^project(kovrel VERSION \([0-9.]*\) .*/\1/p' "$root/CMakeLists.txt"; }
 
 # One time for everything packed, so that the same sources give the same packages.
 package_time() {
     if [ -n "${SOURCE_DATE_EPOCH:-}" ]; then
         echo "$SOURCE_DATE_EPOCH"
     else
-        git -C "$root" log -1 --format=%ct 2>/dev/null || stat -c %Y "$root/src/frame/version.h"
+        git -C "$root" log -1 --format=%ct 2>/dev/null || stat -c %Y "$root/CMakeLists.txt"
     fi
 }
 
@@ -24,7 +24,7 @@ stage_package() {
         if [ -d "$root/dist/$part" ]; then cp -r "$root/dist/$part" "$folder/$part"; fi
     done
     for file in README.md docs/guia.md docs/referencia.md docs/imagenes \
-        examples/cpp/recibo.cpp examples/cpp/recibo.exe.manifest.in; do
+        examples/cpp/recibo.cpp examples/cpp/recibo.exe.manifest.in examples/ficha; do
         if [ -e "$root/$file" ]; then (cd "$root" && cp -r --parents "$file" "$folder"); fi
     done
     find "$folder" -type f -exec chmod 644 {} +
@@ -67,7 +67,7 @@ make_zip() {
 make_packages() {
     local version name folder
     version=$(product_version)
-    [ -n "$version" ] || die "src/frame/version.h names no version"
+    [ -n "$version" ] || die "CMakeLists.txt names no version"
     name="kovrel-$version"
     folder="$build/package/$name"
     say "packing $name"

@@ -1,4 +1,4 @@
-// The one place where a failure inside the library becomes what a host sees.
+// Translates failures inside the library into the HRESULT and error object that a host sees.
 #pragma once
 
 #include <windows.h>
@@ -20,12 +20,13 @@ namespace kovrel {
 void set_error_object(const Failure& failure, const wchar_t* source,
                       const GUID& interface_id) noexcept;
 
-/// Runs one call of a host's, given as a function and what it works on; no exception leaves it.
+/// Runs one call from a host; no exception leaves it. One function for all calls keeps the catch
+/// block out of the templates.
 HRESULT run_at_boundary(const wchar_t* source, const GUID& interface_id, void (*body)(void*),
                         void* context) noexcept;
 
-/// Runs one call of a host's that goes to no interface of the library's own. `source` is the ProgID
-/// that the host sees in a failure.
+/// The same for calls through a standard interface (class factory, registration). `source` is the
+/// ProgID that the host sees in a failure.
 template <class Body>
 HRESULT boundary(const wchar_t* source, Body&& body) noexcept {
     return run_at_boundary(

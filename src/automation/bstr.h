@@ -1,4 +1,4 @@
-// Owner of one BSTR, and the ways between BSTR and std::wstring. A null BSTR is an empty text.
+// Owner of one BSTR, and conversions between BSTR and std::wstring. A null BSTR is an empty text.
 #pragma once
 
 #include <windows.h>

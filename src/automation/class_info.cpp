@@ -15,14 +15,14 @@ const MemberInfo* ClassInfo::Accessors::any() const noexcept {
 
 DISPID ClassInfo::find(std::wstring_view member) const {
     const std::wstring wanted = to_upper(member);
-    // Below, at or above the wanted name, as the name of an id in capitals is.
+    // Compares the name of an id, in capitals, with the wanted one: negative, 0 or positive.
     const auto order = [&](std::uint16_t id) {
         const std::wstring_view name = members[by_id[id - 1U]].name;
         const auto pair =
             std::mismatch(name.begin(), name.end(), wanted.begin(), wanted.end(),
-                          [](wchar_t own, wchar_t other) { return capital_in_name(own) == other; });
+                          [](wchar_t own, wchar_t other) { return to_upper(own) == other; });
         if (pair.first == name.end()) return pair.second == wanted.end() ? 0 : -1;
-        return pair.second == wanted.end() || capital_in_name(*pair.first) > *pair.second ? 1 : -1;
+        return pair.second == wanted.end() || to_upper(*pair.first) > *pair.second ? 1 : -1;
     };
     const auto found = std::partition_point(by_name.begin(), by_name.end(),
                                             [&](std::uint16_t id) { return order(id) < 0; });
@@ -54,7 +54,7 @@ ClassInfo::Accessors ClassInfo::accessors(DISPID id) const noexcept {
     Accessors result;
     if (id == DISPID_VALUE) id = default_member;
     if (id < 1 || static_cast<std::size_t>(id) > by_id.size()) return result;
-    // A property's accessors stand side by side.
+    // The accessors of a property are adjacent.
     for (const MemberInfo& member : members.subspan(by_id[static_cast<std::size_t>(id - 1)])) {
         if (member.id != id) break;
         switch (member.kind) {

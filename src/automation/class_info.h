@@ -1,6 +1,6 @@
 // What a class declaration becomes: the tables that the vtable, late binding, the type library,
-// registration and the reference page are made from. They are read-only data of the module, since a
-// host may hold an object to the very end of the process, after the library was told of it.
+// registration and the reference page are made from. They are read-only data: a host may call an
+// object after DLL_PROCESS_DETACH, when anything with a destructor would be gone.
 #pragma once
 
 #include <windows.h>
@@ -54,7 +54,7 @@ struct ParameterInfo {
     bool optional;
     /// The default that the type library declares and an early-binding compiler passes; null: none.
     const VARIANT* declared_default;
-    /// What an argument counts as that reaches the library as missing.
+    /// The value of an argument that arrives as missing.
     const VARIANT& when_missing;
 };
 
@@ -67,7 +67,7 @@ struct MemberInfo {
     MemberKind kind;
     std::span<const ParameterInfo> parameters;
     const TypeRef& result;
-    /// Late-bound entry: what the late call holds crosses to and from the member.
+    /// Late-bound entry: converts the arguments, calls the member and writes back.
     void (*late)(void* implementation, LateCall& late_call);
 };
 
@@ -108,16 +108,9 @@ struct ClassInfo {
     /// The ids of a member's name and of names of its parameters, as IDispatch hands them out:
     /// DISPID_UNKNOWN for each unknown name, and then DISP_E_UNKNOWNNAME.
     HRESULT find_ids(LPOLESTR* names, UINT count, DISPID* ids) const;
-    /// None for an id that nothing has.
+    /// All null for an unknown id.
     [[nodiscard]] Accessors accessors(DISPID id) const noexcept;
 };
-
-/// The capital of a character of a declared name, which has letters of ASCII and Latin-1 only.
-[[nodiscard]] constexpr wchar_t capital_in_name(wchar_t character) noexcept {
-    const bool small = (character >= L'a' && character <= L'z') ||
-                       (character >= 0xE0 && character <= 0xFE && character != 0xF7);
-    return static_cast<wchar_t>(small ? character - 0x20 : character);
-}
 
 /// The type library as a whole.
 struct LibraryInfo {

@@ -1,4 +1,4 @@
-// From a class's declaration to its tables. Everything here happens while the library is compiled.
+// Turns a class's declaration into its tables, at compile time.
 #pragma once
 
 #include <algorithm>
@@ -11,17 +11,18 @@
 #include "automation/class_info.h"
 #include "automation/object.h"
 #include "automation/thunk.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 
-/// A text as the platform lays out its own: the number of its bytes stands in front.
+/// A text laid out as a BSTR: preceded by its length in bytes.
 template <std::size_t Size>
 struct TextConstant {
     std::uint32_t bytes = (Size - 1) * sizeof(wchar_t);
     wchar_t characters[Size]{};
 };
 
-/// Texts one behind the other as one.
+/// The concatenation of the texts.
 template <std::size_t Size>
 [[nodiscard]] consteval TextConstant<Size> joined(std::wstring_view first,
                                                   std::wstring_view second = {},
@@ -34,7 +35,7 @@ template <std::size_t Size>
     return result;
 }
 
-/// A number, or what a type has instead of a default, as a value of a parameter's type.
+/// A declared default as a VARIANT of the parameter's type; without one, the type's zero value.
 template <class Default>
 [[nodiscard]] consteval VARIANT number_constant(const Default& given, VARTYPE type) {
     VARIANT result{};
@@ -69,7 +70,7 @@ template <class Default>
     return result;
 }
 
-/// A parameter that is not optional counts as nothing when it is missing.
+/// Placeholder for parameters that are not optional.
 inline constexpr VARIANT no_value{};
 
 template <const auto& declared, class Declared = std::remove_cvref_t<decltype(declared)>>
@@ -198,9 +199,8 @@ struct ClassTables<declared, Declaration<Class, ParameterCount, Thunks...>> {
             const std::wstring_view a = name(left);
             const std::wstring_view b = name(right);
             return std::lexicographical_compare(
-                a.begin(), a.end(), b.begin(), b.end(), [](wchar_t one, wchar_t other) {
-                    return capital_in_name(one) < capital_in_name(other);
-                });
+                a.begin(), a.end(), b.begin(), b.end(),
+                [](wchar_t one, wchar_t other) { return to_upper(one) < to_upper(other); });
         });
         return result;
     }

@@ -13,7 +13,7 @@ class ComPtr {
  public:
     ComPtr() noexcept = default;
     ComPtr(std::nullptr_t) noexcept {}
-    /// Takes a further reference.
+    /// Adds a reference.
     explicit ComPtr(Interface* pointer) noexcept : pointer_(pointer) {
         if (pointer_ != nullptr) pointer_->AddRef();
     }
@@ -27,16 +27,16 @@ class ComPtr {
         if (pointer_ != nullptr) pointer_->Release();
     }
 
-    /// Takes over a reference that somebody else counted.
+    /// Takes over an existing reference without AddRef.
     [[nodiscard]] static ComPtr attach(Interface* pointer) noexcept {
         ComPtr result;
         result.pointer_ = pointer;
         return result;
     }
-    /// Gives the reference away, uncounted.
+    /// Gives up ownership without Release.
     [[nodiscard]] Interface* detach() noexcept { return std::exchange(pointer_, nullptr); }
 
-    /// Where a function writes its result; the old reference is given up first.
+    /// The address for an out parameter; the old reference is released first.
     [[nodiscard]] Interface** put() noexcept {
         *this = ComPtr();
         return &pointer_;

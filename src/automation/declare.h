@@ -19,7 +19,7 @@
 
 namespace kovrel {
 
-/// A default as it stands in a declaration; the parameter's own type is given to it later.
+/// A default as written in a declaration, before it is converted to the parameter's type.
 struct Default {
     constexpr Default() = default;
     // NOLINTBEGIN(google-explicit-constructor): a declaration gives the plain values.
@@ -52,8 +52,8 @@ struct Parameter {
     Default when_missing{};
 };
 
-/// An optional parameter whose declared default, which compilers pass, differs from what the member
-/// takes an omitted argument for.
+/// An optional parameter whose declared default, which compilers pass, differs from the value that
+/// an omitted late-bound argument has.
 [[nodiscard]] constexpr Parameter optional(const wchar_t* name, Default default_value,
                                            Default when_missing) {
     Parameter result(name);
@@ -63,8 +63,7 @@ struct Parameter {
     return result;
 }
 
-/// An optional parameter with a default that the type library declares and that an omitted argument
-/// counts as.
+/// An optional parameter with one default for both.
 [[nodiscard]] constexpr Parameter optional(const wchar_t* name, Default default_value) {
     return optional(name, default_value, default_value);
 }
@@ -75,7 +74,7 @@ struct Parameter {
     return optional(name, Default());
 }
 
-/// What hosts know a class by, for ever.
+/// What hosts know a class by. Never changes once published.
 struct ClassIdentity {
     const wchar_t* type_library;  ///< its name is the first part of the ProgID
     const wchar_t* name;  ///< the second part; with an underscore in front, the interface's name
@@ -85,7 +84,7 @@ struct ClassIdentity {
         DISPID_UNKNOWN;  ///< the place of a member, from 1, that hosts need not name
 };
 
-/// What a member's signature does not tell.
+/// What cannot be derived from a member's signature.
 struct DeclaredMember {
     MemberKind kind{};
     const wchar_t* name = nullptr;

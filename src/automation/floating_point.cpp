@@ -7,14 +7,14 @@
 namespace kovrel {
 namespace {
 
-// Nearest, every digit, no exception raised. The run time is made for these.
+// Round to nearest, full precision, all exceptions masked: what the C++ run time expects.
 constexpr std::uint32_t default_sse = 0x1F80;
 constexpr std::uint16_t default_x87 = 0x037F;
 
-constexpr std::uint32_t sse_exceptions = 0x3F;      // noted so far; the rest is control
-constexpr std::uint16_t x87_control_bits = 0x0F3F;  // the rest means nothing
-constexpr std::uint16_t x87_exceptions = 0x7F;      // noted so far, the stack's with them
-constexpr std::uint16_t x87_pending = 0x80;         // one is about to be raised
+constexpr std::uint32_t sse_exceptions = 0x3F;      // sticky exception flags; the rest is control
+constexpr std::uint16_t x87_control_bits = 0x0F3F;  // the rest is reserved
+constexpr std::uint16_t x87_exceptions = 0x7F;      // sticky exception flags, stack fault included
+constexpr std::uint16_t x87_pending = 0x80;         // an unmasked exception is pending
 
 void set_sse(std::uint32_t value) noexcept {
     asm volatile("ldmxcsr %0" : : "m"(value) : "memory");
@@ -24,9 +24,9 @@ void set_x87_control(std::uint16_t value) noexcept {
     asm volatile("fldcw %0" : : "m"(value) : "memory");
 }
 
-/// Control and exceptions at once: none may be raised between the two.
+/// Sets control word and flags in one instruction: in two, an exception could be raised between.
 void set_x87(const FloatingPointState& state) noexcept {
-    std::array<std::uint32_t, 7> environment;  // as fnstenv lays it out
+    std::array<std::uint32_t, 7> environment;  // layout of fnstenv
     asm volatile("fnstenv %0" : "=m"(environment));
     environment[0] = (environment[0] & 0xFFFF0000U) | state.x87_control;
     environment[1] = (environment[1] & ~std::uint32_t{x87_exceptions | x87_pending}) |
@@ -44,14 +44,14 @@ std::uint16_t x87_status() noexcept {
     return status;
 }
 
-/// The host's state is left in memory as it is stored, in its pieces: the processor would wait for
-/// them where they are read as one.
+/// Each register is stored and later loaded with its own size: a wider load would miss the
+/// processor's store forwarding.
 void enter_default(FloatingPointState& host) noexcept {
     asm volatile("stmxcsr %0\n\tfnstcw %1" : "=m"(host.sse), "=m"(host.x87_control));
     if ((host.sse & ~sse_exceptions) != default_sse) set_sse(default_sse);
     if (is_default_x87(host.x87_control)) return;
     host.x87_status = x87_status();
-    // The next instruction that waits would raise it, here.
+    // The next waiting instruction would raise it here, inside the library.
     if ((host.x87_status & x87_pending) != 0) asm volatile("fnclex");
     set_x87_control(default_x87);
 }
@@ -66,7 +66,7 @@ void hand_back(const FloatingPointState& host) noexcept {
     }
 }
 
-/// The innermost scope that the thread computes in.
+/// The innermost scope of the thread.
 constinit ThreadSlot<DefaultFloatingPoint> current_scope;
 
 }  // namespace

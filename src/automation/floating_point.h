@@ -1,23 +1,22 @@
-// The floating-point environment of a call. Hosts have their own: exceptions that are raised, fewer
-// digits, another rounding. The library and what it asks of the platform compute in the default
-// one, and wherever the host's code runs the host's is in force.
+// The floating-point environment of a call. Hosts may unmask exceptions or change precision and
+// rounding. The library and the platform functions that it calls run in the default environment;
+// host code that it calls runs in the host's.
 #pragma once
 
 #include <cstdint>
 
 namespace kovrel {
 
-/// Both floating-point units: what they are set to, and the exceptions that they have noted. What
-/// the older unit notes counts where it is not set to the default, and any function may add to it
-/// where it is.
+/// Control and status of both floating-point units (SSE and x87). The x87 status is saved only
+/// where its control word is not the default: otherwise any function may have changed its flags.
 struct FloatingPointState {
     std::uint32_t sse;
     std::uint16_t x87_control;
     std::uint16_t x87_status;
 };
 
-/// The default environment from its construction to the end of the scope, where the host's is
-/// handed back. Stands wherever the host comes in: calls, window procedures.
+/// Sets the default environment and restores the host's at the end of the scope. Used wherever
+/// control enters from the host: member calls and window procedures.
 class DefaultFloatingPoint {
  public:
     DefaultFloatingPoint() noexcept;
@@ -32,8 +31,8 @@ class DefaultFloatingPoint {
     DefaultFloatingPoint* const outer_;
 };
 
-/// The host's environment, as it was when the host came in, while the library calls the host: its
-/// objects, its windows. What the host changes it to is what it is handed back.
+/// Restores the host's environment while the library calls host objects or windows. Changes that
+/// the host makes meanwhile are kept for it.
 class HostFloatingPoint {
  public:
     HostFloatingPoint() noexcept;

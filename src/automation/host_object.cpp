@@ -5,19 +5,18 @@
 #include <vector>
 
 #include "automation/bstr.h"
-#include "automation/by_reference.h"
 #include "automation/floating_point.h"
 #include "automation/platform_failure.h"
+#include "automation/variant_argument.h"
 #include "runtime/failure.h"
 
 namespace kovrel {
 namespace {
 
-/// Default members that lead to objects are followed this far; an object that is its own default
-/// value would be followed for ever.
+/// Limit on chains of default values: an object that is its own default value would never end.
 constexpr int default_value_depth = 16;
 
-/// The exception record that a failed call filled, freed at the end.
+/// Owner of the EXCEPINFO that a failed call fills.
 class ExceptionRecord {
  public:
     ExceptionRecord() = default;
@@ -44,10 +43,10 @@ class ExceptionRecord {
     EXCEPINFO record_{};
 };
 
-/// How objects say that a member cannot be read without its argument.
-bool lacks_argument(std::int32_t number) {
-    return number == static_cast<std::int32_t>(FailureNumber::wrong_argument_count) ||
-           number == static_cast<std::int32_t>(FailureNumber::argument_not_optional);
+/// Whether a failure means that the member needs an argument.
+bool lacks_argument(const Failure& failure) {
+    return failure.is(FailureNumber::wrong_argument_count) ||
+           failure.is(FailureNumber::argument_not_optional);
 }
 
 }  // namespace
@@ -61,7 +60,7 @@ HRESULT HostObject::ask_for_id(std::wstring& name, DISPID& id) const {
     LPOLESTR names = name.data();
     const HRESULT result = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
     if (result != E_NOTIMPL) return result;
-    // Wine's script engine tells the names of its own objects' members here only.
+    // Objects of Wine's script engine resolve names through IDispatchEx only.
     const auto extended = object_.query<IDispatchEx>();
     if (!extended) return result;
     return extended->GetDispID(Bstr(name).get(), fdexNameCaseInsensitive, &id);
@@ -139,20 +138,19 @@ Variant HostObject::element(std::wstring_view member, std::int32_t index) const 
     try {
         collection = get(member);
     } catch (const Failure& failure) {
-        if (!lacks_argument(failure.number())) throw;
+        if (!lacks_argument(failure)) throw;
         return get(member, {Variant(index)});
     }
     return HostObject(collection).indexed(index);
 }
 
-/// What the default member gives for an index; collections without one have it as `Item`.
+/// The default member with an index; `Item` for collections that have no default member.
 Variant HostObject::indexed(std::int32_t index) const {
     const Variant argument(index);
     try {
         return invoke(DISPID_VALUE, DISPATCH_PROPERTYGET | DISPATCH_METHOD, &argument, 1);
     } catch (const Failure& failure) {
-        constexpr auto absent = static_cast<std::int32_t>(FailureNumber::member_not_found);
-        if (failure.number() != absent) throw;
+        if (!failure.is(FailureNumber::member_not_found)) throw;
         return get(L"Item", {argument});
     }
 }

@@ -11,11 +11,10 @@
 
 namespace kovrel {
 
-/// Holds one reference for as long as the library works with the object, so that an object that
-/// releases itself during a call stays alive until the call ends. Every failure of the object's is
-/// a Failure: 438 for an unknown name, otherwise the object's own number and description, a
-/// platform code being the run-time failure that it stands for (those that stand for none stay
-/// negative).
+/// Holds a reference, so that an object that releases itself during a call survives the call.
+/// Errors become a Failure: 438 for an unknown name, otherwise the object's own number and
+/// description; HRESULTs are mapped to run-time failure numbers where there is one and stay
+/// negative where there is none.
 class HostObject {
  public:
     /// Failure 91 when there is no object.
@@ -27,16 +26,17 @@ class HostObject {
     using Arguments = std::initializer_list<Variant>;
 
     [[nodiscard]] Variant get(std::wstring_view member, Arguments arguments = {}) const;
-    /// The value of a field. Script hosts may take `get` for a call of what the field holds.
+    /// The value of a field, asked for as a property only: a script object would call a function
+    /// that the field holds if it were asked for as a method too.
     [[nodiscard]] Variant field(std::wstring_view member) const;
     void put(std::wstring_view member, const Variant& value) const;
-    /// Sets a property to an object by reference ("Set" in the hosts that know the difference).
+    /// Assigns an object by reference (DISPATCH_PROPERTYPUTREF).
     void put_object(std::wstring_view member, const Variant& value) const;
     Variant call(std::wstring_view member, Arguments arguments = {}) const;
-    /// An element of a collection: `member(index)`. The index goes to the collection that the
-    /// member gives, or to the member itself where it asks for one.
+    /// `member(index)`: the index goes to the collection that the member returns, or to the member
+    /// itself where it takes one.
     [[nodiscard]] Variant element(std::wstring_view member, std::int32_t index) const;
-    /// The value of the default member, followed until it is no object any more.
+    /// The value of the default member; where that is an object, its default value in turn.
     [[nodiscard]] Variant default_value() const;
 
     [[nodiscard]] bool has(std::wstring_view member) const;

@@ -3,15 +3,15 @@
 #include <string>
 
 #include "automation/bstr.h"
-#include "automation/by_reference.h"
 #include "automation/host_object.h"
+#include "automation/variant_argument.h"
 #include "runtime/failure.h"
 #include "runtime/text.h"
 
 namespace kovrel {
 namespace {
 
-/// An argument that cannot become what the member needs.
+/// An argument that cannot be converted to the parameter's type.
 struct BadValue {
     HRESULT result;
 };
@@ -98,7 +98,7 @@ LateCall::LateCall(const MemberInfo& member, const DISPPARAMS& parameters, VARIA
         if (argument == nullptr) continue;
         VARIANT* const value = followed(argument);
         if (value == nullptr) fail(index, DISP_E_TYPEMISMATCH);
-        // A variant parameter that has no default can itself hold the missing marker.
+        // A VARIANT parameter without a default takes the missing marker as a value.
         const ParameterInfo& parameter = member.parameters[index];
         if (is_missing(*value) && (parameter.optional || parameter.type.type != VT_VARIANT)) {
             if (!parameter.optional) fail(index, DISP_E_PARAMNOTOPTIONAL);

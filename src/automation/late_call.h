@@ -15,7 +15,7 @@
 
 namespace kovrel {
 
-/// No declared member takes more arguments than this.
+/// The most parameters that a declared member may have.
 constexpr std::size_t max_parameters = 8;
 
 /// A call that does not fit the member: what Invoke answers, and the argument at fault.
@@ -32,13 +32,13 @@ class LateCall {
 
     [[nodiscard]] const MemberInfo& member() const noexcept { return *member_; }
 
-    /// The argument, by-reference variants followed; what a missing one counts as when omitted.
-    /// It can still be a by-reference value of another type.
+    /// The argument, by-reference variants followed, or its default when omitted. It can still be a
+    /// by-reference value of another type.
     [[nodiscard]] const VARIANT& argument(std::size_t parameter) const;
 
     /// The argument as a value of a type, by the user's regional settings; throws CallError.
     [[nodiscard]] Variant coerced(std::size_t parameter, VARTYPE type) const;
-    /// The argument as it stands, by-reference values copied.
+    /// A copy of the argument without conversion, references followed.
     [[nodiscard]] Variant copied(std::size_t parameter) const;
     /// The argument as texts for a record's fixed array: the record itself, an array of texts, or
     /// a script's array object. Throws CallError for anything else, or for too many texts.
@@ -46,10 +46,9 @@ class LateCall {
                                                   const RecordInfo& record) const;
 
     /// Stores a changed value in the caller's variable, in the variable's own type when it has one.
-    /// An argument that was passed by value has no variable and keeps nothing.
+    /// Does nothing for an argument passed by value.
     void write_back(std::size_t parameter, Variant value) const;
 
-    [[nodiscard]] bool wants_result() const noexcept { return result_ != nullptr; }
     void set_result(Variant value) const noexcept;
 
     [[noreturn]] void fail(std::size_t parameter, HRESULT result) const;

@@ -23,4 +23,10 @@ std::wstring own_module_path() {
     }
 }
 
+std::wstring own_module_folder() {
+    std::wstring path = own_module_path();
+    path.resize(path.rfind(L'\\') + 1);
+    return path;
+}
+
 }  // namespace kovrel

@@ -1,4 +1,4 @@
-// How each C++ type of a member's signature crosses the interface, early-bound and late-bound.
+// How each C++ type of a member's signature is passed, early-bound and late-bound.
 #pragma once
 
 #include <windows.h>
@@ -46,17 +46,28 @@ struct TextRecord {
 template <class T>
 struct Native;
 
-/// Types that cross as they are.
+/// The form in which a plain value is passed.
+template <class T>
+T raw_of(T value) noexcept {
+    return value;
+}
+inline VARIANT_BOOL raw_of(bool value) noexcept {
+    return value ? VARIANT_TRUE : VARIANT_FALSE;
+}
+inline DATE raw_of(Date value) noexcept {
+    return value.days;
+}
+
+/// Types whose values own nothing.
 template <class T, VARTYPE Type, auto Field>
 struct NativePlain {
-    using Raw = T;
-    static T from_raw(Raw raw) noexcept { return raw; }
-    static Raw to_raw(T value) noexcept { return value; }
+    using Raw = std::remove_reference_t<decltype(std::declval<VARIANT&>().*Field)>;
+    static T from_raw(Raw raw) noexcept { return static_cast<T>(raw); }
+    static Raw to_raw(T value) noexcept { return static_cast<Raw>(raw_of(value)); }
     static void release(Raw /*raw*/) noexcept {}
     static T from_call(const LateCall& call, std::size_t index) {
         const VARIANT& argument = call.argument(index);
-        if (argument.vt == Type) return argument.*Field;
-        return call.coerced(index, Type).*Field;
+        return from_raw(argument.vt == Type ? argument.*Field : call.coerced(index, Type).*Field);
     }
     static Variant to_variant(T value) noexcept { return Variant(value); }
     static constexpr TypeRef type() noexcept { return {.type = Type}; }
@@ -68,49 +79,15 @@ struct Native<std::uint8_t> : NativePlain<std::uint8_t, VT_UI1, &VARIANT::bVal> 
 template <>
 struct Native<std::int16_t> : NativePlain<std::int16_t, VT_I2, &VARIANT::iVal> {};
 template <>
+struct Native<std::int32_t> : NativePlain<std::int32_t, VT_I4, &VARIANT::lVal> {};
+template <>
 struct Native<float> : NativePlain<float, VT_R4, &VARIANT::fltVal> {};
 template <>
 struct Native<double> : NativePlain<double, VT_R8, &VARIANT::dblVal> {};
-
 template <>
-struct Native<std::int32_t> {
-    using Raw = std::int32_t;
-    static std::int32_t from_raw(Raw raw) noexcept { return raw; }
-    static Raw to_raw(std::int32_t value) noexcept { return value; }
-    static void release(Raw /*raw*/) noexcept {}
-    static std::int32_t from_call(const LateCall& call, std::size_t index) {
-        const VARIANT& argument = call.argument(index);
-        return argument.vt == VT_I4 ? argument.lVal : call.coerced(index, VT_I4).lVal;
-    }
-    static Variant to_variant(std::int32_t value) noexcept { return Variant(value); }
-    static constexpr TypeRef type() noexcept { return {.type = VT_I4}; }
-};
-
+struct Native<bool> : NativePlain<bool, VT_BOOL, &VARIANT::boolVal> {};
 template <>
-struct Native<bool> {
-    using Raw = VARIANT_BOOL;
-    static bool from_raw(Raw raw) noexcept { return raw != VARIANT_FALSE; }
-    static Raw to_raw(bool value) noexcept { return value ? VARIANT_TRUE : VARIANT_FALSE; }
-    static void release(Raw /*raw*/) noexcept {}
-    static bool from_call(const LateCall& call, std::size_t index) {
-        return call.coerced(index, VT_BOOL).boolVal != VARIANT_FALSE;
-    }
-    static Variant to_variant(bool value) noexcept { return Variant(value); }
-    static constexpr TypeRef type() noexcept { return {.type = VT_BOOL}; }
-};
-
-template <>
-struct Native<Date> {
-    using Raw = DATE;
-    static Date from_raw(Raw raw) noexcept { return Date{raw}; }
-    static Raw to_raw(Date value) noexcept { return value.days; }
-    static void release(Raw /*raw*/) noexcept {}
-    static Date from_call(const LateCall& call, std::size_t index) {
-        return Date{call.coerced(index, VT_DATE).date};
-    }
-    static Variant to_variant(Date value) noexcept { return Variant(value); }
-    static constexpr TypeRef type() noexcept { return {.type = VT_DATE}; }
-};
+struct Native<Date> : NativePlain<Date, VT_DATE, &VARIANT::date> {};
 
 template <>
 struct Native<std::wstring> {
@@ -150,7 +127,7 @@ struct NativeInterface {
     }
 
  protected:
-    /// The object of a late-bound argument: none for a reference to nothing.
+    /// The object of a late-bound argument; empty for Nothing.
     static ComPtr<Interface> object_of(const LateCall& call, std::size_t index,
                                        const IID& interface_id) {
         const Variant value = call.copied(index);
@@ -194,16 +171,11 @@ struct Native<InstanceOf<Class>> : NativeInterface<InstanceOf<Class>, IDispatch>
 /// Enumerations of the type library: 32-bit, described by enumeration_info(T{}).
 template <class T>
 requires std::is_enum_v<T>
-struct Native<T> {
+struct Native<T> : NativePlain<T, VT_I4, &VARIANT::lVal> {
     static_assert(sizeof(T) == sizeof(std::int32_t));
-    using Raw = std::int32_t;
-    static T from_raw(Raw raw) noexcept { return static_cast<T>(raw); }
-    static Raw to_raw(T value) noexcept { return static_cast<Raw>(value); }
-    static void release(Raw /*raw*/) noexcept {}
-    static T from_call(const LateCall& call, std::size_t index) {
-        return from_raw(Native<std::int32_t>::from_call(call, index));
+    static Variant to_variant(T value) noexcept {
+        return Variant(static_cast<std::int32_t>(value));
     }
-    static Variant to_variant(T value) noexcept { return Variant(to_raw(value)); }
     static constexpr TypeRef type() noexcept {
         return {.type = VT_USERDEFINED, .enumeration = &enumeration_info(T{})};
     }

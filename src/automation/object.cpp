@@ -4,8 +4,8 @@
 
 #include "automation/floating_point.h"
 #include "automation/late_call.h"
+#include "automation/module.h"
 #include "automation/platform_failure.h"
-#include "automation/type_library.h"
 
 namespace kovrel {
 namespace {
@@ -25,14 +25,13 @@ class KeepAlive {
 
 std::atomic<ULONG> objects{0};
 
-/// Whether a call's last argument is the value of a property.
+/// Whether the call passes a value to assign to a property.
 bool puts(const DISPPARAMS& parameters) noexcept {
     return parameters.cNamedArgs != 0 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
 }
 
-/// The late-bound entry that a call's flags ask for; null when the member has none such. Of several
-/// the one that fits the call: only a value that is passed as such is put where reading is asked
-/// for too.
+/// The accessor that the flags of a call ask for; null when the member has none. When they ask for
+/// reading and assignment at once, a call with a value to assign assigns.
 const MemberInfo* wanted(const ClassInfo::Accessors& accessors, WORD flags,
                          const DISPPARAMS& parameters) noexcept {
     if ((flags & DISPATCH_METHOD) != 0 && accessors.method != nullptr) return accessors.method;
@@ -43,13 +42,13 @@ const MemberInfo* wanted(const ClassInfo::Accessors& accessors, WORD flags,
         return accessors.put_object;
     }
     if ((flags & DISPATCH_PROPERTYPUT) != 0) {
-        // Hosts that have no object assignment of their own put an object as any other value.
+        // Hosts without object assignment ("Set") assign objects like any other value.
         return accessors.put != nullptr ? accessors.put : accessors.put_object;
     }
     return (flags & DISPATCH_PROPERTYGET) != 0 ? accessors.get : nullptr;
 }
 
-/// Whether a call brings the arguments that it says it does.
+/// Whether the DISPPARAMS are consistent.
 bool complete(const DISPPARAMS* parameters) noexcept {
     return parameters != nullptr && parameters->cNamedArgs <= parameters->cArgs &&
            (parameters->cArgs == 0 || parameters->rgvarg != nullptr) &&
@@ -65,7 +64,7 @@ void fill(EXCEPINFO* exception, HRESULT code, const wchar_t* description,
     exception->bstrDescription = SysAllocString(description);
 }
 
-/// Answers a call that does not fit, with words for the hosts that ask for them.
+/// Rejects a call that does not match the member, with a description for hosts that read one.
 HRESULT refuse(EXCEPINFO* exception, const CallError& error, const wchar_t* member,
                const ClassInfo& info) noexcept {
     try {
@@ -73,11 +72,29 @@ HRESULT refuse(EXCEPINFO* exception, const CallError& error, const wchar_t* memb
                               misfit_description(error.result, member, error.parameter));
         fill(exception, error.result, failure.description().data(), info);
         set_error_object(failure, info.prog_id, info.interface_id);
-    } catch (const std::bad_alloc&) {
-        // The answer alone has to do.
         return error.result;
+    } catch (const std::bad_alloc&) {
+        return error.result;  // without a description
     }
-    return error.result;
+}
+
+ITypeLib* load_own_library() {
+    ITypeLib* library = nullptr;
+    const HRESULT loaded = LoadTypeLibEx(own_module_path().c_str(), REGKIND_NONE, &library);
+    if (FAILED(loaded)) throw Failure(loaded, {});
+    return library;
+}
+
+/// The description of a class or interface from the type library in the module's resources.
+HRESULT own_type_info(const GUID& id, ITypeInfo** result) noexcept {
+    *result = nullptr;
+    try {
+        // Loaded once: hosts ask for it with every object.
+        static ITypeLib* const library = load_own_library();
+        return library->GetTypeInfoOfGuid(id, result);
+    } catch (...) {
+        return hresult_of(current_failure());
+    }
 }
 
 }  // namespace
@@ -106,7 +123,7 @@ ULONG ObjectBase::add_ref() noexcept {
 ULONG ObjectBase::release() noexcept {
     const ULONG left = --references_;
     if (left == 0) {
-        // What the instance releases in its turn may hold and drop it once more.
+        // Objects that the destructor releases may add and release a reference to this one.
         references_ = 1;
         info_->destroy(this);
     }
@@ -130,16 +147,8 @@ HRESULT ObjectBase::query(REFIID id, void** result) noexcept {
     return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE ObjectBase::ErrorSupport::QueryInterface(REFIID id, void** result) {
-    return owner_.query(id, result);
-}
-
 HRESULT STDMETHODCALLTYPE ObjectBase::ErrorSupport::InterfaceSupportsErrorInfo(REFIID id) {
     return IsEqualIID(id, owner_.info_->interface_id) ? S_OK : S_FALSE;
-}
-
-HRESULT STDMETHODCALLTYPE ObjectBase::ClassInfoProvider::QueryInterface(REFIID id, void** result) {
-    return owner_.query(id, result);
 }
 
 HRESULT STDMETHODCALLTYPE ObjectBase::ClassInfoProvider::GetClassInfo(ITypeInfo** result) {

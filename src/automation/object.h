@@ -1,5 +1,5 @@
-// A live instance of a public class: its hand-made dual interface, its reference count and the
-// interfaces that every instance answers.
+// A live instance of a public class: its dual interface, its reference count and the standard
+// interfaces that every instance supports.
 #pragma once
 
 #include <windows.h>
@@ -18,7 +18,7 @@ namespace kovrel {
 /// Instances alive in this process, of all classes.
 [[nodiscard]] ULONG live_objects() noexcept;
 
-/// Functions one behind the other, as an interface's vtable has them.
+/// Function pointers in sequence, laid out as a vtable.
 template <class First, class... Rest>
 struct FunctionTable {
     First first;
@@ -34,9 +34,8 @@ template <class... Functions>
     return {functions...};
 }
 
-/// What every instance begins with. The vtable is built from the class's declaration, with the
-/// seven IDispatch entries in front, so an object is laid out as COM wants it: vtable pointer
-/// first.
+/// Base of every instance. It begins with the pointer to a vtable built from the class's
+/// declaration, the seven IDispatch entries first, which is the layout of a COM object.
 class ObjectBase {
  public:
     ObjectBase(const ObjectBase&) = delete;
@@ -67,30 +66,33 @@ class ObjectBase {
     ~ObjectBase();
 
  private:
-    /// Tells early-bound callers that failures leave an error object.
-    class ErrorSupport final : public ISupportErrorInfo {
+    /// A further interface of an instance, which shares its identity and reference count.
+    template <class Interface>
+    class Facet : public Interface {
      public:
-        explicit ErrorSupport(ObjectBase& owner) noexcept : owner_(owner) {}
-        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
+        explicit Facet(ObjectBase& owner) noexcept : owner_(owner) {}
+        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
+            return owner_.query(id, result);
+        }
         ULONG STDMETHODCALLTYPE AddRef() override { return owner_.add_ref(); }
         ULONG STDMETHODCALLTYPE Release() override { return owner_.release(); }
-        HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) override;
 
-     private:
+     protected:
         ObjectBase& owner_;
     };
 
-    /// Tells hosts which class of the type library an instance is of.
-    class ClassInfoProvider final : public IProvideClassInfo {
+    /// Tells early-bound callers that failures leave an error object.
+    class ErrorSupport final : public Facet<ISupportErrorInfo> {
      public:
-        explicit ClassInfoProvider(ObjectBase& owner) noexcept : owner_(owner) {}
-        HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override;
-        ULONG STDMETHODCALLTYPE AddRef() override { return owner_.add_ref(); }
-        ULONG STDMETHODCALLTYPE Release() override { return owner_.release(); }
-        HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** result) override;
+        using Facet::Facet;
+        HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) override;
+    };
 
-     private:
-        ObjectBase& owner_;
+    /// Tells hosts which class of the type library an instance is of.
+    class ClassInfoProvider final : public Facet<IProvideClassInfo> {
+     public:
+        using Facet::Facet;
+        HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** result) override;
     };
 
     HRESULT query(REFIID id, void** result) noexcept;

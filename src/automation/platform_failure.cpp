@@ -1,11 +1,12 @@
 #include "automation/platform_failure.h"
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
 
 #include "runtime/failure.h"
+#include "runtime/owned.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 namespace {
@@ -53,12 +54,9 @@ std::wstring system_text(HRESULT code) {
     const DWORD length = FormatMessageW(
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
         nullptr, static_cast<DWORD>(code), 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
-    std::wstring description(text == nullptr ? L"" : text, length);
-    LocalFree(text);
-    while (!description.empty() && (description.back() == L'\r' || description.back() == L'\n')) {
-        description.pop_back();
-    }
-    return description;
+    const Owned<wchar_t*, &LocalFree> owner(text);
+    const std::wstring_view description(text == nullptr ? L"" : text, length);
+    return std::wstring(description.substr(0, description.find_last_not_of(L"\r\n") + 1));
 }
 
 }  // namespace
@@ -67,10 +65,10 @@ std::int32_t failure_number(HRESULT code) noexcept {
     if (code < 0 && HRESULT_FACILITY(code) == FACILITY_CONTROL && HRESULT_CODE(code) != 0) {
         return HRESULT_CODE(code);
     }
-    const auto* const found =
-        std::find_if(meanings.begin(), meanings.end(),
-                     [code](const Meaning& meaning) { return meaning.code == code; });
-    return found == meanings.end() ? code : static_cast<std::int32_t>(found->number);
+    for (const Meaning& meaning : meanings) {
+        if (meaning.code == code) return static_cast<std::int32_t>(meaning.number);
+    }
+    return code;
 }
 
 void throw_platform_failure(HRESULT code, std::wstring description) {
@@ -85,16 +83,9 @@ std::wstring misfit_description(HRESULT code, const wchar_t* member, const wchar
     if (reason.empty()) {
         reason = failure_description(static_cast<std::int32_t>(FailureNumber::invalid_argument));
     }
-    std::wstring text(reason);
-    if (member == nullptr) return text;
-    text += L": ";
-    if (parameter != nullptr) {
-        text += L"argumento ";
-        text += parameter;
-        text += L" de ";
-    }
-    text += member;
-    return text;
+    if (member == nullptr) return std::wstring(reason);
+    if (parameter == nullptr) return concat({reason, L": ", member});
+    return concat({reason, L": argumento ", parameter, L" de ", member});
 }
 
 }  // namespace kovrel

@@ -1,4 +1,4 @@
-// The platform's failure codes and the run-time failures that they stand for, in both directions.
+// Maps the platform's HRESULTs to run-time failures.
 #pragma once
 
 #include <windows.h>
@@ -14,12 +14,12 @@ namespace kovrel {
 /// else the code itself, which is negative.
 [[nodiscard]] std::int32_t failure_number(HRESULT code) noexcept;
 
-/// Throws what a host's object failed with; without a description of its own it has that of its
-/// number, or the system's.
+/// Throws the Failure for an HRESULT of a host's object or the system. An empty description stands
+/// for that of its number, or the system's message.
 [[noreturn]] void throw_platform_failure(HRESULT code, std::wstring description = {});
 
-/// Why a call does not fit its member: the failure's description with the names of the member and,
-/// where one of its parameters is at fault, of that; null for a name that is not known.
+/// Describes why a call does not match its member: the failure's description with the names of the
+/// member and of the parameter at fault; null where there is none.
 [[nodiscard]] std::wstring misfit_description(HRESULT code, const wchar_t* member,
                                               const wchar_t* parameter);
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "runtime/failure.h"
+#include "runtime/owned.h"
 #include "runtime/text.h"
 
 namespace kovrel {
@@ -90,10 +91,9 @@ void write(RegistrationScope scope, const Value& value) {
     check(RegCreateKeyExW(root_of(scope), path.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key,
                           nullptr));
     const auto bytes = static_cast<DWORD>((value.data.size() + 1) * sizeof(wchar_t));
-    const LSTATUS status = RegSetValueExW(key, value.name, 0, REG_SZ,
-                                          reinterpret_cast<const BYTE*>(value.data.c_str()), bytes);
-    RegCloseKey(key);
-    check(status);
+    const Owned<HKEY, &RegCloseKey> owner(key);
+    check(RegSetValueExW(key, value.name, 0, REG_SZ,
+                         reinterpret_cast<const BYTE*>(value.data.c_str()), bytes));
 }
 
 void remove_tree(RegistrationScope scope, const std::wstring& tree) {
@@ -142,7 +142,7 @@ void register_library(const LibraryInfo& library, const std::wstring& module_pat
     try {
         register_library(library, module_path, RegistrationScope::machine);
     } catch (const Failure& failure) {
-        if (failure.number() != static_cast<std::int32_t>(FailureNumber::permission_denied)) throw;
+        if (!failure.is(FailureNumber::permission_denied)) throw;
         register_library(library, module_path, RegistrationScope::user);
         return;
     }

@@ -1,4 +1,4 @@
-// What the library writes into the registry, and removes again.
+// Registration: the registry keys of the library, written and removed.
 #pragma once
 
 #include <windows.h>
@@ -20,7 +20,7 @@ inline constexpr std::wstring_view type_library_marshaler =
 /// The type library's version as the registry spells it: "1.0".
 [[nodiscard]] std::wstring version_of(const LibraryInfo& library);
 
-/// Whose registry a registration goes to.
+/// The part of the registry that a registration goes to.
 enum class RegistrationScope : std::uint8_t {
     machine,  ///< all users; needs the right to write there
     user,     ///< the current user

@@ -1,4 +1,4 @@
-// Arrays as automation passes them.
+// SAFEARRAYs in VARIANTs.
 #pragma once
 
 #include <windows.h>
@@ -12,23 +12,22 @@
 
 namespace kovrel {
 
-/// A new array of bytes, all 0, indexed from 0. Memory exhaustion past 2 GB, which is all that an
-/// array takes.
+/// A new array of zero bytes, indexed from 0. bad_alloc past 2 GB, the limit of a SAFEARRAY.
 [[nodiscard]] Variant new_byte_array(std::uint64_t size);
 
 /// A new two-dimensional array of empty values, both indexes from 0. Failure 9 for a negative
 /// number of either.
 [[nodiscard]] Variant new_table(std::int32_t rows, std::int32_t columns);
 
-/// The array in a value, which keeps it. Failure 94 for a null, 13 for anything but an array of
-/// that element type, 9 for another number of dimensions.
+/// The array in a value, which remains its owner. Failure 94 for a null, 13 for anything but an
+/// array of that element type, 9 for another number of dimensions.
 [[nodiscard]] SAFEARRAY* array_in(const Variant& value, VARTYPE element, UINT dimensions);
 
 /// The number of elements of one dimension (from 1 on). An array that is not indexed from 0 has no
 /// element 0: failure 9.
 [[nodiscard]] std::int32_t array_extent(SAFEARRAY* array, UINT dimension);
 
-/// Keeps an array in place and gives its elements, the first index running fastest.
+/// Locks an array and gives its elements, the first index varying fastest.
 template <class Element>
 class ArrayAccess {
  public:

@@ -66,8 +66,8 @@ class ClassFactory final : public IClassFactory {
 
 }  // namespace
 
-// One run-time failure costs a thread-local slot at every unload of a statically linked module, and
-// a host that loads and unloads it a thousand times dies of it. So it stays once it is used.
+// A statically linked module that has thrown leaks a thread-local slot at each unload, and a host
+// that loads and unloads it a thousand times runs out of them. So it stays loaded once used.
 void stay_loaded() noexcept {
     HMODULE pinned = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
@@ -79,8 +79,8 @@ HRESULT get_class_object(const LibraryInfo& library, REFCLSID class_id, REFIID i
     if (result == nullptr) return E_POINTER;
     *result = nullptr;
     stay_loaded();
-    // The run time keeps a thread's exceptions in a place of its own. Made at the first throw, it
-    // would end the process where there is no memory left.
+    // Allocates this thread's exception store now: allocated at the first throw, it would end the
+    // process if memory had run out by then.
     [[maybe_unused]] const void* volatile made = abi::__cxa_get_globals();
     for (const ClassInfo* info : library.classes) {
         if (!IsEqualCLSID(class_id, info->class_id)) continue;
@@ -106,10 +106,8 @@ HRESULT unregister_server(const LibraryInfo& library) noexcept {
         try {
             unregister_library(library, RegistrationScope::machine);
         } catch (const Failure& failure) {
-            // A user without the right to write there has registered for himself alone.
-            if (failure.number() != static_cast<std::int32_t>(FailureNumber::permission_denied)) {
-                throw;
-            }
+            // Without the right to write there, only the user's registration exists.
+            if (!failure.is(FailureNumber::permission_denied)) throw;
         }
         unregister_library(library, RegistrationScope::user);
     });

@@ -1,4 +1,4 @@
-// The in-process server: class factories and the four exports' work.
+// The in-process server: class factories and what the four exported functions do.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@ namespace kovrel {
 HRESULT get_class_object(const LibraryInfo& library, REFCLSID class_id, REFIID interface_id,
                          void** result) noexcept;
 
-/// Keeps the module in the process until its end, whatever its users give back.
+/// Pins the module until the process ends.
 void stay_loaded() noexcept;
 
 /// S_OK when no instance and no lock is left.

@@ -1,8 +1,10 @@
-// A pointer for each thread, null in a new one: a table by thread numbers would not be, since they
-// are used again.
+// A thread-local pointer, null in a new thread. mingw emulates thread_local with an allocation at
+// first use, which ends the process when memory has run out.
 #pragma once
 
 #include <windows.h>
+
+#include <type_traits>
 
 namespace kovrel {
 
@@ -11,10 +13,12 @@ class ThreadSlot {
  public:
     [[nodiscard]] Value* get() noexcept { return static_cast<Value*>(TlsGetValue(slot())); }
     /// It stays null where the system has no slot left.
-    void set(Value* value) noexcept { TlsSetValue(slot(), value); }
+    void set(Value* value) noexcept {
+        TlsSetValue(slot(), const_cast<std::remove_const_t<Value>*>(value));
+    }
 
  private:
-    /// Taken at the first use, by when the library stays loaded.
+    /// Allocated at first use, when the library is already pinned.
     DWORD slot() noexcept {
         if (next_ == 0) {
             const DWORD taken = TlsAlloc();
@@ -26,7 +30,7 @@ class ThreadSlot {
         return static_cast<DWORD>(next_) - 1;
     }
 
-    volatile LONG next_ = 0;  // the slot's number and 1; 0: none yet
+    volatile LONG next_ = 0;  // the slot's index plus 1; 0: not yet allocated
 };
 
 }  // namespace kovrel

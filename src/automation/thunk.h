@@ -1,5 +1,5 @@
-// From a pointer to a member function, the two entries that hosts call it through: the vtable slot
-// and the late-bound invoker.
+// Makes, from a pointer to a member function, the two functions that hosts call it through: the
+// vtable slot and the late-bound invoker.
 #pragma once
 
 #include <array>
@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "automation/boundary.h"
-#include "automation/early_call.h"
 #include "automation/native_type.h"
 #include "automation/object.h"
+#include "automation/variant_argument.h"
 
 namespace kovrel {
 
@@ -29,8 +29,8 @@ template <class Parameter>
 using RawOf = std::conditional_t<by_reference<Parameter>, typename NativeOf<Parameter>::Raw*,
                                  typename NativeOf<Parameter>::Raw>;
 
-/// One argument during one call. A copy of what came in tells whether the member changed it, so
-/// that an unchanged variable keeps its own type and identity.
+/// One argument during one call. A copy of the original value tells whether the member changed it:
+/// an unchanged variable is not written, and keeps its type and identity.
 template <class Parameter>
 class Argument {
  public:
@@ -98,21 +98,20 @@ struct PassedType {
     bool written_back = false;
 };
 
-/// How the type library spells a type that crosses, and the result of a procedure.
+/// The type library's name for a parameter or result type; void for a procedure.
 template <class T>
 inline constexpr TypeRef type_of = Native<T>::type();
 template <>
 inline constexpr TypeRef type_of<void>{};
 
-/// How arguments and results cross, for all the members that share a signature: which member it is
-/// comes as a function that calls it and as its place among the class's members, so that the
-/// library holds one copy of this a signature.
+/// Argument and result conversion, shared by all members of one signature to keep the library
+/// small: the member is given as a function that calls it and as its index in the class.
 template <class Result, class... Parameters>
 class Crossing {
  public:
     using Member = Result (*)(void* implementation, Parameters... parameters);
 
-    /// `out` is nothing for a procedure, else a pointer to the raw result.
+    /// `out` is empty for a procedure, else a pointer to the raw result.
     template <class... Out>
     [[gnu::noinline]] static HRESULT early(ObjectBase* self, Member member, std::size_t place,
                                            RawOf<Parameters>... raw, Out... out) {
@@ -132,8 +131,7 @@ class Crossing {
     using Arguments = std::tuple<Argument<Parameters>...>;
     using Indexes = std::index_sequence_for<Parameters...>;
 
-    /// A by-value text or object may be null; a reference to a variable may not. The result is
-    /// empty until there is one.
+    /// A by-value text or object may be null; a reference may not. The result is cleared.
     template <std::size_t... Index, class... Out>
     static void check_pointers(const MemberInfo& declared,
                                std::index_sequence<Index...> /*indexes*/, RawOf<Parameters>... raw,
@@ -202,8 +200,8 @@ class Crossing {
         }
     }
 
-    /// What a member wrote into its arguments before it failed stays written. Its result reaches
-    /// the caller once everything has been stored: a call that fails has none.
+    /// By-reference arguments are written back even when the member fails. The result is returned
+    /// only after all of them are stored: a failed call has none.
     template <class Call, class Store>
     static auto run(Call&& call, Store&& store) {
         const auto called = [&] {
@@ -239,7 +237,7 @@ struct BasicThunk {
         Shared::late(implementation, &call, late_call);
     }
 
-    /// The vtable slot of the member that stands at `Place` among its class's.
+    /// The vtable slot of the class's member number `Place`.
     template <std::size_t Place>
     static constexpr auto slot() {
         if constexpr (std::is_void_v<Result>) {
@@ -280,7 +278,7 @@ template <class Class, auto Member, class Result, class... Parameters>
 struct Thunk<Class, Member, Result (*)(Class&, Parameters...)>
     : BasicThunk<Class, Member, Result, Parameters...> {};
 
-/// The two functions that a public field stands for.
+/// The accessors of a public data member.
 template <auto Field>
 struct FieldAccess;
 

@@ -47,41 +47,6 @@ void throw_conversion_failure(HRESULT result) {
     }
 }
 
-Variant::Variant(bool value) noexcept : Variant() {
-    vt = VT_BOOL;
-    boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
-}
-
-Variant::Variant(std::uint8_t value) noexcept : Variant() {
-    vt = VT_UI1;
-    bVal = value;
-}
-
-Variant::Variant(std::int16_t value) noexcept : Variant() {
-    vt = VT_I2;
-    iVal = value;
-}
-
-Variant::Variant(std::int32_t value) noexcept : Variant() {
-    vt = VT_I4;
-    lVal = value;
-}
-
-Variant::Variant(float value) noexcept : Variant() {
-    vt = VT_R4;
-    fltVal = value;
-}
-
-Variant::Variant(double value) noexcept : Variant() {
-    vt = VT_R8;
-    dblVal = value;
-}
-
-Variant::Variant(Date value) noexcept : Variant() {
-    vt = VT_DATE;
-    date = value.days;
-}
-
 Variant::Variant(std::wstring_view value) : Variant() {
     bstrVal = new_bstr(value);
     vt = VT_BSTR;
@@ -109,10 +74,7 @@ Variant Variant::null() noexcept {
 }
 
 Variant Variant::missing() noexcept {
-    Variant result;
-    result.vt = VT_ERROR;
-    result.scode = DISP_E_PARAMNOTFOUND;
-    return result;
+    return {VT_ERROR, &VARIANT::scode, DISP_E_PARAMNOTFOUND};
 }
 
 Variant Variant::attach(VARIANT& value) noexcept {
@@ -133,7 +95,7 @@ Variant Variant::as(VARTYPE type) const {
     if (vt == VT_DISPATCH && type != VT_UNKNOWN)
         return HostObject(pdispVal).default_value().as(type);
     Variant result;
-    // A boolean reads as the user's own words for true and false, as where texts are joined.
+    // Booleans convert to the user's words for true and false, as in string concatenation.
     const USHORT flags = vt == VT_BOOL && type == VT_BSTR ? VARIANT_LOCALBOOL : 0;
     const HRESULT outcome =
         VariantChangeTypeEx(&result, const_cast<Variant*>(this), LOCALE_USER_DEFAULT, flags, type);

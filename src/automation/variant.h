@@ -1,4 +1,4 @@
-// A dynamically typed value, owned.
+// Owner of a VARIANT.
 #pragma once
 
 #include <windows.h>
@@ -24,18 +24,19 @@ struct Date {
 class Variant : public VARIANT {
  public:
     Variant() noexcept : VARIANT{} {}
-    explicit Variant(bool value) noexcept;
-    explicit Variant(std::uint8_t value) noexcept;
-    explicit Variant(std::int16_t value) noexcept;
-    explicit Variant(std::int32_t value) noexcept;
-    explicit Variant(float value) noexcept;
-    explicit Variant(double value) noexcept;
-    explicit Variant(Date value) noexcept;
+    explicit Variant(bool value) noexcept
+        : Variant(VT_BOOL, &VARIANT::boolVal, value ? VARIANT_TRUE : VARIANT_FALSE) {}
+    explicit Variant(std::uint8_t value) noexcept : Variant(VT_UI1, &VARIANT::bVal, value) {}
+    explicit Variant(std::int16_t value) noexcept : Variant(VT_I2, &VARIANT::iVal, value) {}
+    explicit Variant(std::int32_t value) noexcept : Variant(VT_I4, &VARIANT::lVal, value) {}
+    explicit Variant(float value) noexcept : Variant(VT_R4, &VARIANT::fltVal, value) {}
+    explicit Variant(double value) noexcept : Variant(VT_R8, &VARIANT::dblVal, value) {}
+    explicit Variant(Date value) noexcept : Variant(VT_DATE, &VARIANT::date, value.days) {}
     explicit Variant(std::wstring_view value);
     explicit Variant(const wchar_t* value) : Variant(std::wstring_view(value)) {}
     explicit Variant(const std::wstring& value) : Variant(std::wstring_view(value)) {}
     explicit Variant(ComPtr<IDispatch> value) noexcept;
-    /// A copy of a value, by-reference values included as they stand.
+    /// A copy; by-reference values stay by reference.
     explicit Variant(const VARIANT& value);
 
     Variant(const Variant& other) : Variant(static_cast<const VARIANT&>(other)) {}
@@ -46,11 +47,11 @@ class Variant : public VARIANT {
     }
 
     [[nodiscard]] static Variant null() noexcept;
-    /// What an omitted optional argument looks like.
+    /// The marker of an omitted optional argument.
     [[nodiscard]] static Variant missing() noexcept;
-    /// Takes over a value that somebody else owned.
+    /// Takes ownership of a value, which becomes empty.
     [[nodiscard]] static Variant attach(VARIANT& value) noexcept;
-    /// Gives the value away; this one is empty afterwards.
+    /// Gives up ownership; this value becomes empty.
     [[nodiscard]] VARIANT detach() noexcept;
 
     [[nodiscard]] bool is_null() const noexcept { return vt == VT_NULL; }
@@ -74,22 +75,29 @@ class Variant : public VARIANT {
     /// The object held; failure 424 when the value is not one, 91 when it is none.
     [[nodiscard]] ComPtr<IDispatch> to_object() const;
 
-    /// True for what passes as a number: numbers, booleans, empty, and texts that read as a number.
-    /// An object is judged by its default value.
+    /// True for numbers, booleans, empty, and texts that read as a number; for an object, whether
+    /// its default value is.
     [[nodiscard]] bool is_numeric() const;
-    /// True for dates and for texts that read as one; an object is judged by its default value.
+    /// True for dates and for texts that read as one; for an object, whether its default value is.
     [[nodiscard]] bool is_date() const;
 
-    /// Bitwise the same type and the same content (texts compared by their characters).
+    /// The same type and, bit for bit, the same content; texts are compared by their characters.
     [[nodiscard]] bool same_as(const Variant& other) const noexcept;
+
+ private:
+    template <class Value, class Given>
+    Variant(VARTYPE type, Value VARIANT::*field, Given value) noexcept : Variant() {
+        vt = type;
+        this->*field = static_cast<Value>(value);
+    }
 };
 
 static_assert(sizeof(Variant) == sizeof(VARIANT), "arrays of VARIANT are handed out as Variant");
 
-/// How many of a value's bytes belong to its type; 0 for a type that owns something or has none.
+/// The size in bytes of a plain type's value; 0 for types that own memory and unknown ones.
 [[nodiscard]] std::size_t plain_size(VARTYPE type) noexcept;
 
-/// The result of a platform conversion as a Failure.
+/// Throws the Failure for the HRESULT of a platform conversion.
 [[noreturn]] void throw_conversion_failure(HRESULT result);
 
 }  // namespace kovrel

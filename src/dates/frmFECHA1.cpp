@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "frame/application.h"
-#include "frame/clock.h"
-#include "frame/guarded.h"
 #include "runtime/failure.h"
+#include "services/clock.h"
+#include "services/guarded.h"
+#include "services/message_box.h"
 #include "ui/controls.h"
 #include "ui/text_box_lines.h"
 

@@ -12,7 +12,7 @@ constexpr std::int64_t chunk_size = 1024;
 }  // namespace
 
 std::wstring record_location(std::wstring_view text, std::int64_t position, std::int64_t count) {
-    return std::wstring(text) + decimal_text(position) + L" de " + decimal_text(count);
+    return concat({text, decimal_text(position), L" de ", decimal_text(count)});
 }
 
 ChunkPlan storing_chunks(std::int64_t length) noexcept {

@@ -9,9 +9,9 @@
 
 #include "automation/module.h"
 #include "dbimages/image_field.h"
-#include "files/file_system.h"
-#include "frame/clock.h"
 #include "runtime/failure.h"
+#include "services/clock.h"
+#include "services/file_system.h"
 
 namespace kovrel {
 namespace {
@@ -36,9 +36,7 @@ void rewind(IStream& stream) {
 }  // namespace
 
 std::wstring temporary_picture_file() {
-    const std::wstring path = own_module_path();
-    const std::size_t backslash = path.rfind(L'\\');
-    return temporary_file_name(std::wstring_view(path).substr(0, backslash + 1), random_number());
+    return temporary_file_name(own_module_folder(), random_number());
 }
 
 ComPtr<IPictureDisp> load_picture(const std::wstring& path) {

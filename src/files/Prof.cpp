@@ -5,16 +5,14 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
-#include <new>
 #include <string>
-#include <utility>
 
 #include "automation/floating_point.h"
-#include "automation/per_thread.h"
+#include "automation/thread_slot.h"
 #include "runtime/failure.h"
+#include "runtime/owned.h"
+#include "services/modal_scope.h"
 #include "services/text_encoding.h"
-#include "ui/modal_scope.h"
 
 namespace kovrel::Prof {
 namespace {
@@ -27,32 +25,15 @@ PathBuffer blank_buffer() {
     return buffer;
 }
 
-struct ReleaseItem {
-    void operator()(ITEMIDLIST* item) const noexcept { CoTaskMemFree(item); }
-};
-
-/// Where the browser opens, in the system code page: set by each browse for its callback, which is
-/// passed nothing.
-constinit PerThread<std::string> initial_folders;
-
-struct InitialFolder {
-    explicit InitialFolder(std::string folder) { initial_folders.set(std::move(folder)); }
-    InitialFolder(const InitialFolder&) = delete;
-    InitialFolder& operator=(const InitialFolder&) = delete;
-    ~InitialFolder() { initial_folders.clear(); }
-};
+/// Where the browser opens, in the system code page: set around each browse for its callback, to
+/// which the record passes nothing.
+constinit ThreadSlot<const char> initial_folder_of_browse;
 
 int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
                                 LPARAM /*data*/) noexcept {
     if (message == BFFM_INITIALIZED) {
-        try {
-            const std::string folder = initial_folders.get();
-            SendMessageA(browser, BFFM_SETSELECTIONA, TRUE,
-                         reinterpret_cast<LPARAM>(folder.c_str()));
-        } catch (const std::bad_alloc&) {
-            // The browser opens where it likes.
-            return 0;
-        }
+        SendMessageA(browser, BFFM_SETSELECTIONA, TRUE,
+                     reinterpret_cast<LPARAM>(initial_folder_of_browse.get()));
     } else if (message == BFFM_SELCHANGED) {
         PathBuffer path = blank_buffer();
         if (SHGetPathFromIDListA(reinterpret_cast<const ITEMIDLIST*>(parameter), path.data())) {
@@ -62,15 +43,15 @@ int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
     return 0;
 }
 
-/// Modal to the whole thread, whatever owner the host has given it.
+/// Modal to the whole thread, whatever its owner.
 ITEMIDLIST* run_dialog(BROWSEINFOA& record) {
     const ModalScope scope(ModalScope::NextDialog{record.hwndOwner});
     const HostFloatingPoint host;
     return SHBrowseForFolderA(&record);
 }
 
-/// The system writes letters that resemble them for those that the code page lacks, which would be
-/// another folder's path.
+/// The system replaces characters that the code page lacks by similar ones (best fit), which could
+/// be the path of another folder: puts question marks instead.
 void put_question_marks(const ITEMIDLIST* item, PathBuffer& path) {
     std::array<wchar_t, MAX_PATH> real{};
     if (!SHGetPathFromIDListW(item, real.data())) return;
@@ -86,15 +67,17 @@ void put_question_marks(const ITEMIDLIST* item, PathBuffer& path) {
 
 std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
                                std::wstring_view initial_folder) {
-    const InitialFolder folder(to_ansi(initial_folder));
+    const std::string folder = to_ansi(initial_folder);
     const std::string title = to_ansi(prompt);
     BROWSEINFOA record{};
-    // Window handles fit in 32 bits, and grow to 64 with their sign.
+    // Window handles are 32 bits wide and sign-extended to 64.
     record.hwndOwner = reinterpret_cast<HWND>(static_cast<std::intptr_t>(owner));
     record.lpszTitle = title.c_str();
     record.ulFlags = BIF_RETURNONLYFSDIRS;
     record.lpfn = &on_browser_message;
-    const std::unique_ptr<ITEMIDLIST, ReleaseItem> item(run_dialog(record));
+    initial_folder_of_browse.set(folder.c_str());
+    const Owned<ITEMIDLIST*, &CoTaskMemFree> item(run_dialog(record));
+    initial_folder_of_browse.set(nullptr);
     if (!item) return {};
     PathBuffer path = blank_buffer();
     const bool has_path = SHGetPathFromIDListA(item.get(), path.data()) != FALSE;

@@ -1,4 +1,4 @@
-// The system's folder browser.
+// Module Prof: the system's folder browser, for clsProfile.BrowseForFolder.
 #pragma once
 
 #include <cstdint>

@@ -2,13 +2,13 @@
 
 #include <utility>
 
+#include "runtime/text.h"
+
 namespace kovrel {
 
 Notice ask_to_create_folder(std::wstring title, std::wstring_view folder) {
-    std::wstring text = L"La carpeta \"";
-    text += folder;
-    text += L"\" no existe.\r\r¿Desea crearla?";
-    return {std::move(text), NoticeStyle::ok_or_cancel, std::move(title)};
+    return {concat({L"La carpeta \"", folder, L"\" no existe.\r\r¿Desea crearla?"}),
+            NoticeStyle::ok_or_cancel, std::move(title)};
 }
 
 Notice folder_created(std::wstring title) {

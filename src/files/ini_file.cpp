@@ -4,7 +4,6 @@
 
 #include <array>
 
-#include "files/ini_text.h"
 #include "services/text_encoding.h"
 
 namespace kovrel {
@@ -18,18 +17,9 @@ std::wstring read_ini_value(const std::string& file, const std::string& section,
     return ini_value(from_ansi({buffer.data(), buffer.size()}), count, default_text);
 }
 
-void write_ini_value(const std::string& file, const std::string& section, const std::string& key,
-                     const std::string& value) noexcept {
-    WritePrivateProfileStringA(section.c_str(), key.c_str(), value.c_str(), file.c_str());
-}
-
-void delete_ini_key(const std::string& file, const std::string& section,
-                    const std::string& key) noexcept {
-    WritePrivateProfileStringA(section.c_str(), key.c_str(), nullptr, file.c_str());
-}
-
-void delete_ini_section(const std::string& file, const std::string& section) noexcept {
-    WritePrivateProfileStringA(section.c_str(), nullptr, nullptr, file.c_str());
+void write_ini(const std::string& file, const std::string& section, const char* key,
+               const char* value) noexcept {
+    WritePrivateProfileStringA(section.c_str(), key, value, file.c_str());
 }
 
 }  // namespace kovrel

@@ -19,7 +19,7 @@ inline constexpr std::wstring_view every_file_filter{L"Todos los Archivos (*.*)\
 /// gives an empty one.
 [[nodiscard]] std::wstring system_filter(std::wstring_view text);
 
-/// A text filled up with NULs, or cut, to the size of a buffer.
+/// A text padded with NULs, or cut, to the size of a buffer.
 [[nodiscard]] std::wstring open_dialog_buffer(std::wstring_view text);
 
 /// What a returned buffer holds up to its first NUL. Failure 5 when there is none.

@@ -7,8 +7,8 @@
 namespace kovrel {
 namespace {
 
-/// The text of the pieces that `walk` hands to the function it is given. They are measured before
-/// any is copied, so that a text too long to exist costs neither memory nor time.
+/// Concatenates the pieces that `walk` passes to its argument. It runs twice, first to measure, so
+/// that a result beyond the limit fails before anything is copied.
 template <typename Walk>
 std::wstring collect(const Walk& walk) {
     std::size_t size = 0;
@@ -38,13 +38,13 @@ std::wstring remove_occurrences(std::wstring_view text, std::wstring_view search
 std::wstring replace_occurrences(std::wstring_view text, std::wstring_view searched,
                                  std::wstring_view replacement) {
     if (replacement.find(searched) != std::wstring_view::npos) {
-        // Every replacement brings the next occurrence with it, from the first one on.
+        // The replacement contains the text searched for: the first one would grow without end.
         if (text.find(searched) == std::wstring_view::npos) return std::wstring(text);
         throw Failure(FailureNumber::out_of_memory);
     }
-    // What is still to be looked at is a tail of the replacement just made and the rest of the
-    // text. An occurrence cannot lie in that tail alone, so each one takes from the rest, and the
-    // replacing ends.
+    // What remains to be searched is a tail of the last replacement and the rest of the text. No
+    // occurrence lies within that tail alone, so each one consumes part of the rest and the loop
+    // ends.
     return collect([&](const auto& put) {
         std::wstring_view rest = text;
         std::wstring_view replaced;

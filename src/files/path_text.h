@@ -34,15 +34,15 @@ inline constexpr std::size_t longest_text = (std::size_t{1} << 30) - 1;
 /// Removes the occurrences of `searched`, or replaces them by `replacement`; comparisons are
 /// binary and an empty `searched` changes nothing.
 ///
-/// Removal passes over the character after each removed occurrence: of two adjacent ones the first
-/// alone goes. Replacement goes on at the first character of the replacement, so what it forms
-/// with the rest is replaced too.
+/// Removal skips the character after each removed occurrence: of two adjacent ones only the first
+/// is removed. Replacement continues at the first character of the replacement, so an occurrence
+/// that it forms with the rest is replaced too.
 ///
-/// A `searched` that begins with the character of code 0 cleans a buffer of the system's: all
-/// such characters at the end go first, then one character at each occurrence.
+/// A `searched` that begins with the character of code 0 cleans a system buffer: all such
+/// characters at the end are removed first, then one character at each occurrence.
 ///
-/// A replacement that makes the text grow without end, and a result longer than longest_text, are
-/// memory exhaustion (failure 7).
+/// A replacement that would grow without end, or a result longer than longest_text, is memory
+/// exhaustion (failure 7).
 [[nodiscard]] std::wstring replace_text(std::wstring_view text, std::wstring_view searched,
                                         std::optional<std::wstring_view> replacement);
 

@@ -1,7 +1,7 @@
 #include "messages/frmDialogo.h"
 
-#include "frame/guarded.h"
 #include "messages/dialog_layout.h"
+#include "services/guarded.h"
 #include "ui/controls.h"
 #include "ui/text_box_lines.h"
 

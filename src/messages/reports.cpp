@@ -23,14 +23,8 @@ std::wstring version_text(std::int16_t major, std::int16_t minor, std::int16_t r
 
 std::wstring identification_text(std::wstring_view title, std::wstring_view version,
                                  std::wstring_view folder, std::wstring_view file_name) {
-    std::wstring text(title);
-    text += L" - Versión: ";
-    text += version;
-    text += L" (";
-    text += add_backslash(folder);
-    text += file_name;
-    text += L".dll)";
-    return text;
+    return concat(
+        {title, L" - Versión: ", version, L" (", add_backslash(folder), file_name, L".dll)"});
 }
 
 }  // namespace kovrel

@@ -22,7 +22,7 @@ inline constexpr Words hundreds{
     L"",           L"ciento",      L"doscientos",  L"trescientos", L"cuatrocientos",
     L"quinientos", L"seiscientos", L"setecientos", L"ochocientos", L"novecientos"};
 
-/// A text made by the compiler.
+/// A text built at compile time.
 class Phrase {
  public:
     consteval void append(std::wstring_view word) {
@@ -35,7 +35,7 @@ class Phrase {
     std::size_t length_ = 0;
 };
 
-/// The numbers from 0, which is nothing, to 99.
+/// The numbers from 0 (empty) to 99.
 consteval std::array<Phrase, 100> make_below_hundred() {
     std::array<Phrase, 100> phrases{};
     for (std::size_t number = 0; number < phrases.size(); ++number) {
@@ -55,7 +55,7 @@ consteval std::array<Phrase, 100> make_below_hundred() {
     return phrases;
 }
 
-/// The hundreds as they stand before tens or units, with a blank, and nothing for none.
+/// The hundreds before tens or units, with a blank after each; empty for 0.
 consteval std::array<Phrase, 10> make_hundreds() {
     std::array<Phrase, 10> phrases{};
     for (std::size_t hundred = 1; hundred < phrases.size(); ++hundred) {

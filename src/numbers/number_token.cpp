@@ -17,9 +17,8 @@ std::wstring_view without_leading_zeros(std::wstring_view digits) noexcept {
     return digits.substr(std::min(digits.find_first_not_of(L'0'), digits.size() - 1));
 }
 
-/// The reading of a positive number of few digits, which needs no arithmetic: both readings have
-/// its whole part, and its value lies above that if it has decimals other than zero. False for a
-/// token that this reading does not cover.
+/// Fast path for a short positive number: both readings have the same whole part, and the value
+/// lies above it if a decimal is not zero. False for any other token.
 bool NumberToken::read_short(std::wstring_view token, wchar_t separator) {
     constexpr std::size_t exact_digits = 15;
     if (token.size() > exact_digits) return false;
@@ -44,13 +43,13 @@ void NumberToken::read(std::wstring_view token, const Regional& regional) {
     if (!value) return;
     is_number_ = true;
     is_negative_ = *value < 0;
-    // Past the range of a double the decimals of a plain number do not matter any more.
+    // Past the range of a double decimals make no difference.
     if (std::isinf(*value)) return;
     const double whole = std::floor(leading_number(token));
     if (*value > whole) {
         storage_ = number_to_text(whole, separator);
-        // A token that is the text of its own whole part has no decimals, whichever way its last
-        // bits were read.
+        // A token equal to the text of its whole part has no decimals, whatever binary rounding
+        // says.
         if (storage_ != token) whole_part_ = storage_;
     }
 }

@@ -14,8 +14,8 @@ namespace kovrel {
 /// The digits without zeros in front; the last digit stays.
 [[nodiscard]] std::wstring_view without_leading_zeros(std::wstring_view digits) noexcept;
 
-/// What a token stands for. It refers to the token's text. A number whose leading part is past the
-/// range of a double is an overflow (failure 6).
+/// The value of a token. It keeps a view of the token's text. Failure 6 (overflow) for a number
+/// past the range of a double.
 class NumberToken {
  public:
     NumberToken(std::wstring_view token, const Regional& regional) {

@@ -3,23 +3,9 @@
 #include <utility>
 
 #include "runtime/failure.h"
-#include "runtime/number_format.h"
+#include "runtime/text.h"
 
 namespace kovrel {
-namespace {
-
-std::wstring with_digits(int number, int digits) {
-    return format_number(number, {digits, 0}, L'.');
-}
-
-std::wstring between(std::wstring_view mark, std::wstring_view text) {
-    std::wstring result(mark);
-    result += text;
-    result += mark;
-    return result;
-}
-
-}  // namespace
 
 std::wstring sql_number(std::wstring_view rounded, std::size_t decimals) {
     if (rounded.size() < decimals + 1) throw Failure(FailureNumber::invalid_argument);
@@ -30,12 +16,14 @@ std::wstring sql_number(std::wstring_view rounded, std::size_t decimals) {
 }
 
 std::wstring sql_date(int year, int month, int day) {
-    return sql_date(with_digits(month, 2) + L'/' + with_digits(day, 2) + L'/' +
-                    with_digits(year, 4));
+    const auto digits = [](int number, std::size_t width) {
+        return with_leading_zeros(decimal_text(number), width);
+    };
+    return concat({L"#", digits(month, 2), L"/", digits(day, 2), L"/", digits(year, 4), L"#"});
 }
 
 std::wstring sql_date(std::wstring_view text) {
-    return between(L"#", text);
+    return concat({L"#", text, L"#"});
 }
 
 std::int16_t sql_boolean(bool value) noexcept {
@@ -43,7 +31,7 @@ std::int16_t sql_boolean(bool value) noexcept {
 }
 
 std::wstring sql_string(std::wstring_view text) {
-    return between(L"'", text);
+    return concat({L"'", text, L"'"});
 }
 
 Notice sql_needs_a_number(std::optional<std::wstring> title) {

@@ -19,7 +19,7 @@ namespace kovrel {
 /// A date between "#" signs, month first. The separator is always "/", which the dialect asks for.
 [[nodiscard]] std::wstring sql_date(int year, int month, int day);
 
-/// A text that is no date, between "#" signs as it stands.
+/// A text that is no date, unchanged between "#" signs.
 [[nodiscard]] std::wstring sql_date(std::wstring_view text);
 
 /// -1 for true, 0 for false.

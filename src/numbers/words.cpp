@@ -19,8 +19,8 @@ namespace {
 using namespace std::string_view_literals;
 using namespace number_names;
 
-/// Runs one step of the conversion, which appends to `result`. A failure in it is told and leaves
-/// nothing of what the step appended.
+/// Runs one step of the conversion, which appends to `result`. A failure is reported to the context
+/// and what the step appended is removed.
 template <typename Step>
 void guarded_step(std::wstring& result, const WordsContext& context, const Step& step) {
     const auto start = result.size();
@@ -51,8 +51,8 @@ std::wstring_view tail(const std::wstring& text, std::size_t start) {
     return std::wstring_view(text).substr(start);
 }
 
-/// The number rounded to a whole one, without a sign, in groups of three digits. What is no number
-/// stays as it is, filled up to groups.
+/// The number rounded to a whole one, without sign, in groups of three digits. A text that is no
+/// number is kept and padded to whole groups.
 class GroupedDigits {
  public:
     GroupedDigits(std::wstring_view text, const Regional& regional) {
@@ -149,7 +149,7 @@ bool append_groups(std::wstring& result, std::wstring_view digits, const UnitNam
     const auto start = result.size();
     auto place = digits.size() / 3;
     if (place > scale.size()) {
-        // What fails in the groups up to the first nameless one is still told.
+        // Failures in the groups before the first nameless one are still reported.
         const auto told = (scale.size() + 1) * 3;
         for (auto rest = digits.substr(digits.size() - told); !rest.empty();
              rest.remove_prefix(3)) {
@@ -167,8 +167,8 @@ bool append_groups(std::wstring& result, std::wstring_view digits, const UnitNam
         append_scale_word(result, group_start, place, unit);
         if (index == 0) leftmost_end = result.size();
     }
-    // "mil millones": the thousands of a power of a million name it themselves only where they
-    // lead the number and nothing after them names it.
+    // "mil millones": thousands of a power of a million carry its name only where they come first
+    // and no later group carries it.
     const auto leading_place = digits.empty() ? 0 : digits.size() / 3 - 1;
     if (leading_place % 2 == 1 && leading_place > 1) {
         const auto plural = scale[leading_place - 1];
@@ -179,8 +179,7 @@ bool append_groups(std::wstring& result, std::wstring_view digits, const UnitNam
     return true;
 }
 
-/// The names for the decimals of a whole part, which only a whole part written with an exponent
-/// can come to have.
+/// Unit names for decimals of a whole part, which it can have only when written with an exponent.
 constexpr UnitNames whole_part_subunit{L"1", L""};
 
 /// Appends the words of a token, or the token itself where it is no number.
@@ -287,7 +286,7 @@ void append_group(std::wstring& result, std::wstring_view text, const UnitNames&
     });
 }
 
-/// Room for most amounts, so that the text grows in place.
+/// Reserved up front: enough for most amounts.
 constexpr std::size_t usual_length = 128;
 
 }  // namespace
@@ -318,7 +317,7 @@ std::wstring euros_in_words(double amount, const WordsContext& context) {
     std::wstring words;
     const auto rounded = amount < 0 ? std::nullopt : quickly_rounded(amount, 2);
     if (rounded) {
-        // What the text of the amount would be read as, without the text.
+        // Equal to reading the amount's text, without producing it.
         words.reserve(usual_length);
         append_whole_number(words, *rounded / 100, euros, context);
         if (*rounded % 100 != 0) {

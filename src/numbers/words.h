@@ -19,11 +19,11 @@ struct UnitNames {
     std::wstring_view other;
 };
 
-/// What a conversion needs beside its text.
+/// What a conversion needs besides its text.
 struct WordsContext {
     const Regional& regional;
-    /// Told of a failure inside any step, which then yields an empty text; the steps above it go
-    /// on with that empty piece. Memory exhaustion arrives here as failure 7.
+    /// Called with a failure inside any step, which then yields an empty text that its caller uses.
+    /// Memory exhaustion arrives as failure 7.
     std::function<void(const Failure&)> on_failure;
 };
 
@@ -44,7 +44,7 @@ struct WordsContext {
                                           const WordsContext& context);
 
 /// An amount in euros and cents, in capital letters: -12.75 is MENOS TRECE EUROS.
-/// An infinity or a NaN is an overflow (failure 6), thrown and not told to the context.
+/// An infinity or a NaN is an overflow (failure 6), thrown and not reported to the context.
 [[nodiscard]] std::wstring euros_in_words(double amount, const WordsContext& context);
 
 }  // namespace kovrel

@@ -3,12 +3,12 @@
 #include <cmath>
 #include <cwchar>
 
-#include "frame/guarded.h"
 #include "progress/bar_colors.h"
 #include "progress/progress_bar.h"
 #include "progress/progress_layout.h"
+#include "services/guarded.h"
+#include "services/modal.h"
 #include "ui/controls.h"
-#include "ui/modal.h"
 
 namespace kovrel {
 namespace {

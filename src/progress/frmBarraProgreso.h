@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "services/thread_watch.h"
 #include "ui/picture_surface.h"
-#include "ui/thread_watch.h"
 #include "ui/window.h"
 
 namespace kovrel {

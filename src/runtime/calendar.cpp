@@ -20,10 +20,12 @@ int full_year(int year, TwoDigitYearMax two_digit_year_max) {
 }
 
 std::optional<std::int32_t> valid_day(CivilDate date) {
-    const bool valid = date.year >= first_year && date.year <= last_year && date.month >= 1 &&
-                       date.month <= months_of_year && date.day >= 1 &&
-                       date.day <= days_of_month(date.year, date.month);
-    if (!valid) return std::nullopt;
+    // The range first: std::chrono keeps month and day in one byte each.
+    const auto fits = [](int number) { return number >= 1 && number <= 31; };
+    if (date.year < first_year || date.year > last_year || !fits(date.month) || !fits(date.day) ||
+        !(std::chrono::year(date.year) / date.month / date.day).ok()) {
+        return std::nullopt;
+    }
     return day_count(date);
 }
 
@@ -35,7 +37,7 @@ std::optional<std::int32_t> valid_day_either_way(int year, int month, int day) {
 }  // namespace
 
 std::int32_t day_of(double date) {
-    // Written so that a value that is no number fails too.
+    // Negated so that NaN fails.
     if (!(date > first_day - 1 && date < last_day + 1)) {
         throw Failure(FailureNumber::invalid_argument);
     }

@@ -14,15 +14,15 @@ template <class Integer>
 Integer round_to(double value) {
     using Limits = std::numeric_limits<Integer>;
     const double rounded = std::nearbyint(value);
-    // Written so that a value that is no number fails too.
+    // Negated so that NaN fails.
     if (!(rounded >= Limits::min() && rounded <= Limits::max())) {
         throw Failure(FailureNumber::overflow);
     }
     return static_cast<Integer>(rounded);
 }
 
-// A run of at most nine digits means the same under any settings and fits 32 bits; it is by far
-// the commonest text, so it does not take the way through the platform.
+// Fast path for the most frequent texts: up to nine digits mean the same under any settings and fit
+// 32 bits.
 bool is_short_digit_run(std::wstring_view text) {
     return !text.empty() && text.size() <= 9 && std::all_of(text.begin(), text.end(), is_digit);
 }

@@ -9,15 +9,11 @@ namespace kovrel {
 namespace {
 
 std::wstring padded(int number, std::size_t width) {
-    std::wstring digits = decimal_text(number);
-    if (digits.size() < width) digits.insert(0, width - digits.size(), L'0');
-    return digits;
+    return with_leading_zeros(decimal_text(number), width);
 }
 
-std::wstring joined(int first, int second, const CivilDate& date,
-                    const RegionalSettings& settings) {
-    return padded(first, 2) + settings.date_separator + padded(second, 2) +
-           settings.date_separator + padded(date.year, 4);
+std::wstring joined(int first, int second, int year, std::wstring_view separator) {
+    return concat({padded(first, 2), separator, padded(second, 2), separator, padded(year, 4)});
 }
 
 }  // namespace
@@ -32,12 +28,12 @@ std::wstring four_digit_year_text(std::int32_t day) {
 
 std::wstring day_month_year_text(std::int32_t day, const RegionalSettings& settings) {
     const CivilDate date = civil_date(day);
-    return joined(date.day, date.month, date, settings);
+    return joined(date.day, date.month, date.year, settings.date_separator);
 }
 
 std::wstring month_day_year_text(std::int32_t day, const RegionalSettings& settings) {
     const CivilDate date = civil_date(day);
-    return joined(date.month, date.day, date, settings);
+    return joined(date.month, date.day, date.year, settings.date_separator);
 }
 
 }  // namespace kovrel

@@ -1,6 +1,5 @@
 #include "runtime/failure.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -61,11 +60,10 @@ constexpr std::array descriptions{
 }  // namespace
 
 std::wstring_view failure_description(std::int32_t number) noexcept {
-    const auto* const found =
-        std::find_if(descriptions.begin(), descriptions.end(), [number](const Description& entry) {
-            return static_cast<std::int32_t>(entry.number) == number;
-        });
-    return found == descriptions.end() ? std::wstring_view{} : found->text;
+    for (const Description& entry : descriptions) {
+        if (static_cast<std::int32_t>(entry.number) == number) return entry.text;
+    }
+    return {};
 }
 
 Failure::Failure(FailureNumber number) noexcept : number_(static_cast<std::int32_t>(number)) {}

@@ -54,14 +54,17 @@ enum class FailureNumber : std::int32_t {
 /// Positive numbers are those of FailureNumber; negative ones are HRESULTs of a host's object.
 class Failure final : public std::exception {
  public:
-    /// A failure of the library's own, with the description of its number.
-    /// Takes no memory, so that memory exhaustion itself can be reported.
+    /// With the description of its number.
+    /// Allocates nothing, so that memory exhaustion itself can be reported.
     explicit Failure(FailureNumber number) noexcept;
-    /// A failure of somebody else's (a host's object, the system), with its own description.
+    /// With a description of its own, from a host's object or the system.
     Failure(std::int32_t number, std::wstring description);
 
     [[nodiscard]] std::int32_t number() const noexcept { return number_; }
-    /// Ends in a zero character.
+    [[nodiscard]] bool is(FailureNumber number) const noexcept {
+        return number_ == static_cast<std::int32_t>(number);
+    }
+    /// Zero-terminated.
     [[nodiscard]] std::wstring_view description() const noexcept;
     [[nodiscard]] const char* what() const noexcept override { return "kovrel::Failure"; }
 

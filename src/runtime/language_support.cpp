@@ -1,15 +1,14 @@
-// What the language's run time and the standard library do in their last resorts. Their own
-// versions compose messages that no host ever sees, and bring a tenth of the library's size with
-// them: two implementations of strings, a formatter and a demangler. The linker puts these in their
-// place (--wrap, see CMakeLists.txt), so that nothing is defined twice whatever else a run time's
-// object files hold.
+// Replacements for the C++ run time's terminate handler and std::__throw_ functions. The originals
+// compose messages that no host sees, with two string implementations, a formatter and a demangler
+// that make up a tenth of the library's size. The linker substitutes them by name (--wrap, see
+// CMakeLists.txt), so no symbol is defined twice.
 #include <cstdlib>
 #include <functional>
 #include <new>
 
 #include "runtime/failure.h"
 
-// The linker's names for them: "__wrap_" and the name of what is replaced, as it is linked.
+// --wrap=symbol calls __wrap_symbol instead.
 extern "C" {
 
 /// __gnu_cxx::__verbose_terminate_handler
@@ -17,7 +16,7 @@ extern "C" {
     std::abort();
 }
 
-// std::__throw_ and the rest. No address space holds what is longer than a container takes.
+// A length error means a container larger than the address space: memory exhaustion.
 [[noreturn]] void __wrap__ZSt17__throw_bad_allocv() {
     throw std::bad_alloc();
 }
@@ -41,9 +40,8 @@ extern "C" {
 }
 
 #ifdef __i386__
-/// The 32-bit run time takes away, when the module is told of the process's end, what it needs to
-/// find handlers of exceptions. Objects may be called after that, and a failing member throws: it
-/// stays, as the module does.
+/// The 32-bit run time unregisters its exception frames in DLL_PROCESS_DETACH. A host may call
+/// objects after that, and a failing member throws, so they stay registered.
 void* __wrap___deregister_frame_info(const void* /*frames*/) {
     return nullptr;
 }

@@ -1,4 +1,4 @@
-// What a rule wants the user to be told: the content of one message box.
+// The content of one message box, as rules return it.
 #pragma once
 
 #include <cstdint>

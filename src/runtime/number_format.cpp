@@ -48,7 +48,9 @@ void round_to(Decimal& number, std::ptrdiff_t count) {
     }
 }
 
-/// All the digits of a finite number: a fraction of two is one of ten with as many places.
+/// All decimal digits of a finite number, exactly: a binary fraction of n places has n decimals.
+/// Computed here because std::to_chars would add 280 KB of tables to the library, and printf
+/// differs between C libraries.
 Decimal exact(double value) {
     constexpr int mantissa_bits = std::numeric_limits<double>::digits;
     int exponent = 0;
@@ -143,8 +145,8 @@ std::wstring write(Decimal number, NumberPattern pattern, wchar_t decimal_separa
     return text;
 }
 
-/// Reads a sign, digits and at most one decimal separator, passing over group separators where
-/// one is given; absent for anything else.
+/// Reads a sign, digits and at most one decimal separator, skipping group separators where one is
+/// given; absent for anything else.
 std::optional<Decimal> plain_decimal(std::wstring_view text, wchar_t decimal_separator,
                                      std::optional<wchar_t> group_separator = std::nullopt) {
     Decimal number;
@@ -179,7 +181,7 @@ double to_double(std::string_view text) {
         exponent = std::strtoll(std::string(text.substr(mark + 1)).c_str(), nullptr, 10);
         exponent = std::clamp(exponent, -beyond_every_number, beyond_every_number);
     }
-    // The exponent takes the place of the decimal point, which the C library reads by its locale.
+    // Written with an exponent instead of a decimal point, which atof reads by the C locale.
     const auto point = mantissa.find('.');
     std::string digits(mantissa.substr(0, point));
     if (point != std::string_view::npos) {
@@ -187,8 +189,7 @@ double to_double(std::string_view text) {
         exponent -= static_cast<long long>(mantissa.size() - point - 1);
     }
     digits.append("e").append(std::to_string(exponent));
-    // Of the C library's readings this is the one that the system brings along; all of them give
-    // an infinity past the range.
+    // atof comes with the system's C library; std::from_chars would add 140 KB.
     return std::atof(digits.c_str());
 }
 
@@ -225,8 +226,7 @@ std::wstring without_blanks(std::wstring_view text) {
 }  // namespace
 
 std::optional<std::uint64_t> quickly_rounded(double value, int decimals) noexcept {
-    // Binary arithmetic is sure to round as the 15 decimal digits do with digits to spare and far
-    // from a half.
+    // Below 1e12 and away from a half, binary rounding agrees with rounding 15 decimal digits.
     constexpr std::array powers{1.0, 10.0, 100.0, 1000.0, 10000.0};
     constexpr double digits_to_spare = 1e12;
     constexpr double near_a_half = 0.01;
@@ -285,7 +285,7 @@ std::optional<double> plain_number(std::wstring_view text, wchar_t decimal_separ
     if (!plain) return std::nullopt;
     std::string literal = plain->digits;
     literal.insert(static_cast<std::size_t>(plain->point), 1, '.');
-    // A reader of literals wants a digit before the point, and takes leading zeros as they are.
+    // A literal needs a digit before the point.
     literal.insert(0, 1, '0');
     const auto first = std::min(literal.find_first_not_of('0'), literal.find('.') - 1);
     const double value = to_double(std::string_view(literal).substr(first));

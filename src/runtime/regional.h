@@ -1,4 +1,4 @@
-// The user's regional settings, as the rules need them.
+// The user's regional settings, as an interface for the rules.
 #pragma once
 
 #include <cstdint>
@@ -17,14 +17,11 @@ struct RegionalSettings {
     std::wstring date_separator = L"/";
 };
 
-/// Reads texts as numbers and dates and writes dates by the user's settings and in the user's
-/// language. That is the platform's work; rules reach it here, so that they can be built and tested
-/// where there is no such platform.
+/// Parsing and formatting by the user's settings and language. The platform does it; rules reach it
+/// through this interface, so that they can be built and tested natively.
 class Regional {
  public:
     explicit Regional(RegionalSettings settings) : settings_(std::move(settings)) {}
-    Regional(const Regional&) = delete;
-    Regional& operator=(const Regional&) = delete;
     virtual ~Regional() = default;
 
     [[nodiscard]] const RegionalSettings& settings() const noexcept { return settings_; }

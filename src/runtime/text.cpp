@@ -5,9 +5,20 @@
 
 namespace kovrel {
 
+std::wstring concat(std::initializer_list<std::wstring_view> pieces) {
+    std::wstring text;
+    for (const auto piece : pieces) text += piece;
+    return text;
+}
+
 std::wstring decimal_text(std::int64_t number) {
     const std::string digits = std::to_string(number);
     return {digits.begin(), digits.end()};
+}
+
+std::wstring with_leading_zeros(std::wstring digits, std::size_t width) {
+    if (digits.size() < width) digits.insert(0, width - digits.size(), L'0');
+    return digits;
 }
 
 std::wstring_view trim_left(std::wstring_view text) noexcept {
@@ -20,27 +31,16 @@ std::wstring_view trim(std::wstring_view text) noexcept {
     return rest.substr(0, rest.find_last_not_of(L' ') + 1);
 }
 
-wchar_t to_upper(wchar_t character) noexcept {
-    const auto code = static_cast<unsigned>(character);
-    const auto shifted = [code](unsigned by) { return static_cast<wchar_t>(code - by); };
-    if ((code >= 0x61 && code <= 0x7A) || (code >= 0xE0 && code <= 0xFE && code != 0xF7)) {
-        return shifted(0x20);
-    }
-    if (code == 0xFF) return static_cast<wchar_t>(0x178);
-    return character;
-}
-
 void make_upper(std::wstring& text) noexcept {
-    // All but the last letter of Latin-1 in a loop that compilers vectorize, so without branches;
-    // texts with that one or with other letters are rare.
+    // A branchless loop, which compilers vectorize, handles all letters but the last of Latin-1
+    // (U+00FF, whose capital is outside Latin-1). Texts with that or other letters are rare.
     std::int32_t seen = 0;
     for (wchar_t& character : text) {
         const auto code = static_cast<std::int32_t>(character);
         const std::int32_t ascii = (code > 0x60 ? 0x20 : 0) & (code < 0x7B ? 0x20 : 0);
         const std::int32_t latin =
             ((code & ~0x1F) == 0xE0 ? 0x20 : 0) & ((code & ~0x08) != 0xF7 ? 0x20 : 0);
-        seen |=
-            code + 1;  // past 0xFF from the last letter of Latin-1 on, whose capital is not in it
+        seen |= code + 1;  // above 0xFF from U+00FF on
         character = static_cast<wchar_t>(code - (ascii | latin));
     }
     if (seen <= 0xFF) return;

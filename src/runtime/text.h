@@ -1,7 +1,8 @@
-// Small operations on texts that several subsystems share.
+// Text operations that several subsystems share.
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,16 +14,27 @@ namespace kovrel {
     return character >= L'0' && character <= L'9';
 }
 
+/// The pieces one after the other.
+[[nodiscard]] std::wstring concat(std::initializer_list<std::wstring_view> pieces);
+
 /// A whole number in decimal digits, with a "-" in front when negative.
 [[nodiscard]] std::wstring decimal_text(std::int64_t number);
+
+/// The digits, padded with zeros in front to a width.
+[[nodiscard]] std::wstring with_leading_zeros(std::wstring digits, std::size_t width);
 
 /// The text without the blanks (character 32 only) at its beginning, or at both ends.
 [[nodiscard]] std::wstring_view trim_left(std::wstring_view text) noexcept;
 [[nodiscard]] std::wstring_view trim(std::wstring_view text) noexcept;
 
-/// The capital of a letter of ASCII or Latin-1, which is all that names and words of the library's
-/// own need; any other character is its own capital. For users' texts see Regional::capitals.
-[[nodiscard]] wchar_t to_upper(wchar_t character) noexcept;
+/// The capital of an ASCII or Latin-1 letter, enough for the library's own names and words; any
+/// other character is returned unchanged. For users' texts see Regional::capitals.
+[[nodiscard]] constexpr wchar_t to_upper(wchar_t character) noexcept {
+    const auto code = static_cast<unsigned>(character);
+    const bool small =
+        (code >= 0x61 && code <= 0x7A) || (code >= 0xE0 && code <= 0xFE && code != 0xF7);
+    return static_cast<wchar_t>(small ? code - 0x20 : code == 0xFF ? 0x178 : code);
+}
 [[nodiscard]] std::wstring to_upper(std::wstring_view text);
 void make_upper(std::wstring& text) noexcept;
 

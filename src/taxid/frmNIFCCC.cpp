@@ -1,7 +1,7 @@
 // The verifier's controls: creation, layout and painting.
 #include "taxid/frmNIFCCC.h"
 
-#include "frame/guarded.h"
+#include "services/guarded.h"
 #include "taxid/verifier_notices.h"
 
 namespace kovrel {
@@ -52,6 +52,7 @@ frmNIFCCC::frmNIFCCC()
               10,
               L"NIF",
               &frmNIFCCC::verify_tax_id,
+              &frmNIFCCC::nif_ok_no,
               &tax_id_to_copy_missing,
               L") en procedimiento MkNIF_Validate del Formulario frmNIFCCC.",
               L") en procedimiento MkNIF_LostFocus del Formulario frmNIFCCC.",
@@ -63,11 +64,18 @@ frmNIFCCC::frmNIFCCC()
                23,
                L"Código de Cuenta Bancaria",
                &frmNIFCCC::verify_account,
+               &frmNIFCCC::ccc_ok_no,
                &account_to_copy_missing,
                L") en procedimiento MkCCC_Validate del Formulario frmNIFCCC.",
                L") en procedimiento MkCCC_LostFocus del Formulario frmNIFCCC.",
                L") en procedimiento MkCCC_Change del Formulario frmPAGADORES.",
                L") en procedimiento cmd_copiaCCC_Click del Formulario frmNIFCCC."} {}
+
+std::shared_ptr<frmNIFCCC> frmNIFCCC::shared(MakeVerifierChecks make_checks) {
+    auto window = SharedWindow<frmNIFCCC>::get();
+    window->make_checks_ = make_checks;
+    return window;
+}
 
 void frmNIFCCC::create_controls() {
     HWND const picture =
@@ -135,13 +143,13 @@ void frmNIFCCC::form_load() {
     guarded({L") en procedimiento Form_Load del Formulario frmNIFCCC."}, [&] {
         account_.edit->set_text(L"");
         tax_id_.edit->set_text(L"");
-        general()->set_AppOrigen(caption());
+        checks()->set_title(caption());
     });
 }
 
-std::shared_ptr<clsFGen> frmNIFCCC::general() {
-    if (!general_) general_ = std::make_shared<clsFGen>();
-    return general_;
+std::shared_ptr<VerifierChecks> frmNIFCCC::checks() {
+    if (!checks_) checks_ = make_checks_();
+    return checks_;
 }
 
 frmNIFCCC::Field* frmNIFCCC::field(int id) noexcept {
@@ -175,7 +183,7 @@ void frmNIFCCC::form_unload() {
         field->edit.reset();
         field->last.clear();
     }
-    general_.reset();
+    checks_.reset();
     left_field_ = nullptr;
 }
 

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "frame/clsFGen.h"
 #include "runtime/notice.h"
+#include "taxid/verifier_checks.h"
 #include "ui/masked_edit.h"
 #include "ui/shared_window.h"
 #include "ui/window.h"
@@ -39,10 +39,12 @@ class frmNIFCCC final : public Window {
 
     frmNIFCCC();
 
-    /// The thread's shared instance.
-    [[nodiscard]] static std::shared_ptr<frmNIFCCC> shared() {
-        return SharedWindow<frmNIFCCC>::get();
-    }
+    /// The thread's shared window, alive while anybody holds it. Each time it is opened it creates
+    /// new checks.
+    [[nodiscard]] static std::shared_ptr<frmNIFCCC> shared(MakeVerifierChecks make_checks);
+
+    void nif_ok_no(const bool& Estado) { show_marks(tax_id_, Estado, !Estado); }
+    void ccc_ok_no(const bool& Estado) { show_marks(account_, Estado, !Estado); }
 
  private:
     /// One of the two fields, with its marks and everything specific to it.
@@ -53,6 +55,7 @@ class frmNIFCCC final : public Window {
         std::size_t selection;  ///< the characters that its button selects and copies
         const wchar_t* name;    ///< in the validator's messages
         void (frmNIFCCC::*verify)(const std::wstring& text);
+        void (frmNIFCCC::*ok_no)(const bool& Estado);
         Notice (*nothing_to_copy)();
         // The trailing texts of its procedures' error boxes.
         const wchar_t* validate;
@@ -78,11 +81,10 @@ class frmNIFCCC final : public Window {
     void posted(UINT message, int value) override;
     void form_unload() override;
 
-    [[nodiscard]] std::shared_ptr<clsFGen> general();
+    [[nodiscard]] std::shared_ptr<VerifierChecks> checks();
     [[nodiscard]] Field* field(int id) noexcept;
     void show_image(int id, bool wanted);
     void show_marks(const Field& field, bool accepted, bool refused);
-    void ok_no(const Field& field, bool Estado) { show_marks(field, Estado, !Estado); }
     void put_focus_back(const Field& field);
     void check_later() const noexcept;
     bool check_left_field();
@@ -93,7 +95,8 @@ class frmNIFCCC final : public Window {
     void copy(const Field& field);
     void close();
 
-    std::shared_ptr<clsFGen> general_;
+    MakeVerifierChecks make_checks_ = nullptr;
+    std::shared_ptr<VerifierChecks> checks_;
     Field tax_id_;
     Field account_;
     const Field* left_field_ = nullptr;  ///< left and not checked yet; null: none

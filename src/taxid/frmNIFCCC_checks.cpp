@@ -1,8 +1,8 @@
 // The verifier's procedures: checking, marking and copying a field.
 #include <utility>
 
-#include "frame/application.h"
-#include "frame/guarded.h"
+#include "services/guarded.h"
+#include "services/message_box.h"
 #include "taxid/frmNIFCCC.h"
 #include "taxid/verifier_notices.h"
 #include "ui/controls.h"
@@ -21,6 +21,7 @@ void frmNIFCCC::show_marks(const Field& field, bool accepted, bool refused) {
 }
 
 void frmNIFCCC::put_focus_back(const Field& field) {
+    // The focus is set by the library here: the other field has not been left by the user.
     returning_ = true;
     focus_on(field.id);
     returning_ = false;
@@ -63,8 +64,7 @@ bool frmNIFCCC::leave(const Field& field) {
     if (validate(field) || !loaded()) return false;
     bool wrong = false;
     guarded({field.lost_focus}, [&] {
-        const auto general = this->general();
-        wrong = general->LongitudExacta(field.edit->automation_object(field.name), true, 0);
+        wrong = checks()->is_half_filled(field.edit->automation_object(field.name));
         if (wrong && loaded()) put_focus_back(field);
     });
     return !wrong;
@@ -73,7 +73,7 @@ bool frmNIFCCC::leave(const Field& field) {
 /// True when the focus has been put back into the field.
 bool frmNIFCCC::validate(const Field& field) {
     return guarded<bool>({field.validate}, [&](bool& stays) {
-        set_tooltip(field.id, L"");
+        if (field.id == MkNIF) set_tooltip(MkNIF, L"");
         const std::wstring text = field.edit->text();
         if (field.edit->complete()) {
             (this->*field.verify)(text);
@@ -87,28 +87,27 @@ bool frmNIFCCC::validate(const Field& field) {
 }
 
 void frmNIFCCC::verify_tax_id(const std::wstring& text) {
-    const auto general = this->general();
-    const std::wstring verified = general->Verifica_NIF(text, true);
+    const auto checks = this->checks();
+    const std::wstring verified = checks->verified_tax_id(text);
     if (!loaded()) return;
     tax_id_.edit->set_text(verified);
-    ok_no(tax_id_, true);
-    set_tooltip(MkNIF, general->DescripNIFCIF(tax_id_.edit->text().substr(0, 1)));
+    nif_ok_no(true);
+    set_tooltip(MkNIF, checks->tax_id_kind(tax_id_.edit->text().substr(0, 1)));
 }
 
 void frmNIFCCC::verify_account(const std::wstring& text) {
-    const auto general = this->general();
-    const bool right = general->Verifica_CC(text, false, true);
-    if (loaded()) ok_no(account_, right);
+    const bool right = checks()->is_right_account(text);
+    if (loaded()) ccc_ok_no(right);
 }
 
 void frmNIFCCC::notified(int id, UINT code) {
     Field* const changed = code == EN_CHANGE ? field(id) : nullptr;
     if (changed == nullptr) return;
-    // Grouping the characters anew changes what is shown, not what the field holds.
+    // Regrouping changes the text shown, not the field's value.
     std::wstring text = changed->edit->text();
     if (text == changed->last) return;
     changed->last = std::move(text);
-    guarded({changed->change}, [&] { ok_no(*changed, false); });
+    guarded({changed->change}, [&] { (this->*changed->ok_no)(false); });
 }
 
 void frmNIFCCC::copy(const Field& field) {

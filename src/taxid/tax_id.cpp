@@ -54,7 +54,7 @@ TaxIdVerdict verify_nif(std::wstring working, const Regional& regional) {
         number = to_int32(std::wstring_view(working).substr(0, full_length - 1), regional);
     } else if (working.size() < full_length) {
         if (is_digit(typed)) working += L'-';
-        working.insert(0, full_length - working.size(), L'0');
+        working = with_leading_zeros(std::move(working), full_length);
     }
     const wchar_t right = nif_letter(number);
     if (typed == right) return {std::move(working), std::nullopt};

@@ -14,8 +14,8 @@
 
 namespace kovrel {
 
-/// What a verification found: the identifier to go on with (empty when it was rejected), and what
-/// the user should know about it.
+/// The result of a verification: the corrected identifier (empty when rejected) and the message for
+/// the user, if any.
 struct TaxIdVerdict {
     std::wstring result;
     std::optional<Notice> notice;
@@ -23,8 +23,8 @@ struct TaxIdVerdict {
     bool operator==(const TaxIdVerdict&) const = default;
 };
 
-/// The text without "-", "/", blanks and ".". Failure 6 (overflow) from 32767 characters on, which
-/// a 16-bit position cannot walk to the end.
+/// The text without "-", "/", blanks and ".". Failure 6 (overflow) from 32767 characters on: the
+/// position is a 16-bit number.
 [[nodiscard]] std::wstring strip_separators(std::wstring_view text);
 
 /// The control letter of a number; a negative one counts modulo 23 as well.
@@ -37,7 +37,7 @@ struct TaxIdVerdict {
 /// Verifies an identifier that is already in capitals and without separators. `typed_length` is the
 /// number of characters that the user typed, separators included: a NIE with a wrong letter is cut
 /// to one less than that, so one typed with separators keeps its wrong letter before the right one.
-/// Only NIFs of nine characters are really checked: those of any other length get the letter T.
+/// Only NIFs of nine characters are checked: those of any other length get the letter T.
 /// Failure 13 (type mismatch) or 6 (overflow) when the digits of a NIF or NIE are no 32-bit number.
 [[nodiscard]] TaxIdVerdict verify_normalized_tax_id(std::wstring working, std::size_t typed_length,
                                                     const Regional& regional);

@@ -9,7 +9,8 @@ namespace kovrel {
 
 /// The description of a first character: the NIF's for any text that is a number by the user's
 /// settings, that of the CIF letter or NIE letter otherwise (case does not matter), and "ERROR" for
-/// what is neither. The text counts as a whole: the empty one is found at A, and so is "AB".
+/// anything else. The whole text is searched for in the list of letters: an empty text and "AB" are
+/// found at A.
 [[nodiscard]] std::wstring_view tax_id_kind(std::wstring_view letter, const Regional& regional);
 
 }  // namespace kovrel

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "automation/per_thread.h"
+#include "automation/thread_slot.h"
 
 namespace kovrel {
 
@@ -12,20 +12,28 @@ template <class Form>
 class SharedWindow {
  public:
     [[nodiscard]] static std::shared_ptr<Form> get() {
-        if (auto window = windows_.get().lock()) return window;
-        std::shared_ptr<Form> window(new Form, &forget);
-        windows_.set(window);
+        std::weak_ptr<Form>* const shared = windows_.get();
+        auto window = shared == nullptr ? nullptr : shared->lock();
+        if (window) return window;
+        window.reset(new Form, &forget);
+        auto made = std::make_unique<std::weak_ptr<Form>>(window);
+        windows_.set(made.get());
+        if (windows_.get() == made.get()) static_cast<void>(made.release());
         return window;
     }
 
  private:
     /// Also erases this thread's entry.
     static void forget(Form* window) noexcept {
-        if (windows_.get().expired()) windows_.clear();
+        std::weak_ptr<Form>* const shared = windows_.get();
+        if (shared != nullptr && shared->expired()) {
+            windows_.set(nullptr);
+            delete shared;
+        }
         delete window;
     }
 
-    inline static constinit PerThread<std::weak_ptr<Form>> windows_;
+    inline static constinit ThreadSlot<std::weak_ptr<Form>> windows_;
 };
 
 }  // namespace kovrel

@@ -7,8 +7,8 @@
 #include "automation/floating_point.h"
 #include "automation/module.h"
 #include "runtime/failure.h"
-#include "ui/modal.h"
-#include "ui/modal_scope.h"
+#include "services/modal.h"
+#include "services/modal_scope.h"
 
 namespace kovrel {
 namespace {

@@ -2,8 +2,8 @@
 #include <windows.h>
 
 #include "automation/floating_point.h"
+#include "services/modal_scope.h"
 #include "ui/controls.h"
-#include "ui/modal_scope.h"
 #include "ui/window.h"
 
 namespace kovrel {

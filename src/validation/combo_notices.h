@@ -2,14 +2,19 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "runtime/notice.h"
 
 namespace kovrel {
 
 /// For a combo box with a list to choose from.
-[[nodiscard]] Notice combo_needs_list_item(std::wstring title);
+[[nodiscard]] inline Notice combo_needs_list_item(std::wstring title) {
+    return {L"¡Seleccione un elemento de la lista!", NoticeStyle::information, std::move(title)};
+}
 /// For a combo box whose list is empty.
-[[nodiscard]] Notice combo_value_not_valid(std::wstring title);
+[[nodiscard]] inline Notice combo_value_not_valid(std::wstring title) {
+    return {L"¡Valor no válido para este campo!", NoticeStyle::exclamation, std::move(title)};
+}
 
 }  // namespace kovrel

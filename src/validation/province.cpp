@@ -1,6 +1,5 @@
 #include "validation/province.h"
 
-#include <cstddef>
 #include <cstdlib>
 #include <string>
 
@@ -14,10 +13,8 @@ namespace {
 constexpr std::size_t postal_code_length = 5;
 
 std::wstring five_digits(std::int16_t number) {
-    std::wstring digits = decimal_text(std::abs(number));
-    digits.insert(0, postal_code_length - digits.size(), L'0');
-    if (number < 0) digits.insert(0, 1, L'-');
-    return digits;
+    return (number < 0 ? L"-" : L"") +
+           with_leading_zeros(decimal_text(std::abs(number)), postal_code_length);
 }
 
 }  // namespace
@@ -29,7 +26,7 @@ std::optional<Notice> postal_code_notice(std::wstring_view postal_code) {
 
 std::uint8_t province_of(std::wstring_view postal_code, const Regional& regional) {
     if (postal_code.size() > postal_code_length) {
-        // No 8-bit number says "none": the -1 meant for it does not fit.
+        // The result for such a code is -1, which overflows the 8-bit result type.
         throw Failure(FailureNumber::overflow);
     }
     std::wstring digits(postal_code);

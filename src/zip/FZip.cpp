@@ -2,16 +2,16 @@
 
 #include <windows.h>
 
-#include <array>
 #include <atomic>
 #include <cstddef>
+#include <vector>
 
-#include "files/clsProfile.h"
-#include "files/file_system.h"
-#include "frame/application.h"
-#include "frame/guarded.h"
-#include "frame/wait.h"
+#include "files/path_text.h"
 #include "runtime/failure.h"
+#include "services/clock.h"
+#include "services/file_system.h"
+#include "services/guarded.h"
+#include "services/message_box.h"
 #include "services/text_encoding.h"
 #include "zip/zip_library.h"
 #include "zip/zip_notices.h"
@@ -19,7 +19,7 @@
 namespace kovrel::FZip {
 namespace {
 
-/// What the DLL has to say is not shown.
+/// The DLL's messages are not shown.
 int __stdcall on_message(char* /*text*/, unsigned long /*length*/) {
     return 0;
 }
@@ -30,7 +30,7 @@ int __stdcall on_password(char* /*room*/, int /*size*/, const char* /*prompt*/,
     return 0;
 }
 
-/// Serves for comments, of which none is written, and for each entry packed, which is to go on.
+/// Used for comments (none is written) and for the progress of each entry (continue).
 int __stdcall on_comment(const char* /*text*/, unsigned long /*length*/) {
     return 0;
 }
@@ -39,7 +39,7 @@ ZpCallbacks callbacks() {
     ZpCallbacks result{};
     result.print = &on_message;
     result.password = &on_password;
-    // With one parameter or two: a DLL that is not asked for comments never calls it.
+    // The published prototype differs in its parameters; without comments it is never called.
     result.comment = reinterpret_cast<ZpComment>(reinterpret_cast<void (*)()>(&on_comment));
     result.service = &on_comment;
     return result;
@@ -58,9 +58,8 @@ ZpOptions options() {
 SRWLOCK library_lock = SRWLOCK_INIT;
 std::atomic<DWORD> library_user{0};
 
-/// The zip library keeps what it is told from one call to the next, for the whole process: threads
-/// of several apartments come one after the other. A call from within another one on the same
-/// thread, which would wait for itself, fails with 70.
+/// The zip library has process-wide state, so calls from several apartments are serialised. A
+/// nested call on the same thread would deadlock and fails with 70 instead.
 class LibraryTurn {
  public:
     LibraryTurn() {
@@ -76,16 +75,16 @@ class LibraryTurn {
     }
 };
 
-/// The DLL's answers are not looked at: whether there is an archive tells how it went.
-void pack(const std::wstring& archive, const ZIPnames& names, std::size_t count) {
+/// The DLL's return codes are ignored: the caller checks whether the archive exists.
+void pack(const std::wstring& archive, std::span<const std::wstring> names, std::size_t count) {
     const std::string path = to_ansi(archive);
-    std::array<std::string, ZIPnames::size> texts;
-    std::array<const char*, ZIPnames::size> list{};
+    std::vector<std::string> texts(names.size());
+    std::vector<const char*> list(names.size());
     for (std::size_t index = 0; index < list.size(); ++index) {
-        texts[index] = to_ansi(names.texts[index]);
+        texts[index] = to_ansi(names[index]);
         list[index] = texts[index].c_str();
     }
-    // The DLL keeps addresses of these until it is told otherwise: it goes first.
+    // The DLL keeps pointers to these: it must be unloaded before they are destroyed.
     const ZpCallbacks record = callbacks();
     const ZpOptions choices = options();
     const ZipLibrary library;
@@ -96,9 +95,7 @@ void pack(const std::wstring& archive, const ZIPnames& names, std::size_t count)
 }
 
 std::wstring path_in(const std::wstring& folder, const std::wstring& file_name) {
-    if (folder.empty()) return file_name;
-    clsProfile profile;
-    return profile.AñadirBackSlash(folder) + file_name;
+    return add_backslash(folder) + file_name;
 }
 
 bool file_exists(const std::wstring& path) {
@@ -108,7 +105,7 @@ bool file_exists(const std::wstring& path) {
 }  // namespace
 
 std::wstring GenerarZipA(const std::wstring& file_name, const std::wstring& folder,
-                         const ZIPnames& names, const std::wstring& title) {
+                         std::span<const std::wstring> names, const std::wstring& title) {
     return guarded<std::wstring>(
         {L") en procedimiento GenerarZipA del Módulo fZip."}, [&](std::wstring& result) {
             if (file_name.empty()) {
@@ -121,7 +118,7 @@ std::wstring GenerarZipA(const std::wstring& file_name, const std::wstring& fold
             }
             const std::wstring path = path_in(folder, file_name);
             if (file_exists(path)) show(archive_will_be_replaced(title));
-            const std::size_t count = count_file_names(names.texts);
+            const std::size_t count = count_file_names(names);
             if (count == 0) {
                 show(no_files_to_archive(title));
                 return;

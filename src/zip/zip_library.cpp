@@ -13,7 +13,7 @@ namespace {
 
 constexpr const wchar_t* file_name = L"zip32.dll";
 
-/// Keeps the system from telling the user itself, in a box of its own, that a file is no DLL.
+/// Suppresses the system's own message box for a file that is no valid DLL.
 class QuietLoader {
  public:
     QuietLoader() noexcept { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &before_); }
@@ -25,13 +25,7 @@ class QuietLoader {
     DWORD before_ = 0;
 };
 
-/// Folders end in a backslash; an empty one could not be found out.
-std::wstring own_folder() {
-    std::wstring path = own_module_path();
-    path.resize(path.rfind(L'\\') + 1);
-    return path;
-}
-
+/// With a backslash at the end; empty where it could not be found out.
 std::wstring system_folder() {
     std::wstring path(GetSystemDirectoryW(nullptr, 0), L'\0');
     path.resize(GetSystemDirectoryW(path.data(), static_cast<UINT>(path.size())));
@@ -44,7 +38,7 @@ bool is_file(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-/// A failure that names the file over which it came.
+/// A failure whose description names the file.
 Failure failure_over(FailureNumber number, const std::wstring& file) {
     const auto value = static_cast<std::int32_t>(number);
     return {value, std::wstring(failure_description(value)) + L": " + file};
@@ -73,10 +67,10 @@ ZipLibrary::ZipLibrary(Loaded loaded)
 ZipLibrary::Loaded ZipLibrary::load() {
     const QuietLoader quiet;
     std::optional<Failure> unusable;
-    for (const std::wstring& folder : {own_folder(), system_folder()}) {
+    for (const std::wstring& folder : {own_module_folder(), system_folder()}) {
         const std::wstring path = folder + file_name;
         if (folder.empty() || !is_file(path)) continue;
-        // What the DLL needs itself comes from its own folder or the system's too.
+        // The DLL's own imports are searched for in its folder and the system's only.
         Module module(
             LoadLibraryExW(path.c_str(), nullptr,
                            LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32));
@@ -84,8 +78,8 @@ ZipLibrary::Loaded ZipLibrary::load() {
         if (!unusable) unusable = failure_over(FailureNumber::dll_load, path);
     }
     if (unusable) throw Failure(*unusable);
-    // Where it belongs.
-    throw failure_over(FailureNumber::file_not_found, own_folder() + file_name);
+    // Name the place where it should be.
+    throw failure_over(FailureNumber::file_not_found, own_module_folder() + file_name);
 }
 
 }  // namespace kovrel

@@ -3,29 +3,24 @@
 
 #include <windows.h>
 
-#include <memory>
 #include <string>
-#include <type_traits>
 
+#include "runtime/owned.h"
 #include "zip32/zip32.h"
 
 namespace kovrel {
 
-/// The DLL, loaded as long as this lives, and its entry points.
+/// The loaded DLL and its entry points.
 class ZipLibrary {
  public:
-    /// Looks in the library's own folder, then in the system folder, and nowhere else: what lies in
-    /// the current folder or on the search path is none of ours. A DLL that cannot be loaded (no
-    /// DLL, or one of the other bitness) is passed over. Failure 53 when there is none, 48 when
-    /// there is but none that can be loaded, 453 when it lacks an entry point, each naming the
-    /// file.
+    /// Looks in the library's own folder, then in the system folder; never the current directory
+    /// or PATH (DLL planting). A DLL that cannot be loaded (invalid, or of the other bitness) is
+    /// skipped. Failure 53 when there is none, 48 when none can be loaded, 453 when it lacks an
+    /// entry point, each naming the file.
     ZipLibrary();
 
  private:
-    struct FreeModule {
-        void operator()(HMODULE module) const noexcept { FreeLibrary(module); }
-    };
-    using Module = std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeModule>;
+    using Module = Owned<HMODULE, &FreeLibrary>;
     struct Loaded {
         Module module;
         std::wstring path;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "runtime/text.h"
+
 namespace kovrel {
 
 Notice archive_needs_a_name() {
@@ -10,10 +12,10 @@ Notice archive_needs_a_name() {
 }
 
 Notice output_folder_missing(std::wstring title, std::wstring_view folder) {
-    std::wstring text = L"La carpeta de salida \"";
-    text += folder;
-    text += L"\" no existe. Debe indicar una carpeta válida donde guardar el fichero comprimido.";
-    return {std::move(text), NoticeStyle::exclamation, std::move(title)};
+    return {concat({L"La carpeta de salida \"", folder,
+                    L"\" no existe. Debe indicar una carpeta válida donde guardar el fichero "
+                    L"comprimido."}),
+            NoticeStyle::exclamation, std::move(title)};
 }
 
 Notice archive_will_be_replaced(std::wstring title) {

@@ -13,7 +13,7 @@ namespace kovrel {
 /// The archive has no file name. Unlike the others, under the library's own title.
 [[nodiscard]] Notice archive_needs_a_name();
 [[nodiscard]] Notice output_folder_missing(std::wstring title, std::wstring_view folder);
-/// An existing archive is about to be replaced; the user can only take note.
+/// An existing archive is about to be replaced; OK is the only answer.
 [[nodiscard]] Notice archive_will_be_replaced(std::wstring title);
 [[nodiscard]] Notice no_files_to_archive(std::wstring title);
 

@@ -311,48 +311,30 @@ TEST_F(DatabaseReport, VersionAndFileOfTheLibrary) {
     EXPECT_EQ(put(messages_.get(), L"ArchiVersion", Variant(L"2")).result, DISP_E_MEMBERNOTFOUND);
 }
 
-HRSRC WINAPI no_resource(HMODULE /*module*/, const wchar_t* /*name*/, const wchar_t* /*type*/) {
-    return nullptr;
+bool fails_next = false;
+
+BSTR WINAPI fail_once(const OLECHAR* text, UINT length) {
+    return std::exchange(fails_next, false) ? nullptr : SysAllocStringLen(text, length);
 }
 
-BOOL WINAPI no_version_value(const void* /*resource*/, const wchar_t* /*path*/, void** /*value*/,
-                             UINT* size) {
-    *size = 0;
-    return FALSE;
-}
-
-TEST_F(DatabaseReport, AVersionResourceThatCannotBeRead) {
+TEST_F(DatabaseReport, AFailureOfArchiInformacionShowsItsErrorBox) {
     using Get = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
     const std::string box = narrow(
-        L"16|kovrel|Error 57\\r (Error de E/S de dispositivo) en procedimiento ArchiInformacion "
-        L"del "
-        L"Módulo de clase clsMensajes.|1");
-    constexpr HRESULT device_io = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, 57);
-    for (const auto& [function, replacement] :
-         {std::pair{"FindResourceW", reinterpret_cast<void*>(&no_resource)},
-          std::pair{"VerQueryValueW", reinterpret_cast<void*>(&no_version_value)}}) {
-        SCOPED_TRACE(function);
-        const ImportPatch patch(L"kovrel.dll", function, replacement);
-        ASSERT_TRUE(patch.in_place());
-        BoxWatcher boxes({answer(IDOK), answer(IDOK)});
-        EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiInformacion")), L"");
-        Bstr text(L"antes");
-        EXPECT_EQ(early<Get>(messages_.get(), L"ArchiInformacion", INVOKE_PROPERTYGET)(
-                      messages_.get(), text.put()),
-                  S_OK);
-        EXPECT_EQ(text.view(), L"");
-        // ArchiVersion alone has no error handler: it fails to the host.
-        const Outcome version = get(messages_.get(), L"ArchiVersion");
-        EXPECT_EQ(version.result, DISP_E_EXCEPTION);
-        EXPECT_EQ(version.error, device_io);
-        EXPECT_EQ(narrow(version.description), narrow(L"Error de E/S de dispositivo"));
-        EXPECT_EQ(early<Get>(messages_.get(), L"ArchiVersion", INVOKE_PROPERTYGET)(messages_.get(),
+        L"16|kovrel|Error 7\\r (Memoria insuficiente) en procedimiento ArchiInformacion del Módulo "
+        L"de clase clsMensajes.|1");
+    const ImportPatch patch(L"kovrel.dll", "SysAllocStringLen",
+                            reinterpret_cast<void*>(&fail_once));
+    ASSERT_TRUE(patch.in_place());
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
+    fails_next = true;
+    EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiInformacion")), L"");
+    fails_next = true;
+    Bstr text(L"antes");
+    EXPECT_EQ(early<Get>(messages_.get(), L"ArchiInformacion", INVOKE_PROPERTYGET)(messages_.get(),
                                                                                    text.put()),
-                  device_io);
-        EXPECT_EQ(lines_of(boxes), (Lines{box, box}));
-    }
-    BoxWatcher no_box;
-    EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiVersion")), L"1.0.0");
+              S_OK);
+    EXPECT_EQ(text.view(), L"");
+    EXPECT_EQ(lines_of(boxes), (Lines{box, box}));
 }
 
 }  // namespace

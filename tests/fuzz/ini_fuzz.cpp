@@ -2,7 +2,7 @@
 // straightforward implementation.
 #include <optional>
 
-#include "files/ini_text.h"
+#include "files/ini_file.h"
 #include "files/path_text.h"
 #include "runtime/failure.h"
 #include "tests/fuzz/fuzz_text.h"

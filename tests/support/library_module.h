@@ -29,8 +29,8 @@ inline ComPtr<IDispatch> create_from(HMODULE module, REFCLSID class_id) {
     using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
     ComPtr<IClassFactory> factory;
     ComPtr<IDispatch> instance;
-    if (SUCCEEDED(exported<GetClassObject>(module, "DllGetClassObject")(
-            class_id, IID_IClassFactory, factory.put_void()))) {
+    if (SUCCEEDED(exported<GetClassObject>(module, "DllGetClassObject")(class_id, IID_IClassFactory,
+                                                                        factory.put_void()))) {
         factory->CreateInstance(nullptr, IID_IDispatch, instance.put_void());
     }
     return instance;

@@ -4,7 +4,7 @@
 #include <random>
 #include <tuple>
 
-#include "files/ini_text.h"
+#include "files/ini_file.h"
 #include "runtime/failure.h"
 
 namespace kovrel {

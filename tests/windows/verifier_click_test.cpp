@@ -23,7 +23,7 @@ TEST_F(Verifier, AClickCopiesWhatTheCheckCorrected) {
         controls.type(controls.tax_id, L"12345678A", L"12345678A");
         click(controls.copy_tax_id);
         EXPECT_EQ(answer_next_box(), letter_corrected);
-        EXPECT_TRUE(wait_until([] { return clipboard() == L"12345678Z"; })) << narrow(clipboard());
+        EXPECT_TRUE(clipboard_becomes(L"12345678Z")) << narrow(clipboard());
         controls.back_to_front();
         controls.has_focus(controls.tax_id);
         EXPECT_EQ(controls.selection_of(controls.tax_id), std::pair(0, 9));
@@ -39,8 +39,7 @@ TEST_F(Verifier, AClickCopiesTheAccountAfterTheWarning) {
         controls.type(controls.account, L"21000813620123456789", L"2100 0813 62 0123456789");
         click(controls.copy_account);
         EXPECT_EQ(answer_next_box(), wrong_account);
-        EXPECT_TRUE(wait_until([] { return clipboard() == L"2100 0813 62 0123456789"; }))
-            << narrow(clipboard());
+        EXPECT_TRUE(clipboard_becomes(L"2100 0813 62 0123456789")) << narrow(clipboard());
         PostMessageW(controls.window, WM_CLOSE, 0, 0);
     });
 }
@@ -55,8 +54,7 @@ TEST_F(Verifier, AClickCopiesOneFieldAfterTheOtherHasBeenChecked) {
         controls.type(controls.tax_id, L"12345678A", L"12345678A");
         click(controls.copy_account);
         EXPECT_EQ(answer_next_box(), letter_corrected);
-        EXPECT_TRUE(wait_until([] { return clipboard() == L"2100 0813 61 0123456789"; }))
-            << narrow(clipboard());
+        EXPECT_TRUE(clipboard_becomes(L"2100 0813 61 0123456789")) << narrow(clipboard());
         controls.shows_marks("NIF aceptado, Cuenta aceptada");
         controls.leave();
     });
@@ -162,7 +160,7 @@ TEST_F(Verifier, ExactlyOneButtonIsTheDefault) {
         expect_framed(controls, "C&errar");
         // With the mouse, and back with the access key.
         click(controls.copy_tax_id);
-        EXPECT_TRUE(wait_until([] { return clipboard() == L"12345678Z"; }));
+        EXPECT_TRUE(clipboard_becomes(L"12345678Z"));
         controls.has_focus(controls.tax_id);
         expect_framed(controls, "C&errar");
         press_key(VK_TAB);

@@ -27,14 +27,14 @@ TEST_F(Verifier, CopiesToTheClipboard) {
         controls.to_front();
         controls.type(controls.tax_id, L"12345678Z", L"12345678Z");
         click(controls.copy_tax_id);
-        EXPECT_TRUE(wait_until([] { return clipboard() == L"12345678Z"; }));
+        EXPECT_TRUE(clipboard_becomes(L"12345678Z"));
         controls.has_focus(controls.tax_id);
         EXPECT_EQ(controls.selection_of(controls.tax_id), std::pair(0, 9));
         press_key(VK_TAB);
         press_key(VK_TAB);
         controls.type(controls.account, L"21000813610123456789", L"2100 0813 61 0123456789");
         press_key('O', Modifier::alt);
-        EXPECT_TRUE(wait_until([] { return clipboard() == L"2100 0813 61 0123456789"; }));
+        EXPECT_TRUE(clipboard_becomes(L"2100 0813 61 0123456789"));
         controls.has_focus(controls.account);
         EXPECT_EQ(controls.selection_of(controls.account), std::pair(0, 23));
         controls.leave();
@@ -97,7 +97,7 @@ TEST_F(Verifier, AClipboardThatAnotherProgramHoldsIsReported) {
         CloseClipboard();
         EXPECT_EQ(clipboard(), L"antes");
         press_key('O', Modifier::alt);
-        EXPECT_TRUE(wait_until([] { return clipboard() == L"2100 0813 61 0123456789"; }));
+        EXPECT_TRUE(clipboard_becomes(L"2100 0813 61 0123456789"));
         controls.leave();
     });
 }
@@ -110,7 +110,7 @@ TEST_F(Verifier, EnterPressesAFocusedCopyButton) {
         press_key(VK_TAB);
         controls.has_focus(controls.copy_tax_id);
         press_key(VK_RETURN);
-        EXPECT_TRUE(wait_until([] { return clipboard() == L"12345678Z"; }));
+        EXPECT_TRUE(clipboard_becomes(L"12345678Z"));
         controls.has_focus(controls.tax_id);
         controls.leave();
     });

@@ -7,6 +7,11 @@
 #include <cwchar>
 
 namespace kovrel::test {
+namespace {
+
+DWORD last_content = 0;  // the clipboard's sequence number
+
+}  // namespace
 
 std::string answer_next_box() {
     HWND const box = wait_for_window({L"#32770", {}, 0});
@@ -27,6 +32,7 @@ void set_clipboard(const wchar_t* text) {
     GlobalUnlock(memory);
     SetClipboardData(CF_UNICODETEXT, memory);
     CloseClipboard();
+    last_content = GetClipboardSequenceNumber();
 }
 
 std::wstring clipboard() {
@@ -38,6 +44,13 @@ std::wstring clipboard() {
     }
     CloseClipboard();
     return text;
+}
+
+bool clipboard_becomes(const wchar_t* text) {
+    if (!wait_until([] { return GetClipboardSequenceNumber() != last_content; })) return false;
+    const bool is_text = clipboard() == text;
+    last_content = GetClipboardSequenceNumber();
+    return is_text;
 }
 
 std::wstring tooltip_of(HWND window, HWND control) {

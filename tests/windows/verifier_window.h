@@ -80,6 +80,9 @@ std::string answer_next_box();
 
 void set_clipboard(const wchar_t* text);
 std::wstring clipboard();
+// Waits for a copy and compares it. The clipboard is opened only once something new is there: until
+// then the window could not open it.
+bool clipboard_becomes(const wchar_t* text);
 
 // Empty: none.
 std::wstring tooltip_of(HWND window, HWND control);

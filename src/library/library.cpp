@@ -1,0 +1,40 @@
+#include "library/library.h"
+
+#include "library/ZIPnames.h"
+#include "library/cgsFileOpR.h"
+#include "library/clsADODBServices.h"
+#include "library/clsCSQL.h"
+#include "library/clsFFechas.h"
+#include "library/clsFGen.h"
+#include "library/clsFZip.h"
+#include "library/clsMensajes.h"
+#include "library/clsProfile.h"
+#include "library/eOFN.h"
+
+namespace kovrel {
+namespace {
+
+constexpr GUID library_id{
+    0x5f3d33d3, 0x6df8, 0x47bb, {0x97, 0x28, 0x0a, 0xa1, 0x84, 0x48, 0xb6, 0x4f}};
+
+constexpr const ClassInfo* classes[]{&clsFFechas::class_info, &clsADODBServices::class_info,
+                                     &cgsFileOpR::class_info, &clsProfile::class_info,
+                                     &clsCSQL::class_info,    &clsFZip::class_info,
+                                     &clsFGen::class_info,    &clsMensajes::class_info};
+constexpr const EnumInfo* enumerations[]{&enumeration_info(eOFN{})};
+constexpr const RecordInfo* records[]{&ZIPnames::info};
+
+}  // namespace
+
+constinit const LibraryInfo library{
+    .name = library_name,
+    .help = L"Kovrel: utilidades para aplicaciones de base de datos en español",
+    .id = library_id,
+    .major = KOVREL_VERSION_MAJOR,
+    .minor = KOVREL_VERSION_MINOR,
+    .classes = classes,
+    .enumerations = enumerations,
+    .records = records,
+};
+
+}  // namespace kovrel
