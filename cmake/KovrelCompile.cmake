@@ -14,7 +14,7 @@ if(WIN32)
   # Interfaces are laid out by hand (see src/automation), which aliases unrelated types.
   target_compile_options(kovrel_compile INTERFACE -fno-strict-aliasing)
   # One file is all that a user copies: nothing but system DLLs may be imported.
-  # What nobody calls is left out; each function lies in a section of its own for that.
+  # The linker drops unused functions, for which each needs a section of its own.
   target_compile_options(kovrel_compile INTERFACE -ffunction-sections -fdata-sections)
   target_link_options(kovrel_compile INTERFACE -Wl,--gc-sections)
   target_link_options(kovrel_compile INTERFACE -static -static-libgcc -static-libstdc++
@@ -22,14 +22,14 @@ if(WIN32)
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     target_link_options(kovrel_compile INTERFACE -Wl,--high-entropy-va)
   else()
-    # Doubles are doubles at every step, as in 64 bits: the old floating-point unit keeps more
-    # digits in its registers than in memory, and a difference of equal times is then not zero.
+    # SSE arithmetic as in 64 bits: x87 registers keep more digits than memory, so that the difference
+    # of equal times may not be zero.
     target_compile_options(kovrel_compile INTERFACE -msse2 -mfpmath=sse)
   endif()
 endif()
 
 if(KOVREL_UB_TRAPS)
-  # Script engines hand out their variables at multiples of four bytes, which the processor takes.
+  # Script engines align their variables to four bytes only, which the processor allows.
   target_compile_options(kovrel_compile INTERFACE -fsanitize=undefined -fno-sanitize=alignment
                                                   -fsanitize-undefined-trap-on-error)
 endif()
@@ -40,7 +40,7 @@ if(KOVREL_SANITIZE)
   target_link_options(kovrel_compile INTERFACE -fsanitize=address,undefined)
 endif()
 
-# kovrel_version_resource(target product description) tells users of a DLL's file what it is.
+# kovrel_version_resource(target product description) adds a version resource to a DLL.
 function(kovrel_version_resource target product description)
   set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc)
   configure_file(${CMAKE_SOURCE_DIR}/cmake/version.rc.in ${resource} @ONLY)
