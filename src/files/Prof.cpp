@@ -31,9 +31,9 @@ constinit ThreadSlot<const char> initial_folder_of_browse;
 
 int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
                                 LPARAM /*data*/) noexcept {
-    if (message == BFFM_INITIALIZED) {
-        SendMessageA(browser, BFFM_SETSELECTIONA, TRUE,
-                     reinterpret_cast<LPARAM>(initial_folder_of_browse.get()));
+    const char* const folder = initial_folder_of_browse.get();  // null without a free slot
+    if (message == BFFM_INITIALIZED && folder != nullptr) {
+        SendMessageA(browser, BFFM_SETSELECTIONA, TRUE, reinterpret_cast<LPARAM>(folder));
     } else if (message == BFFM_SELCHANGED) {
         PathBuffer path = blank_buffer();
         if (SHGetPathFromIDListA(reinterpret_cast<const ITEMIDLIST*>(parameter), path.data())) {

@@ -153,8 +153,8 @@ std::shared_ptr<VerifierChecks> frmNIFCCC::checks() {
 }
 
 frmNIFCCC::Field* frmNIFCCC::field(int id) noexcept {
-    if (id == MkNIF) return &tax_id_;
-    return id == MkCCC ? &account_ : nullptr;
+    Field* const found = id == MkNIF ? &tax_id_ : id == MkCCC ? &account_ : nullptr;
+    return found != nullptr && found->edit ? found : nullptr;
 }
 
 void frmNIFCCC::paint_picture_box(int id, HDC context, const RECT& bounds) {

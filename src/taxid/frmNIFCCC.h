@@ -82,6 +82,7 @@ class frmNIFCCC final : public Window {
     void form_unload() override;
 
     [[nodiscard]] std::shared_ptr<VerifierChecks> checks();
+    /// Null for other controls, and while the window is not loaded.
     [[nodiscard]] Field* field(int id) noexcept;
     void show_image(int id, bool wanted);
     void show_marks(const Field& field, bool accepted, bool refused);
