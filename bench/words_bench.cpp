@@ -1,5 +1,5 @@
 // Euro amounts in words against ICU's Spanish spell-out of the same amounts, in one run.
-// The budget of the first is 0.33 of the second.
+// The budget of the first is 0.25 of the second.
 #include <benchmark/benchmark.h>
 #include <cmath>
 #include <cstdint>

@@ -34,7 +34,9 @@ class Bstr {
         std::swap(text_, other.text_);
         return *this;
     }
-    ~Bstr() { SysFreeString(text_); }
+    ~Bstr() {
+        if (text_ != nullptr) SysFreeString(text_);
+    }
 
     [[nodiscard]] BSTR get() const noexcept { return text_; }
     [[nodiscard]] BSTR* put() noexcept {

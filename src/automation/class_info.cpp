@@ -7,7 +7,7 @@
 namespace kovrel {
 
 const MemberInfo* ClassInfo::Accessors::any() const noexcept {
-    for (const MemberInfo* member : {method, get, put, put_object}) {
+    for (const MemberInfo* member : members_) {
         if (member != nullptr) return member;
     }
     return nullptr;
@@ -57,20 +57,7 @@ ClassInfo::Accessors ClassInfo::accessors(DISPID id) const noexcept {
     // The accessors of a property are adjacent.
     for (const MemberInfo& member : members.subspan(by_id[static_cast<std::size_t>(id - 1)])) {
         if (member.id != id) break;
-        switch (member.kind) {
-            case MemberKind::method:
-                result.method = &member;
-                break;
-            case MemberKind::property_get:
-                result.get = &member;
-                break;
-            case MemberKind::property_put:
-                result.put = &member;
-                break;
-            case MemberKind::property_put_object:
-                result.put_object = &member;
-                break;
-        }
+        result.add(member);
     }
     return result;
 }

@@ -6,6 +6,8 @@
 #include <windows.h>
 #include <oleauto.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -93,14 +95,20 @@ struct ClassInfo {
     std::span<const std::uint16_t> by_id;    ///< index: id - 1; the id's first member
     std::span<const std::uint16_t> by_name;  ///< ids in the order of their names in capitals
 
-    /// The members behind one late-bound id.
-    struct Accessors {
-        const MemberInfo* method = nullptr;
-        const MemberInfo* get = nullptr;
-        const MemberInfo* put = nullptr;
-        const MemberInfo* put_object = nullptr;
-
+    /// The members behind one late-bound id, at most one of each kind.
+    class Accessors {
+     public:
+        /// Null when there is none of this kind.
+        [[nodiscard]] const MemberInfo* operator[](MemberKind kind) const noexcept {
+            return members_[static_cast<std::size_t>(kind)];
+        }
         [[nodiscard]] const MemberInfo* any() const noexcept;
+        void add(const MemberInfo& member) noexcept {
+            members_[static_cast<std::size_t>(member.kind)] = &member;
+        }
+
+     private:
+        std::array<const MemberInfo*, 4> members_{};
     };
 
     /// The late-bound id of a name, without regard to case; DISPID_UNKNOWN when there is none.

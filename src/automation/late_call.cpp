@@ -88,11 +88,12 @@ LateCall::LateCall(const MemberInfo& member, const DISPPARAMS& parameters, VARIA
         throw CallError{DISP_E_BADPARAMCOUNT};
     }
     const UINT positional = parameters.cArgs - named;
-    for (UINT index = 0; index < positional; ++index) {
-        positions_[index] = parameters.cArgs - 1 - index;
-        arguments_[index] = &parameters.rgvarg[positions_[index]];
+    for (UINT index = 0; index < count; ++index) {
+        const bool given = index < positional;
+        positions_[index] = given ? parameters.cArgs - 1 - index : 0;
+        arguments_[index] = given ? &parameters.rgvarg[positions_[index]] : nullptr;
     }
-    bind_named(parameters);
+    if (named != 0) bind_named(parameters);
     for (std::size_t index = 0; index < count; ++index) {
         VARIANTARG*& argument = arguments_[index];
         if (argument == nullptr) continue;
@@ -191,16 +192,25 @@ std::vector<std::wstring> LateCall::texts(std::size_t parameter, const RecordInf
     }
 }
 
+const BSTR* LateCall::text(std::size_t parameter) const noexcept {
+    const VARIANT& given = arguments_[parameter] != nullptr
+                               ? *arguments_[parameter]
+                               : member_->parameters[parameter].when_missing;
+    return given.vt == VT_BSTR ? &given.bstrVal : nullptr;
+}
+
+void* LateCall::variable(std::size_t parameter, VARTYPE type) const noexcept {
+    if (arguments_[parameter] == nullptr) return nullptr;
+    const VARIANT* const last = followed(arguments_[parameter]);
+    return last != nullptr && last->vt == (VT_BYREF | type) ? last->byref : nullptr;
+}
+
 void LateCall::write_back(std::size_t parameter, Variant value) const {
     VARIANTARG* const given = arguments_[parameter];
     if (given == nullptr || (given->vt & VT_BYREF) == 0) return;
     const HRESULT outcome = write_through(*given, std::move(value));
     if (outcome == E_OUTOFMEMORY) throw std::bad_alloc();
     if (FAILED(outcome)) fail(parameter, outcome);
-}
-
-void LateCall::set_result(Variant value) const noexcept {
-    if (result_ != nullptr) *result_ = value.detach();
 }
 
 void LateCall::fail(std::size_t parameter, HRESULT result) const {

@@ -45,11 +45,18 @@ class LateCall {
     [[nodiscard]] std::vector<std::wstring> texts(std::size_t parameter,
                                                   const RecordInfo& record) const;
 
+    /// The text that the argument itself is; null when it refers to a variable or is of another
+    /// type.
+    [[nodiscard]] const BSTR* text(std::size_t parameter) const noexcept;
+    /// The caller's variable where the argument refers to one of exactly this type, or else null.
+    [[nodiscard]] void* variable(std::size_t parameter, VARTYPE type) const noexcept;
+
     /// Stores a changed value in the caller's variable, in the variable's own type when it has one.
     /// Does nothing for an argument passed by value.
     void write_back(std::size_t parameter, Variant value) const;
 
-    void set_result(Variant value) const noexcept;
+    /// Where the result goes, empty; null when the caller wants none.
+    [[nodiscard]] VARIANT* result() const noexcept { return result_; }
 
     [[noreturn]] void fail(std::size_t parameter, HRESULT result) const;
 
@@ -58,8 +65,9 @@ class LateCall {
     void check_omitted(const DISPPARAMS& parameters) const;
 
     const MemberInfo* member_;
-    std::array<VARIANTARG*, max_parameters> arguments_{};  // null: missing
-    std::array<UINT, max_parameters> positions_{};         // index into rgvarg
+    // Only the member's own parameters are initialized: most members have one or two.
+    std::array<VARIANTARG*, max_parameters> arguments_;  // null: missing
+    std::array<UINT, max_parameters> positions_;         // index into rgvarg
     VARIANT* result_;
 };
 

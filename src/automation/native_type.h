@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <ocidl.h>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -41,8 +42,10 @@ struct TextRecord {
 ///   to_raw(value)            a raw value that the receiver owns
 ///   release(raw)             frees what a raw value owns
 ///   from_call(call, index)   the native value of a late-bound argument
-///   to_variant(value)        the native value for a late-bound caller
-///   type()                   how the type library spells it
+///   put(target, value)       stores the native value in a VARIANT that holds nothing; in place,
+///                            because copying a VARIANT just written in parts stalls the processor
+///   vartype                  of a by-reference VARIANT that refers to a Raw; not every type has
+///   one type()                   how the type library spells it
 template <class T>
 struct Native;
 
@@ -62,14 +65,20 @@ inline DATE raw_of(Date value) noexcept {
 template <class T, VARTYPE Type, auto Field>
 struct NativePlain {
     using Raw = std::remove_reference_t<decltype(std::declval<VARIANT&>().*Field)>;
+    static constexpr VARTYPE vartype = Type;
     static T from_raw(Raw raw) noexcept { return static_cast<T>(raw); }
     static Raw to_raw(T value) noexcept { return static_cast<Raw>(raw_of(value)); }
     static void release(Raw /*raw*/) noexcept {}
     static T from_call(const LateCall& call, std::size_t index) {
         const VARIANT& argument = call.argument(index);
-        return from_raw(argument.vt == Type ? argument.*Field : call.coerced(index, Type).*Field);
+        if (argument.vt == Type) return from_raw(argument.*Field);
+        if (argument.vt == (VT_BYREF | Type)) return from_raw(*static_cast<Raw*>(argument.byref));
+        return from_raw(call.coerced(index, Type).*Field);
     }
-    static Variant to_variant(T value) noexcept { return Variant(value); }
+    static void put(VARIANT& target, T value) noexcept {
+        target.vt = Type;
+        target.*Field = to_raw(value);
+    }
     static constexpr TypeRef type() noexcept { return {.type = Type}; }
 };
 
@@ -92,24 +101,60 @@ struct Native<Date> : NativePlain<Date, VT_DATE, &VARIANT::date> {};
 template <>
 struct Native<std::wstring> {
     using Raw = BSTR;
+    static constexpr VARTYPE vartype = VT_BSTR;
     static std::wstring from_raw(Raw raw) { return std::wstring(text_of(raw)); }
     static Raw to_raw(const std::wstring& value) { return new_bstr(value); }
     static void release(Raw raw) noexcept { SysFreeString(raw); }
     static std::wstring from_call(const LateCall& call, std::size_t index) {
         const VARIANT& argument = call.argument(index);
         if (argument.vt == VT_BSTR) return from_raw(argument.bstrVal);
+        if (argument.vt == (VT_BYREF | VT_BSTR)) return from_raw(*argument.pbstrVal);
         return from_raw(call.coerced(index, VT_BSTR).bstrVal);
     }
-    static Variant to_variant(const std::wstring& value) { return Variant(value); }
+    static void put(VARIANT& target, const std::wstring& value) {
+        target.bstrVal = to_raw(value);
+        target.vt = VT_BSTR;
+    }
     static constexpr TypeRef type() noexcept { return {.type = VT_BSTR}; }
 };
+
+/// A text passed by value. Nobody frees it during the call, so it is not copied; where the argument
+/// refers to a variable instead, which an event may change meanwhile, there is a copy.
+class TextArgument {
+ public:
+    explicit TextArgument(BSTR callers) noexcept : text_(text_of(callers)) {}
+    explicit TextArgument(Bstr copy) noexcept : copy_(std::move(copy)), text_(copy_.view()) {}
+
+    [[nodiscard]] std::wstring_view text() const noexcept { return text_; }
+
+ private:
+    Bstr copy_;
+    std::wstring_view text_;
+};
+
+template <>
+struct Native<std::wstring_view> {
+    using Raw = BSTR;
+    static TextArgument from_raw(Raw raw) noexcept { return TextArgument(raw); }
+    static TextArgument from_call(const LateCall& call, std::size_t index) {
+        if (const BSTR* const given = call.text(index)) return from_raw(*given);
+        Bstr copy;
+        *copy.put() = call.coerced(index, VT_BSTR).detach().bstrVal;
+        return TextArgument(std::move(copy));
+    }
+    static constexpr TypeRef type() noexcept { return {.type = VT_BSTR}; }
+};
+
+/// What holds an argument during the call.
+template <class T>
+using ArgumentValue = std::conditional_t<std::is_same_v<T, std::wstring_view>, TextArgument, T>;
 
 template <>
 struct Native<Variant> {
     using Raw = VARIANT;
     static Raw to_raw(Variant value) noexcept { return value.detach(); }
     static Variant from_call(const LateCall& call, std::size_t index) { return call.copied(index); }
-    static Variant to_variant(Variant value) noexcept { return value; }
+    static void put(VARIANT& target, Variant value) noexcept { target = value.detach(); }
     static constexpr TypeRef type() noexcept { return {.type = VT_VARIANT}; }
 };
 
@@ -122,8 +167,9 @@ struct NativeInterface {
     static void release(Raw raw) noexcept {
         if (raw != nullptr) raw->Release();
     }
-    static Variant to_variant(const Pointer& value) noexcept {
-        return Variant(ComPtr<IDispatch>(value.get()));
+    static void put(VARIANT& target, const Pointer& value) noexcept {
+        target.vt = VT_DISPATCH;
+        target.pdispVal = ComPtr<IDispatch>(value.get()).detach();
     }
 
  protected:
@@ -173,9 +219,6 @@ template <class T>
 requires std::is_enum_v<T>
 struct Native<T> : NativePlain<T, VT_I4, &VARIANT::lVal> {
     static_assert(sizeof(T) == sizeof(std::int32_t));
-    static Variant to_variant(T value) noexcept {
-        return Variant(static_cast<std::int32_t>(value));
-    }
     static constexpr TypeRef type() noexcept {
         return {.type = VT_USERDEFINED, .enumeration = &enumeration_info(T{})};
     }

@@ -34,18 +34,21 @@ bool puts(const DISPPARAMS& parameters) noexcept {
 /// reading and assignment at once, a call with a value to assign assigns.
 const MemberInfo* wanted(const ClassInfo::Accessors& accessors, WORD flags,
                          const DISPPARAMS& parameters) noexcept {
-    if ((flags & DISPATCH_METHOD) != 0 && accessors.method != nullptr) return accessors.method;
-    if ((flags & DISPATCH_PROPERTYGET) != 0 && accessors.get != nullptr && !puts(parameters)) {
-        return accessors.get;
+    using enum MemberKind;
+    const auto asks_for = [&](WORD flag, MemberKind kind) {
+        return (flags & flag) != 0 && accessors[kind] != nullptr;
+    };
+    if (asks_for(DISPATCH_METHOD, method)) return accessors[method];
+    if (asks_for(DISPATCH_PROPERTYGET, property_get) && !puts(parameters)) {
+        return accessors[property_get];
     }
-    if ((flags & DISPATCH_PROPERTYPUTREF) != 0 && accessors.put_object != nullptr) {
-        return accessors.put_object;
+    if (asks_for(DISPATCH_PROPERTYPUTREF, property_put_object)) {
+        return accessors[property_put_object];
     }
-    if ((flags & DISPATCH_PROPERTYPUT) != 0) {
-        // Hosts without object assignment ("Set") assign objects like any other value.
-        return accessors.put != nullptr ? accessors.put : accessors.put_object;
-    }
-    return (flags & DISPATCH_PROPERTYGET) != 0 ? accessors.get : nullptr;
+    if (asks_for(DISPATCH_PROPERTYPUT, property_put)) return accessors[property_put];
+    // Hosts without object assignment ("Set") assign objects like any other value.
+    if ((flags & DISPATCH_PROPERTYPUT) != 0) return accessors[property_put_object];
+    return (flags & DISPATCH_PROPERTYGET) != 0 ? accessors[property_get] : nullptr;
 }
 
 /// Whether the DISPPARAMS are consistent.

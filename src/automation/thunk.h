@@ -17,7 +17,8 @@
 namespace kovrel {
 
 /// A parameter's type in the member's signature tells how the argument is passed:
-/// T by value, const T& by reference and only read, T& by reference and written back.
+/// T by value, const T& by reference and only read, T& by reference and written back. A text by
+/// value is std::wstring_view.
 template <class Parameter>
 inline constexpr bool by_reference = std::is_lvalue_reference_v<Parameter>;
 template <class Parameter>
@@ -34,13 +35,15 @@ using RawOf = std::conditional_t<by_reference<Parameter>, typename NativeOf<Para
 template <class Parameter>
 class Argument {
  public:
-    using Value = std::remove_cvref_t<Parameter>;
+    using Value = ArgumentValue<std::remove_cvref_t<Parameter>>;
 
     explicit Argument(Value value) : value_(std::move(value)), original_(keep(value_)) {}
 
     [[nodiscard]] Parameter pass() {
         if constexpr (by_reference<Parameter>) {
             return value_;
+        } else if constexpr (std::is_same_v<Parameter, std::wstring_view>) {
+            return value_.text();
         } else {
             return std::move(value_);
         }
@@ -62,20 +65,34 @@ class Argument {
             if constexpr (std::is_same_v<Value, Variant>) {
                 store_variant(*variable, value_, declared, index);
             } else {
-                auto raw = NativeOf<Parameter>::to_raw(value_);
-                NativeOf<Parameter>::release(*variable);
-                *variable = raw;
+                replace(*variable);
             }
         }
     }
 
     void store(const LateCall& call, std::size_t index) {
         if constexpr (written_back<Parameter>) {
-            if (changed()) call.write_back(index, NativeOf<Parameter>::to_variant(value_));
+            if (!changed()) return;
+            if constexpr (requires { NativeOf<Parameter>::vartype; }) {
+                if (void* const variable = call.variable(index, NativeOf<Parameter>::vartype)) {
+                    replace(*static_cast<RawOf<Parameter>>(variable));
+                    return;
+                }
+            }
+            Variant value;
+            NativeOf<Parameter>::put(value, value_);
+            call.write_back(index, std::move(value));
         }
     }
 
  private:
+    template <class Raw>
+    void replace(Raw& variable) const {
+        const auto raw = NativeOf<Parameter>::to_raw(value_);
+        NativeOf<Parameter>::release(variable);
+        variable = raw;
+    }
+
     struct Nothing {};
     using Original = std::conditional_t<written_back<Parameter>, Value, Nothing>;
 
@@ -196,7 +213,10 @@ class Crossing {
         if constexpr (std::is_void_v<Result>) {
             run(body, store);
         } else {
-            call.set_result(NativeOf<Result>::to_variant(run(body, store)));
+            auto result = run(body, store);
+            if (VARIANT* const target = call.result()) {
+                NativeOf<Result>::put(*target, std::move(result));
+            }
         }
     }
 
@@ -284,8 +304,9 @@ struct FieldAccess;
 
 template <class Class, class Value, Value Class::*Field>
 struct FieldAccess<Field> {
+    using Given = std::conditional_t<std::is_same_v<Value, std::wstring>, std::wstring_view, Value>;
     static Value get(Class& instance) { return instance.*Field; }
-    static void put(Class& instance, Value value) { instance.*Field = std::move(value); }
+    static void put(Class& instance, Given value) { instance.*Field = value; }
 };
 
 }  // namespace kovrel

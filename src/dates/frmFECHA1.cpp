@@ -33,8 +33,7 @@ frmFECHA1::frmFECHA1()
               question.top + question.height + row_height + 2 * margin, cmdOK}) {}
 
 void frmFECHA1::create_controls() {
-    const INITCOMMONCONTROLSEX date_classes{sizeof date_classes, ICC_DATE_CLASSES};
-    InitCommonControlsEx(&date_classes);
+    register_date_pickers();
     // SS_EDITCONTROL breaks words longer than a line.
     add({L"STATIC", L"Escriba una fecha...", SS_NOPREFIX | SS_EDITCONTROL, lbl_mensaje, question});
     add({L"STATIC", L"Fecha:", SS_NOPREFIX | SS_CENTERIMAGE, lbl_fecha, {}});

@@ -11,6 +11,8 @@
 #include "automation/thread_slot.h"
 #include "runtime/failure.h"
 #include "runtime/owned.h"
+#include "services/dynamic_library.h"
+#include "services/guarded.h"
 #include "services/modal_scope.h"
 #include "services/text_encoding.h"
 
@@ -25,6 +27,16 @@ PathBuffer blank_buffer() {
     return buffer;
 }
 
+template <class Function>
+Function* shell_function(const char* name) {
+    return system_function<Function>(L"shell32.dll", name);
+}
+
+bool path_of(const ITEMIDLIST* item, PathBuffer& path) {
+    return shell_function<decltype(SHGetPathFromIDListA)>("SHGetPathFromIDListA")(item,
+                                                                                  path.data());
+}
+
 /// Where the browser opens, in the system code page: set around each browse for its callback, to
 /// which the record passes nothing.
 constinit ThreadSlot<const char> initial_folder_of_browse;
@@ -35,26 +47,30 @@ int CALLBACK on_browser_message(HWND browser, UINT message, LPARAM parameter,
     if (message == BFFM_INITIALIZED && folder != nullptr) {
         SendMessageA(browser, BFFM_SETSELECTIONA, TRUE, reinterpret_cast<LPARAM>(folder));
     } else if (message == BFFM_SELCHANGED) {
-        PathBuffer path = blank_buffer();
-        if (SHGetPathFromIDListA(reinterpret_cast<const ITEMIDLIST*>(parameter), path.data())) {
+        attempt([&] {
+            PathBuffer path = blank_buffer();
+            if (!path_of(reinterpret_cast<const ITEMIDLIST*>(parameter), path)) return;
             SendMessageA(browser, BFFM_SETSTATUSTEXTA, 0, reinterpret_cast<LPARAM>(path.data()));
-        }
+        });
     }
     return 0;
 }
 
 /// Modal to the whole thread, whatever its owner.
 ITEMIDLIST* run_dialog(BROWSEINFOA& record) {
+    auto* const browse = shell_function<decltype(SHBrowseForFolderA)>("SHBrowseForFolderA");
     const ModalScope scope(ModalScope::NextDialog{record.hwndOwner});
     const HostFloatingPoint host;
-    return SHBrowseForFolderA(&record);
+    return browse(&record);
 }
 
 /// The system replaces characters that the code page lacks by similar ones (best fit), which could
 /// be the path of another folder: puts question marks instead.
 void put_question_marks(const ITEMIDLIST* item, PathBuffer& path) {
     std::array<wchar_t, MAX_PATH> real{};
-    if (!SHGetPathFromIDListW(item, real.data())) return;
+    auto* const wide_path_of =
+        shell_function<decltype(SHGetPathFromIDListW)>("SHGetPathFromIDListW");
+    if (!wide_path_of(item, real.data())) return;
     const std::string bytes = to_ansi(real.data());
     const bool is_same_but_for_them =
         bytes.size() < path.size() && path[bytes.size()] == '\0' &&
@@ -80,7 +96,7 @@ std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
     initial_folder_of_browse.set(nullptr);
     if (!item) return {};
     PathBuffer path = blank_buffer();
-    const bool has_path = SHGetPathFromIDListA(item.get(), path.data()) != FALSE;
+    const bool has_path = path_of(item.get(), path);
     const auto* const end = std::find(path.begin(), path.end(), '\0');
     if (!has_path || end == path.end()) throw Failure(FailureNumber::invalid_argument);
     put_question_marks(item.get(), path);

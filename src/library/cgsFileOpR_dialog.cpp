@@ -7,6 +7,7 @@
 #include "automation/floating_point.h"
 #include "files/open_dialog_text.h"
 #include "library/cgsFileOpR.h"
+#include "services/dynamic_library.h"
 #include "services/guarded.h"
 #include "services/modal_scope.h"
 #include "services/text_encoding.h"
@@ -46,9 +47,11 @@ class Buffer {
 
 /// Modal to the whole thread, whatever its owner. True when the user has chosen a file.
 bool run_dialog(OPENFILENAME_NT4A& record) {
+    auto* const open =
+        system_function<decltype(GetOpenFileNameA)>(L"comdlg32.dll", "GetOpenFileNameA");
     const ModalScope scope(ModalScope::NextDialog{record.hwndOwner});
     const HostFloatingPoint host;
-    return GetOpenFileNameA(reinterpret_cast<OPENFILENAMEA*>(&record)) != FALSE;
+    return open(reinterpret_cast<OPENFILENAMEA*>(&record)) != FALSE;
 }
 
 }  // namespace
@@ -109,7 +112,7 @@ void cgsFileOpR::set_Action(const std::int16_t& value) {
              Variant::missing());
 }
 
-void cgsFileOpR::set_Filter(std::wstring value) {
+void cgsFileOpR::set_Filter(std::wstring_view value) {
     guarded({L") en procedimiento Filter del Módulo de clase cgsFileOpR."},
             [&] { system_filter_ = system_filter(value); });
 }

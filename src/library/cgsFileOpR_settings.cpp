@@ -7,8 +7,8 @@
 
 namespace kovrel {
 
-std::wstring cgsFileOpR::GetSetting(std::wstring lpFileName, std::wstring lpAppName,
-                                    std::wstring lpKeyName, Variant vDefault) {
+std::wstring cgsFileOpR::GetSetting(std::wstring_view lpFileName, std::wstring_view lpAppName,
+                                    std::wstring_view lpKeyName, Variant vDefault) {
     return guarded<std::wstring>(
         {L") en procedimiento GetSetting del Módulo de clase cgsFileOpR."},
         [&](std::wstring& result) {
@@ -18,30 +18,29 @@ std::wstring cgsFileOpR::GetSetting(std::wstring lpFileName, std::wstring lpAppN
         });
 }
 
-std::wstring cgsFileOpR::LeerIni(std::wstring lpFileName, std::wstring lpAppName,
-                                 std::wstring lpKeyName, Variant vDefault) {
-    return GetSetting(std::move(lpFileName), std::move(lpAppName), std::move(lpKeyName),
-                      std::move(vDefault));
+std::wstring cgsFileOpR::LeerIni(std::wstring_view lpFileName, std::wstring_view lpAppName,
+                                 std::wstring_view lpKeyName, Variant vDefault) {
+    return GetSetting(lpFileName, lpAppName, lpKeyName, std::move(vDefault));
 }
 
-void cgsFileOpR::SaveSetting(std::wstring lpFileName, std::wstring lpAppName,
-                             std::wstring lpKeyName, std::wstring lpString) {
+void cgsFileOpR::SaveSetting(std::wstring_view lpFileName, std::wstring_view lpAppName,
+                             std::wstring_view lpKeyName, std::wstring_view lpString) {
     write_ini(to_ansi(lpFileName), to_ansi(lpAppName), to_ansi(lpKeyName).c_str(),
               to_ansi(lpString).c_str());
 }
 
-void cgsFileOpR::GuardarIni(std::wstring lpFileName, std::wstring lpAppName, std::wstring lpKeyName,
-                            std::wstring lpString) {
-    SaveSetting(std::move(lpFileName), std::move(lpAppName), std::move(lpKeyName),
-                std::move(lpString));
+void cgsFileOpR::GuardarIni(std::wstring_view lpFileName, std::wstring_view lpAppName,
+                            std::wstring_view lpKeyName, std::wstring_view lpString) {
+    SaveSetting(lpFileName, lpAppName, lpKeyName, lpString);
 }
 
-void cgsFileOpR::DeleteSetting(std::wstring sIniFile, std::wstring sSection, std::wstring sKey) {
+void cgsFileOpR::DeleteSetting(std::wstring_view sIniFile, std::wstring_view sSection,
+                               std::wstring_view sKey) {
     const std::string key = to_ansi(sKey);
     write_ini(to_ansi(sIniFile), to_ansi(sSection), sKey.empty() ? nullptr : key.c_str(), nullptr);
 }
 
-void cgsFileOpR::SplitPath(std::wstring sTodo, std::wstring& sPath, Variant& vNombre,
+void cgsFileOpR::SplitPath(std::wstring_view sTodo, std::wstring& sPath, Variant& vNombre,
                            Variant& vExt) {
     PathParts parts = split_path(sTodo);
     if (!vNombre.is_missing()) vNombre = Variant(parts.name);
@@ -49,7 +48,7 @@ void cgsFileOpR::SplitPath(std::wstring sTodo, std::wstring& sPath, Variant& vNo
     sPath = std::move(parts.folder);
 }
 
-std::wstring cgsFileOpR::QuitarCaracterEx(std::wstring sValor, std::wstring sCaracter,
+std::wstring cgsFileOpR::QuitarCaracterEx(std::wstring_view sValor, std::wstring_view sCaracter,
                                           Variant sPoner) {
     return guarded<std::wstring>(
         {L") en procedimiento QuitarCaracterEx del Módulo de clase cgsFileOpR."},
@@ -63,13 +62,13 @@ std::wstring cgsFileOpR::QuitarCaracterEx(std::wstring sValor, std::wstring sCar
         });
 }
 
-std::wstring cgsFileOpR::AddBackSlash(std::wstring sPath) {
+std::wstring cgsFileOpR::AddBackSlash(std::wstring_view sPath) {
     return guarded<std::wstring>(
         {L") en procedimiento AddBackSlash del Módulo de clase cgsFileOpR."},
         [&](std::wstring& result) { result = add_backslash(sPath); });
 }
 
-std::wstring cgsFileOpR::QuitarBackSlash(std::wstring sPath) {
+std::wstring cgsFileOpR::QuitarBackSlash(std::wstring_view sPath) {
     return guarded<std::wstring>(
         {L") en procedimiento QuitarBackSlash del Módulo de clase cgsFileOpR."},
         [&](std::wstring& result) { result = remove_backslash(sPath); });

@@ -31,8 +31,8 @@ class clsFGen {
     void set_Mensajes(InstanceOf<clsMensajes> messages);
     [[nodiscard]] std::wstring get_AppOrigen() const;
     void set_AppOrigen(const std::wstring& name);
-    void BarraProgresoInicia(std::wstring strCaption, std::wstring strMensaje, bool boBotones,
-                             std::int32_t lgAltoMensaje, std::int32_t lgAnchoFrm,
+    void BarraProgresoInicia(std::wstring_view strCaption, std::wstring_view strMensaje,
+                             bool boBotones, std::int32_t lgAltoMensaje, std::int32_t lgAnchoFrm,
                              std::int32_t lgTopFrm, std::int32_t lgLeftFrm,
                              std::int32_t lgForeColor);
     void BarraProgresoFinaliza();
@@ -53,12 +53,12 @@ class clsFGen {
     bool FechaMayorIgualQue(const ComPtr<IDispatch>& Obj, const Variant& ObjFechaMenor);
     bool FechaMenorQue(const ComPtr<IDispatch>& Obj, const Variant& ObjFechaMayor);
     bool FechaMenorIgualQue(const ComPtr<IDispatch>& Obj, const Variant& ObjFechaMayor);
-    std::uint8_t ProvinciaDeCP(std::wstring CP);
+    std::uint8_t ProvinciaDeCP(std::wstring_view CP);
     std::int16_t Solo_Numero(std::int16_t& pulsa, const bool& SoloPositivos,
                              const bool& boPuntoAComa);
     std::int16_t Solo_Fecha(std::int16_t& pulsa);
     std::int16_t Convierte_May(std::int16_t& pulsa);
-    std::wstring Verifica_NIF(std::wstring Nif, const bool& Mensajes);
+    std::wstring Verifica_NIF(std::wstring_view Nif, const bool& Mensajes);
     std::wstring LetraNIF(const std::int32_t& DNI);
     bool Verifica_CC(const std::wstring& CCC, const bool& BoRequerido, const bool& BoMsj);
     std::wstring DC(const std::wstring& banco, const std::wstring& sucursal,
@@ -80,7 +80,7 @@ class clsFGen {
                                   const std::wstring& subTipoCambioPlural,
                                   const std::int32_t& xInternal);
     std::wstring ConvEurosALetra(const double& dblNumero);
-    std::wstring DescripNIFCIF(std::wstring strLetra);
+    std::wstring DescripNIFCIF(std::wstring_view strLetra);
     /// True once the user has canceled the progress window.
     bool BarraProgresoCancelada();
 

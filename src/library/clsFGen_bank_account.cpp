@@ -51,7 +51,7 @@ std::wstring clsFGen::Cuenta_CC(const std::wstring& CCC) {
                                  [&](std::wstring& result) { result = account_of(CCC); });
 }
 
-std::wstring clsFGen::DescripNIFCIF(std::wstring strLetra) {
+std::wstring clsFGen::DescripNIFCIF(std::wstring_view strLetra) {
     return guarded<std::wstring>(
         {L") en procedimiento DescripNIFCIF del Módulo de clase clsFGen."},
         [&](std::wstring& result) { result = tax_id_kind(strLetra, SystemRegional()); });

@@ -6,9 +6,8 @@
 
 namespace kovrel {
 
-clsFGen::clsFGen() : messages_(create_instance<clsMensajes>()) {
-    forward_name();
-}
+// Both names are empty, so there is none to forward yet.
+clsFGen::clsFGen() : messages_(create_instance<clsMensajes>()) {}
 
 InstanceOf<clsMensajes> clsFGen::get_Mensajes() const {
     return messages_;

@@ -59,7 +59,7 @@ std::int16_t clsFGen::Convierte_May(std::int16_t& pulsa) {
                                  });
 }
 
-std::uint8_t clsFGen::ProvinciaDeCP(std::wstring CP) {
+std::uint8_t clsFGen::ProvinciaDeCP(std::wstring_view CP) {
     return guarded<std::uint8_t>({L") en procedimiento ProvinciaDeCP del Módulo de clase clsFGen."},
                                  [&](std::uint8_t& result) {
                                      if (const auto notice = postal_code_notice(CP)) show(*notice);

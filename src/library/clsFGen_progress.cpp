@@ -13,17 +13,17 @@ clsFGen::~clsFGen() {
     }
 }
 
-void clsFGen::BarraProgresoInicia(std::wstring strCaption, std::wstring strMensaje, bool boBotones,
-                                  std::int32_t lgAltoMensaje, std::int32_t lgAnchoFrm,
-                                  std::int32_t lgTopFrm, std::int32_t lgLeftFrm,
-                                  std::int32_t lgForeColor) {
+void clsFGen::BarraProgresoInicia(std::wstring_view strCaption, std::wstring_view strMensaje,
+                                  bool boBotones, std::int32_t lgAltoMensaje,
+                                  std::int32_t lgAnchoFrm, std::int32_t lgTopFrm,
+                                  std::int32_t lgLeftFrm, std::int32_t lgForeColor) {
     guarded({L") en procedimiento BarraProgresoInicia del Módulo de clase clsFGen."}, [&] {
         const auto window = std::make_shared<frmBarraProgreso>();
         progress_window_ = window;
         std::erase_if(progress_windows_, [](const auto& opened) { return opened.expired(); });
         progress_windows_.emplace_back(window);
-        window->strCaption = std::move(strCaption);
-        window->strMensaje = std::move(strMensaje);
+        window->strCaption = strCaption;
+        window->strMensaje = strMensaje;
         window->boBotones = boBotones;
         if (lgAltoMensaje > 0) window->lgAltoMensaje = lgAltoMensaje;
         if (lgAnchoFrm > 0) window->lgAnchoFrm = lgAnchoFrm;

@@ -8,7 +8,7 @@
 
 namespace kovrel {
 
-std::wstring clsFGen::Verifica_NIF(std::wstring Nif, const bool& Mensajes) {
+std::wstring clsFGen::Verifica_NIF(std::wstring_view Nif, const bool& Mensajes) {
     return guarded<std::wstring>({L") en procedimiento Verifica_NIF del Módulo de clase clsFGen."},
                                  [&](std::wstring& result) {
                                      const SystemRegional regional;

@@ -18,7 +18,7 @@ bool folder_exists(const std::wstring& path) {
 
 }  // namespace
 
-std::wstring clsProfile::BrowseForFolder(std::int32_t hWndOwner, std::wstring sPrompt,
+std::wstring clsProfile::BrowseForFolder(std::int32_t hWndOwner, std::wstring_view sPrompt,
                                          const std::wstring& sInitDir) {
     return guarded<std::wstring>(
         {L") en procedimiento BrowseForFolder del Módulo de clase clsProfile."},
@@ -58,13 +58,13 @@ void clsProfile::GuardarIni(std::wstring& lpFileName, std::wstring& lpAppName,
     });
 }
 
-std::wstring clsProfile::AñadirBackSlash(std::wstring sPath) {
+std::wstring clsProfile::AñadirBackSlash(std::wstring_view sPath) {
     return guarded<std::wstring>(
         {L") en procedimiento AñadirBackSlash del Módulo de clase clsProfile."},
         [&](std::wstring& result) { result = add_backslash(sPath); });
 }
 
-std::wstring clsProfile::QuitarBackSlash(std::wstring sPath) {
+std::wstring clsProfile::QuitarBackSlash(std::wstring_view sPath) {
     return guarded<std::wstring>(
         {L") en procedimiento QuitarBackSlash del Módulo de clase clsProfile."},
         [&](std::wstring& result) { result = remove_backslash(sPath); });

@@ -1,6 +1,7 @@
 // The Spanish names of numbers: below a hundred, of the hundreds and of the scale.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -28,10 +29,17 @@ class Phrase {
     consteval void append(std::wstring_view word) {
         for (const wchar_t letter : word) letters_[length_++] = letter;
     }
-    [[nodiscard]] std::wstring_view text() const { return {letters_.data(), length_}; }
+    /// Writes the text and returns its end. All of `capacity` is written, which is faster than the
+    /// text's own length.
+    wchar_t* write(wchar_t* target) const {
+        std::copy(letters_.begin(), letters_.end(), target);
+        return target + length_;
+    }
+
+    static constexpr std::size_t capacity = 20;
 
  private:
-    std::array<wchar_t, 20> letters_{};
+    std::array<wchar_t, capacity> letters_{};
     std::size_t length_ = 0;
 };
 

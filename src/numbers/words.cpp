@@ -102,8 +102,9 @@ void append_three_digits(std::wstring& result, std::wstring_view group) {
         result += hundred == 1 ? L"cien"sv : hundreds[hundred];
         return;
     }
-    result += leading_hundreds[hundred].text();
-    result += below_hundred[rest].text();
+    std::array<wchar_t, 2 * Phrase::capacity> words;
+    wchar_t* const end = below_hundred[rest].write(leading_hundreds[hundred].write(words.data()));
+    result.append(words.data(), end);
 }
 
 void append_group(std::wstring& result, std::wstring_view text, const UnitNames& unit,

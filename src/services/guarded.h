@@ -13,6 +13,12 @@ namespace kovrel {
 
 /// The parts of the error box that depend on the procedure.
 struct Handler {
+    /// The length of a literal is taken from its type: counting it in every call is slow.
+    template <std::size_t Size>
+    constexpr Handler(const wchar_t (&literal)[Size], const std::wstring* box_title = nullptr)
+        : trailing(literal, Size - 1), title(box_title) {}
+    constexpr Handler(std::wstring_view text) : trailing(text) {}
+
     /// Ends the text: ") en procedimiento " and the procedure's name and place.
     std::wstring_view trailing;
     /// The box's title; null: the library's application title.

@@ -4,9 +4,31 @@
 
 #include "runtime/failure.h"
 #include "runtime/owned.h"
+#include "services/dynamic_library.h"
 
 namespace kovrel {
 namespace {
+
+template <class Function>
+Function* common_control_function(const char* name) {
+    return system_function<Function>(L"comctl32.dll", name);
+}
+
+struct CommonControls {
+    decltype(&InitCommonControlsEx) register_classes =
+        common_control_function<decltype(InitCommonControlsEx)>("InitCommonControlsEx");
+    decltype(&SetWindowSubclass) subclass =
+        common_control_function<decltype(SetWindowSubclass)>("SetWindowSubclass");
+    decltype(&RemoveWindowSubclass) end_subclass =
+        common_control_function<decltype(RemoveWindowSubclass)>("RemoveWindowSubclass");
+    decltype(&DefSubclassProc) next_procedure =
+        common_control_function<decltype(DefSubclassProc)>("DefSubclassProc");
+};
+
+const CommonControls& common_controls() {
+    static const CommonControls loaded;
+    return loaded;
+}
 
 constexpr UINT_PTR subclass_id = 2;
 constexpr WPARAM control_a = 1;  // the character that Ctrl+A types
@@ -50,6 +72,24 @@ LRESULT CALLBACK day_first(HWND window, UINT message, WPARAM wparam, LPARAM lpar
 
 }  // namespace
 
+void load_common_controls() {
+    (void)common_controls();
+}
+
+void subclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id, DWORD_PTR data) noexcept {
+    common_controls().subclass(window, procedure, id, data);
+}
+
+void end_subclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id) noexcept {
+    common_controls().end_subclass(window, procedure, id);
+}
+
+LRESULT pass_on(SUBCLASSPROC procedure, UINT_PTR id, HWND window, UINT message, WPARAM wparam,
+                LPARAM lparam) noexcept {
+    if (message == WM_NCDESTROY) end_subclass(window, procedure, id);
+    return common_controls().next_procedure(window, message, wparam, lparam);
+}
+
 std::wstring text_of(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
@@ -73,17 +113,16 @@ void put_on_clipboard(HWND owner, std::wstring_view text) {
 }
 
 void give_dialog_keys(HWND text_box) {
-    SetWindowSubclass(text_box, &dialog_keys, subclass_id, 0);
+    subclass(text_box, &dialog_keys, subclass_id, 0);
+}
+
+void register_date_pickers() {
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_DATE_CLASSES};
+    common_controls().register_classes(&classes);
 }
 
 void begin_with_the_day(HWND date_picker) {
-    SetWindowSubclass(date_picker, &day_first, subclass_id, 0);
-}
-
-LRESULT pass_on(SUBCLASSPROC procedure, UINT_PTR id, HWND window, UINT message, WPARAM wparam,
-                LPARAM lparam) {
-    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, procedure, id);
-    return DefSubclassProc(window, message, wparam, lparam);
+    subclass(date_picker, &day_first, subclass_id, 0);
 }
 
 }  // namespace kovrel

@@ -65,13 +65,12 @@ constinit const ClassInfo MaskedEdit::Face::class_info = class_tables<declared>;
 
 MaskedEdit::MaskedEdit(HWND text_box, Mask mask)
     : text_box_(text_box), mask_(std::move(mask)), self_(std::make_shared<MaskedEdit*>(this)) {
-    SetWindowSubclass(text_box_, &MaskedEdit::procedure, subclass_id,
-                      reinterpret_cast<DWORD_PTR>(this));
+    subclass(text_box_, &MaskedEdit::procedure, subclass_id, reinterpret_cast<DWORD_PTR>(this));
 }
 
 MaskedEdit::~MaskedEdit() {
     *self_ = nullptr;
-    RemoveWindowSubclass(text_box_, &MaskedEdit::procedure, subclass_id);
+    end_subclass(text_box_, &MaskedEdit::procedure, subclass_id);
 }
 
 std::wstring MaskedEdit::shown() const {
@@ -173,13 +172,13 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
 }
 
 LRESULT CALLBACK MaskedEdit::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                       UINT_PTR /*id*/, DWORD_PTR owner) {
+                                       UINT_PTR id, DWORD_PTR owner) {
     const DefaultFloatingPoint floating_point;
     try {
         return reinterpret_cast<MaskedEdit*>(owner)->handle(message, wparam, lparam);
     } catch (...) {
         // Out of memory: the text stays as it is.
-        return DefSubclassProc(window, WM_NULL, 0, 0);
+        return pass_on(&MaskedEdit::procedure, id, window, WM_NULL, 0, 0);
     }
 }
 

@@ -9,6 +9,7 @@
 #include "runtime/failure.h"
 #include "services/modal.h"
 #include "services/modal_scope.h"
+#include "ui/controls.h"
 
 namespace kovrel {
 namespace {
@@ -75,6 +76,7 @@ bool Window::visible() const noexcept {
 void Window::load() {
     if (loaded()) return;
     const VisualStyles styles;
+    load_common_controls();
     register_class(design_.window_class, &Window::procedure);
     register_class(picture_box_class, &Window::picture_box);
     const std::wstring caption = caption_.value_or(design_.caption);
@@ -163,7 +165,7 @@ HWND Window::add(const ControlDesign& design, HWND parent) {
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
     controls_.push_back({window, design.id, design.place, design.window_class});
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
-    SetWindowSubclass(window, &Window::watch_control, 1, reinterpret_cast<DWORD_PTR>(this));
+    subclass(window, &Window::watch_control, 1, reinterpret_cast<DWORD_PTR>(this));
     put_in_place(controls_.back());
     return window;
 }

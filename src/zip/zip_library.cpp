@@ -1,12 +1,11 @@
 #include "zip/zip_library.h"
 
-#include <cstring>
 #include <optional>
 #include <string>
 #include <utility>
 
 #include "automation/module.h"
-#include "runtime/failure.h"
+#include "services/dynamic_library.h"
 
 namespace kovrel {
 namespace {
@@ -38,20 +37,9 @@ bool is_file(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-/// A failure whose description names the file.
-Failure failure_over(FailureNumber number, const std::wstring& file) {
-    const auto value = static_cast<std::int32_t>(number);
-    return {value, std::wstring(failure_description(value)) + L": " + file};
-}
-
 template <class Function>
-Function entry_point(HMODULE module, const std::wstring& path, const char* name) {
-    const FARPROC address = GetProcAddress(module, name);
-    if (address == nullptr) {
-        const std::wstring missing(name, name + std::strlen(name));
-        throw failure_over(FailureNumber::dll_function_not_found, missing + L", " + path);
-    }
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(address));
+Function function_of(HMODULE module, const std::wstring& path, const char* name) {
+    return reinterpret_cast<Function>(entry_point(module, path, name));
 }
 
 }  // namespace
@@ -60,9 +48,9 @@ ZipLibrary::ZipLibrary() : ZipLibrary(load()) {}
 
 ZipLibrary::ZipLibrary(Loaded loaded)
     : module_(std::move(loaded.module)),
-      init(entry_point<decltype(init)>(module_.get(), loaded.path, "ZpInit")),
-      set_options(entry_point<decltype(set_options)>(module_.get(), loaded.path, "ZpSetOptions")),
-      archive(entry_point<decltype(archive)>(module_.get(), loaded.path, "ZpArchive")) {}
+      init(function_of<decltype(init)>(module_.get(), loaded.path, "ZpInit")),
+      set_options(function_of<decltype(set_options)>(module_.get(), loaded.path, "ZpSetOptions")),
+      archive(function_of<decltype(archive)>(module_.get(), loaded.path, "ZpArchive")) {}
 
 ZipLibrary::Loaded ZipLibrary::load() {
     const QuietLoader quiet;

@@ -1,5 +1,7 @@
 #include "tests/support/import_patch.h"
 
+#include <functional>
+#include <map>
 #include <string_view>
 
 namespace kovrel::test {
@@ -26,16 +28,32 @@ void** import_entry(char* module, std::string_view function) {
     return nullptr;
 }
 
+/// What the modules get for functions that they look up at run time.
+std::map<std::string, void*, std::less<>> found_instead;
+
+FARPROC WINAPI find_function(HMODULE module, const char* name) {
+    const auto found = found_instead.find(std::string_view(name));
+    return found == found_instead.end() ? GetProcAddress(module, name)
+                                        : reinterpret_cast<FARPROC>(found->second);
+}
+
 }  // namespace
 
 ImportPatch::ImportPatch(const wchar_t* module, const char* function, void* replacement) {
     auto* const base = reinterpret_cast<char*>(GetModuleHandleW(module));
     if (base == nullptr) return;
     entry_ = import_entry(base, function);
+    if (entry_ == nullptr) {
+        entry_ = import_entry(base, "GetProcAddress");
+        looked_up_ = function;
+        found_instead[looked_up_] = replacement;
+        replacement = reinterpret_cast<void*>(&find_function);
+    }
     if (entry_ != nullptr) original_ = put(replacement);
 }
 
 ImportPatch::~ImportPatch() {
+    if (!looked_up_.empty()) found_instead.erase(looked_up_);
     if (entry_ != nullptr) put(original_);
 }
 

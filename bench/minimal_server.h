@@ -1,0 +1,7 @@
+// The class of the minimal automation server.
+#pragma once
+
+#include <windows.h>
+
+inline constexpr CLSID minimal_class{
+    0x0e5f4c10, 0x6c7a, 0x4a0e, {0x9d, 0x0b, 0x7a, 0x55, 0x0c, 0x6e, 0x41, 0x2f}};
