@@ -107,6 +107,11 @@ bool pump_until(const std::function<bool()>& predicate, Milliseconds limit) {
         limit);
 }
 
+bool wait_for(HWND window, const std::function<bool()>& predicate, Milliseconds limit) {
+    const bool own = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+    return own ? pump_until(predicate, limit) : wait_until(predicate, limit);
+}
+
 LRESULT ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     DWORD_PTR answer = 0;
     if (SendMessageTimeoutW(window, message, wparam, lparam, SMTO_ABORTIFHUNG, answer_limit,
@@ -228,8 +233,7 @@ bool bring_to_front(HWND window, Milliseconds limit) {
         SetForegroundWindow(window);
         return false;
     };
-    const bool own = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
-    return own ? pump_until(stays_in_front, limit) : wait_until(stays_in_front, limit);
+    return wait_for(window, stays_in_front, limit);
 }
 
 void press_key(WORD virtual_key, Modifier modifier) {

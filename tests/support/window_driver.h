@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <chrono>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -22,6 +21,10 @@ bool wait_until(const std::function<bool()>& predicate, Milliseconds limit = def
 
 // The same on a thread that owns windows: its messages are dispatched while it waits.
 bool pump_until(const std::function<bool()>& predicate, Milliseconds limit = default_limit);
+
+// Whichever of the two fits the calling thread: it may own the window or not.
+bool wait_for(HWND window, const std::function<bool()>& predicate,
+              Milliseconds limit = default_limit);
 
 // Reading works across threads and processes; a window that does not answer within two seconds
 // reads as empty.
@@ -79,8 +82,5 @@ void press_and_leave(HWND control);
 
 // Outer size in pixels.
 void resize(HWND window, int width, int height);
-
-// The picture of a window as the screen shows it, as PNG. Folders are made as needed.
-bool save_picture(HWND window, const std::filesystem::path& file);
 
 }  // namespace kovrel::test
