@@ -26,8 +26,8 @@ bool pump_until(const std::function<bool()>& predicate, Milliseconds limit = def
 bool wait_for(HWND window, const std::function<bool()>& predicate,
               Milliseconds limit = default_limit);
 
-// Reading works across threads and processes; a window that does not answer within two seconds
-// reads as empty.
+// Reading works across threads and processes; a window that does not answer within the
+// default limit reads as empty.
 std::wstring class_of(HWND window);
 std::wstring text_of(HWND window);
 LRESULT ask(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0);
@@ -69,7 +69,7 @@ std::vector<HWND> tab_order(HWND window);
 HWND focus_of(HWND window);
 
 // Brings the window to the front, so that real keys reach it; false when it does not come.
-bool bring_to_front(HWND window, Milliseconds limit = Milliseconds{5000});
+bool bring_to_front(HWND window, Milliseconds limit = default_limit);
 
 // Real keyboard and mouse, for the window in front. Characters that the keyboard layout has go as
 // their keys, the others as Unicode input.
