@@ -67,7 +67,7 @@ class DatabaseReport : public testing::Test {
 
 TEST_F(DatabaseReport, ListsEveryErrorOnALineOfItsOwn) {
     const auto errors = make_errors({{-2147217900, L"Error de sintaxis"}, {3021, L""}});
-    BoxWatcher boxes({answer(IDOK, L"database_errors")});
+    BoxWatcher boxes({answer(IDOK)});
     report(object(errors));
     EXPECT_EQ(lines_of(boxes),
               (Lines{narrow(L"16|Gestión|Ha fallado.\\r\\rNº Errores: 2\\r\t-2147217900 - Error de "

@@ -118,7 +118,7 @@ TEST_F(ImageFiles, AFieldThatRefusesAPictureIsReportedByPutImageInField) {
     const auto without_value = ScriptedObject::make();
     Field read_only;
     read_only.object_->fails(L"Value", failure(3251, L"El campo es de solo lectura"));
-    BoxWatcher boxes({answer(IDOK, L"picture_not_stored"), answer(IDOK), answer(IDOK)});
+    BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
     std::size_t calls = 0;
     for (const Variant& field :
          {object(without_value), read_only.argument(), Variant{ComPtr<IDispatch>()}}) {

@@ -1,5 +1,6 @@
 // The published interface, read from the registered type library and compared with a table written
 // independently of the declarations.
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <map>

@@ -25,7 +25,7 @@ TEST_F(ProfileAnySettings, AMissingFolderWithoutFlagsIsNotCreated) {
 
 TEST_F(ProfileAnySettings, AMissingFolderIsCreatedAfterTheQuestion) {
     const std::wstring path = folder_ / L"Año ñ";
-    BoxWatcher boxes({answer(IDOK, L"profile_create"), answer(IDOK)});
+    BoxWatcher boxes({answer(IDOK), answer(IDOK)});
     EXPECT_TRUE(exists(path, true, true));
     EXPECT_EQ(lines_of(boxes),
               (Lines{question(path, 1), narrow(L"64|Gestión|Carpeta creada con éxito.|1")}));

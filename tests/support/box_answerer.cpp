@@ -9,6 +9,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <shellapi.h>
 #include <string>

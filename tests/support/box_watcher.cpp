@@ -8,17 +8,15 @@
 
 namespace kovrel::test {
 
-Expectation answer(int button, std::wstring picture) {
+Expectation answer(int button) {
     Expectation expectation;
     expectation.box_answer.button = button;
-    expectation.picture = std::move(picture);
     return expectation;
 }
 
-Expectation answer_key(WORD virtual_key, std::wstring picture) {
+Expectation answer_key(WORD virtual_key) {
     Expectation expectation;
     expectation.box_answer.key = virtual_key;
-    expectation.picture = std::move(picture);
     return expectation;
 }
 
@@ -27,10 +25,6 @@ Expectation on_window(WindowQuery window, std::function<void(HWND)> action) {
     expectation.window = std::move(window);
     expectation.action = std::move(action);
     return expectation;
-}
-
-std::filesystem::path picture_folder() {
-    return KOVREL_PICTURE_FOLDER;
 }
 
 std::string narrow(const std::wstring& text) {
@@ -103,10 +97,6 @@ bool BoxWatcher::handle_box(HWND window) {
     if (!box) return false;
     const bool announced = done_ < expected_.size() && !expected_[done_].action;
     const BoxAnswer how = announced ? expected_[done_].box_answer : BoxAnswer{};
-    if (announced && !expected_[done_].picture.empty()) {
-        const auto file = picture_folder() / (expected_[done_].picture + L".png");
-        if (!save_picture(window, file)) report(L"no picture of the box: " + file.wstring());
-    }
     if (how.button != 0 && GetDlgItem(window, how.button) == nullptr) {
         report(L"the box has no button " + std::to_wstring(how.button) + L": " + as_line(*box));
         answer_box(window, *box, {});

@@ -26,11 +26,10 @@ struct Expectation {
     BoxAnswer box_answer;
     WindowQuery window;  // of the process watched; used when `action` is set
     std::function<void(HWND)> action;
-    std::wstring picture;  // file name without ending in build/shots; empty: none
 };
 
-Expectation answer(int button, std::wstring picture = {});
-Expectation answer_key(WORD virtual_key, std::wstring picture = {});
+Expectation answer(int button);
+Expectation answer_key(WORD virtual_key);
 Expectation on_window(WindowQuery window, std::function<void(HWND)> action);
 
 class BoxWatcher {
@@ -77,9 +76,6 @@ class BoxWatcher {
     std::atomic<bool> stop_ = false;
     std::thread thread_;
 };
-
-// Folder of the pictures, build/shots of the configuration under test.
-std::filesystem::path picture_folder();
 
 // UTF-8, for messages of failed tests.
 std::string narrow(const std::wstring& text);

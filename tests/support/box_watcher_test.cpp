@@ -71,14 +71,6 @@ TEST(BoxWatcher, ReadsAnEmptyTitle) {
     EXPECT_EQ(boxes.seen()[0].title, L"");
 }
 
-TEST(BoxWatcher, KeepsAPicture) {
-    const auto file = picture_folder() / L"support-box.png";
-    std::filesystem::remove(file);
-    BoxWatcher boxes({answer(IDYES, L"support-box")});
-    show(L"¿Desea guardar los cambios?\rSe perderán si no lo hace.", 36);
-    EXPECT_GT(std::filesystem::file_size(file), 500u);
-}
-
 TEST(BoxWatcher, AnswersAnUnannouncedBoxAndFails) {
     EXPECT_NONFATAL_FAILURE(
         {
@@ -187,7 +179,6 @@ TEST(WindowDriver, ClicksAndResizes) {
     GetWindowRect(dialog.window(), &bounds);
     EXPECT_EQ(bounds.right - bounds.left, 500);
     EXPECT_EQ(bounds.bottom - bounds.top, 300);
-    EXPECT_TRUE(save_picture(dialog.window(), picture_folder() / L"support-dialog.png"));
 }
 
 TEST(WindowDriver, WatcherWorksAWindow) {

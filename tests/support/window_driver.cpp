@@ -1,13 +1,13 @@
 // Reads and works real windows as a user does.
 #include "tests/support/window_driver.h"
 
+#include <cstdint>
 #include <thread>
 
 namespace kovrel::test {
 namespace {
 
 constexpr Milliseconds polling_interval{5};
-constexpr UINT answer_limit = 2000;
 constexpr int polls_at_rest = 10;
 
 bool same_class(const std::wstring& left, std::wstring_view right) {
@@ -52,10 +52,17 @@ void send(std::vector<INPUT> inputs) {
     SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
-INPUT mouse_input(DWORD flags) {
+/// A button's event at a place of the screen. The place is part of the event: the display server
+/// may still report an earlier one, which would move the mouse back before a separate event.
+INPUT mouse_input(DWORD flags, POINT place) {
+    const auto absolute = [](LONG at, LONG size) {
+        return static_cast<LONG>((std::int64_t{at} * 0x10000 + size - 1) / size);
+    };
     INPUT input{};
     input.type = INPUT_MOUSE;
-    input.mi.dwFlags = flags;
+    input.mi.dx = absolute(place.x, GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = absolute(place.y, GetSystemMetrics(SM_CYSCREEN));
+    input.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
     return input;
 }
 
@@ -64,26 +71,30 @@ BOOL CALLBACK collect(HWND window, LPARAM list) {
     return TRUE;
 }
 
-/// Moves the mouse to the middle of the control; returns its bounds.
-RECT point_at(HWND control) {
-    // The window manager may still be moving a new window.
+/// What the window's thread has as its active window and its focus.
+GUITHREADINFO input_state_of(HWND window) {
+    GUITHREADINFO state{};
+    state.cbSize = sizeof state;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &state);
+    return state;
+}
+
+POINT middle_of(const RECT& bounds) {
+    return {(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
+}
+
+/// The place of a control that the user can reach with the mouse.
+RECT reachable(HWND control) {
+    // The window manager may still be moving a new window, or another may be in front.
     RECT bounds{};
     int still = 0;
-    wait_until(
-        [&] {
-            const RECT before = bounds;
-            GetWindowRect(control, &bounds);
-            still = EqualRect(&before, &bounds) ? still + 1 : 0;
-            return still >= polls_at_rest;
-        },
-        Milliseconds{3000});
-    const POINT middle{(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2};
-    wait_until(
-        [&] {
-            SetCursorPos(middle.x, middle.y);
-            return WindowFromPoint(middle) == control;
-        },
-        Milliseconds{3000});
+    wait_until([&] {
+        const RECT before = bounds;
+        GetWindowRect(control, &bounds);
+        const bool on_top = WindowFromPoint(middle_of(bounds)) == control;
+        still = on_top && EqualRect(&before, &bounds) ? still + 1 : 0;
+        return still >= polls_at_rest;
+    });
     return bounds;
 }
 
@@ -107,10 +118,16 @@ bool pump_until(const std::function<bool()>& predicate, Milliseconds limit) {
         limit);
 }
 
+bool wait_for(HWND window, const std::function<bool()>& predicate, Milliseconds limit) {
+    const bool own = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+    return own ? pump_until(predicate, limit) : wait_until(predicate, limit);
+}
+
 LRESULT ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     DWORD_PTR answer = 0;
-    if (SendMessageTimeoutW(window, message, wparam, lparam, SMTO_ABORTIFHUNG, answer_limit,
-                            &answer) == 0) {
+    // A busy machine lets a thread wait for longer than SMTO_ABORTIFHUNG allows.
+    if (SendMessageTimeoutW(window, message, wparam, lparam, SMTO_NORMAL,
+                            static_cast<UINT>(default_limit.count()), &answer) == 0) {
         return 0;
     }
     return static_cast<LRESULT>(answer);
@@ -213,23 +230,22 @@ std::vector<HWND> tab_order(HWND window) {
 }
 
 HWND focus_of(HWND window) {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    if (!GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info)) return nullptr;
-    return info.hwndFocus;
+    return input_state_of(window).hwndFocus;
 }
 
 bool bring_to_front(HWND window, Milliseconds limit) {
-    // The window manager may still change the active window after others have opened or closed.
+    // The window manager may still change the active window after others have opened or closed, and
+    // the window's thread may still have to follow.
     int still = 0;
     const auto stays_in_front = [&] {
-        if (GetForegroundWindow() == window) return ++still >= polls_at_rest;
+        if (GetForegroundWindow() == window && input_state_of(window).hwndActive == window) {
+            return ++still >= polls_at_rest;
+        }
         still = 0;
         SetForegroundWindow(window);
         return false;
     };
-    const bool own = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
-    return own ? pump_until(stays_in_front, limit) : wait_until(stays_in_front, limit);
+    return wait_for(window, stays_in_front, limit);
 }
 
 void press_key(WORD virtual_key, Modifier modifier) {
@@ -257,16 +273,15 @@ void type_text(std::wstring_view text) {
 }
 
 void click(HWND control) {
-    point_at(control);
-    send({mouse_input(MOUSEEVENTF_LEFTDOWN), mouse_input(MOUSEEVENTF_LEFTUP)});
+    const POINT middle = middle_of(reachable(control));
+    send({mouse_input(MOUSEEVENTF_LEFTDOWN, middle), mouse_input(MOUSEEVENTF_LEFTUP, middle)});
 }
 
 void press_and_leave(HWND control) {
-    const RECT bounds = point_at(control);
-    send({mouse_input(MOUSEEVENTF_LEFTDOWN)});
-    wait_until([&] { return focus_of(control) == control; }, Milliseconds{3000});
-    SetCursorPos(bounds.right + 4, bounds.bottom + 4);
-    send({mouse_input(MOUSEEVENTF_LEFTUP)});
+    const RECT bounds = reachable(control);
+    send({mouse_input(MOUSEEVENTF_LEFTDOWN, middle_of(bounds))});
+    wait_until([&] { return focus_of(control) == control; });
+    send({mouse_input(MOUSEEVENTF_LEFTUP, {bounds.right + 4, bounds.bottom + 4})});
 }
 
 void resize(HWND window, int width, int height) {

@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <chrono>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -23,8 +22,12 @@ bool wait_until(const std::function<bool()>& predicate, Milliseconds limit = def
 // The same on a thread that owns windows: its messages are dispatched while it waits.
 bool pump_until(const std::function<bool()>& predicate, Milliseconds limit = default_limit);
 
-// Reading works across threads and processes; a window that does not answer within two seconds
-// reads as empty.
+// Whichever of the two fits the calling thread: it may own the window or not.
+bool wait_for(HWND window, const std::function<bool()>& predicate,
+              Milliseconds limit = default_limit);
+
+// Reading works across threads and processes; a window that does not answer within the
+// default limit reads as empty.
 std::wstring class_of(HWND window);
 std::wstring text_of(HWND window);
 LRESULT ask(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0);
@@ -66,7 +69,7 @@ std::vector<HWND> tab_order(HWND window);
 HWND focus_of(HWND window);
 
 // Brings the window to the front, so that real keys reach it; false when it does not come.
-bool bring_to_front(HWND window, Milliseconds limit = Milliseconds{5000});
+bool bring_to_front(HWND window, Milliseconds limit = default_limit);
 
 // Real keyboard and mouse, for the window in front. Characters that the keyboard layout has go as
 // their keys, the others as Unicode input.
@@ -79,8 +82,5 @@ void press_and_leave(HWND control);
 
 // Outer size in pixels.
 void resize(HWND window, int width, int height);
-
-// The picture of a window as the screen shows it, as PNG. Folders are made as needed.
-bool save_picture(HWND window, const std::filesystem::path& file);
 
 }  // namespace kovrel::test

@@ -20,7 +20,6 @@ TEST_F(DatePrompt, ProposesTodayAndWritesItBack) {
             const auto style = GetWindowLongW(accept_button(window), GWL_STYLE);
             EXPECT_NE(style & BS_ICON, 0);
             EXPECT_NE(ask(accept_button(window), BM_GETIMAGE, IMAGE_ICON), 0);
-            EXPECT_TRUE(save_picture(window, picture_folder() / L"date_prompt.png"));
             press_ok(window);
         },
         {L"¿En qué fecha se cobró el recibo?", L"Fecha", LateArgument::variable(proposed)});
@@ -97,7 +96,6 @@ TEST_F(DatePrompt, AnEmptyFieldIsAskedForAgain) {
             EXPECT_TRUE(wait_until([&] { return (seen = read_box(box)).has_value(); }));
             if (!seen) return;
             EXPECT_EQ(as_line(*seen), L"48|kovrel|Por favor, escriba una fecha correctamente|0");
-            EXPECT_TRUE(save_picture(window, picture_folder() / L"date_prompt_empty.png"));
             EXPECT_TRUE(answer_box(box, *seen, {IDOK, 0}));
             EXPECT_TRUE(IsWindowVisible(window));
             EXPECT_TRUE(wait_until([&] { return focus_of(window) == date_field(window); }));

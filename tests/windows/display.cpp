@@ -1,55 +1,10 @@
 #include "tests/windows/display.h"
 
-#include <array>
 #include <cstdlib>
 #include <map>
 
 namespace kovrel::test {
 namespace {
-
-/// A bitmap for tests to draw into.
-class Canvas {
- public:
-    Canvas(int width, int height) : width_(width), height_(height) {
-        BITMAPINFO form{};
-        form.bmiHeader.biSize = sizeof form.bmiHeader;
-        form.bmiHeader.biWidth = width;
-        form.bmiHeader.biHeight = -height;
-        form.bmiHeader.biPlanes = 1;
-        form.bmiHeader.biBitCount = 32;
-        bitmap_ = CreateDIBSection(nullptr, &form, DIB_RGB_COLORS, &bits_, nullptr, 0);
-        previous_ = SelectObject(context_, bitmap_);
-    }
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-    ~Canvas() {
-        SelectObject(context_, previous_);
-        DeleteObject(bitmap_);
-        DeleteDC(context_);
-    }
-    [[nodiscard]] HDC context() const { return context_; }
-    [[nodiscard]] Picture picture() const {
-        GdiFlush();
-        Picture result{width_, height_, {}};
-        if (bits_ == nullptr) return result;
-        const auto* const first = static_cast<const std::uint32_t*>(bits_);
-        const auto count = static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
-        for (std::size_t index = 0; index < count; ++index) {
-            const std::uint32_t pixel = first[index];
-            result.pixels.push_back((pixel & 0xFFU) << 16U | (pixel & 0xFF00U) |
-                                    (pixel >> 16U & 0xFFU));
-        }
-        return result;
-    }
-
- private:
-    int width_;
-    int height_;
-    HDC context_ = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ previous_ = nullptr;
-    void* bits_ = nullptr;
-};
 
 bool shows_text(const Control& control) {
     return control.visible && !control.text.empty() &&
@@ -110,23 +65,7 @@ std::wstring setting(const wchar_t* name) {
 }  // namespace
 
 Picture picture_of(HWND window) {
-    const RECT bounds = on_screen(window);
-    const Canvas canvas(bounds.right - bounds.left, bounds.bottom - bounds.top);
-    HDC const screen = GetDC(nullptr);
-    BitBlt(canvas.context(), 0, 0, bounds.right - bounds.left, bounds.bottom - bounds.top, screen,
-           bounds.left, bounds.top, SRCCOPY);
-    ReleaseDC(nullptr, screen);
-    return canvas.picture();
-}
-
-Picture picture_of(HICON icon, int size, Color ground) {
-    const Canvas canvas(size, size);
-    HBRUSH const brush = CreateSolidBrush(ground);
-    const RECT whole{0, 0, size, size};
-    FillRect(canvas.context(), &whole, brush);
-    DeleteObject(brush);
-    DrawIconEx(canvas.context(), 0, 0, icon, size, size, 0, nullptr, DI_NORMAL);
-    return canvas.picture();
+    return picture_of_screen(on_screen(window));
 }
 
 Color ground_of(const Picture& picture) {
@@ -155,6 +94,10 @@ int resolution() {
     return std::stoi(setting(L"KOVREL_RESOLUTION"));
 }
 
+std::wstring colours() {
+    return setting(L"KOVREL_COLOURS");
+}
+
 int at_resolution(double twips) {
     return Scale(resolution()).pixels(twips);
 }
@@ -174,14 +117,13 @@ RECT work_area() {
 void is_whole(HWND window) {
     // The window manager may still have to set its frame and size.
     std::string outside = "not yet";
-    const bool own = GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
     int still = 0;
     const auto whole = [&] {
         outside = parts_outside(window);
         still = outside.empty() ? still + 1 : 0;
         return still >= 5;
     };
-    EXPECT_TRUE(own ? pump_until(whole) : wait_until(whole)) << outside;
+    EXPECT_TRUE(wait_for(window, whole)) << outside;
     for (const Control& control : controls_of(window)) {
         if (control.window_class != L"Kovrel.PictureBox") continue;
         EXPECT_NE(GetWindowLongW(control.window, GWL_STYLE) & WS_CLIPCHILDREN, 0);
@@ -189,7 +131,7 @@ void is_whole(HWND window) {
 }
 
 void is_legible(HWND window) {
-    EXPECT_TRUE(bring_to_front(window, default_limit));
+    EXPECT_TRUE(bring_to_front(window));
     for (const Control& control : controls_of(window)) {
         if (!shows_text(control)) continue;
         const bool is_picture = (GetWindowLongW(control.window, GWL_STYLE) &
@@ -211,12 +153,6 @@ void is_in_the_middle(HWND field) {
     EXPECT_NEAR(line.top - whole.top, whole.bottom - line.bottom, 1);
     // Between one and one and a half lines of text high.
     EXPECT_LT(whole.bottom - whole.top, (line.bottom - line.top) * 3 / 2 + 2);
-}
-
-void keep_picture(HWND window, const std::wstring& name) {
-    EXPECT_TRUE(save_picture(
-        window, picture_folder() / (L"display_" + setting(L"KOVREL_RESOLUTION") + L"_" +
-                                    setting(L"KOVREL_COLOURS") + L"_" + name + L".png")));
 }
 
 }  // namespace kovrel::test

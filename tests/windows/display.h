@@ -3,12 +3,12 @@
 
 #include <windows.h>
 
-#include <cstdint>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
 #include "tests/support/box_lines.h"
+#include "tests/support/picture.h"
 #include "ui/contrast.h"
 #include "ui/scale.h"
 
@@ -17,23 +17,8 @@ namespace kovrel::test {
 /// The contrast that a shape needs (WCAG 2.1, 1.4.11).
 inline constexpr double shape_contrast = 3;
 
-/// Pixels as 0x00BBGGRR, row by row.
-struct Picture {
-    int width = 0;
-    int height = 0;
-    std::vector<Color> pixels;
-
-    [[nodiscard]] Color at(int x, int y) const {
-        return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                      static_cast<std::size_t>(x)];
-    }
-    bool operator==(const Picture&) const = default;
-};
-
 /// Copied from the screen.
 Picture picture_of(HWND window);
-/// An icon drawn on a background of one colour.
-Picture picture_of(HICON icon, int size, Color ground);
 
 /// The most frequent colour.
 Color ground_of(const Picture& picture);
@@ -43,6 +28,8 @@ double legibility_of(const Picture& picture);
 /// The resolution (DPI) that the test program was started with, and a length scaled to it.
 int resolution();
 int at_resolution(double twips);
+/// The name of the colours that it was started with.
+std::wstring colours();
 
 RECT on_screen(HWND window);
 RECT work_area();
@@ -54,7 +41,5 @@ void is_whole(HWND window);
 void is_in_the_middle(HWND field);
 /// Checks the contrast of every visible text.
 void is_legible(HWND window);
-/// Saves a picture of the window, named after the resolution and the colours.
-void keep_picture(HWND window, const std::wstring& name);
 
 }  // namespace kovrel::test

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 
+#include "runtime/calendar.h"
 #include "tests/support/late.h"
 #include "tests/windows/display.h"
+#include "tests/windows/kept_picture.h"
 
 namespace kovrel::test {
 namespace {
@@ -30,79 +32,60 @@ class Dialogs : public testing::Test {
             work(window);
             PostMessageW(find_control(window, L"Button", L"Aceptar"), BM_CLICK, 0, 0);
         })});
-        EXPECT_EQ(call(dates.get(), L"PideFecha", {question, L"Fecha de cobro"}).result, S_OK);
+        EXPECT_EQ(call(dates.get(), L"PideFecha",
+                       {question, L"Fecha de cobro", Date{day_count({2026, 12, 24})}})
+                      .result,
+                  S_OK);
     }
 };
 
-/// The button on the screen, once it is fully drawn and without the mouse over it.
-Picture button_picture(HWND button) {
-    SetCursorPos(0, 0);
-    Picture picture;
-    int still = 0;
-    EXPECT_TRUE(wait_until([&] {
-        Picture now = picture_of(button);
-        still = now == picture && legibility_of(now) >= text_contrast ? still + 1 : 0;
-        picture = std::move(now);
-        return still >= 10;
-    }));
-    return picture;
-}
-
-void shows(HWND button, const Picture& expected) {
-    EXPECT_TRUE(wait_until([&] { return picture_of(button) == expected; }));
-}
-
-TEST_F(Dialogs, TheMessageDialogIsLegibleInEveryState) {
+TEST_F(Dialogs, TheMessageDialogIsLegibleInEveryFont) {
     for (const bool proportional : {false, true}) {
         show_dialog(
             [&](HWND window) {
-                EXPECT_TRUE(bring_to_front(window, default_limit));
+                EXPECT_TRUE(bring_to_front(window));
                 is_whole(window);
                 is_legible(window);
-                keep_picture(window, proportional ? L"dialog_sans_serif" : L"dialog_courier");
+                looks_as_kept(window, proportional ? L"dialog_sans_serif" : L"dialog_courier");
             },
             proportional);
     }
 }
 
-TEST_F(Dialogs, TheButtonIsVisibleAtEverySize) {
+TEST_F(Dialogs, TheMessageDialogIsDrawnWholeAtEverySize) {
     show_dialog([](HWND window) {
-        HWND const button = find_control(window, L"Button");
+        const int width = at_resolution(4000);
         const int height = at_resolution(3000);
-        resize(window, at_resolution(4000), height);
-        EXPECT_TRUE(bring_to_front(window, default_limit));
-        const Picture whole = button_picture(button);
-        const auto still_whole = [&](const char* state) {
-            SCOPED_TRACE(state);
-            ask(window, WM_NULL);
-            shows(button, whole);
-        };
-        resize(window, 1000, height);
-        still_whole("widened in one step");
-        keep_picture(window, L"dialog_widened");
-        resize(window, at_resolution(4000), height);
-        still_whole("narrowed");
-        ShowWindowAsync(window, SW_MAXIMIZE);
-        EXPECT_TRUE(wait_until([&] { return IsZoomed(window) != FALSE; }));
-        still_whole("maximised");
-        keep_picture(window, L"dialog_maximised");
-        ShowWindowAsync(window, SW_RESTORE);
-        EXPECT_TRUE(wait_until([&] { return IsZoomed(window) == FALSE; }));
-        still_whole("restored");
-        HWND const cover = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE,
-                                           L"Static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 1024, 768,
-                                           nullptr, nullptr, nullptr, nullptr);
-        EXPECT_TRUE(pump_until([&] { return picture_of(button) != whole; }));
-        DestroyWindow(cover);
-        still_whole("covered and uncovered");
+        const RECT screen = work_area();
+        EXPECT_TRUE(bring_to_front(window));
+        SetWindowPos(window, nullptr, screen.left, screen.top, width, height, SWP_NOZORDER);
+        const Picture small = looks_as_kept(window, L"dialog_small");
+        {
+            SCOPED_TRACE("widened in one step, and narrowed again");
+            resize(window, screen.right - screen.left, height);
+            looks_as_kept(window, L"dialog_widened");
+            resize(window, width, height);
+            looks_as_before(window, small);
+        }
+        {
+            SCOPED_TRACE("maximised and restored");
+            ShowWindowAsync(window, SW_MAXIMIZE);
+            EXPECT_TRUE(wait_until([&] { return IsZoomed(window) != FALSE; }));
+            looks_as_kept(window, L"dialog_maximised");
+            ShowWindowAsync(window, SW_RESTORE);
+            EXPECT_TRUE(wait_until([&] { return IsZoomed(window) == FALSE; }));
+            looks_as_before(window, small);
+        }
+        survives_being_covered(window, small);
     });
 }
 
 TEST_F(Dialogs, TheDatePromptIsLegible) {
     ask_date(L"¿En qué fecha se cobró el recibo?", [](HWND window) {
+        EXPECT_TRUE(bring_to_front(window));
         is_whole(window);
         is_legible(window);
-        keep_picture(window, L"date_prompt");
+        survives_being_covered(window, looks_as_kept(window, L"date_prompt"));
     });
 }
 
@@ -120,10 +103,9 @@ TEST_F(Dialogs, TheDateFieldShowsThatItHasTheKeyboard) {
             }));
             return seen;
         };
-        EXPECT_TRUE(bring_to_front(window, default_limit));
+        EXPECT_TRUE(bring_to_front(window));
         EXPECT_TRUE(wait_until([&] { return focus_of(window) == field; }));
         const Picture with = settled();
-        keep_picture(window, L"date_prompt_focus");
         press_key(VK_TAB);
         EXPECT_TRUE(wait_until([&] { return focus_of(window) != field; }));
         // The day, an area of about two digits, looks different.
@@ -164,14 +146,14 @@ TEST_F(Dialogs, ALongQuestionLeavesTheButtonOnTheScreen) {
         SCOPED_TRACE(sentences);
         const std::wstring question = question_of(sentences);
         ask_date(question, [&](HWND window) {
-            EXPECT_TRUE(bring_to_front(window, default_limit));
+            EXPECT_TRUE(bring_to_front(window));
             is_whole(window);
             HWND const text = scrolling_question(window);
             HWND const label = find_control(window, L"Static", question);
             EXPECT_NE(IsWindowVisible(label) != FALSE, text != nullptr);
-            keep_picture(window, L"date_prompt_" + std::to_wstring(sentences));
             if (sentences == 5) {
                 EXPECT_EQ(text, nullptr);
+                looks_as_kept(window, L"date_prompt_lines");
             }
             if (sentences < 200) return;
             ASSERT_NE(text, nullptr);
@@ -193,7 +175,7 @@ TEST_F(Dialogs, ALongQuestionLeavesTheButtonOnTheScreen) {
                 const int top = static_cast<short>(HIWORD(static_cast<DWORD>(place)));
                 return top > 0 && top < inner.bottom;
             }));
-            keep_picture(window, L"date_prompt_scrolled");
+            looks_as_kept(window, L"date_prompt_scrolled");
         });
     }
 }

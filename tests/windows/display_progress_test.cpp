@@ -4,6 +4,7 @@
 #include <set>
 
 #include "tests/windows/display.h"
+#include "tests/windows/kept_picture.h"
 #include "tests/windows/progress_window.h"
 
 namespace kovrel::test {
@@ -25,7 +26,8 @@ TEST_F(Progress, IsLegibleInEveryState) {
         settle();
         is_whole(window);
         is_legible(window);
-        keep_picture(window, button ? L"progress_button" : L"progress");
+        const Picture seen = looks_as_kept(window, button ? L"progress_button" : L"progress");
+        survives_being_covered(window, seen);
         finish();
     }
 }
@@ -52,7 +54,7 @@ TEST_F(Progress, AMessageIsShownInWholeLines) {
     SelectObject(context, previous);
     ReleaseDC(label, context);
     EXPECT_EQ(whole, inner(label).bottom / metrics.tmHeight);
-    keep_picture(window, L"progress_lines");
+    looks_as_kept(window, L"progress_lines");
 }
 
 TEST_F(Progress, ASingleLineIsShownEvenWithoutRoom) {
@@ -89,7 +91,6 @@ TEST_F(Progress, ThePercentageIsLegible) {
     const Pixels seen = bar_pixels(only_window());
     // The background is the system's window colour.
     EXPECT_EQ(seen.at(seen.width - 1, 0), GetSysColor(COLOR_WINDOW));
-    keep_picture(only_window(), L"progress_half");
 }
 
 TEST_F(Progress, UsesTheHostsBarColour) {
@@ -150,7 +151,6 @@ TEST_F(Progress, TheCancelIconIsAntialiased) {
         }
     }
     EXPECT_GT(colors.size(), 6U);
-    keep_picture(only_window(), L"progress_cancel");
 }
 
 }  // namespace

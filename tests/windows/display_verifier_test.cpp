@@ -1,5 +1,6 @@
 // The verifier at the display's resolution and in its colours.
 #include "tests/windows/display.h"
+#include "tests/windows/kept_picture.h"
 #include "tests/windows/verifier_window.h"
 
 namespace kovrel::test {
@@ -25,7 +26,7 @@ TEST_F(Verifier, IsLegibleInEveryState) {
         HWND const window = controls.window;
         controls.to_front();
         is_whole(window);
-        keep_picture(window, L"verifier_empty");
+        looks_as_kept(window, L"verifier_empty");
         controls.type(controls.tax_id, L"12345678z", L"12345678z");
         controls.shows_marks("NIF no aceptado");
         press_key(VK_TAB);
@@ -35,11 +36,11 @@ TEST_F(Verifier, IsLegibleInEveryState) {
         controls.shows_marks("NIF aceptado, Cuenta no aceptada");
         is_whole(window);
         is_legible(window);
-        keep_picture(window, L"verifier_typed");
+        looks_as_kept(window, L"verifier_typed");
         press_key(VK_TAB);
         controls.shows_marks("NIF aceptado, Cuenta aceptada");
         is_legible(window);
-        keep_picture(window, L"verifier_good");
+        survives_being_covered(window, looks_as_kept(window, L"verifier_good"));
         controls.leave();
     });
 }

@@ -229,7 +229,6 @@ TEST_F(Ficha, ThePhotographGoesThroughTheRecordIntoTheArchive) {
                RGB(255, 0, 0);
     }));
     ReleaseDC(nullptr, screen);
-    EXPECT_TRUE(save_picture(form_, picture_folder() / L"ficha.png"));
 
     EXPECT_TRUE(bring_to_front(form_));
     press_key('X', Modifier::alt);

@@ -57,9 +57,7 @@ using Work = std::function<void(HWND)>;
 
 /// Opens each window of the library in turn, with the host's window active or without one.
 void in_every_window(HWND host, const Work& work) {
-    const auto activate = [host] {
-        EXPECT_TRUE(host == nullptr || bring_to_front(host, default_limit));
-    };
+    const auto activate = [host] { EXPECT_TRUE(host == nullptr || bring_to_front(host)); };
     const auto modal = [&](const wchar_t* window_class, const wchar_t* prog_id,
                            const wchar_t* member, const std::vector<LateArgument>& arguments) {
         SCOPED_TRACE(narrow(window_class));
@@ -145,7 +143,7 @@ TEST(HostIcon, StaysWhenTheHostChangesItsOwn) {
     {
         const PlainIcon icon(red);
         SendMessageW(host.window(), WM_SETICON, ICON_BIG, icon.parameter());
-        EXPECT_TRUE(bring_to_front(host.window(), default_limit));
+        EXPECT_TRUE(bring_to_front(host.window()));
         call(general.get(), L"BarraProgresoInicia", {L"Facturación", L"Recibos"});
         SendMessageW(host.window(), WM_SETICON, ICON_BIG, 0);
     }

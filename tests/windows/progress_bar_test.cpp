@@ -41,8 +41,6 @@ TEST_F(Progress, TheBarAtEveryPercentage) {
                 EXPECT_EQ(seen.at(x, y), x < edge ? bar_color : white) << percentage << ": " << x;
             }
         }
-        EXPECT_TRUE(save_picture(
-            window, picture_folder() / (L"progress_" + std::to_wstring(percentage) + L".png")));
     }
 }
 
@@ -228,7 +226,6 @@ TEST_F(Progress, GrowsWithTheDisplaysResolution) {
     const Pixels seen = bar_pixels(window);
     EXPECT_EQ(seen.at(seen.width / 2 - 1, 0), usual_bar_color());
     EXPECT_EQ(seen.at(seen.width / 2, 0), white);
-    EXPECT_TRUE(save_picture(window, picture_folder() / L"progress_144.png"));
     update(50, L"Generando los recibos de noviembre...");
     settle();
     EXPECT_EQ(bar_pixels(window).colors, seen.colors);

@@ -131,6 +131,8 @@ TEST_F(Progress, ImpossibleSizesAreCut) {
     constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
     constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
     start({L"Enorme", L"Texto", true, most, most, 0, 0});
+    EXPECT_GT(inner(header_of(only_window())).bottom, 1000);
+    EXPECT_GT(outer(only_window()).right, 1000);
     update(50);
     finish();
     start({L"Negativa", L"Texto", true, least, least, 0, 0});

@@ -33,8 +33,9 @@ export DISPLAY
 HOME="$WINEPREFIX" openbox --sm-disable >/dev/null 2>&1 &
 display_pids+=($!)
 
-printf '\n[Control Panel\\\\Desktop]\n"LogPixels"=dword:%08x\n' "$resolution" \
-    >>"$WINEPREFIX/user.reg"
+# A blinking caret would be in some pictures and not in others.
+printf '\n[Control Panel\\\\Desktop]\n"LogPixels"=dword:%08x\n"CursorBlinkRate"="-1"\n' \
+    "$resolution" >>"$WINEPREFIX/user.reg"
 if [ "$colours" != usual ]; then cat "$here/$colours.reg" >>"$WINEPREFIX/user.reg"; fi
 
 # Otherwise the first program starts it, and whoever reads that program's output waits for it too.

@@ -49,7 +49,9 @@ struct Controls {
     // Needed after a box, when the window manager may leave no window active.
     void back_to_front() const { EXPECT_TRUE(bring_to_front(window)); }
     void has_focus(HWND control) const {
-        EXPECT_TRUE(wait_until([&] { return focus_of(window) == control; }));
+        EXPECT_TRUE(wait_until([&] { return focus_of(window) == control; }))
+            << "the focus is in \"" << narrow(text_of(focus_of(window))) << "\", not in \""
+            << narrow(text_of(control)) << '"';
     }
     // Types and waits until the field shows it.
     void type(HWND field, const wchar_t* keys, const wchar_t* shown) const {

@@ -129,11 +129,25 @@ TEST(ZipWorkerPool, PiecesComeBackInOrderWithAnyNumberOfThreads) {
 }
 
 TEST(ZipWorkerPool, CanBeDestroyedWithPiecesInIt) {
-    WorkerPool pool(3, 9);
     const std::string data = compressible(piece_size, 14);
-    while (std::unique_ptr<Piece> piece = pool.free_piece()) {
-        fill(*piece, data, 0, data.size());
-        pool.submit(std::move(piece));
+    for (const unsigned threads : {1U, 3U}) {
+        std::unique_ptr<Piece> taken;
+        std::size_t submitted = 0;
+        {
+            WorkerPool pool(threads, 9);
+            while (std::unique_ptr<Piece> piece = pool.free_piece()) {
+                fill(*piece, data, 0, data.size());
+                pool.submit(std::move(piece));
+                ++submitted;
+            }
+            taken = pool.take();
+        }
+        // Two for each thread and two more; a single thread is never ahead of its caller.
+        EXPECT_EQ(submitted, threads == 1 ? 1U : 2 * threads + 2);
+        // Outlives the pool, whole: its thread wrote nothing into it afterwards.
+        EXPECT_EQ(test::inflate_raw({taken->packed_data().begin(), taken->packed_data().end()},
+                                    data.size()),
+                  data);
     }
 }
 
