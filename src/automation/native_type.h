@@ -62,7 +62,13 @@ inline DATE raw_of(Date value) noexcept {
 template <class T, VARTYPE Type, auto Field>
 struct NativePlain {
     using Raw = std::remove_reference_t<decltype(std::declval<VARIANT&>().*Field)>;
-    static T from_raw(Raw raw) noexcept { return static_cast<T>(raw); }
+    static T from_raw(Raw raw) noexcept {
+        if constexpr (std::is_aggregate_v<T>) {
+            return T{raw};
+        } else {
+            return static_cast<T>(raw);
+        }
+    }
     static Raw to_raw(T value) noexcept { return static_cast<Raw>(raw_of(value)); }
     static void release(Raw /*raw*/) noexcept {}
     static T from_call(const LateCall& call, std::size_t index) {
