@@ -16,7 +16,7 @@ namespace kovrel {
 /// A date and time of day: days since 30 December 1899, the time being the fraction.
 struct Date {
     double days = 0;
-    auto operator<=>(const Date&) const = default;
+    bool operator==(const Date&) const = default;
 };
 
 /// A VARIANT that clears itself. Conversions follow the user's regional settings, and what cannot

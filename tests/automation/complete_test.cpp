@@ -87,7 +87,7 @@ TEST(EveryMember, IsImplemented) {
             const auto kind = static_cast<WORD>(function->invkind);
             info->ReleaseFuncDesc(function);
             // Setting Mensajes would replace the catalogue for the calls that follow.
-            if (windows.count(name) != 0 || kind == DISPATCH_PROPERTYPUTREF) continue;
+            if (windows.contains(name) || kind == DISPATCH_PROPERTYPUTREF) continue;
             const Outcome outcome = invoke(instance.get(), name, kind, arguments);
             EXPECT_NE(outcome.error, action_not_supported) << narrow(name);
             EXPECT_NE(outcome.result, DISP_E_MEMBERNOTFOUND) << narrow(name);
