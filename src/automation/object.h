@@ -112,7 +112,7 @@ class ObjectBase {
                                             WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                             EXCEPINFO* exception, UINT* bad_argument);
 
-    const void* vtable_;
+    [[maybe_unused]] const void* vtable_;  // callers read it
     std::atomic<ULONG> references_{1};
     const ClassInfo* info_;
     void* implementation_;
