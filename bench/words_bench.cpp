@@ -17,8 +17,10 @@ namespace {
 std::vector<double> amounts() {
     std::mt19937_64 random(20240315);  // fixed: both sides and every run take the same amounts
     std::uniform_real_distribution<double> exponent(0, 10.5);
+    constexpr std::size_t wanted = 100'000;
     std::vector<double> result;
-    for (int count = 0; count < 100'000; ++count) {
+    result.reserve(wanted);
+    while (result.size() < wanted) {
         result.push_back(std::round(std::pow(10.0, exponent(random))) / 100);
     }
     return result;

@@ -30,7 +30,7 @@ bool close_class_key(const GUID& id, PSECURITY_DESCRIPTOR rights) {
     std::array<wchar_t, 39> text{};
     StringFromGUID2(id, text.data(), static_cast<int>(text.size()));
     const std::wstring path = std::wstring(L"Software\\Classes\\CLSID\\") + text.data();
-    for (const REGSAM view : {KEY_WOW64_64KEY, KEY_WOW64_32KEY}) {
+    for (const REGSAM view : {REGSAM{KEY_WOW64_64KEY}, REGSAM{KEY_WOW64_32KEY}}) {
         HKEY key = nullptr;
         LSTATUS status =
             RegCreateKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE,

@@ -114,8 +114,8 @@ std::string class_page(const ClassInfo& info, const ClassNotes& notes) {
         const std::string member = to_utf8(accessors.front()->name);
         const auto found = by_name.find(member);
         if (found == by_name.end()) throw NotesError(name + ".md: nothing about " + member);
-        index += "| [" + member + "](#" + anchor_of(info, member) + ") | " +
-                 to_utf8(accessors.front()->help) + " |\n";
+        index.append("| [").append(member).append("](#").append(anchor_of(info, member));
+        index.append(") | ").append(to_utf8(accessors.front()->help)).append(" |\n");
         members += member_page(info, accessors, *found->second);
         by_name.erase(found);
     }

@@ -21,6 +21,6 @@ using Accessors = std::vector<const MemberInfo*>;
 [[nodiscard]] std::string type_name(const TypeRef& type);
 
 /// A default as Basic writes it.
-[[nodiscard]] std::string literal(const VARIANT& value);
+[[nodiscard]] std::string literal(const VARIANT& constant);
 
 }  // namespace kovrel::reference

@@ -30,7 +30,7 @@ class Text {
     std::string utf8() const {
         const int length = static_cast<int>(SysStringLen(text_));
         std::string result(3 * static_cast<std::size_t>(length), '\0');
-        const int size = WideCharToMultiByte(CP_UTF8, 0, text_, length, &result[0],
+        const int size = WideCharToMultiByte(CP_UTF8, 0, text_, length, result.data(),
                                              static_cast<int>(result.size()), nullptr, nullptr);
         result.resize(static_cast<std::size_t>(size));
         return result;

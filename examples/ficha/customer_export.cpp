@@ -42,7 +42,9 @@ bool write_sheet(const std::filesystem::path& file,
                  const std::vector<CustomerRecord::Entry>& values) {
     std::ofstream sheet(file, std::ios::binary);
     sheet << "\xEF\xBB\xBF";  // tells text editors that it is UTF-8
-    for (const auto& [field, text] : values) sheet << utf8(field + L": " + text) << "\r\n";
+    for (const auto& [field, text] : values) {
+        sheet << utf8(field) << ": " << utf8(text) << "\r\n";
+    }
     sheet.close();
     return !sheet.fail();
 }

@@ -52,6 +52,7 @@ Value field_of(const Object& recordset, std::size_t index) {
 
 Object make_customers() {
     std::vector<Field> fields;
+    fields.reserve(field_names.size() + 1);
     for (const wchar_t* name : field_names) fields.push_back({name, ad_var_wchar, text_size});
     fields.push_back({L"Fotografía", ad_long_var_binary, photograph_size});
     Object customers = make_recordset(fields);

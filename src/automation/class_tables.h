@@ -177,7 +177,7 @@ struct ClassTables<declared, Declaration<Class, ParameterCount, Thunks...>> {
     }
     static constexpr auto vtable = all_slots(places);
 
-    static consteval std::array<std::uint16_t, ids> first_members() {
+    static constexpr std::array<std::uint16_t, ids> first_members() {
         std::array<std::uint16_t, ids> result{};
         for (std::size_t place = declared.members.size(); place-- > 0;) {
             result[static_cast<std::size_t>(declared.members[place].id - 1)] =
@@ -187,7 +187,7 @@ struct ClassTables<declared, Declaration<Class, ParameterCount, Thunks...>> {
     }
     static constexpr auto by_id = first_members();
 
-    static consteval std::array<std::uint16_t, ids> ids_in_order() {
+    static constexpr std::array<std::uint16_t, ids> ids_in_order() {
         std::array<std::uint16_t, ids> result{};
         for (std::size_t index = 0; index < ids; ++index) {
             result[index] = static_cast<std::uint16_t>(index + 1);

@@ -58,6 +58,7 @@ std::vector<std::wstring> texts_of_object(IDispatch* object, std::uint32_t limit
     const std::int32_t length = array.field(L"length").to_int32();
     if (length < 0 || static_cast<std::uint32_t>(length) > limit) throw BadValue{DISP_E_BADINDEX};
     std::vector<std::wstring> texts;
+    texts.reserve(static_cast<std::size_t>(length));
     for (std::int32_t index = 0; index < length; ++index) {
         texts.push_back(array.field(decimal_text(index)).to_text_or_empty());
     }

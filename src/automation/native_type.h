@@ -66,7 +66,13 @@ template <class T, VARTYPE Type, auto Field>
 struct NativePlain {
     using Raw = std::remove_reference_t<decltype(std::declval<VARIANT&>().*Field)>;
     static constexpr VARTYPE vartype = Type;
-    static T from_raw(Raw raw) noexcept { return static_cast<T>(raw); }
+    static T from_raw(Raw raw) noexcept {
+        if constexpr (std::is_aggregate_v<T>) {
+            return T{raw};
+        } else {
+            return static_cast<T>(raw);
+        }
+    }
     static Raw to_raw(T value) noexcept { return static_cast<Raw>(raw_of(value)); }
     static void release(Raw /*raw*/) noexcept {}
     static T from_call(const LateCall& call, std::size_t index) {

@@ -21,17 +21,20 @@ namespace kovrel {
 /// Function pointers in sequence, laid out as a vtable.
 template <class First, class... Rest>
 struct FunctionTable {
+    explicit consteval FunctionTable(First function, Rest... others)
+        : first(function), rest(others...) {}
     First first;
     FunctionTable<Rest...> rest;
 };
 template <class Last>
 struct FunctionTable<Last> {
+    explicit consteval FunctionTable(Last function) : last(function) {}
     Last last;
 };
 
 template <class... Functions>
 [[nodiscard]] consteval FunctionTable<Functions...> function_table(Functions... functions) {
-    return {functions...};
+    return FunctionTable<Functions...>(functions...);
 }
 
 /// Base of every instance. It begins with the pointer to a vtable built from the class's
@@ -109,7 +112,7 @@ class ObjectBase {
                                             WORD flags, DISPPARAMS* parameters, VARIANT* result,
                                             EXCEPINFO* exception, UINT* bad_argument);
 
-    const void* vtable_;
+    [[maybe_unused]] const void* vtable_;  // callers read it
     std::atomic<ULONG> references_{1};
     const ClassInfo* info_;
     void* implementation_;

@@ -52,7 +52,7 @@ Keys keys_of(const LibraryInfo& library, const std::wstring& module_path) {
 
         add(info->prog_id, nullptr, info->help);
         add(std::wstring(info->prog_id) + L"\\CLSID", nullptr, text_of_guid(info->class_id));
-        keys.shared_trees.push_back(info->prog_id);
+        keys.shared_trees.emplace_back(info->prog_id);
 
         const std::wstring interface_key = L"Interface\\" + text_of_guid(info->interface_id);
         add(interface_key, nullptr, info->interface_name);

@@ -37,7 +37,7 @@ class Argument {
  public:
     using Value = ArgumentValue<std::remove_cvref_t<Parameter>>;
 
-    explicit Argument(Value value) : value_(std::move(value)), original_(keep(value_)) {}
+    explicit Argument(Value value) : value_(std::move(value)), original_(value_) {}
 
     [[nodiscard]] Parameter pass() {
         if constexpr (by_reference<Parameter>) {
@@ -93,16 +93,10 @@ class Argument {
         variable = raw;
     }
 
-    struct Nothing {};
+    struct Nothing {
+        explicit Nothing(const Value& /*value*/) {}
+    };
     using Original = std::conditional_t<written_back<Parameter>, Value, Nothing>;
-
-    static Original keep(const Value& value) {
-        if constexpr (written_back<Parameter>) {
-            return value;
-        } else {
-            return {};
-        }
-    }
 
     Value value_;
     [[no_unique_address]] Original original_;
@@ -153,7 +147,7 @@ class Crossing {
     static void check_pointers(const MemberInfo& declared,
                                std::index_sequence<Index...> /*indexes*/, RawOf<Parameters>... raw,
                                Out... out) {
-        if (((out == nullptr) || ...)) refuse_argument(E_POINTER, declared, sizeof...(Parameters));
+        if ((!out || ...)) refuse_argument(E_POINTER, declared, sizeof...(Parameters));
         ((*out = {}), ...);
         (check_pointer<Parameters>(raw, declared, Index), ...);
     }

@@ -9,6 +9,7 @@
 #include "runtime/failure.h"
 
 // --wrap=symbol calls __wrap_symbol instead.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
 /// __gnu_cxx::__verbose_terminate_handler
@@ -48,3 +49,4 @@ void* __wrap___deregister_frame_info(const void* /*frames*/) {
 #endif
 
 }  // extern "C"
+// NOLINTEND(bugprone-reserved-identifier)

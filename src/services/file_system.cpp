@@ -68,7 +68,7 @@ std::wstring unlimited(const std::wstring& path) {
     if (path.starts_with(LR"(\\?\)") || path.starts_with(LR"(\\.\)")) return path;
     const std::wstring full = full_path(path);
     if (full.size() < limit) return path;
-    const std::wstring result =
+    std::wstring result =
         full.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + full.substr(1) : LR"(\\?\)" + full;
     check_length(result);
     return result;

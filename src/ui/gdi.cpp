@@ -64,7 +64,7 @@ int line_height(HWND window, HFONT font) noexcept {
 Icon make_icon(Sign sign, int size) {
     const std::vector<std::uint32_t> pixels = draw_sign(sign, size);
     // The mask is for systems that ignore alpha in icons.
-    const auto row_bytes = static_cast<std::size_t>((size + 15) / 16 * 2);
+    const auto row_bytes = (static_cast<std::size_t>(size) + 15) / 16 * 2;
     std::vector<std::uint8_t> mask(row_bytes * static_cast<std::size_t>(size));
     for (std::size_t index = 0; index < pixels.size(); ++index) {
         const auto columns = static_cast<std::size_t>(size);

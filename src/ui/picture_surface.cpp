@@ -123,13 +123,13 @@ int PictureSurface::pixel_y(float y) const noexcept {
     return nearest_pixel(static_cast<double>(y) * size_.cy / get_ScaleHeight());
 }
 
-float PictureSurface::TextWidth(const std::wstring& text) {
+float PictureSurface::TextWidth(const std::wstring& text) const {
     SIZE size{};
     GetTextExtentPoint32W(context(), text.c_str(), static_cast<int>(text.size()), &size);
     return static_cast<float>(size.cx) * get_ScaleWidth() / static_cast<float>(size_.cx);
 }
 
-float PictureSurface::TextHeight(const std::wstring& /*text*/) {
+float PictureSurface::TextHeight(const std::wstring& /*text*/) const {
     TEXTMETRICW metrics{};
     GetTextMetricsW(context(), &metrics);
     return static_cast<float>(metrics.tmHeight) * get_ScaleHeight() / static_cast<float>(size_.cy);

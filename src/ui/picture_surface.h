@@ -61,8 +61,8 @@ class PictureSurface {
 
     /// Fills the picture with its background and moves to 0, 0.
     void Cls();
-    [[nodiscard]] float TextWidth(const std::wstring& text);
-    [[nodiscard]] float TextHeight(const std::wstring& text);
+    [[nodiscard]] float TextWidth(const std::wstring& text) const;
+    [[nodiscard]] float TextHeight(const std::wstring& text) const;
     /// Writes at the current position and moves to the beginning of the next line.
     void Print(const std::wstring& text);
     /// A line, a box (4) or a filled box (4 + 32) from one point to the other, and moves to the

@@ -68,7 +68,7 @@ class Window : public std::enable_shared_from_this<Window> {
         DWORD extended_style = 0;
     };
     /// A visible control in the window or in one of its picture boxes.
-    HWND add(const ControlDesign& control, HWND parent = nullptr);
+    HWND add(const ControlDesign& design, HWND parent = nullptr);
     [[nodiscard]] HWND control(int id) const noexcept;
     /// The button that the mouse holds down; null: none.
     [[nodiscard]] HWND pressed_button() const noexcept { return pressed_button_; }

@@ -32,9 +32,9 @@ class ZipLibrary {
     Module module_;
 
  public:
-    const decltype(&ZpInit) init;
-    const decltype(&ZpSetOptions) set_options;
-    const decltype(&ZpArchive) archive;
+    decltype(&ZpInit) init;
+    decltype(&ZpSetOptions) set_options;
+    decltype(&ZpArchive) archive;
 };
 
 }  // namespace kovrel

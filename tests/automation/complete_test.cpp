@@ -116,7 +116,7 @@ TEST(EveryMember, Works) {
             const auto kind = static_cast<WORD>(function->invkind);
             info->ReleaseFuncDesc(function);
             // Setting Mensajes would replace the catalogue for the calls that follow.
-            if (windows.count(name) != 0 || kind == DISPATCH_PROPERTYPUTREF) continue;
+            if (windows.contains(name) || kind == DISPATCH_PROPERTYPUTREF) continue;
             const Outcome outcome = invoke(instance.get(), name, kind, arguments);
             const auto failure = failures.find(name);
             const bool fails = failure != failures.end();

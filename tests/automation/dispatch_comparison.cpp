@@ -1,6 +1,8 @@
 #include "tests/automation/dispatch_comparison.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <map>
 
 namespace kovrel::test {
@@ -94,9 +96,8 @@ std::string answer_to(const CallShape& shape, Dispatch dispatch) {
 
     std::vector<ShapedArgument> arguments = shape.arguments;
     std::vector<VARIANTARG> raw;
-    for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
-        raw.push_back(passed(*argument));
-    }
+    raw.reserve(arguments.size());
+    std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(raw), passed);
     std::vector<DISPID> named(shape.named.rbegin(), shape.named.rend());
     DISPPARAMS parameters{raw.data(), named.data(), static_cast<UINT>(raw.size()),
                           static_cast<UINT>(named.size())};

@@ -75,7 +75,8 @@ TEST(AUsedLibrary, LeaksNothingInAHundredThousandCalls) {
     const SIZE_T bytes_before = private_bytes();
     for (int index = 0; index < rounds; ++index) round();
     EXPECT_LE(handles(), handles_before);
-    constexpr SIZE_T slack = 512 * 1024;  // a leak of one text a round would be ten times that
+    constexpr SIZE_T slack =
+        SIZE_T{512} * 1024;  // a leak of one text a round would be ten times that
     EXPECT_LE(private_bytes(), bytes_before + slack);
 }
 

@@ -52,7 +52,7 @@ struct Field {
                     })
             .method(L"GetChunk", [this](const auto& arguments) {
                 const auto size = static_cast<std::size_t>(arguments.at(0).to_int32());
-                const Variant chunk = bytes_of(std::string_view(stored).substr(read, size));
+                Variant chunk = bytes_of(std::string_view(stored).substr(read, size));
                 read += size;
                 return chunk;
             });

@@ -244,7 +244,7 @@ TEST_F(ImageFiles, AFailedLargeReadLeavesItsPartialFile) {
     field.object_->method(L"GetChunk", [&](const auto& arguments) {
         if (field.read > first) throw failure(3021, L"No hay registro activo");
         const auto size = static_cast<std::size_t>(arguments.at(0).to_int32());
-        const Variant chunk = bytes_of(std::string_view(photo).substr(field.read, size));
+        Variant chunk = bytes_of(std::string_view(photo).substr(field.read, size));
         field.read += size;
         return chunk;
     });
@@ -265,8 +265,9 @@ TEST_F(ImageFiles, AFileThatCannotBeDeletedIsReported) {
     field.object_->property(L"Value", bytes_of(content_of(picture_file(L"photo.jpg"))));
     field.stored = content_of(picture_file(L"photo.jpg"));
     for (const auto& [error, number, description] :
-         {std::tuple{ERROR_SHARING_VIOLATION, L"70", L"Permiso denegado"},
-          std::tuple{ERROR_ACCESS_DENIED, L"75", L"Error de acceso a la ruta o al archivo"}}) {
+         {std::tuple{DWORD{ERROR_SHARING_VIOLATION}, L"70", L"Permiso denegado"},
+          std::tuple{DWORD{ERROR_ACCESS_DENIED}, L"75",
+                     L"Error de acceso a la ruta o al archivo"}}) {
         const RefusedDeletion refused(error);
         ASSERT_TRUE(refused.in_place());
         BoxWatcher boxes({answer(IDOK), answer(IDOK)});

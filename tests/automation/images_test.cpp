@@ -131,7 +131,7 @@ TEST_F(Images, AFieldMayReturnNothingForZeroBytes) {
     field.object_->method(L"GetChunk", [&](const auto& arguments) {
         const auto size = static_cast<std::size_t>(arguments.at(0).to_int32());
         if (size == 0) return Variant::null();
-        const Variant chunk = bytes_of(std::string_view(field.stored).substr(field.read, size));
+        Variant chunk = bytes_of(std::string_view(field.stored).substr(field.read, size));
         field.read += size;
         return chunk;
     });

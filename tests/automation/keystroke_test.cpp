@@ -70,8 +70,8 @@ TEST_P(KeystrokesAnySettings, Dates) {
 
 TEST_P(KeystrokesAnySettings, Capitals) {
     const BoxWatcher no_box;
-    const auto capital = [&](int key, int capital) {
-        EXPECT_EQ(filtered(L"Convierte_May", key), left(key, capital, capital)) << key;
+    const auto capital = [&](int typed, int capital) {
+        EXPECT_EQ(filtered(L"Convierte_May", typed), left(typed, capital, capital)) << typed;
     };
     capital('a', 'A');
     capital('Z', 'Z');

@@ -25,7 +25,7 @@ class IniAndPathsAnySettings : public testing::TestWithParam<Way> {
     std::string read(const wchar_t* section, const wchar_t* key,
                      const Variant& otherwise = Variant::missing()) {
         std::vector<Variant> arguments{file(), Variant(section), Variant(key), otherwise};
-        const std::string value = text_for(L"GetSetting", arguments);
+        std::string value = text_for(L"GetSetting", arguments);
         EXPECT_EQ(text_for(L"LeerIni", arguments), value);
         return value;
     }

@@ -61,6 +61,7 @@ TEST_F(Archives, NamedArguments) {
 TEST_F(Archives, TheRecordEarlyBound) {
     with_record_ = true;
     std::vector<std::wstring> files;
+    files.reserve(100);
     for (int i = 0; i < 100; ++i) {
         files.push_back(file("d/" + std::to_string(i), std::to_string(i)));
     }

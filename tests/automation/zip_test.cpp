@@ -26,8 +26,7 @@ std::wstring Archives::generate_early(const std::wstring& name, const std::wstri
     const auto generate = early<GenerateEarly>(zip_.get(), L"GenerarZip");
     const Bstr name_text(name);
     const Bstr folder_text(folder);
-    std::vector<Bstr> texts;
-    for (const std::wstring& text : names) texts.emplace_back(text);
+    const std::vector<Bstr> texts(names.begin(), names.end());
     NamesRecord record{};
     for (std::size_t i = 0; i < texts.size(); ++i) record.at(i) = texts[i].get();
     BSTR raw_name = name_text.get();

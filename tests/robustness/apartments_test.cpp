@@ -69,6 +69,7 @@ TEST(TwoApartments, GetTheSameResultsAsOne) {
     const Workplace workplace;
     const Unattended unattended;
     std::vector<std::vector<std::wstring>> alone;
+    alone.reserve(rounds);
     for (int round = 0; round < rounds; ++round) alone.push_back(work(round));
     EXPECT_GT(alone.front().size(), 80U);
     std::atomic<int> differences{0};

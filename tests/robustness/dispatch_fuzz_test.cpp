@@ -52,7 +52,7 @@ TEST(RandomCalls, DoNoHarm) {
     EXPECT_GT(Unattended::boxes(), calls_wanted / 100);
     EXPECT_GT(Unattended::window_steps(), calls_wanted / 1'000);
     // The system caches some windows, fonts and INI files, which does not grow with the calls.
-    Resources::now().expect_no_more_than(before, 1024 * 1024);
+    Resources::now().expect_no_more_than(before, SIZE_T{1024} * 1024);
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ bool must_be_tame(const std::wstring& member) {
     static const std::set<std::wstring> names{
         L"GuardarIni", L"SaveSetting",     L"DeleteSetting",        L"LeerIni",       L"GetSetting",
         L"GenerarZip", L"PutImageInField", L"PutLargeImageInField", L"ExisteCarpeta", L"Espera"};
-    return names.count(member) != 0;
+    return names.contains(member);
 }
 
 bool takes_object(const OwnMember& member) {

@@ -13,8 +13,8 @@
 namespace kovrel::test {
 namespace {
 
-constexpr int creations = 100'000;   // of each class
-constexpr SIZE_T slack = 64 * 1024;  // less than a leak of one byte each
+constexpr int creations = 100'000;           // of each class
+constexpr SIZE_T slack = SIZE_T{64} * 1024;  // less than a leak of one byte each
 
 TEST(Endurance, AHundredThousandInstancesOfEachClass) {
     const OwnLibrary& library = OwnLibrary::get();
@@ -59,10 +59,10 @@ TEST(Endurance, HundredsOfCallsOfEveryMember) {
     };
     constexpr int first_calls = 100;
     constexpr int calls = 400;
-    constexpr SIZE_T text_lost = 16 * 1024;  // a leak of a short text in each call
+    constexpr SIZE_T text_lost = SIZE_T{16} * 1024;  // a leak of a short text in each call
     for (const OwnClass& of_class : library.classes()) {
         for (const OwnMember& member : of_class.members) {
-            if (left_out.count(member.name) != 0) continue;
+            if (left_out.contains(member.name)) continue;
             const std::string what = narrow(of_class.name) + '.' + narrow(member.name);
             SCOPED_TRACE(what);
             announce(what + " called over and over");

@@ -22,7 +22,7 @@ struct OwnClass {
     CLSID id{};
     std::vector<OwnMember> members;
 
-    [[nodiscard]] const OwnMember& member(const std::wstring& name, WORD kind) const;
+    [[nodiscard]] const OwnMember& member(const std::wstring& wanted, WORD kind) const;
 };
 
 /// Loaded at first use, never unloaded.

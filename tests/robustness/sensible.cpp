@@ -11,7 +11,7 @@ namespace {
 
 Variant list_of_files() {
     SAFEARRAY* const array = SafeArrayCreateVector(VT_BSTR, 0, 2);
-    const Variant result = [&] {
+    Variant result = [&] {
         VARIANT list{};
         list.vt = VT_ARRAY | VT_BSTR;
         list.parray = array;

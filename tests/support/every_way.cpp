@@ -108,6 +108,7 @@ Answer call_early(IDispatch* object, const MemberShape& shape, Answer answer) {
         types.push_back(VT_PTR);
     }
     std::vector<VARIANT*> pointers;
+    pointers.reserve(raw.size());
     for (VARIANT& argument : raw) pointers.push_back(&argument);
     Variant result;
     SetErrorInfo(0, nullptr);
@@ -201,6 +202,7 @@ Answer call_in(Way way, IDispatch* object, const std::wstring& member,
                std::vector<Variant> arguments, const std::vector<ExpectedBox>& boxes) {
     const testing::ScopedTrace trace(__FILE__, __LINE__, narrow(member) + ", " + name_of(way));
     std::vector<Expectation> expectations;
+    expectations.reserve(boxes.size());
     for (const ExpectedBox& box : boxes) expectations.push_back(answer(box.pressed));
     BoxWatcher watcher(std::move(expectations));
     Answer answer = call_in(way, object, member, std::move(arguments));

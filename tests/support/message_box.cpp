@@ -38,6 +38,7 @@ int button_set_style(const std::vector<BoxButton>& buttons) {
                                                 {IDRETRY, IDCANCEL},
                                                 {IDCANCEL, IDTRYAGAIN, IDCONTINUE}}};
     std::vector<int> ids;
+    ids.reserve(buttons.size());
     for (const BoxButton& button : buttons) ids.push_back(button.id);
     const auto found = std::find(sets.begin(), sets.end(), ids);
     return found == sets.end() ? -1 : static_cast<int>(found - sets.begin());

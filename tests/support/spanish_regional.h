@@ -141,8 +141,8 @@ class SpanishRegional : public Regional {
         if (day > length) return std::nullopt;
         const int past = year - 1;
         constexpr int days_to_epoch = 693594;  // 1 January of the year 1 counts 1
-        return static_cast<double>(past * 365 + past / 4 - past / 100 + past / 400 + days -
-                                   days_to_epoch);
+        days += past * 365 + past / 4 - past / 100 + past / 400 - days_to_epoch;
+        return days;
     }
 };
 

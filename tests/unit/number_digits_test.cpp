@@ -108,7 +108,7 @@ void expect_agreement_of_both_signs(double value) {
 TEST(NumberDigits, OfRandomBits) {
     std::mt19937_64 random(20240315);  // fixed: the same numbers in every run
     for (int count = 0; count < 50'000 && !HasFatalFailure();) {
-        const double value = std::bit_cast<double>(random());
+        const auto value = std::bit_cast<double>(random());
         if (!std::isfinite(value)) continue;
         expect_agreement(value);
         ++count;

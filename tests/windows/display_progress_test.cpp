@@ -127,9 +127,9 @@ TEST_F(Progress, FollowsTheSystemsColoursWhileItIsOpen) {
     for (const auto& [ground, highlight] : std::initializer_list<std::pair<COLORREF, COLORREF>>{
              {RGB(0, 0, 0), RGB(26, 235, 255)}, {RGB(255, 250, 239), RGB(144, 57, 9)}}) {
         const SystemColors colors(ground, highlight);
-        EXPECT_TRUE(pump_until([&] {
+        EXPECT_TRUE(pump_until([&, expected = ground] {
             const Pixels seen = bar_pixels(window);
-            return seen.at(seen.width - 1, 0) == ground;
+            return seen.at(seen.width - 1, 0) == expected;
         }));
         bar_is_legible(window);
     }

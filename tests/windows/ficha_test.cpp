@@ -18,7 +18,7 @@ constexpr int file_name_list = 0x47C;  // of the system's open-file dialog
 /// A picture of one colour, 8 by 8 pixels of 24 bits.
 std::string red_picture() {
     constexpr std::size_t header = 54;
-    constexpr std::size_t pixels = 8 * 8 * 3;
+    constexpr std::size_t pixels = std::size_t{8} * 8 * 3;
     std::string bytes(header + pixels, '\0');
     bytes.replace(0, 2, "BM");
     bytes[2] = static_cast<char>(header + pixels);

@@ -15,8 +15,8 @@ constexpr int side = 16;
 class PlainIcon {
  public:
     explicit PlainIcon(Color color) {
-        const std::array<std::uint8_t, side * 2> opaque{};
-        std::array<std::uint32_t, side * side> pixels{};
+        const std::array<std::uint8_t, std::size_t{side} * 2> opaque{};
+        std::array<std::uint32_t, std::size_t{side} * side> pixels{};
         pixels.fill(0xFF000000U | (color & 0xFFU) << 16U | (color & 0xFF00U) |
                     (color >> 16U & 0xFFU));
         ICONINFO description{TRUE, 0, 0, CreateBitmap(side, side, 1, 1, opaque.data()),

@@ -75,7 +75,8 @@ struct Pixels {
     std::vector<COLORREF> colors;
 
     [[nodiscard]] COLORREF at(int x, int y) const {
-        return colors[static_cast<std::size_t>(y * width + x)];
+        return colors[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                      static_cast<std::size_t>(x)];
     }
 };
 

@@ -63,7 +63,7 @@ TEST(ZipDeflater, PiecesJoinIntoOneStream) {
 TEST(ZipDeflater, IncompressibleDataGrowsByItsBlockHeadersAlone) {
     const std::string data = incompressible(piece_size, 5);
     const std::string packed = deflate_in_pieces(data, piece_size, 6);
-    EXPECT_EQ(packed.size(), data.size() + 5 * 5);
+    EXPECT_EQ(packed.size(), data.size() + std::size_t{5} * 5);
     EXPECT_EQ(test::inflate_raw(packed, data.size()), data);
 }
 

@@ -81,9 +81,9 @@ TEST_F(ZipUpdate, NamesOutsideAsciiAreMarkedAsUtf8) {
 TEST_F(ZipUpdate, TheSameBytesWithAnyNumberOfThreads) {
     std::vector<std::string> files;
     for (unsigned i = 0; i < 20; ++i) {
-        files.push_back(folder.write("f" + std::to_string(i), i % 3 == 0
-                                                                  ? incompressible(i * 40'000, i)
-                                                                  : compressible(i * 70'000, i)));
+        files.push_back(folder.write("f" + std::to_string(i),
+                                     i % 3 == 0 ? incompressible(std::size_t{i} * 40'000, i)
+                                                : compressible(std::size_t{i} * 70'000, i)));
     }
     std::string first;
     for (options.threads = 1; options.threads <= 5; ++options.threads) {

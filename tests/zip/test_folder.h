@@ -40,7 +40,7 @@ class TestFolder {
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
     std::string write(const std::string& name, const std::string& data) const {
-        const std::string file = *this / name;
+        std::string file = *this / name;
         std::filesystem::create_directories(from_utf8(file).parent_path());
         std::ofstream(from_utf8(file), std::ios::binary) << data;
         return file;

@@ -76,6 +76,7 @@ class Zip32Dll : public testing::Test {
     int pack(const std::vector<std::string>& names) {
         std::array<const char*, 100> record{};
         std::vector<std::string> texts;
+        texts.reserve(names.size());
         for (const std::string& name : names) {
             texts.push_back(ansi(name));
         }

@@ -37,6 +37,7 @@ TEST_F(Zip32Dll, PacksFilesWithAccentedNames) {
 TEST_F(Zip32Dll, OneAndAHundredNames) {
     EXPECT_EQ(pack({folder.write("f", "1")}), 0);
     std::vector<std::string> files;
+    files.reserve(100);
     for (int i = 0; i < 100; ++i) {
         files.push_back(folder.write("f" + std::to_string(i), std::to_string(i)));
     }
