@@ -159,14 +159,15 @@ HWND Window::add(const ControlDesign& design, HWND parent) {
     // It may contain controls, and must not paint over them.
     if (design.window_class == picture_box_class) style |= WS_CLIPCHILDREN;
     auto* const id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(design.id));
+    const RECT place = in_pixels(design.place);
     HWND const window =
-        CreateWindowExW(design.extended_style, design.window_class, design.text, style, 0, 0, 0, 0,
+        CreateWindowExW(design.extended_style, design.window_class, design.text, style, place.left,
+                        place.top, place.right - place.left, place.bottom - place.top,
                         parent != nullptr ? parent : handle_, id, own_module(), nullptr);
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
     controls_.push_back({window, design.id, design.place, design.window_class});
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
     subclass(window, &Window::watch_control, 1, reinterpret_cast<DWORD_PTR>(this));
-    put_in_place(controls_.back());
     return window;
 }
 
@@ -194,14 +195,18 @@ void Window::move(int id, const Place& place) {
     }
 }
 
-void Window::put_in_place(const Placed& placed) const noexcept {
+RECT Window::in_pixels(const Place& place) const noexcept {
     // Rounds edges, not sizes, so that neighbours that touch in twips touch in pixels.
-    const int left = scale_.pixels(placed.place.left);
-    const int top = scale_.pixels(placed.place.top);
-    const int right = scale_.pixels(placed.place.left + placed.place.width);
-    const int bottom = scale_.pixels(placed.place.top + placed.place.height);
-    SetWindowPos(placed.window, nullptr, left, top, std::max(right - left, 0),
-                 std::max(bottom - top, 0), SWP_NOZORDER | SWP_NOACTIVATE);
+    const int left = scale_.pixels(place.left);
+    const int top = scale_.pixels(place.top);
+    return {left, top, std::max(left, scale_.pixels(place.left + place.width)),
+            std::max(top, scale_.pixels(place.top + place.height))};
+}
+
+void Window::put_in_place(const Placed& placed) const noexcept {
+    const RECT place = in_pixels(placed.place);
+    SetWindowPos(placed.window, nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Window::set_tooltip(int id, const std::wstring& text) {
