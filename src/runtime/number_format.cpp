@@ -88,7 +88,7 @@ Decimal exact(double value) {
         if (!number.digits.empty()) number.digits.append(group_digits - text.size(), '0');
         number.digits += text;
     }
-    if (number.digits.empty()) return {.negative = false, .digits = "0", .point = 1};
+    if (number.digits.empty()) return {};
     number.point = static_cast<std::ptrdiff_t>(number.digits.size()) + std::min(exponent, 0);
     return number;
 }
@@ -203,8 +203,8 @@ double prefixed_number(std::wstring_view text) {
         unsigned digit = base;
         if (is_digit(text.front())) {
             digit = code - '0';
-        } else if ((code | 0x20U) >= 'a' && (code | 0x20U) <= 'f') {
-            digit = (code | 0x20U) - 'a' + 10;
+        } else if ((code | 0x20U) >= 'a') {
+            digit = (code | 0x20U) - 'a' + 10;  // past F no digit of any base
         }
         if (digit >= base) break;
         value = value * base + digit;

@@ -1,5 +1,6 @@
 #include "runtime/number_format.h"
 
+#include <clocale>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -37,6 +38,7 @@ TEST(FormatNumber, WholePatternRoundsHalfAwayFromZero) {
 TEST(FormatNumber, DecimalsTakeTheGivenSeparator) {
     EXPECT_EQ(format_number(12.5, patterns::two_decimals, L','), L"12,50");
     EXPECT_EQ(format_number(12.5, patterns::two_decimals, L'.'), L"12.50");
+    EXPECT_EQ(format_number(12.3, {1, 1}, L','), L"12,3");
     EXPECT_EQ(format_number(3, patterns::two_decimals, L','), L"3,00");
     EXPECT_EQ(format_number(0.05, patterns::two_decimals, L','), L"0,05");
     EXPECT_EQ(format_number(0.005, patterns::two_decimals, L','), L"0,01");
@@ -216,6 +218,16 @@ TEST(LeadingNumber, TakesOnlyAPointAndStopsAtOtherCharacters) {
     }
 }
 
+TEST(LeadingNumber, ReadsThePointWhateverTheCLibrarysSettings) {
+    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+    if (std::setlocale(LC_NUMERIC, "es_ES.UTF-8") == nullptr) {
+        GTEST_SKIP() << "the C library has no Spanish settings";
+    }
+    EXPECT_EQ(leading_number(L"12.5"), 12.5);
+    EXPECT_EQ(plain_number(L"12,5", L','), 12.5);
+    std::setlocale(LC_NUMERIC, before.c_str());
+}
+
 TEST(LeadingNumber, SkipsBlanks) {
     EXPECT_EQ(leading_number(L"  1 615 198th"), 1615198);
     EXPECT_EQ(leading_number(L"\t-\n1\r2"), -12);
@@ -245,10 +257,16 @@ TEST(LeadingNumber, ReadsPrefixes) {
     EXPECT_EQ(leading_number(L"&HFFFFFFFF"), -1);
     EXPECT_EQ(leading_number(L"&O17"), 15);
     EXPECT_EQ(leading_number(L"&o189"), 1);
+    EXPECT_EQ(leading_number(L"&HaBcDeF"), 0xABCDEF);
+    EXPECT_EQ(leading_number(L"&h1g"), 1);
+    EXPECT_EQ(leading_number(L"&h1@"), 1);
+    EXPECT_EQ(leading_number(L"&h1/"), 1);
+    EXPECT_EQ(leading_number(L"&h1:"), 1);
     EXPECT_EQ(leading_number(L"&H"), 0);
     EXPECT_EQ(leading_number(L"&"), 0);
     EXPECT_EQ(leading_number(L"&X1"), 0);
     EXPECT_EQ(failure_of(leading_number, L"&H1FFFFFFFF"), 6);
+    EXPECT_EQ(failure_of(leading_number, L"&H100000000"), 6);
 }
 
 TEST(SpanishReadings, FollowTheSettings) {

@@ -1,4 +1,5 @@
 // Files packed into archives: contents, names, levels, folders, what is reported.
+#include "archive_reader.h"
 #include "tests/zip/update_fixture.h"
 
 namespace kovrel::zip {
@@ -38,6 +39,30 @@ TEST_F(ZipUpdate, FilesAreDeflatedOrStoredWhicheverIsSmaller) {
     EXPECT_EQ(folder.count(), 5U);
 }
 
+TEST_F(ZipUpdate, EntriesNeedTheVersionOfTheirMethod) {
+    options.recurse = options.folder_entries = true;
+    options.drop_folder_names = false;
+    options.root = test::utf8(folder.path());
+    folder.write("d/corto", "a");
+    folder.write("d/texto", compressible(5000, 1));
+    ASSERT_EQ(pack({"d"}), ZipCode::ok);
+    const ArchiveReader reader(folder / "a.zip");
+    ASSERT_EQ(reader.entries().size(), 3U);
+    EXPECT_EQ(reader.entries()[0].central.version_needed, 20);  // a folder
+    EXPECT_EQ(reader.entries()[0].length, local_header_size + 2);
+    EXPECT_EQ(reader.entries()[1].central.version_needed, 10);  // stored
+    EXPECT_EQ(reader.entries()[2].central.version_needed, 20);  // deflated
+    const std::string archive = folder.read("a.zip");
+    for (const OldEntry& entry : reader.entries()) {
+        EXPECT_EQ(entry.central.made_by, made_by_this_system());
+        // Both headers say the same.
+        Bytes header;
+        append_local_header(header, entry.central, false);
+        EXPECT_EQ(archive.substr(entry.start, header.size()),
+                  std::string(header.begin(), header.end()));
+    }
+}
+
 TEST_F(ZipUpdate, SizesAroundThePiecesOfAFile) {
     for (const long difference : {-1L, 0L, 1L}) {
         for (const std::size_t pieces : {1U, 2U, 3U}) {
@@ -58,6 +83,12 @@ TEST_F(ZipUpdate, Level0Stores) {
     ASSERT_EQ(pack({folder.write("t", text)}), ZipCode::ok);
     EXPECT_EQ(entries()[0].method, 0);
     EXPECT_TRUE(data_of("t") == text);
+}
+
+TEST_F(ZipUpdate, Level1Deflates) {
+    options.level = 1;
+    ASSERT_EQ(pack({folder.write("t", compressible(5000, 5))}), ZipCode::ok);
+    EXPECT_EQ(entries()[0].method, 8);
 }
 
 TEST_F(ZipUpdate, HigherLevelsAreNotLarger) {

@@ -3,6 +3,7 @@
 
 #include "archive_reader.h"
 #include "tests/zip/made_archive.h"
+#include "tests/zip/plain_reader.h"
 #include "tests/zip/test_folder.h"
 #include "zip_error.h"
 
@@ -150,6 +151,8 @@ TEST_F(ZipReader, AnEntryThatDoesNotFitIsRefused) {
     const std::string archive = two_files();
     EXPECT_EQ(refusal(with(archive, second_central + 42, directory + 1)),
               "an entry lies outside it");
+    EXPECT_EQ(refusal("PROGRAMA" + with(archive, second_central + 42, directory + 1)),
+              "an entry lies outside it");
     EXPECT_EQ(refusal(with(archive, second_central + 42, directory)), "an entry has no header");
     EXPECT_EQ(refusal(with(archive, second, 0)), "an entry has no header");
     EXPECT_EQ(refusal(with(archive, end + 16, directory - 1)), "an entry has no header");
@@ -195,6 +198,31 @@ TEST_F(ZipReader, Zip64RecordsThatDoNotFitAreRefused) {
           end_of(0xFFFF, 0xFFFFFFFF, directory - 1)}) {
         EXPECT_EQ(refusal(entries + end64_of(2, 94, directory, end) + narrow),
                   "its two end records contradict each other");
+    }
+}
+
+TEST_F(ZipReader, CopiesItsBytes) {
+    const std::string front = test::incompressible(600'000, 1);
+    const ArchiveReader reader = open(front + two_files());
+    const std::string path = folder / "copia";
+    {
+        NewFile file(path);
+        OutputBuffer output(file);
+        reader.copy(1, front.size() + 31, output);
+        reader.copy(0, 1, output);
+        EXPECT_THROW(reader.copy(front.size() + 181, 1, output), ZipError);
+        output.flush();
+        file.replace_target();
+    }
+    EXPECT_TRUE(folder.read("copia") == front.substr(1) + two_files().substr(0, second) + front[0]);
+    NewFile file(path);
+    OutputBuffer output(file);
+    try {
+        reader.copy(front.size() + 180, 2, output);
+        ADD_FAILURE() << "copied past the end";
+    } catch (const ZipError& error) {
+        EXPECT_EQ(error.code(), ZipCode::unexpected_end);
+        EXPECT_STREQ(error.what(), "the existing archive ends too early");
     }
 }
 

@@ -89,7 +89,7 @@ TEST_F(ZipUpdate, TheCommentIsDroppedWhenTheEndRecordSpellsAnother) {
         append_central_entry(directory, entry);
     }
     ASSERT_EQ(padding, 0U);
-    const std::string comment(40, 'c');
+    const std::string comment(10, 'c');  // just long enough for that record
     folder.write("a.zip", test::archive_of(std::move(bytes), directory, count - 1, comment));
     ASSERT_EQ(pack({folder.write("ultimo", "1")}), ZipCode::ok);
     const std::string end = folder.read("a.zip").substr(folder.read("a.zip").size() - 22);
