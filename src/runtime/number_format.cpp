@@ -285,10 +285,7 @@ std::optional<double> plain_number(std::wstring_view text, wchar_t decimal_separ
     if (!plain) return std::nullopt;
     std::string literal = plain->digits;
     literal.insert(static_cast<std::size_t>(plain->point), 1, '.');
-    // A literal needs a digit before the point.
-    literal.insert(0, 1, '0');
-    const auto first = std::min(literal.find_first_not_of('0'), literal.find('.') - 1);
-    const double value = to_double(std::string_view(literal).substr(first));
+    const double value = to_double(literal);
     return plain->negative ? -value : value;
 }
 

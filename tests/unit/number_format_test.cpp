@@ -39,6 +39,7 @@ TEST(FormatNumber, DecimalsTakeTheGivenSeparator) {
     EXPECT_EQ(format_number(12.5, patterns::two_decimals, L','), L"12,50");
     EXPECT_EQ(format_number(12.5, patterns::two_decimals, L'.'), L"12.50");
     EXPECT_EQ(format_number(12.3, {1, 1}, L','), L"12,3");
+    EXPECT_EQ(format_number(1.2346, {1, 3}, L','), L"1,235");
     EXPECT_EQ(format_number(3, patterns::two_decimals, L','), L"3,00");
     EXPECT_EQ(format_number(0.05, patterns::two_decimals, L','), L"0,05");
     EXPECT_EQ(format_number(0.005, patterns::two_decimals, L','), L"0,01");

@@ -141,6 +141,19 @@ TEST_F(ZipUpdate, KeptEntriesKeepTheirBytesDescriptorsExtrasAndComments) {
     }
 }
 
+TEST_F(ZipUpdate, TheLongestExtraFieldsStay) {
+    CentralEntry entry;
+    entry.name = "viejo";
+    Bytes bytes;
+    append_local_header(bytes, entry, false);
+    entry.extra = std::string("\x34\x12\xF0\xFF", 4) + std::string(0xFFF0, 'z');
+    Bytes directory;
+    append_central_entry(directory, entry);
+    folder.write("a.zip", test::archive_of(std::move(bytes), directory, 1));
+    ASSERT_EQ(pack({folder.write("b", "2")}), ZipCode::ok);
+    EXPECT_TRUE(entries()[0].extra == entry.extra);
+}
+
 TEST_F(ZipUpdate, OldNamesInTheirCodePageAreFound) {
     folder.write("a.zip", streamed("a\xA4o", "datos", true));
     ASSERT_EQ(pack({folder.write("año", "nuevo")}), ZipCode::ok);
