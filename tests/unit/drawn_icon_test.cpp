@@ -88,6 +88,9 @@ std::string picture_of(Sign sign, int size, std::uint32_t other) {
             }
             picture += sixteenths(opaque);
             whites += sixteenths(white * opaque);
+            if (opaque > 0 && whites.back() == '.') {
+                EXPECT_EQ(color(pixel), other) << row << ", " << column;
+            }
         }
         picture += "  " + whites + "\n";
     }
