@@ -301,30 +301,26 @@ double leading_number(std::wstring_view text) {
         negative = rest.front() == L'-';
         rest.remove_prefix(1);
     }
-    const auto take_digits = [&rest](std::string& into) {
-        const auto before = into.size();
-        for (; !rest.empty() && is_digit(rest.front()); rest.remove_prefix(1)) {
-            into.push_back(static_cast<char>(rest.front()));
-        }
-        return into.size() - before;
-    };
     std::string literal;
-    rest.remove_prefix(std::min(rest.find_first_not_of(L'0'), rest.size()));
-    auto digits = take_digits(literal);
-    if (digits == 0) literal.push_back('0');
+    const auto take_digits = [&rest, &literal] {
+        for (; !rest.empty() && is_digit(rest.front()); rest.remove_prefix(1)) {
+            literal.push_back(static_cast<char>(rest.front()));
+        }
+    };
+    take_digits();
     if (!rest.empty() && rest.front() == L'.') {
         rest.remove_prefix(1);
         literal.push_back('.');
-        take_digits(literal);
+        take_digits();
     }
     if (!rest.empty() && std::wstring_view(L"eEdD").find(rest.front()) != std::wstring_view::npos) {
         rest.remove_prefix(1);
-        std::string exponent = "e";
+        literal.push_back('e');
         if (!rest.empty() && (rest.front() == L'-' || rest.front() == L'+')) {
-            exponent.push_back(static_cast<char>(rest.front()));
+            literal.push_back(static_cast<char>(rest.front()));
             rest.remove_prefix(1);
         }
-        if (take_digits(exponent) > 0) literal += exponent;
+        take_digits();
     }
     const double value = to_double(literal);
     if (std::isinf(value)) throw Failure(FailureNumber::overflow);

@@ -56,6 +56,8 @@ TEST(FormatNumber, RoundsTheFifteenDigitsAndNotTheBinaryValue) {
     EXPECT_EQ(format_number(1.45, {1, 1}, L','), L"1,5");
     EXPECT_EQ(format_number(999.995, patterns::two_decimals, L','), L"1000,00");
     EXPECT_EQ(format_number(0.1 + 0.2, {1, 17}, L','), L"0,30000000000000000");
+    EXPECT_EQ(format_number(9e-18, {1, 17}, L','), L"0,00000000000000001");
+    EXPECT_EQ(format_number(9e-19, {1, 17}, L','), L"0,00000000000000000");
 }
 
 TEST(FormatNumber, AHalfAtTheFifteenthDigitGoesAwayFromZero) {
@@ -212,6 +214,8 @@ TEST(LeadingNumber, TakesOnlyAPointAndStopsAtOtherCharacters) {
     EXPECT_EQ(leading_number(L"+7 x"), 7);
     EXPECT_EQ(leading_number(L"1.5.3"), 1.5);
     EXPECT_EQ(leading_number(L"007"), 7);
+    EXPECT_EQ(leading_number(std::wstring(400, L'0') + L"7.5"), 7.5);
+    EXPECT_EQ(leading_number(L".e3"), 0);
     EXPECT_EQ(leading_number(L".5"), 0.5);
     EXPECT_EQ(leading_number(L"5."), 5);
     for (const std::wstring_view text : {L"", L"abc", L"-", L".", L"--5", L"e5", L"(5)", L",5"}) {

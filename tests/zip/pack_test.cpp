@@ -1,4 +1,6 @@
 // Files packed into archives: contents, names, levels, folders, what is reported.
+#include <new>
+
 #include "archive_reader.h"
 #include "tests/zip/made_archive.h"
 #include "tests/zip/update_fixture.h"
@@ -167,6 +169,36 @@ TEST_F(ZipUpdate, FilesAreMovedOnlyOnceTheArchiveIsComplete) {
     EXPECT_EQ(pack({folder / "f"}), ZipCode::ok);
     EXPECT_FALSE(folder.exists("f"));
     EXPECT_THAT(names(), ElementsAre("f"));
+}
+
+TEST_F(ZipUpdate, AFileThatCannotBeMovedIsAWarning) {
+    options.move = true;
+    const std::string a = folder.write("a", "1");
+    const std::string b = folder.write("b", "2");
+    UpdateEvents events;
+    events.message = [this](std::string_view line) { messages.emplace_back(line); };
+    events.entry_done = [&](std::string_view name, std::uint64_t /*size*/) {
+        if (name == "b") remove_file(a);
+        return false;
+    };
+    EXPECT_EQ(update_archive(folder / "a.zip", {a, b}, options, events), ZipCode::ok);
+    EXPECT_THAT(messages, ElementsAre("warning: could not delete: " + a));
+    EXPECT_FALSE(folder.exists("b"));
+    EXPECT_THAT(names(), ElementsAre("a", "b"));
+}
+
+TEST_F(ZipUpdate, WhatTheCallerThrowsIsAnError) {
+    const std::string file = folder.write("f", "1");
+    UpdateEvents events;
+    events.message = [this](std::string_view line) { messages.emplace_back(line); };
+    events.entry_done = [](std::string_view, std::uint64_t) -> bool { throw std::bad_alloc(); };
+    EXPECT_EQ(update_archive(folder / "a.zip", {file}, options, events), ZipCode::out_of_memory);
+    events.entry_done = [](std::string_view, std::uint64_t) -> bool { throw 1; };
+    EXPECT_EQ(update_archive(folder / "a.zip", {file}, options, events), ZipCode::internal_error);
+    EXPECT_THAT(messages, ElementsAre("error: out of memory", "error: internal error"));
+    events.message = [](std::string_view) { throw 1; };
+    EXPECT_EQ(update_archive(folder / "a.zip", {}, options, events), ZipCode::internal_error);
+    EXPECT_EQ(folder.count(), 1U);
 }
 
 TEST_F(ZipUpdate, FoldersAreSearchedAndKeepTheirNames) {
