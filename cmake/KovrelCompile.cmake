@@ -38,6 +38,11 @@ if(KOVREL_SANITIZE)
                                                   -fno-sanitize-recover=all
                                                   -fno-omit-frame-pointer)
   target_link_options(kovrel_compile INTERFACE -fsanitize=address,undefined)
+  # What the tests reach, of headers too; the runs of a program add up in one file.
+  target_compile_options(
+    kovrel_compile INTERFACE -fcoverage-mapping
+                             -fprofile-instr-generate=${CMAKE_BINARY_DIR}/profiles/%m.profraw)
+  target_link_options(kovrel_compile INTERFACE -fprofile-instr-generate)
 endif()
 
 # kovrel_version_resource(target product description) adds a version resource to a DLL.

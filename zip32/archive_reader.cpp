@@ -134,7 +134,6 @@ bool ArchiveReader::place_directory(const DirectoryEnd& end, std::uint64_t after
     const std::uint64_t last_start = after - end.size;
     if (end.entry_count == 0) {
         directory_start_ = last_start;
-        base_ = 0;
         return true;
     }
     for (const std::uint64_t start : {last_start, end.offset}) {
@@ -156,7 +155,7 @@ void ArchiveReader::read_entries() {
     for (std::uint64_t i = 0; i < end_.entry_count; ++i) {
         std::optional<CentralEntry> entry = take_central_entry(rest);
         if (!entry) refuse("its central directory is broken");
-        entries_.push_back({std::move(*entry), 0, 0});
+        entries_.push_back({.central = std::move(*entry)});
     }
     if (rest.size() >= 4 && load32(rest, 0) == central_signature) {
         refuse("its central directory holds more entries than it says");

@@ -58,8 +58,7 @@ std::string relative_name(std::string_view path, PathStyle style) {
     int skipped = 0;
     if (has_drive(path, style)) {
         path.remove_prefix(2);
-    } else if (style == PathStyle::windows && path.size() > 2 &&
-               path.find_first_not_of(separators(style)) >= 2) {
+    } else if (style == PathStyle::windows && path.find_first_not_of(separators(style)) >= 2) {
         skipped = 2;  // \\server\share
     }
     std::string name;

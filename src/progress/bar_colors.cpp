@@ -1,7 +1,5 @@
 #include "progress/bar_colors.h"
 
-#include <initializer_list>
-
 namespace kovrel {
 namespace {
 
@@ -17,13 +15,16 @@ bool legible(const BarColors& colors) {
 }  // namespace
 
 BarColors bar_colors(Color window, Color highlight) {
-    for (const Color ground : {window, white_color}) {
-        for (Color part = 255; part > 0; --part) {
-            const BarColors colors{ground, ~(darkened(highlight, part) ^ ground) & white_color};
-            if (legible(colors)) return colors;
+    Color ground = window;
+    for (Color part = 255;; --part) {
+        if (part == 0) {
+            // On white any colour is legible before it is darkened to black.
+            ground = white_color;
+            part = 255;
         }
+        const BarColors colors{ground, ~(darkened(highlight, part) ^ ground) & white_color};
+        if (legible(colors)) return colors;
     }
-    return {white_color, 0};
 }
 
 }  // namespace kovrel

@@ -88,7 +88,7 @@ Decimal exact(double value) {
         if (!number.digits.empty()) number.digits.append(group_digits - text.size(), '0');
         number.digits += text;
     }
-    if (number.digits.empty()) return {.negative = false, .digits = "0", .point = 1};
+    if (number.digits.empty()) return {};
     number.point = static_cast<std::ptrdiff_t>(number.digits.size()) + std::min(exponent, 0);
     return number;
 }
@@ -203,8 +203,8 @@ double prefixed_number(std::wstring_view text) {
         unsigned digit = base;
         if (is_digit(text.front())) {
             digit = code - '0';
-        } else if ((code | 0x20U) >= 'a' && (code | 0x20U) <= 'f') {
-            digit = (code | 0x20U) - 'a' + 10;
+        } else if ((code | 0x20U) >= 'a') {
+            digit = (code | 0x20U) - 'a' + 10;  // past F no digit of any base
         }
         if (digit >= base) break;
         value = value * base + digit;
@@ -285,10 +285,7 @@ std::optional<double> plain_number(std::wstring_view text, wchar_t decimal_separ
     if (!plain) return std::nullopt;
     std::string literal = plain->digits;
     literal.insert(static_cast<std::size_t>(plain->point), 1, '.');
-    // A literal needs a digit before the point.
-    literal.insert(0, 1, '0');
-    const auto first = std::min(literal.find_first_not_of('0'), literal.find('.') - 1);
-    const double value = to_double(std::string_view(literal).substr(first));
+    const double value = to_double(literal);
     return plain->negative ? -value : value;
 }
 
@@ -304,30 +301,26 @@ double leading_number(std::wstring_view text) {
         negative = rest.front() == L'-';
         rest.remove_prefix(1);
     }
-    const auto take_digits = [&rest](std::string& into) {
-        const auto before = into.size();
-        for (; !rest.empty() && is_digit(rest.front()); rest.remove_prefix(1)) {
-            into.push_back(static_cast<char>(rest.front()));
-        }
-        return into.size() - before;
-    };
     std::string literal;
-    rest.remove_prefix(std::min(rest.find_first_not_of(L'0'), rest.size()));
-    auto digits = take_digits(literal);
-    if (digits == 0) literal.push_back('0');
+    const auto take_digits = [&rest, &literal] {
+        for (; !rest.empty() && is_digit(rest.front()); rest.remove_prefix(1)) {
+            literal.push_back(static_cast<char>(rest.front()));
+        }
+    };
+    take_digits();
     if (!rest.empty() && rest.front() == L'.') {
         rest.remove_prefix(1);
         literal.push_back('.');
-        take_digits(literal);
+        take_digits();
     }
     if (!rest.empty() && std::wstring_view(L"eEdD").find(rest.front()) != std::wstring_view::npos) {
         rest.remove_prefix(1);
-        std::string exponent = "e";
+        literal.push_back('e');
         if (!rest.empty() && (rest.front() == L'-' || rest.front() == L'+')) {
-            exponent.push_back(static_cast<char>(rest.front()));
+            literal.push_back(static_cast<char>(rest.front()));
             rest.remove_prefix(1);
         }
-        if (take_digits(exponent) > 0) literal += exponent;
+        take_digits();
     }
     const double value = to_double(literal);
     if (std::isinf(value)) throw Failure(FailureNumber::overflow);

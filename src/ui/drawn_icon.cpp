@@ -91,10 +91,10 @@ Ink ink_at(Sign sign, Point point) {
             if (in_check(point, 4, 1.8)) return white;
             return in_disc(point) ? green : clear;
         case Sign::rejected:
-            if (in_cross(point, 3, 1.8)) return white;
-            return in_disc(point) ? red : clear;
+            break;
     }
-    return clear;
+    if (in_cross(point, 3, 1.8)) return white;
+    return in_disc(point) ? red : clear;
 }
 
 /// Blue, green, red and opacity, from the lowest byte.

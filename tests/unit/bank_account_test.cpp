@@ -99,6 +99,14 @@ TEST(BankAccountNotice, SaysWhichDigitIsWrong) {
               expected(L"Error localizado en los 10 últimos dígitos (Nº de Cuenta)"));
 }
 
+TEST(BankAccountNotice, EachDigitIsComparedWithItsOwn) {
+    // The right digits are 06.
+    EXPECT_EQ(notice(L"12345678661234567890"),
+              expected(L"Error localizado en los 8 primeros dígitos (Banco-Sucursal)"));
+    EXPECT_EQ(notice(L"12345678001234567890"),
+              expected(L"Error localizado en los 10 últimos dígitos (Nº de Cuenta)"));
+}
+
 TEST(BankAccountNotice, AShortCodeNeverMatches) {
     EXPECT_EQ(notice(L"0"), expected(L"Errores localizados en los 8 primeros dígitos "
                                      L"(Banco-Sucursal) y en en los 10 últimos dígitos (Nº de "

@@ -167,6 +167,8 @@ TEST(WeekAround, KeepsTheTimeOfDay) {
     // 6:00 on Sunday 31 December 1899; its Monday is day -5, before day 0 the fraction is
     // subtracted.
     EXPECT_EQ(monday_of(1.25), -5.25);
+    EXPECT_EQ(monday_of(0.75), -5.75);  // day 0 is a Saturday
+    EXPECT_EQ(sunday_of(0.75), 1.75);
     EXPECT_EQ(sunday_of(-5.25), 1.25);
     EXPECT_EQ(monday_of(-0.5), -5.5);
 }

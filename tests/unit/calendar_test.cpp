@@ -162,6 +162,10 @@ TEST(ComposeDate, AcceptsTwoDigitAndNegativeYears) {
     EXPECT_EQ(composed(-1900, 1, 1), (CivilDate{100, 1, 1}));
     EXPECT_EQ(compose_date(49, 1, 1, until_2049), day_count({2049, 1, 1}));
     EXPECT_EQ(compose_date(-5, 1, 1, never_asked), day_count({1995, 1, 1}));
+    constexpr TwoDigitYearMax until_1999 = [] { return 1999; };
+    EXPECT_EQ(compose_date(0, 1, 1, until_1999), day_count({1900, 1, 1}));
+    // From January of the year 0, whose hundred years have 25 leap years.
+    EXPECT_EQ(composed(-2000, 1, 36526), (CivilDate{100, 1, 1}));
 }
 
 TEST(ComposeDate, FailsOutsideTheCalendar) {

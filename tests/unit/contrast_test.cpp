@@ -24,6 +24,9 @@ TEST(Contrast, IsThePublishedRatio) {
     EXPECT_NEAR(contrast(white, rgb(0, 255, 0)), 1.37, 0.005);
     EXPECT_NEAR(contrast(white, rgb(0, 0, 255)), 8.59, 0.005);
     EXPECT_NEAR(contrast(white, cyan), 1.46, 0.005);
+    // A grey of the straight part of the curve, and one past it.
+    EXPECT_NEAR(contrast(white, rgb(10, 10, 10)), 19.80, 0.005);
+    EXPECT_NEAR(contrast(white, rgb(20, 20, 20)), 18.42, 0.005);
 }
 
 TEST(Contrast, ADarkenedColourKeepsItsHue) {

@@ -1,5 +1,6 @@
 #include "runtime/number_format.h"
 
+#include <clocale>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -37,6 +38,8 @@ TEST(FormatNumber, WholePatternRoundsHalfAwayFromZero) {
 TEST(FormatNumber, DecimalsTakeTheGivenSeparator) {
     EXPECT_EQ(format_number(12.5, patterns::two_decimals, L','), L"12,50");
     EXPECT_EQ(format_number(12.5, patterns::two_decimals, L'.'), L"12.50");
+    EXPECT_EQ(format_number(12.3, {1, 1}, L','), L"12,3");
+    EXPECT_EQ(format_number(1.2346, {1, 3}, L','), L"1,235");
     EXPECT_EQ(format_number(3, patterns::two_decimals, L','), L"3,00");
     EXPECT_EQ(format_number(0.05, patterns::two_decimals, L','), L"0,05");
     EXPECT_EQ(format_number(0.005, patterns::two_decimals, L','), L"0,01");
@@ -53,6 +56,8 @@ TEST(FormatNumber, RoundsTheFifteenDigitsAndNotTheBinaryValue) {
     EXPECT_EQ(format_number(1.45, {1, 1}, L','), L"1,5");
     EXPECT_EQ(format_number(999.995, patterns::two_decimals, L','), L"1000,00");
     EXPECT_EQ(format_number(0.1 + 0.2, {1, 17}, L','), L"0,30000000000000000");
+    EXPECT_EQ(format_number(9e-18, {1, 17}, L','), L"0,00000000000000001");
+    EXPECT_EQ(format_number(9e-19, {1, 17}, L','), L"0,00000000000000000");
 }
 
 TEST(FormatNumber, AHalfAtTheFifteenthDigitGoesAwayFromZero) {
@@ -209,12 +214,26 @@ TEST(LeadingNumber, TakesOnlyAPointAndStopsAtOtherCharacters) {
     EXPECT_EQ(leading_number(L"+7 x"), 7);
     EXPECT_EQ(leading_number(L"1.5.3"), 1.5);
     EXPECT_EQ(leading_number(L"007"), 7);
+    EXPECT_EQ(leading_number(std::wstring(400, L'0') + L"7.5"), 7.5);
+    EXPECT_EQ(leading_number(L".e3"), 0);
     EXPECT_EQ(leading_number(L".5"), 0.5);
     EXPECT_EQ(leading_number(L"5."), 5);
     for (const std::wstring_view text : {L"", L"abc", L"-", L".", L"--5", L"e5", L"(5)", L",5"}) {
         EXPECT_EQ(leading_number(text), 0);
     }
 }
+
+#ifndef _WIN32
+
+TEST(LeadingNumber, ReadsThePointWhateverTheCLibrarysSettings) {
+    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "es_ES.UTF-8"), nullptr) << "set-up installs it";
+    EXPECT_EQ(leading_number(L"12.5"), 12.5);
+    EXPECT_EQ(plain_number(L"12,5", L','), 12.5);
+    std::setlocale(LC_NUMERIC, before.c_str());
+}
+
+#endif
 
 TEST(LeadingNumber, SkipsBlanks) {
     EXPECT_EQ(leading_number(L"  1 615 198th"), 1615198);
@@ -245,10 +264,16 @@ TEST(LeadingNumber, ReadsPrefixes) {
     EXPECT_EQ(leading_number(L"&HFFFFFFFF"), -1);
     EXPECT_EQ(leading_number(L"&O17"), 15);
     EXPECT_EQ(leading_number(L"&o189"), 1);
+    EXPECT_EQ(leading_number(L"&HaBcDeF"), 0xABCDEF);
+    EXPECT_EQ(leading_number(L"&h1g"), 1);
+    EXPECT_EQ(leading_number(L"&h1@"), 1);
+    EXPECT_EQ(leading_number(L"&h1/"), 1);
+    EXPECT_EQ(leading_number(L"&h1:"), 1);
     EXPECT_EQ(leading_number(L"&H"), 0);
     EXPECT_EQ(leading_number(L"&"), 0);
     EXPECT_EQ(leading_number(L"&X1"), 0);
     EXPECT_EQ(failure_of(leading_number, L"&H1FFFFFFFF"), 6);
+    EXPECT_EQ(failure_of(leading_number, L"&H100000000"), 6);
 }
 
 TEST(SpanishReadings, FollowTheSettings) {

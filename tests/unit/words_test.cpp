@@ -4,8 +4,11 @@
 #include <cstdint>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <limits>
+#include <new>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -183,6 +186,13 @@ TEST_F(Words, BeyondTheScaleTheNumberIsAQuestionMark) {
     EXPECT_EQ(text(L"-" + std::wstring(400, L'9')), L"menos ?");
     EXPECT_EQ(text(std::wstring(124, L'1') + L",5"), L"?");
     EXPECT_THAT(failures_, testing::IsEmpty());
+    // A group that is no number is reported where the scale has a word for it, and for the first
+    // one without.
+    EXPECT_EQ(number(L"x1x1" + std::wstring(123, L'1')), L"?");
+    EXPECT_THAT(failures_, testing::ElementsAre(13));
+    failures_.clear();
+    EXPECT_EQ(number(L"x1x1" + std::wstring(126, L'1')), L"?");
+    EXPECT_THAT(failures_, testing::IsEmpty());
 }
 
 TEST_F(Words, ATextKeepsAllItsDigits) {
@@ -309,6 +319,31 @@ TEST_F(Words, AFailedNumberLeavesAnEmptyPiece) {
     failures_.clear();
     EXPECT_EQ(group(L"abc"), L"");
     EXPECT_THAT(failures_, testing::ElementsAre(13));
+}
+
+/// Settings whose reading finds no memory.
+template <typename Exception>
+class ExhaustedRegional final : public SpanishRegional {
+ public:
+    [[nodiscard]] std::optional<double> number(std::wstring_view /*text*/) const override {
+        throw Exception("");
+    }
+};
+
+struct NoMemory : std::bad_alloc {
+    explicit NoMemory(const char* /*text*/) {}
+};
+
+TEST_F(Words, ExhaustedMemoryIsReportedAndLeavesAnEmptyPiece) {
+    const ExhaustedRegional<NoMemory> exhausted;
+    const ExhaustedRegional<std::length_error> too_long;
+    for (const Regional* regional : std::initializer_list<const Regional*>{&exhausted, &too_long}) {
+        failures_.clear();
+        const WordsContext context{
+            *regional, [this](const Failure& failure) { failures_.push_back(failure.number()); }};
+        EXPECT_EQ(text_in_words(L"12 y x", {}, {}, context), L"");
+        EXPECT_THAT(failures_, testing::ElementsAre(7));
+    }
 }
 
 /// Settings that read numbers slightly too large.

@@ -20,6 +20,14 @@ TEST(ZipNames, LastComponentDropsFolders) {
     EXPECT_EQ(last_component("a/", PathStyle::posix), "");
     EXPECT_EQ(last_component("a/..", PathStyle::posix), "");
     EXPECT_EQ(last_component("", PathStyle::windows), "");
+    EXPECT_EQ(last_component("C:", PathStyle::windows), "");
+}
+
+TEST(ZipNames, TheFolderOfAPathKeepsItsSeparator) {
+    EXPECT_EQ(folder_of("a/b/c.txt", PathStyle::posix), "a/b/");
+    EXPECT_EQ(folder_of("c.txt", PathStyle::posix), "");
+    EXPECT_EQ(folder_of("C:\\Datos\\año.txt", PathStyle::windows), "C:\\Datos\\");
+    EXPECT_EQ(folder_of("C:factura.txt", PathStyle::windows), "C:");
 }
 
 TEST(ZipNames, RelativeNamesNeverLeaveTheFolder) {
@@ -30,6 +38,11 @@ TEST(ZipNames, RelativeNamesNeverLeaveTheFolder) {
     EXPECT_EQ(relative_name("\\\\server\\share\\a\\b.txt", PathStyle::windows), "a/b.txt");
     EXPECT_EQ(relative_name("..\\..\\b.txt", PathStyle::windows), "b.txt");
     EXPECT_EQ(relative_name("..", PathStyle::windows), "");
+    EXPECT_EQ(relative_name("C:b.txt", PathStyle::windows), "b.txt");
+    EXPECT_EQ(relative_name("C:", PathStyle::windows), "");
+    EXPECT_EQ(relative_name("//server/share/b.txt", PathStyle::posix), "server/share/b.txt");
+    EXPECT_EQ(relative_name("\\\\server", PathStyle::windows), "");
+    EXPECT_EQ(relative_name("\\\\", PathStyle::windows), "");
 }
 
 TEST(ZipNames, AbsolutePaths) {
@@ -39,16 +52,19 @@ TEST(ZipNames, AbsolutePaths) {
     EXPECT_TRUE(is_absolute("\\a", PathStyle::windows));
     EXPECT_FALSE(is_absolute("a\\b", PathStyle::windows));
     EXPECT_FALSE(is_absolute("", PathStyle::windows));
+    EXPECT_TRUE(is_absolute("C:", PathStyle::windows));
 }
 
 TEST(ZipNames, Utf8IsValidated) {
-    for (const char* good : {"", "abc", "año", "€", "\xF0\x9F\x98\x80", "\xED\x9F\xBF",
-                             "\xEE\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+    for (const char* good :
+         {"", "abc", "año", "€", "\xF0\x9F\x98\x80", "\xED\x9F\xBF", "\xEE\x80\x80",
+          "\xF4\x8F\xBF\xBF", "\xC2\x80", "\xE0\xA0\x80", "\xF0\x90\x80\x80"}) {
         EXPECT_TRUE(is_utf8(good)) << good;
     }
     for (const char* bad :
          {"a\xF1o", "\xC0\xAF", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\x80", "\xC3",
-          "\xE2\x82", "\xF5\x80\x80\x80", "\xFF", "\xC3\xC3"}) {
+          "\xE2\x82", "\xF5\x80\x80\x80", "\xFF", "\xC3\xC3", "\xC1\xBF", "\xE0\x9F\xBF",
+          "\xF0\x8F\xBF\xBF", "\xED\xBF\xBF", "ñ\x80"}) {
         EXPECT_FALSE(is_utf8(bad)) << bad;
     }
 }
@@ -56,7 +72,20 @@ TEST(ZipNames, Utf8IsValidated) {
 TEST(ZipNames, OldNamesAreReadInTheirCodePage) {
     EXPECT_EQ(utf8_from_code_page_850("a\xA4o \xA0\x82\xA1\xA2\xA3 \xB5\x90\xD6\xE0\xE9 \xA5\x81"),
               "año áéíóú ÁÉÍÓÚ Ñü");
-    EXPECT_EQ(utf8_from_code_page_850("\xC4"), "─");
+    EXPECT_EQ(utf8_from_code_page_850("\x7F"), "\x7F");
+    std::string upper_half;
+    for (int code = 0x80; code <= 0xFF; ++code) upper_half.push_back(static_cast<char>(code));
+    EXPECT_EQ(utf8_from_code_page_850(upper_half),
+              "ÇüéâäàåçêëèïîìÄÅÉæÆôöòûùÿÖÜø£Ø×ƒ"
+              "áíóúñÑªº¿®¬½¼¡«»░▒▓│┤ÁÂÀ©╣║╗╝¢¥┐"
+              "└┴┬├─┼ãÃ╚╔╩╦╠═╬¤ðÐÊËÈıÍÎÏ┘┌█▄¦Ì▀"
+              "ÓßÔÒõÕµþÞÚÛÙýÝ¯´\u00AD±‗¾¶§÷¸°¨·¹³²■\u00A0");
+}
+
+TEST(ZipNames, AsciiEndsAt127) {
+    EXPECT_TRUE(is_ascii(""));
+    EXPECT_TRUE(is_ascii("a\x7F"));
+    EXPECT_FALSE(is_ascii("a\x80"));
 }
 
 TEST(ZipNames, AnEntrysNameInUtf8) {

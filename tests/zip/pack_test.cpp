@@ -1,4 +1,8 @@
 // Files packed into archives: contents, names, levels, folders, what is reported.
+#include <new>
+
+#include "archive_reader.h"
+#include "tests/zip/made_archive.h"
 #include "tests/zip/update_fixture.h"
 
 namespace kovrel::zip {
@@ -38,6 +42,32 @@ TEST_F(ZipUpdate, FilesAreDeflatedOrStoredWhicheverIsSmaller) {
     EXPECT_EQ(folder.count(), 5U);
 }
 
+TEST_F(ZipUpdate, EntriesNeedTheVersionOfTheirMethod) {
+    options.recurse = options.folder_entries = true;
+    options.drop_folder_names = false;
+    options.root = test::utf8(folder.path());
+    folder.write("d/corto", "a");
+    folder.write("d/ruido", incompressible(600'000, 2));
+    folder.write("d/texto", compressible(5000, 1));
+    ASSERT_EQ(pack({"d"}), ZipCode::ok);
+    const ArchiveReader reader(folder / "a.zip");
+    ASSERT_EQ(reader.entries().size(), 4U);
+    EXPECT_EQ(reader.entries()[0].central.version_needed, 20);  // a folder
+    EXPECT_EQ(reader.entries()[0].length, local_header_size + 2);
+    EXPECT_EQ(reader.entries()[1].central.version_needed, 10);  // stored
+    EXPECT_EQ(reader.entries()[2].central.version_needed, 10);  // stored after all
+    EXPECT_EQ(reader.entries()[3].central.version_needed, 20);  // deflated
+    const std::string archive = folder.read("a.zip");
+    for (const OldEntry& entry : reader.entries()) {
+        EXPECT_EQ(entry.central.made_by, made_by_this_system());
+        // Both headers say the same.
+        Bytes header;
+        append_local_header(header, entry.central, false);
+        EXPECT_EQ(archive.substr(entry.start, header.size()),
+                  std::string(header.begin(), header.end()));
+    }
+}
+
 TEST_F(ZipUpdate, SizesAroundThePiecesOfAFile) {
     for (const long difference : {-1L, 0L, 1L}) {
         for (const std::size_t pieces : {1U, 2U, 3U}) {
@@ -58,6 +88,12 @@ TEST_F(ZipUpdate, Level0Stores) {
     ASSERT_EQ(pack({folder.write("t", text)}), ZipCode::ok);
     EXPECT_EQ(entries()[0].method, 0);
     EXPECT_TRUE(data_of("t") == text);
+}
+
+TEST_F(ZipUpdate, Level1Deflates) {
+    options.level = 1;
+    ASSERT_EQ(pack({folder.write("t", compressible(5000, 5))}), ZipCode::ok);
+    EXPECT_EQ(entries()[0].method, 8);
 }
 
 TEST_F(ZipUpdate, HigherLevelsAreNotLarger) {
@@ -135,6 +171,36 @@ TEST_F(ZipUpdate, FilesAreMovedOnlyOnceTheArchiveIsComplete) {
     EXPECT_THAT(names(), ElementsAre("f"));
 }
 
+TEST_F(ZipUpdate, AFileThatCannotBeMovedIsAWarning) {
+    options.move = true;
+    const std::string a = folder.write("a", "1");
+    const std::string b = folder.write("b", "2");
+    UpdateEvents events;
+    events.message = [this](std::string_view line) { messages.emplace_back(line); };
+    events.entry_done = [&](std::string_view name, std::uint64_t /*size*/) {
+        if (name == "b") remove_file(a);
+        return false;
+    };
+    EXPECT_EQ(update_archive(folder / "a.zip", {a, b}, options, events), ZipCode::ok);
+    EXPECT_THAT(messages, ElementsAre("warning: could not delete: " + a));
+    EXPECT_FALSE(folder.exists("b"));
+    EXPECT_THAT(names(), ElementsAre("a", "b"));
+}
+
+TEST_F(ZipUpdate, WhatTheCallerThrowsIsAnError) {
+    const std::string file = folder.write("f", "1");
+    UpdateEvents events;
+    events.message = [this](std::string_view line) { messages.emplace_back(line); };
+    events.entry_done = [](std::string_view, std::uint64_t) -> bool { throw std::bad_alloc(); };
+    EXPECT_EQ(update_archive(folder / "a.zip", {file}, options, events), ZipCode::out_of_memory);
+    events.entry_done = [](std::string_view, std::uint64_t) -> bool { throw 1; };
+    EXPECT_EQ(update_archive(folder / "a.zip", {file}, options, events), ZipCode::internal_error);
+    EXPECT_THAT(messages, ElementsAre("error: out of memory", "error: internal error"));
+    events.message = [](std::string_view) { throw 1; };
+    EXPECT_EQ(update_archive(folder / "a.zip", {}, options, events), ZipCode::internal_error);
+    EXPECT_EQ(folder.count(), 1U);
+}
+
 TEST_F(ZipUpdate, FoldersAreSearchedAndKeepTheirNames) {
     folder.write("d/z", "1");
     folder.write("d/e/y", "2");
@@ -151,6 +217,104 @@ TEST_F(ZipUpdate, FoldersAreSearchedAndKeepTheirNames) {
     EXPECT_EQ(pack({"d"}), ZipCode::ok);
     EXPECT_THAT(names(), ElementsAre("y", "z"));
 }
+
+TEST_F(ZipUpdate, AFileThatCannotBeOpenedIsLeftOutAndItsEntryStays) {
+    ASSERT_EQ(pack({folder.write("c", "viejo")}), ZipCode::ok);
+    folder.write("a", "1");
+    folder.write("b", "2");
+    UpdateEvents events;
+    events.message = [this](std::string_view line) { messages.emplace_back(line); };
+    // With one thread only the next file is open already.
+    options.threads = 1;
+    events.entry_done = [this](std::string_view name, std::uint64_t /*size*/) {
+        done.emplace_back(name);
+        std::filesystem::remove(from_utf8(folder / "d"));
+        return false;
+    };
+    done.clear();
+    folder.write("c", "nuevo");
+    folder.write("d", "4");
+    EXPECT_EQ(
+        update_archive(folder / "a.zip", {folder / "a", folder / "b", folder / "c", folder / "d"},
+                       options, events),
+        ZipCode::cannot_open_file);
+    EXPECT_THAT(messages, ElementsAre("warning: could not open for reading: " + (folder / "d")));
+    EXPECT_THAT(done, ElementsAre("c", "a", "b"));
+    EXPECT_THAT(names(), ElementsAre("c", "a", "b"));
+    EXPECT_EQ(data_of("c"), "nuevo");
+    // Now the file that cannot be opened has an entry, and a duplicate of it.
+    folder.write("a.zip", test::made_on_unix({{"a", "0"}, {"b", "0"}, {"d", "5"}, {"d", "6"}}));
+    folder.write("d", "4");
+    EXPECT_EQ(update_archive(folder / "a.zip", {folder / "a", folder / "b", folder / "d"}, options,
+                             events),
+              ZipCode::cannot_open_file);
+    EXPECT_THAT(names(), ElementsAre("a", "b", "d", "d"));
+    EXPECT_EQ(entries()[2].data, "5");
+    EXPECT_EQ(entries()[3].data, "6");
+}
+
+TEST_F(ZipUpdate, AFolderAloneIsAWarningOrAnEntry) {
+    folder.write("d/z", "1");
+    options.root = test::utf8(folder.path());
+    EXPECT_EQ(pack({"d"}), ZipCode::nothing_to_do);
+    EXPECT_THAT(messages, ElementsAre("warning: a folder is not packed: d",
+                                      "error: nothing to do: " + (folder / "a.zip")));
+    options.folder_entries = true;  // which needs folder names
+    EXPECT_EQ(pack({"d"}), ZipCode::nothing_to_do);
+    EXPECT_EQ(messages.size(), 2U);
+    options.drop_folder_names = false;
+    EXPECT_EQ(pack({"d"}), ZipCode::ok);
+    EXPECT_THAT(messages, IsEmpty());
+    EXPECT_THAT(names(), ElementsAre("d/"));
+    // The folder that names start from has no name of its own.
+    EXPECT_EQ(pack({"."}), ZipCode::nothing_to_do);
+}
+
+TEST_F(ZipUpdate, RelativeNamesStartFromTheRoot) {
+    const std::string file = folder.write("x/f", "1");
+    options.drop_folder_names = false;
+    EXPECT_EQ(pack({"x/f"}), ZipCode::nothing_to_do);
+    options.root = folder / "x";
+    EXPECT_EQ(pack({"f"}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("f"));
+    std::filesystem::remove(from_utf8(folder / "a.zip"));
+    // An absolute name is its own place, with or without a root.
+    EXPECT_EQ(pack({file}), ZipCode::ok);
+    EXPECT_TRUE(names().at(0).ends_with("/x/f")) << names()[0];
+    EXPECT_THAT(messages, IsEmpty());
+}
+
+#ifndef _WIN32
+
+TEST_F(ZipUpdate, HiddenFilesAndBrokenLinksInFoldersAreLeftOut) {
+    folder.write("d/.oculto", "1");
+    folder.write("d/.carpeta/y", "2");
+    folder.write("d/z", "3");
+    std::filesystem::create_symlink("nada", from_utf8(folder / "d/enlace"));
+    options.recurse = true;
+    options.drop_folder_names = false;
+    options.root = test::utf8(folder.path());
+    EXPECT_EQ(pack({"d"}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("d/z"));
+    options.include_hidden = true;
+    EXPECT_EQ(pack({"d"}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre("d/z", "d/.carpeta/y", "d/.oculto"));
+}
+
+TEST_F(ZipUpdate, FoldersAreSearchedAHundredDeep) {
+    std::string path = "d";
+    for (int depth = 0; depth <= 101; ++depth, path += "/d") {
+        folder.write(path + "/" + std::to_string(depth), "1");
+    }
+    options.recurse = true;
+    options.root = test::utf8(folder.path());
+    EXPECT_EQ(pack({"d"}), ZipCode::ok);
+    EXPECT_EQ(names().size(), 101U);
+    EXPECT_EQ(data_of("100"), "1");
+    EXPECT_EQ(data_of("101"), "(none)");
+}
+
+#endif
 
 TEST_F(ZipUpdate, EachEntryIsReportedUnlessQuiet) {
     quiet = false;

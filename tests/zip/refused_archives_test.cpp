@@ -92,7 +92,10 @@ TEST_F(ZipUpdate, WhereNothingCanBeWrittenTheAnswerIsCannotCreate) {
     const std::string file = folder.write("f", "1");
     EXPECT_EQ(update_archive(folder / "no/a.zip", {file}, {}, {}), ZipCode::cannot_create);
     std::filesystem::create_directory(from_utf8(folder / "sub"));
-    EXPECT_EQ(update_archive(folder / "sub", {file}, {}, {}), ZipCode::cannot_create);
+    UpdateEvents events;
+    events.message = [this](std::string_view line) { messages.emplace_back(line); };
+    EXPECT_EQ(update_archive(folder / "sub", {file}, {}, events), ZipCode::cannot_create);
+    EXPECT_THAT(messages, ElementsAre("error: cannot be replaced: " + (folder / "sub")));
 }
 
 TEST_F(ZipUpdate, NoFileAtAllIsNothingToDo) {

@@ -89,7 +89,7 @@ TEST_F(ZipUpdate, TheCommentIsDroppedWhenTheEndRecordSpellsAnother) {
         append_central_entry(directory, entry);
     }
     ASSERT_EQ(padding, 0U);
-    const std::string comment(40, 'c');
+    const std::string comment(10, 'c');  // just long enough for that record
     folder.write("a.zip", test::archive_of(std::move(bytes), directory, count - 1, comment));
     ASSERT_EQ(pack({folder.write("ultimo", "1")}), ZipCode::ok);
     const std::string end = folder.read("a.zip").substr(folder.read("a.zip").size() - 22);
@@ -139,6 +139,19 @@ TEST_F(ZipUpdate, KeptEntriesKeepTheirBytesDescriptorsExtrasAndComments) {
         EXPECT_EQ(found[0].extra, std::string("\x34\x12\x02\x00zz", 6));
         EXPECT_EQ(found[0].flags, flag_descriptor);
     }
+}
+
+TEST_F(ZipUpdate, TheLongestExtraFieldsStay) {
+    CentralEntry entry;
+    entry.name = "viejo";
+    Bytes bytes;
+    append_local_header(bytes, entry, false);
+    entry.extra = std::string("\x34\x12\xF0\xFF", 4) + std::string(0xFFF0, 'z');
+    Bytes directory;
+    append_central_entry(directory, entry);
+    folder.write("a.zip", test::archive_of(std::move(bytes), directory, 1));
+    ASSERT_EQ(pack({folder.write("b", "2")}), ZipCode::ok);
+    EXPECT_TRUE(entries()[0].extra == entry.extra);
 }
 
 TEST_F(ZipUpdate, OldNamesInTheirCodePageAreFound) {
