@@ -67,7 +67,7 @@ class Watcher {
               HWND window = nullptr;
               while ((window = window_of(watched)) == nullptr || !is_painted(window)) {
                   if (Clock::now() > limit) give_up("no window");
-                  Sleep(0);
+                  Sleep(1);
               }
               painted_ = Clock::now();
               close(window);

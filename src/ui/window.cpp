@@ -167,7 +167,10 @@ HWND Window::add(const ControlDesign& design, HWND parent) {
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
     controls_.push_back({window, design.id, design.place, design.window_class});
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
-    subclass(window, &Window::watch_control, 1, reinterpret_cast<DWORD_PTR>(this));
+    // The others get neither the focus nor keys nor clicks.
+    if ((design.style & WS_TABSTOP) != 0) {
+        subclass(window, &Window::watch_control, 1, reinterpret_cast<DWORD_PTR>(this));
+    }
     return window;
 }
 

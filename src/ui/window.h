@@ -138,6 +138,7 @@ class Window : public std::enable_shared_from_this<Window> {
     [[nodiscard]] int default_button(HWND focus) const noexcept;
     void frame_default_button(HWND focus) const noexcept;
     void rescale(int dots_per_inch, const RECT& bounds);
+    void move_inside_screen(LONG left, LONG top) const noexcept;
     [[nodiscard]] RECT in_pixels(const Place& place) const noexcept;
     void put_in_place(const Placed& placed) const noexcept;
     void update_font();

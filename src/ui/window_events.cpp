@@ -172,6 +172,8 @@ LRESULT CALLBACK Window::picture_box(HWND window, UINT message, WPARAM wparam, L
     auto* const self =
         reinterpret_cast<Window*>(GetWindowLongPtrW(GetParent(window), GWLP_USERDATA));
     if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+    const DefaultFloatingPoint floating_point;
+    const std::shared_ptr<Window> alive = self->weak_from_this().lock();
     const int id = GetDlgCtrlID(window);
     switch (message) {
         case WM_COMMAND:

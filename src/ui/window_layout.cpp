@@ -72,16 +72,20 @@ double Window::tallest_inner() const noexcept {
 void Window::center_on_screen() {
     const RECT work = work_area();
     const RECT now = bounds();
-    move_to((work.left + work.right - (now.right - now.left)) / 2,
-            (work.top + work.bottom - (now.bottom - now.top)) / 2);
-    keep_on_screen();
+    move_inside_screen((work.left + work.right - (now.right - now.left)) / 2,
+                       (work.top + work.bottom - (now.bottom - now.top)) / 2);
 }
 
 void Window::keep_on_screen() {
+    const RECT now = bounds();
+    move_inside_screen(now.left, now.top);
+}
+
+void Window::move_inside_screen(LONG left, LONG top) const noexcept {
     const RECT work = work_area();
     const RECT now = bounds();
-    const LONG left = std::min(now.left, work.right - (now.right - now.left));
-    const LONG top = std::min(now.top, work.bottom - (now.bottom - now.top));
+    left = std::min(left, work.right - (now.right - now.left));
+    top = std::min(top, work.bottom - (now.bottom - now.top));
     move_to(std::max(left, work.left), std::max(top, work.top));
 }
 
