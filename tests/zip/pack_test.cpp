@@ -63,7 +63,7 @@ TEST_F(ZipUpdate, EntriesNeedTheVersionOfTheirMethod) {
         // Both headers say the same.
         Bytes header;
         append_local_header(header, entry.central, false);
-        EXPECT_EQ(archive.substr(entry.start, header.size()),
+        EXPECT_EQ(archive.substr(static_cast<std::size_t>(entry.start), header.size()),
                   std::string(header.begin(), header.end()));
     }
 }
