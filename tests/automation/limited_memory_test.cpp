@@ -34,7 +34,8 @@ struct Case {
     const wchar_t* class_name;
     const wchar_t* member;
     std::vector<Variant> arguments;
-    /// Large allocations made before the member's body runs; a text that is written back needs two.
+    /// Large allocations made before the member's body runs: none for a text by value, one for a text
+    /// by reference, two for one that is written back.
     int for_the_call;
     const wchar_t* box;
     std::string result;
@@ -55,14 +56,14 @@ std::vector<Case> cases() {
         {L"Kovrel.clsProfile",
          L"AñadirBackSlash",
          {text},
-         1,
+         0,
          L"Error 7\r (Memoria insuficiente) en procedimiento AñadirBackSlash del Módulo de clase "
          L"clsProfile.",
          "texto "},
         {L"Kovrel.clsProfile",
          L"QuitarBackSlash",
          {text},
-         1,
+         0,
          L"Error 7\r (Memoria insuficiente) en procedimiento QuitarBackSlash del Módulo de clase "
          L"clsProfile.",
          "texto "},
@@ -113,6 +114,7 @@ TEST_P(LimitedMemoryAnySettings, IsReportedByTheMemberThatRanOut) {
 
 TEST_P(LimitedMemoryAnySettings, FailsTheCallWhereTheArgumentsCannotBeConverted) {
     for (const Case& one : cases()) {
+        if (one.for_the_call == 0) continue;
         const auto object = create(one.class_name);
         const LimitedMemory memory(0);
         ASSERT_TRUE(memory.in_place());
