@@ -61,8 +61,7 @@ Factory factory;
 
 }  // namespace
 
-extern "C" __declspec(dllexport) HRESULT STDAPICALLTYPE
-    DllGetClassObject(REFCLSID class_id, REFIID, void** result) {
+extern "C" HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID class_id, REFIID, void** result) {
     if (!InlineIsEqualGUID(class_id, minimal_class)) return CLASS_E_CLASSNOTAVAILABLE;
     *result = &factory;
     return S_OK;

@@ -61,7 +61,7 @@ Picture looks_as_kept(HWND window, const std::wstring& name) {
     const auto file = file_of(KOVREL_KEPT_PICTURES, name);
     if (std::getenv("KOVREL_WRITE_PICTURES") != nullptr) {
         SetCursorPos(0, 0);
-        const Picture seen = settled_inside_of(window);
+        Picture seen = settled_inside_of(window);
         EXPECT_TRUE(write_picture(seen, file));
         return seen;
     }

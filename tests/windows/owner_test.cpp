@@ -100,7 +100,6 @@ TEST(Owner, IsAWindowOfTheCallingThread) {
         {
             const HostWindow host(title);
             HWND shown = nullptr;
-            std::atomic<bool> closed = false;
             std::thread user([&] {
                 shown = wait_for_window({modal.window_class, {}, GetCurrentProcessId()});
                 EXPECT_EQ(GetWindowThreadProcessId(shown, nullptr),

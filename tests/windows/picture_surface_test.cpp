@@ -15,17 +15,17 @@ class Surface : public testing::Test {
  protected:
     void SetUp() override { picture_.surface->resize(100, 40, Scale(96)); }
 
-    Outcome set(const wchar_t* member, const Variant& value) {
+    Outcome set(const wchar_t* member, const Variant& value) const {
         return put(picture_.object.get(), member, value);
     }
-    double number(const wchar_t* member) {
+    double number(const wchar_t* member) const {
         return get(picture_.object.get(), member).value.to_double();
     }
     Outcome line(std::int16_t options, float x1, float y1, float x2, float y2,
-                 std::int32_t color = 0) {
+                 std::int32_t color = 0) const {
         return call(picture_.object.get(), L"Line", {options, x1, y1, x2, y2, color});
     }
-    COLORREF pixel(int x, int y) { return GetPixel(picture_.surface->context(), x, y); }
+    COLORREF pixel(int x, int y) const { return GetPixel(picture_.surface->context(), x, y); }
 
     PictureObject picture_ = make_picture();
 };

@@ -219,7 +219,7 @@ TEST_F(Progress, GrowsWithTheDisplaysResolution) {
     update(50, L"Generando los recibos de noviembre...");
     ask(window, WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&next));
     settle();
-    EXPECT_NEAR(inner(bar_of(window)).right, bar_width * 3 / 2, 2);
+    EXPECT_NEAR(inner(bar_of(window)).right, 1.5 * bar_width, 2);
     const RECT cancel = bounds_in(find_control(window, L"Button"), base_of(window));
     EXPECT_NEAR(cancel.right - cancel.left, 174, 1);
     // At once, and after the next update.

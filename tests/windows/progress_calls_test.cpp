@@ -18,7 +18,7 @@ TEST_F(Progress, EveryWayOfCallingItDoesTheSame) {
         SCOPED_TRACE(name_of(way));
         BoxWatcher no_box;
         const auto done = [&](const wchar_t* member, std::vector<Variant> arguments = {}) {
-            const Answer answer = call_in(way, general_.get(), member, std::move(arguments));
+            Answer answer = call_in(way, general_.get(), member, std::move(arguments));
             EXPECT_EQ(answer.result, S_OK);
             EXPECT_TRUE(answer.value.is_empty());
             settle();

@@ -38,6 +38,9 @@ TEST_F(Progress, EmptyTextsKeepTheDesign) {
 }
 
 TEST_F(Progress, TheAreasAreStackedAndTheWindowFitsThem) {
+    // 40 and 80 twips in whole pixels.
+    constexpr int margin = 40 / 15;
+    constexpr int two_margins = 80 / 15;
     const auto height_of = [](bool button) {
         const auto general = create(L"Kovrel.clsFGen");
         call(general.get(), L"BarraProgresoInicia", {L"Alturas", L"Texto", button});
@@ -51,12 +54,12 @@ TEST_F(Progress, TheAreasAreStackedAndTheWindowFitsThem) {
         EXPECT_EQ(bar.top, header.bottom);
         EXPECT_EQ(base.top, bar.bottom);
         const LONG areas = button ? base.bottom : bar.bottom;
-        EXPECT_NEAR(inner(window).bottom, areas + 80 / 15, 1);
+        EXPECT_NEAR(inner(window).bottom, areas + two_margins, 1);
         const RECT label = bounds_in(find_control(window, L"Static"), header_of(window));
-        EXPECT_NEAR(label.top, 40 / 15, 1);
+        EXPECT_NEAR(label.top, margin, 1);
         EXPECT_EQ(label.left, 0);
         EXPECT_EQ(label.right, inner(header_of(window)).right);
-        EXPECT_NEAR(inner(header_of(window)).bottom - label.bottom, 40 / 15, 1);
+        EXPECT_NEAR(inner(header_of(window)).bottom - label.bottom, margin, 1);
         const RECT cancel = bounds_in(find_control(window, L"Button"), base_of(window));
         EXPECT_NEAR(cancel.left, inner(base_of(window)).right - cancel.right, 1);
         return std::pair(outer(window).bottom - outer(window).top, base.bottom - base.top);
