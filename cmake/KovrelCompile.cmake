@@ -25,8 +25,6 @@ if(WIN32)
     # SSE arithmetic as in 64 bits: x87 registers keep more digits than memory, so that the difference
     # of equal times may not be zero.
     target_compile_options(kovrel_compile INTERFACE -msse2 -mfpmath=sse)
-    # The assembler would make the unwind tables larger.
-    target_compile_options(kovrel_compile INTERFACE $<$<CONFIG:MinSizeRel>:-fno-dwarf2-cfi-asm>)
   endif()
 endif()
 
