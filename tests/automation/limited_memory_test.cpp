@@ -34,8 +34,8 @@ struct Case {
     const wchar_t* class_name;
     const wchar_t* member;
     std::vector<Variant> arguments;
-    /// Large allocations made before the member's body runs: none for a text by value, one for a text
-    /// by reference, two for one that is written back.
+    /// Large allocations made before the member's body runs: none for a text by value, one for a
+    /// text by reference, two for one that is written back.
     int for_the_call;
     const wchar_t* box;
     std::string result;
