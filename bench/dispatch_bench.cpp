@@ -127,7 +127,7 @@ void text_argument(const wchar_t* library) {
     Instance(library, Kovrel::CLSID_cgsFileOpR)
         .compare_calls(
             "text argument", L"DialogTitle", DISPATCH_PROPERTYPUT, argument, [] {},
-            [](const VARIANT&) { return true; });
+            [](const VARIANT& result) { return result.vt == VT_EMPTY; });
 }
 
 void variable_argument(const wchar_t* library) {

@@ -44,8 +44,8 @@ struct TextRecord {
 ///   from_call(call, index)   the native value of a late-bound argument
 ///   put(target, value)       stores the native value in a VARIANT that holds nothing; in place,
 ///                            because copying a VARIANT just written in parts stalls the processor
-///   vartype                  of a by-reference VARIANT that refers to a Raw; not every type has
-///   one type()                   how the type library spells it
+///   type()                   how the type library spells it
+/// and, where a by-reference VARIANT can refer to a Raw, `vartype`, its type without VT_BYREF.
 template <class T>
 struct Native;
 

@@ -15,16 +15,12 @@ bool legible(const BarColors& colors) {
 }  // namespace
 
 BarColors bar_colors(Color window, Color highlight) {
-    Color ground = window;
-    for (Color part = 255;; --part) {
-        if (part == 0) {
-            // On white any colour is legible before it is darkened to black.
-            ground = white_color;
-            part = 255;
-        }
-        const BarColors colors{ground, ~(darkened(highlight, part) ^ ground) & white_color};
+    for (Color part = 256; part-- > 0;) {
+        const BarColors colors{window, ~(darkened(highlight, part) ^ window) & white_color};
         if (legible(colors)) return colors;
     }
+    // On white every colour is legible at the latest when it is black.
+    return bar_colors(white_color, highlight);
 }
 
 }  // namespace kovrel

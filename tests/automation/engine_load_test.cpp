@@ -1,12 +1,15 @@
-// Loads and unloads the library and makes and releases instances thousands of times: memory and
-// handles do not grow.
+// What the library loads and when, and that memory and handles do not grow when it is loaded and
+// its instances are made thousands of times.
 #include <windows.h>
 #include <psapi.h>
 
-#include <gtest/gtest.h>
+#include <filesystem>
+#include <gmock/gmock.h>
 
+#include "services/dynamic_library.h"
 #include "tests/support/late.h"
 #include "tests/support/library_module.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {
@@ -37,6 +40,51 @@ TEST(ALoadedLibrary, CanBeLoadedAndUnloadedOverAndOver) {
     // The 32-bit library pins itself when it is loaded.
     constexpr bool is_64_bit = sizeof(void*) == 8;
     EXPECT_EQ(GetModuleHandleW(L"kovrel.dll") == nullptr, is_64_bit);
+}
+
+std::vector<std::wstring> loaded_of(std::initializer_list<const wchar_t*> dlls) {
+    std::vector<std::wstring> loaded;
+    for (const wchar_t* dll : dlls) {
+        if (GetModuleHandleW(dll) != nullptr) loaded.emplace_back(dll);
+    }
+    return loaded;
+}
+
+TEST(AUsedLibrary, LoadsNoDllsOfWindowsAndDialogsForAnAnswer) {
+    const auto slow = {L"comctl32.dll", L"comdlg32.dll", L"shell32.dll"};
+    ASSERT_THAT(loaded_of(slow), testing::IsEmpty()) << "of the test program itself";
+    const auto dates = create(L"Kovrel.clsFFechas");
+    EXPECT_TRUE(call(dates.get(), L"EsBisiesto", {2024}).value.to_bool());
+    EXPECT_THAT(loaded_of(slow), testing::IsEmpty());
+    const auto files = create(L"Kovrel.cgsFileOpR");
+    EXPECT_EQ(text_of_result(call(files.get(), L"AddBackSlash", {L"C:\\Datos"})), L"C:\\Datos\\");
+    EXPECT_THAT(loaded_of(slow), testing::IsEmpty());
+}
+
+FailureNumber refusal(const wchar_t* dll, const char* function) {
+    try {
+        (void)system_entry_point(dll, function);
+    } catch (const Failure& failure) {
+        EXPECT_NE(failure.description().find(dll), std::wstring_view::npos);
+        return static_cast<FailureNumber>(failure.number());
+    }
+    return {};
+}
+
+TEST(ASystemFunction, ComesFromTheFolderOfTheSystemOnly) {
+    const TestFolder folder;
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::copy_file(std::filesystem::path(library_path).replace_filename(L"zip32.dll"),
+                               folder / L"planted.dll");
+    std::filesystem::current_path(folder.path());
+    EXPECT_EQ(refusal(L"planted.dll", "ZpInit"), FailureNumber::dll_load);
+    // Where a DLL is looked for by default.
+    HMODULE const planted = LoadLibraryW(L"planted.dll");
+    EXPECT_NE(planted, nullptr);
+    FreeLibrary(planted);
+    std::filesystem::current_path(before);
+    EXPECT_NE(system_entry_point(L"version.dll", "GetFileVersionInfoW"), nullptr);
+    EXPECT_EQ(refusal(L"version.dll", "NoExiste"), FailureNumber::dll_function_not_found);
 }
 
 TEST(AUsedLibrary, SurvivesUnloadingAfterExceptions) {

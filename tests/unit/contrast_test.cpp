@@ -61,7 +61,9 @@ TEST(BarColors, ADarkBackgroundIsKept) {
 
 TEST(BarColors, TheBackgroundIsWhiteIfTheBarWouldBeInvisible) {
     EXPECT_EQ(bar_colors(black, rgb(0, 0, 128)), (BarColors{white, rgb(0, 0, 128)}));
-    EXPECT_EQ(bar_colors(rgb(128, 128, 128), rgb(0, 120, 215)).ground, white);
+    for (const Color highlight : {rgb(0, 120, 215), cyan, rgb(255, 255, 0), white}) {
+        EXPECT_EQ(bar_colors(rgb(128, 128, 128), highlight), bar_colors(white, highlight));
+    }
 }
 
 TEST(BarColors, AreLegibleWithAnySystemColours) {
