@@ -1,6 +1,6 @@
 # shellcheck shell=bash disable=SC2154
 # A private Wine session: prefix, display, window manager and server, all ended with the script.
-# Source after common.sh; call start_wine_session once.
+# Source after common.sh; call start_wine_session once a process.
 
 prefix="$build/wine"
 session_pids=()
@@ -35,20 +35,20 @@ run_child() {
 }
 
 start_display() {
-    local answer="$build/.display"
+    local answer="$prefix.display" log="$prefix.xvfb.log"
     : >"$answer"
     Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset \
-        3>"$answer" >"$build/xvfb.log" 2>&1 9>&- &
+        3>"$answer" >"$log" 2>&1 9>&- &
     local pid=$! tries=0
     session_pids=("$pid" "${session_pids[@]}")
     until [ -s "$answer" ]; do
-        kill -0 "$pid" 2>/dev/null || { cat "$build/xvfb.log" >&2; die "Xvfb did not start"; }
+        kill -0 "$pid" 2>/dev/null || { cat "$log" >&2; die "Xvfb did not start"; }
         [ $((tries += 1)) -le 200 ] || die "Xvfb did not answer within 10 seconds"
         sleep 0.05
     done
     DISPLAY=":$(tr -d "[:space:]" <"$answer")"
     export DISPLAY
-    HOME="$build" openbox --sm-disable >"$build/openbox.log" 2>&1 9>&- &
+    HOME="$build" openbox --sm-disable >"$prefix.openbox.log" 2>&1 9>&- &
     session_pids=($! "${session_pids[@]}")
 }
 
@@ -134,6 +134,20 @@ start_wine_session() {
     start_desktop
     # Again at every start: Wine puts its own formats back when a program runs in another locale.
     import_registry_file "$root/scripts/lib/prefix.reg" || die "Wine does not run in build/wine"
+}
+
+# use_second_session NAME: in a subshell, a session beside the one under way, in a copy of its prefix
+# as it was before any library was registered.
+use_second_session() {
+    local first=$prefix
+    prefix="$first-$1"
+    export WINEPREFIX="$prefix"
+    session_pids=()
+    session_child=
+    rm -rf "$prefix"
+    cp -a "$first" "$prefix"
+    cp "$first"/.unregistered/*.reg "$prefix"
+    start_wine_session
 }
 
 # Registers a DLL; regsvr32 restarts itself in the DLL's own bitness.

@@ -168,9 +168,9 @@ TEST(BrowserOfTheSystem, CharactersThatTheCodePageLacksBecomeQuestionMarks) {
     const auto choose = [](BROWSEINFOA* /*record*/)
                             WINAPI -> ITEMIDLIST* { return ILCreateFromPathW(chosen.c_str()); };
     ITEMIDLIST*(WINAPI* const stand_in)(BROWSEINFOA*) = choose;
+    const auto profile = create(L"Kovrel.clsProfile");  // loads the library
     const ImportPatch browser(L"kovrel.dll", "SHBrowseForFolderA",
                               reinterpret_cast<void*>(stand_in));
-    const auto profile = create(L"Kovrel.clsProfile");
     ASSERT_TRUE(browser.in_place());
     for (const Way way : every_way) {
         const auto browse = [&](const wchar_t* name) {

@@ -14,10 +14,6 @@ namespace {
 
 using Descriptions = std::vector<std::pair<std::int32_t, std::wstring>>;
 
-Variant object(const ComPtr<ScriptedObject>& held) {
-    return Variant(ComPtr<IDispatch>(held.get()));
-}
-
 ComPtr<ScriptedObject> make_errors(const Descriptions& descriptions) {
     auto errors = ScriptedObject::make();
     errors->property(L"Count", Variant(static_cast<std::int32_t>(descriptions.size())))
@@ -27,7 +23,7 @@ ComPtr<ScriptedObject> make_errors(const Descriptions& descriptions) {
             auto error = ScriptedObject::make();
             error->property(L"Number", Variant(number))
                 .property(L"Description", Variant(description));
-            return object(error);
+            return to_variant(error);
         });
     return errors;
 }
@@ -58,7 +54,7 @@ class DatabaseReport : public testing::Test {
 
     ComPtr<ScriptedObject> connection(const ComPtr<ScriptedObject>& errors) {
         auto made = ScriptedObject::make();
-        made->property(L"Errors", object(errors));
+        made->property(L"Errors", to_variant(errors));
         return made;
     }
 
@@ -68,7 +64,7 @@ class DatabaseReport : public testing::Test {
 TEST_F(DatabaseReport, ListsEveryErrorOnALineOfItsOwn) {
     const auto errors = make_errors({{-2147217900, L"Error de sintaxis"}, {3021, L""}});
     BoxWatcher boxes({answer(IDOK)});
-    report(object(errors));
+    report(to_variant(errors));
     EXPECT_EQ(lines_of(boxes),
               (Lines{narrow(L"16|Gestión|Ha fallado.\\r\\rNº Errores: 2\\r\t-2147217900 - Error de "
                             L"sintaxis\\r\t3021 - |1")}));
@@ -79,7 +75,7 @@ TEST_F(DatabaseReport, ListsEveryErrorOnALineOfItsOwn) {
 
 TEST_F(DatabaseReport, AnEmptyCollectionHasACountAlone) {
     BoxWatcher boxes({answer(IDOK)});
-    report(object(make_errors({})));
+    report(to_variant(make_errors({})));
     EXPECT_EQ(lines_of(boxes), (Lines{narrow(L"16|Gestión|Ha fallado.\\r\\rNº Errores: 0|1")}));
 }
 
@@ -88,12 +84,13 @@ TEST_F(DatabaseReport, CountsTheErrorsOfAConnection) {
     const auto database = connection(errors);
     {
         BoxWatcher no_box;
-        EXPECT_EQ(count(object(database), false), 2);
-        EXPECT_EQ(call(messages_.get(), L"ExistenErroresADO", {object(database)}).value.iVal, 2);
+        EXPECT_EQ(count(to_variant(database), false), 2);
+        EXPECT_EQ(call(messages_.get(), L"ExistenErroresADO", {to_variant(database)}).value.iVal,
+                  2);
     }
     BoxWatcher boxes({answer(IDOK), answer(IDOK)});
-    EXPECT_EQ(count(object(database), true), 2);
-    EXPECT_EQ(count(object(database), true), 2);
+    EXPECT_EQ(count(to_variant(database), true), 2);
+    EXPECT_EQ(count(to_variant(database), true), 2);
     const std::string box = narrow(
         L"16|Gestión|Errores al acceder a la Base de Datos.\\r\\rNº Errores: 2\\r\t1 - uno\\r\t2 - "
         L"dos|1");
@@ -105,8 +102,8 @@ TEST_F(DatabaseReport, CountsTheErrorsOfAConnection) {
 TEST_F(DatabaseReport, AConnectionWithoutErrorsShowsNothing) {
     BoxWatcher no_box;
     const auto database = connection(make_errors({}));
-    EXPECT_EQ(count(object(database), true), 0);
-    EXPECT_EQ(count(object(database), false), 0);
+    EXPECT_EQ(count(to_variant(database), true), 0);
+    EXPECT_EQ(count(to_variant(database), false), 0);
 }
 
 TEST_F(DatabaseReport, ObjectsThatLackAMemberAreReported) {
@@ -114,11 +111,11 @@ TEST_F(DatabaseReport, ObjectsThatLackAMemberAreReported) {
     auto half = make_errors({{1, L"x"}});
     half->remove(L"Item");
     BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
-    report(object(empty));
-    report(object(half));
-    EXPECT_EQ(count(object(empty), true), 0);
+    report(to_variant(empty));
+    report(to_variant(half));
+    EXPECT_EQ(count(to_variant(empty), true), 0);
     // The count has been read before; only the report fails.
-    EXPECT_EQ(count(object(connection(half)), true), 1);
+    EXPECT_EQ(count(to_variant(connection(half)), true), 1);
     const std::wstring text = L"438\\r (El objeto no admite esta propiedad o método";
     EXPECT_EQ(lines_of(boxes), (Lines{report_failure(text), report_failure(text),
                                       count_failure(text), report_failure(text)}));
@@ -129,14 +126,14 @@ TEST_F(DatabaseReport, FailuresOfTheObjectsKeepTheirNumbers) {
     auto errors = ScriptedObject::make();
     BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
     errors->fails(L"Count", {-2147217843, L"Sin permiso", DISP_E_EXCEPTION, 0});
-    report(object(errors));
+    report(to_variant(errors));
     errors->fails(L"Count", {0, L"Código", DISP_E_EXCEPTION, 3704});
-    report(object(errors));
+    report(to_variant(errors));
     errors->property(L"Count", Variant(L"muchos"));
-    report(object(errors));
+    report(to_variant(errors));
     errors->property(L"Count", Variant(std::int32_t{40000}));
-    report(object(errors));
-    EXPECT_EQ(count(object(connection(errors)), false), 0);
+    report(to_variant(errors));
+    EXPECT_EQ(count(to_variant(connection(errors)), false), 0);
     EXPECT_EQ(
         lines_of(boxes),
         (Lines{report_failure(L"-2147217843\\r (Sin permiso"), report_failure(L"3704\\r (Código"),
@@ -155,12 +152,12 @@ ComPtr<ScriptedObject> make_growing_errors() {
 TEST_F(DatabaseReport, TheCountIsReadAgain) {
     {
         BoxWatcher boxes({answer(IDOK)});
-        report(object(make_growing_errors()));
+        report(to_variant(make_growing_errors()));
         EXPECT_EQ(lines_of(boxes),
                   (Lines{narrow(L"16|Gestión|Ha fallado.\\r\\rNº Errores: 2\\r\t1 - uno|1")}));
     }
     BoxWatcher no_box;
-    EXPECT_EQ(count(object(connection(make_growing_errors())), false), 2);
+    EXPECT_EQ(count(to_variant(connection(make_growing_errors())), false), 2);
 }
 
 TEST_F(DatabaseReport, ACountReadBeforeAFailureIsTheResult) {
@@ -169,10 +166,10 @@ TEST_F(DatabaseReport, ACountReadBeforeAFailureIsTheResult) {
     int reads = 0;
     database->property(L"Errors", [&](const auto&) {
         if (++reads > 2) throw failure(3709, L"La conexión está cerrada");
-        return object(errors);
+        return to_variant(errors);
     });
     BoxWatcher boxes({answer(IDOK)});
-    EXPECT_EQ(count(object(database), true), 1);
+    EXPECT_EQ(count(to_variant(database), true), 1);
     EXPECT_EQ(lines_of(boxes), Lines{count_failure(L"3709\\r (La conexión está cerrada")});
     EXPECT_EQ(errors->references(), 1U);
 }
@@ -183,8 +180,8 @@ TEST_F(DatabaseReport, ValuesThatAreNotObjectsAreReported) {
     auto errors = make_errors({{1, L"uno"}});
     errors->method(L"Item", [](const auto&) { return Variant(std::int32_t{7}); });
     BoxWatcher boxes({answer(IDOK), answer(IDOK)});
-    EXPECT_EQ(count(object(database), true), 0);
-    report(object(errors));
+    EXPECT_EQ(count(to_variant(database), true), 0);
+    report(to_variant(errors));
     const std::wstring text = L"424\\r (Se requiere un objeto";
     EXPECT_EQ(lines_of(boxes), (Lines{count_failure(text), report_failure(text)}));
 }
@@ -198,10 +195,10 @@ TEST_F(DatabaseReport, TheIndexOfAnErrorHasSixteenBits) {
         // The number has 32 bits; the description may be missing.
         error->property(L"Number", Variant(-2147483647.0))
             .property(L"Description", Variant::null());
-        return object(error);
+        return to_variant(error);
     });
     BoxWatcher boxes({answer(IDOK)});
-    EXPECT_EQ(call(messages_.get(), L"MensajeErroresADO", {L"", object(errors)}).result, S_OK);
+    EXPECT_EQ(call(messages_.get(), L"MensajeErroresADO", {L"", to_variant(errors)}).result, S_OK);
     EXPECT_EQ(types, (std::vector<VARTYPE>{VT_I2, VT_I2}));
     EXPECT_EQ(lines_of(boxes),
               (Lines{narrow(L"16|Gestión|\\r\\rNº Errores: 1\\r\t-2147483647 - |1")}));
@@ -211,10 +208,10 @@ TEST_F(DatabaseReport, AHostWithoutANameHasBoxesWithoutATitle) {
     put(messages_.get(), L"AppOrigen", Variant(L""));
     const auto errors = make_errors({{1, L"uno"}});
     BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
-    EXPECT_EQ(count(object(connection(errors)), true), 1);
+    EXPECT_EQ(count(to_variant(connection(errors)), true), 1);
     errors->remove(L"Count");
-    report(object(errors));
-    EXPECT_EQ(count(object(connection(errors)), true), 0);
+    report(to_variant(errors));
+    EXPECT_EQ(count(to_variant(connection(errors)), true), 0);
     const std::wstring text =
         L"16||Error 438\\r (El objeto no admite esta propiedad o método) en procedimiento ";
     EXPECT_EQ(
@@ -253,7 +250,7 @@ TEST_F(DatabaseReport, ObjectsThatReleaseThemselvesOrCallBack) {
     });
     {
         BoxWatcher boxes({answer(IDOK)});
-        Variant argument = object(ComPtr<ScriptedObject>(raw));
+        Variant argument = to_variant(ComPtr<ScriptedObject>(raw));
         report(argument);
         argument = Variant();
     }
@@ -262,11 +259,11 @@ TEST_F(DatabaseReport, ObjectsThatReleaseThemselvesOrCallBack) {
     auto calling_back = make_errors({});
     int depth = 0;
     calling_back->property(L"Count", [&](const auto&) {
-        if (++depth == 1) report(object(make_errors({})));
+        if (++depth == 1) report(to_variant(make_errors({})));
         return Variant(std::int32_t{0});
     });
     BoxWatcher boxes({answer(IDOK), answer(IDOK)});
-    report(object(calling_back));
+    report(to_variant(calling_back));
     EXPECT_EQ(boxes.seen().size(), 2U);
     EXPECT_EQ(calling_back->references(), 1U);
 }

@@ -60,12 +60,6 @@ ComPtr<ITypeInfo> type(const GUID& id) {
     return info;
 }
 
-std::wstring name_of(ITypeInfo* info, MEMBERID member = MEMBERID_NIL) {
-    Bstr name;
-    info->GetDocumentation(member, name.put(), nullptr, nullptr, nullptr);
-    return std::wstring(name.view());
-}
-
 /// A type as C++ spells it.
 std::wstring spelled(ITypeInfo* info, const TYPEDESC& type) {
     static const std::map<VARTYPE, std::wstring> names{

@@ -34,10 +34,6 @@ inline std::string content_in(const Variant& array) {
     return {access.elements().begin(), access.elements().end()};
 }
 
-inline Variant object(const ComPtr<ScriptedObject>& held) {
-    return Variant(ComPtr<IDispatch>(held.get()));
-}
-
 /// A field of a recordset that keeps what is stored in it, whole or by chunks.
 struct Field {
     Field() {
@@ -57,7 +53,7 @@ struct Field {
                 return chunk;
             });
     }
-    [[nodiscard]] Variant argument() const { return object(object_); }
+    [[nodiscard]] Variant argument() const { return to_variant(object_); }
     [[nodiscard]] std::string value() const { return content_in(object_->value(L"Value")); }
 
     ComPtr<ScriptedObject> object_ = ScriptedObject::make();

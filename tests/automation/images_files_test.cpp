@@ -121,7 +121,7 @@ TEST_F(ImageFiles, AFieldThatRefusesAPictureIsReportedByPutImageInField) {
     BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK)});
     std::size_t calls = 0;
     for (const Variant& field :
-         {object(without_value), read_only.argument(), Variant{ComPtr<IDispatch>()}}) {
+         {to_variant(without_value), read_only.argument(), Variant{ComPtr<IDispatch>()}}) {
         StoppedClock::tick();
         store_picture(field, picture);
         // Each call leaves its file, complete and closed.

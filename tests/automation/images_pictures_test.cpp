@@ -103,19 +103,19 @@ TEST_F(Images, TheRecordLocation) {
         .property(L"BOF", Variant(false))
         .property(L"AbsolutePosition", Variant(std::int32_t{3}))
         .property(L"RecordCount", Variant(std::int32_t{10}));
-    EXPECT_EQ(location(object(records)), L"Registro 3 de 10");
-    EXPECT_EQ(text_of_result(call(services_.get(), L"RecordLocation", {object(records)})),
+    EXPECT_EQ(location(to_variant(records)), L"Registro 3 de 10");
+    EXPECT_EQ(text_of_result(call(services_.get(), L"RecordLocation", {to_variant(records)})),
               L"3 de 10");
     records->property(L"EOF", Variant(true));
-    EXPECT_EQ(location(object(records)), L"");
+    EXPECT_EQ(location(to_variant(records)), L"");
     records->property(L"EOF", Variant(false)).property(L"BOF", Variant(true));
-    EXPECT_EQ(location(object(records)), L"");
+    EXPECT_EQ(location(to_variant(records)), L"");
     records->property(L"BOF", Variant(false)).property(L"AbsolutePosition", Variant(L"x"));
-    EXPECT_EQ(location(object(records)), L"VOID");
+    EXPECT_EQ(location(to_variant(records)), L"VOID");
     records->fails(L"AbsolutePosition", failure(3251, L"No se puede"));
-    EXPECT_EQ(location(object(records)), L"VOID");
+    EXPECT_EQ(location(to_variant(records)), L"VOID");
     records->remove(L"EOF");
-    EXPECT_EQ(location(object(records)), L"VOID");
+    EXPECT_EQ(location(to_variant(records)), L"VOID");
     EXPECT_EQ(location(Variant{ComPtr<IDispatch>()}), L"VOID");
     EXPECT_EQ(records->references(), 1U);
 }
@@ -132,7 +132,7 @@ TEST_F(Images, FieldsThatReleaseThemselvesOrCallBack) {
                 field = nullptr;
                 return Variant();
             });
-        Variant argument = object(ComPtr<ScriptedObject>(raw));
+        Variant argument = to_variant(ComPtr<ScriptedObject>(raw));
         store(argument, folder_.write(L"a.bin", "x"));
         argument = Variant();
         EXPECT_EQ(ScriptedObject::alive(), before);

@@ -58,7 +58,7 @@ TEST_F(Images, FieldsThatFail) {
         .fails(L"AppendChunk", bare_failure(E_NOTIMPL));
     const Variant nothing{ComPtr<IDispatch>()};
     BoxWatcher boxes({answer(IDOK), answer(IDOK), answer(IDOK), answer(IDOK)});
-    store(object(without_value), file);
+    store(to_variant(without_value), file);
     store(failing.argument(), file);
     store(nothing, file);
     store_large(failing.argument(), file);
@@ -193,7 +193,7 @@ TEST_F(Images, OtherLoadFailuresLeaveNoFileEither) {
     EXPECT_FALSE(load(field.argument()));
     field.object_->fails(L"Value", failure(3021, L"No hay registro activo"));
     EXPECT_FALSE(load(field.argument()));
-    EXPECT_FALSE(load(object(empty)));
+    EXPECT_FALSE(load(to_variant(empty)));
     EXPECT_FALSE(load(Variant{ComPtr<IDispatch>()}));
     EXPECT_EQ(
         lines_of(boxes),

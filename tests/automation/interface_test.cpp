@@ -33,12 +33,6 @@ std::vector<ExpectedClass> expected_classes() {
     return classes;
 }
 
-std::wstring name_of(ITypeInfo* info, MEMBERID member = MEMBERID_NIL) {
-    Bstr name;
-    info->GetDocumentation(member, name.put(), nullptr, nullptr, nullptr);
-    return std::wstring(name.view());
-}
-
 std::wstring help_of(ITypeInfo* info, MEMBERID member = MEMBERID_NIL) {
     Bstr help;
     info->GetDocumentation(member, nullptr, help.put(), nullptr, nullptr);

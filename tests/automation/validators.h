@@ -14,10 +14,6 @@
 
 namespace kovrel::test {
 
-inline Variant object(const ComPtr<ScriptedObject>& held) {
-    return Variant(ComPtr<IDispatch>(held.get()));
-}
-
 inline Variant nothing() {
     return Variant{ComPtr<IDispatch>()};
 }

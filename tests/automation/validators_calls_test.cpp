@@ -9,14 +9,14 @@ TEST_F(Validators, FieldsThatLackAMember) {
     auto bare = ScriptedObject::make();
     for (const wchar_t* const member : {L"Requerido", L"LongitudExacta", L"FechaCorrecta",
                                         L"ValidateComboALista", L"ValidateDataComboALista"}) {
-        expect_boxes(member, {object(bare)}, {failure_line(no_member, member)}, false);
+        expect_boxes(member, {to_variant(bare)}, {failure_line(no_member, member)}, false);
         expect_boxes(member, {nothing()}, {failure_line(no_object, member)}, false);
     }
     for (const Comparison& comparison : comparisons) {
         const auto field = make_field(Variant(L"01/01/2024"));
-        expect_boxes(comparison.member, {object(bare), object(field)},
+        expect_boxes(comparison.member, {to_variant(bare), to_variant(field)},
                      {failure_line(no_member, comparison.member)}, false);
-        expect_boxes(comparison.member, {object(field), object(bare)},
+        expect_boxes(comparison.member, {to_variant(field), to_variant(bare)},
                      {failure_line(no_member, comparison.member)}, false);
     }
     // The other field's Tag is read only for the message.
@@ -25,17 +25,18 @@ TEST_F(Validators, FieldsThatLackAMember) {
             make_field(Variant(comparison.fails_when_less ? L"31/12/2023" : L"02/01/2024"));
         const auto other = make_field(Variant(L"01/01/2024"));
         other->remove(L"Tag");
-        expect_boxes(comparison.member, {object(field), object(other)},
+        expect_boxes(comparison.member, {to_variant(field), to_variant(other)},
                      {failure_line(no_member, comparison.member)}, false);
         EXPECT_EQ(field->calls_of(L"SetFocus()"), 0U);
     }
     const auto nameless = make_field(Variant(L""));
     nameless->remove(L"Tag");
-    expect_boxes(L"Requerido", {object(nameless)}, {failure_line(no_member, L"Requerido")}, false);
+    expect_boxes(L"Requerido", {to_variant(nameless)}, {failure_line(no_member, L"Requerido")},
+                 false);
     EXPECT_EQ(nameless->calls_of(L"SetFocus()"), 0U);
     const auto limitless = make_field(Variant(L"x"));
     limitless->remove(L"MaxLength");
-    expect_boxes(L"LongitudExacta", {object(limitless)},
+    expect_boxes(L"LongitudExacta", {to_variant(limitless)},
                  {failure_line(no_member, L"LongitudExacta")}, false);
     EXPECT_EQ(bare->references(), 1U);
 }
@@ -43,26 +44,26 @@ TEST_F(Validators, FieldsThatLackAMember) {
 TEST_F(Validators, FieldsThatAnswerWrongTypes) {
     const auto field = make_field(Variant(L"x"));
     field->property(L"MaxLength", Variant(L"mucho"));
-    expect_boxes(L"LongitudExacta", {object(field)},
+    expect_boxes(L"LongitudExacta", {to_variant(field)},
                  {failure_line(L"13\\r (No coinciden los tipos", L"LongitudExacta")}, false);
     field->property(L"MaxLength", Variant::null());
-    expect_boxes(L"LongitudExacta", {object(field)},
+    expect_boxes(L"LongitudExacta", {to_variant(field)},
                  {failure_line(L"94\\r (Uso no válido de Null", L"LongitudExacta")}, false);
     field->property(L"Value", Variant::missing());
-    expect_boxes(L"Requerido", {object(field)},
+    expect_boxes(L"Requerido", {to_variant(field)},
                  {failure_line(L"13\\r (No coinciden los tipos", L"Requerido")}, false);
     field->property(L"Value", Variant(L"")).property(L"Tag", Variant::null());
-    expect_boxes(L"Requerido", {object(field)},
+    expect_boxes(L"Requerido", {to_variant(field)},
                  {failure_line(L"94\\r (Uso no válido de Null", L"Requerido")}, false);
     const auto combo = make_combo(Variant(L"x"), L"x", 1);
     combo->property(L"MatchedWithList", Variant::null());
-    expect_boxes(L"ValidateDataComboALista", {object(combo)},
+    expect_boxes(L"ValidateDataComboALista", {to_variant(combo)},
                  {failure_line(L"94\\r (Uso no válido de Null", L"ValidateDataComboALista")},
                  false);
     const auto bare = make_combo(Variant::null(), L"x", 1);
     bare->property(L"ListCount", Variant(L"x"));
     // The result is already true when this fails.
-    expect_boxes(L"ValidateComboALista", {object(bare)},
+    expect_boxes(L"ValidateComboALista", {to_variant(bare)},
                  {failure_line(L"13\\r (No coinciden los tipos", L"ValidateComboALista")});
 }
 
@@ -70,12 +71,12 @@ TEST_F(Validators, FailuresOfAFieldKeepTheirNumbers) {
     const auto field = make_field(Variant(L""));
     field->fails(L"Value", {-2147352567, L"Objeto desconectado", DISP_E_EXCEPTION, 0});
     field->default_member(L"Value");
-    expect_boxes(L"Requerido", {object(field)},
+    expect_boxes(L"Requerido", {to_variant(field)},
                  {failure_line(L"-2147352567\\r (Objeto desconectado", L"Requerido")}, false);
     field->fails(L"Value", {0, L"Su código", DISP_E_EXCEPTION, 2185});
     field->default_member(L"Value");
-    expect_boxes(L"Requerido", {object(field)}, {failure_line(L"2185\\r (Su código", L"Requerido")},
-                 false);
+    expect_boxes(L"Requerido", {to_variant(field)},
+                 {failure_line(L"2185\\r (Su código", L"Requerido")}, false);
 }
 
 TEST_F(Validators, FieldsThatReleaseThemselvesOrCallBack) {
@@ -98,10 +99,11 @@ TEST_F(Validators, FieldsThatReleaseThemselvesOrCallBack) {
     const auto inner = make_field(Variant(L""), L"interior");
     const auto outer = make_field(Variant(L""), L"exterior");
     outer->method(L"SetFocus", [&](const auto&) {
-        EXPECT_TRUE(fails(L"Requerido", {object(inner)}));
+        EXPECT_TRUE(fails(L"Requerido", {to_variant(inner)}));
         return Variant();
     });
-    expect_boxes(L"Requerido", {object(outer)}, {empty_box(L"exterior"), empty_box(L"interior")});
+    expect_boxes(L"Requerido", {to_variant(outer)},
+                 {empty_box(L"exterior"), empty_box(L"interior")});
     EXPECT_EQ(inner->references(), 1U);
     EXPECT_EQ(outer->references(), 1U);
 }
@@ -109,14 +111,14 @@ TEST_F(Validators, FieldsThatReleaseThemselvesOrCallBack) {
 TEST_F(Validators, ADefaultValueThatIsAnotherObject) {
     const auto inner = make_field(Variant(L"lleno"));
     const auto outer = ScriptedObject::make();
-    outer->property(L"Value", object(inner)).default_member(L"Value");
-    expect_pass(L"Requerido", {object(outer)});
+    outer->property(L"Value", to_variant(inner)).default_member(L"Value");
+    expect_pass(L"Requerido", {to_variant(outer)});
     // A cycle of default members ends in failure 13.
     const auto endless = ScriptedObject::make();
     ScriptedObject* const raw = endless.get();
     endless->property(L"Value", [raw](const auto&) { return Variant(ComPtr<IDispatch>(raw)); })
         .default_member(L"Value");
-    expect_boxes(L"Requerido", {object(endless)},
+    expect_boxes(L"Requerido", {to_variant(endless)},
                  {failure_line(L"13\\r (No coinciden los tipos", L"Requerido")}, false);
     EXPECT_EQ(endless->references(), 1U);
 }
@@ -126,19 +128,19 @@ TEST_F(Validators, TheHostsOwnCatalogueShowsTheMessages) {
     put(catalogue.get(), L"AppOrigen", Variant(L"Otra"));
     ASSERT_EQ(put(general_.get(), L"Mensajes", Variant(catalogue), DISPATCH_PROPERTYPUTREF).result,
               S_OK);
-    expect_boxes(L"Requerido", {object(make_field(Variant(L"")))},
+    expect_boxes(L"Requerido", {to_variant(make_field(Variant(L"")))},
                  {narrow(L"48|Otra|El dato  \"Nombre\" no puede quedar vacío.|1")});
     // Boxes outside the catalogue keep the name of the instance.
-    expect_boxes(L"ValidateComboALista", {object(make_combo(Variant::null(), L"Lon", 3))},
+    expect_boxes(L"ValidateComboALista", {to_variant(make_combo(Variant::null(), L"Lon", 3))},
                  {list_box});
     put(general_.get(), L"AppOrigen", Variant(L""));
-    expect_boxes(L"ValidateComboALista", {object(make_combo(Variant::null(), L"Lon", 0))},
+    expect_boxes(L"ValidateComboALista", {to_variant(make_combo(Variant::null(), L"Lon", 0))},
                  {narrow(L"48||¡Valor no válido para este campo!|1")});
 }
 
 TEST_F(Validators, WithoutACatalogueShowsTheErrorBox) {
     ASSERT_EQ(put(general_.get(), L"Mensajes", nothing(), DISPATCH_PROPERTYPUTREF).result, S_OK);
-    expect_boxes(L"Requerido", {object(make_field(Variant(L"")))},
+    expect_boxes(L"Requerido", {to_variant(make_field(Variant(L"")))},
                  {failure_line(no_object, L"Requerido")}, false);
 }
 
@@ -168,7 +170,7 @@ TEST_F(Validators, EarlyBound) {
     EXPECT_EQ(result, VARIANT_FALSE);
     EXPECT_EQ(early<WithFlag>(general, L"FechaCorrecta")(general, &raw_date, &no, &result), S_OK);
     EXPECT_EQ(result, VARIANT_FALSE);
-    Variant other = object(date);
+    Variant other = to_variant(date);
     EXPECT_EQ(early<Compare>(general, L"FechaMayorQue")(general, &raw_date, &other, &result), S_OK);
     EXPECT_EQ(result, VARIANT_TRUE);
     EXPECT_EQ(early<WithFlag>(general, L"ValidateComboALista")(general, &raw_combo, &no, &result),
@@ -199,37 +201,37 @@ TEST_F(Validators, EveryWayOfCallingThemDoesTheSame) {
                       second + L".|1");
     };
     const std::vector<Case> cases{
-        {L"Requerido", {object(empty)}, empty_box(L"Nombre")},
-        {L"Requerido", {object(full)}, {}},
-        {L"LongitudExacta", {object(full), Variant(false), Variant(std::int16_t{0})}, {}},
+        {L"Requerido", {to_variant(empty)}, empty_box(L"Nombre")},
+        {L"Requerido", {to_variant(full)}, {}},
+        {L"LongitudExacta", {to_variant(full), Variant(false), Variant(std::int16_t{0})}, {}},
         {L"LongitudExacta",
-         {object(full), Variant(true), Variant(std::int16_t{1})},
+         {to_variant(full), Variant(true), Variant(std::int16_t{1})},
          wrong_box(L"Nombre")},
-        {L"LongitudExacta", {object(empty), Variant(false)}, empty_box(L"Nombre")},
-        {L"FechaCorrecta", {object(earlier), Variant(false)}, {}},
-        {L"FechaCorrecta", {object(empty), Variant(true)}, {}},
-        {L"FechaCorrecta", {object(empty), Variant(false)}, empty_box(L"Nombre")},
-        {L"FechaCorrecta", {object(wrong), Variant(true)}, date_box},
+        {L"LongitudExacta", {to_variant(empty), Variant(false)}, empty_box(L"Nombre")},
+        {L"FechaCorrecta", {to_variant(earlier), Variant(false)}, {}},
+        {L"FechaCorrecta", {to_variant(empty), Variant(true)}, {}},
+        {L"FechaCorrecta", {to_variant(empty), Variant(false)}, empty_box(L"Nombre")},
+        {L"FechaCorrecta", {to_variant(wrong), Variant(true)}, date_box},
         {L"FechaMayorQue",
-         {object(earlier), object(later)},
+         {to_variant(earlier), to_variant(later)},
          order(L"primera", L"posterior", L"segunda")},
-        {L"FechaMayorQue", {object(later), object(earlier)}, {}},
+        {L"FechaMayorQue", {to_variant(later), to_variant(earlier)}, {}},
         {L"FechaMayorIgualQue",
-         {object(earlier), object(later)},
+         {to_variant(earlier), to_variant(later)},
          order(L"primera", L"posterior o igual", L"segunda")},
-        {L"FechaMayorIgualQue", {object(later), object(later)}, {}},
+        {L"FechaMayorIgualQue", {to_variant(later), to_variant(later)}, {}},
         {L"FechaMenorQue",
-         {object(later), object(earlier)},
+         {to_variant(later), to_variant(earlier)},
          order(L"segunda", L"anterior", L"primera")},
-        {L"FechaMenorQue", {object(earlier), object(later)}, {}},
+        {L"FechaMenorQue", {to_variant(earlier), to_variant(later)}, {}},
         {L"FechaMenorIgualQue",
-         {object(later), object(earlier)},
+         {to_variant(later), to_variant(earlier)},
          order(L"segunda", L"anterior o igual", L"primera")},
-        {L"FechaMenorIgualQue", {object(later), object(later)}, {}},
-        {L"ValidateComboALista", {object(combo), Variant(false)}, list_box},
-        {L"ValidateComboALista", {object(listed), Variant(true)}, {}},
-        {L"ValidateDataComboALista", {object(bound), Variant(true)}, choose_box},
-        {L"ValidateDataComboALista", {object(listed), Variant(false)}, {}},
+        {L"FechaMenorIgualQue", {to_variant(later), to_variant(later)}, {}},
+        {L"ValidateComboALista", {to_variant(combo), Variant(false)}, list_box},
+        {L"ValidateComboALista", {to_variant(listed), Variant(true)}, {}},
+        {L"ValidateDataComboALista", {to_variant(bound), Variant(true)}, choose_box},
+        {L"ValidateDataComboALista", {to_variant(listed), Variant(false)}, {}},
     };
     for (const Case& one : cases) {
         for (const Way way : every_way) {

@@ -255,7 +255,7 @@ void DispatchFuzzer::call_one(int depth) {
     for (const VARIANT& argument : frame.arguments) before.push_back(content_of(argument));
     std::string what = std::string(static_cast<std::size_t>(depth), '>') + narrow(of_class.name) +
                        '.' + narrow(member.name) + " flags " + std::to_string(flags) + " (";
-    for (const VARIANT& argument : frame.arguments) what += described(argument) + "; ";
+    for (const VARIANT& argument : frame.arguments) what += typed_text(argument) + "; ";
     what += ") named";
     for (const DISPID name : frame.names) what += ' ' + std::to_string(name);
     announce(what);

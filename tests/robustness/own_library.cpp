@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "tests/support/early.h"
 #include "tests/support/library_module.h"
 
 namespace kovrel::test {
@@ -49,9 +50,7 @@ OwnClass read_class(ITypeLib* library, UINT index) {
     info->GetTypeAttr(&attributes);
     result.id = attributes->guid;
     info->ReleaseTypeAttr(attributes);
-    Bstr name;
-    info->GetDocumentation(MEMBERID_NIL, name.put(), nullptr, nullptr, nullptr);
-    result.name = name.view();
+    result.name = name_of(info.get());
     HREFTYPE reference = 0;
     info->GetRefTypeOfImplType(0, &reference);
     info->GetRefTypeInfo(reference, face.put());

@@ -79,7 +79,7 @@ class RubbishObject final : public IDispatch {
 };
 
 /// A value with its type, for the report of a failed check.
-std::string described(const VARIANT& value, int depth = 0);
+std::string typed_text(const VARIANT& value, int depth = 0);
 
 /// True for a valid variant with valid content.
 bool is_sound(const VARIANT& value);

@@ -166,7 +166,7 @@ HRESULT RubbishObject::Invoke(DISPID member, REFIID /*id*/, LCID /*locale*/, WOR
     return S_OK;
 }
 
-std::string described(const VARIANT& value, int depth) {
+std::string typed_text(const VARIANT& value, int depth) {
     std::string text = std::to_string(value.vt & VT_TYPEMASK);
     if ((value.vt & VT_ARRAY) != 0) text += "[]";
     if ((value.vt & VT_BYREF) != 0) text += "&";
@@ -182,7 +182,7 @@ std::string described(const VARIANT& value, int depth) {
     } else if (value.vt == VT_R8 || value.vt == VT_DATE) {
         text += ' ' + std::to_string(value.dblVal);
     } else if (value.vt == (VT_BYREF | VT_VARIANT) && value.pvarVal != nullptr && depth < 9) {
-        text += " -> " + described(*value.pvarVal, depth + 1);
+        text += " -> " + typed_text(*value.pvarVal, depth + 1);
     } else if ((value.vt & VT_BYREF) == 0) {
         text += ' ' + std::to_string(value.llVal);
     }

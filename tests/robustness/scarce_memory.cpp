@@ -19,7 +19,7 @@ std::size_t first_refused = 0;
 bool only_once = false;
 std::size_t always_granted = 0;  // bytes
 
-std::mutex guard;
+std::mutex blocks_guard;
 std::unordered_set<void*> live_blocks;
 
 bool is_refused() {
@@ -29,13 +29,13 @@ bool is_refused() {
 }
 
 void* remember(void* block) {
-    const std::scoped_lock lock(guard);
+    const std::scoped_lock lock(blocks_guard);
     if (block != nullptr) live_blocks.insert(block);
     return block;
 }
 
 void forget(void* block) {
-    const std::scoped_lock lock(guard);
+    const std::scoped_lock lock(blocks_guard);
     live_blocks.erase(block);
 }
 
@@ -182,7 +182,7 @@ std::size_t ScarceMemory::grant_all() {
 }
 
 std::size_t ScarceMemory::blocks() {
-    const std::scoped_lock lock(guard);
+    const std::scoped_lock lock(blocks_guard);
     return live_blocks.size();
 }
 

@@ -23,7 +23,7 @@ namespace {
 
 std::atomic<long> boxes_shown{0};
 std::atomic<long> steps_made{0};
-std::mutex guard;
+std::mutex text_guard;
 std::wstring last_text;
 
 struct ThreadState {
@@ -138,7 +138,7 @@ int WINAPI message_box(HWND /*owner*/, LPCWSTR text, LPCWSTR title, UINT style) 
     // Reads both texts completely, as a box would.
     if (std::wcslen(text) + std::wcslen(title) == 0) return 0;
     {
-        const std::scoped_lock lock(guard);
+        const std::scoped_lock lock(text_guard);
         constexpr std::size_t enough = 200;
         last_text.assign(text, wcsnlen(text, enough));
     }
@@ -241,7 +241,7 @@ long Unattended::boxes() {
 }
 
 std::wstring Unattended::last_box() {
-    const std::scoped_lock lock(guard);
+    const std::scoped_lock lock(text_guard);
     return last_text;
 }
 

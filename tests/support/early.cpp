@@ -24,6 +24,12 @@ ComPtr<ITypeInfo> interface_of(IDispatch* object) {
     return vtable_side_of(info);
 }
 
+std::wstring name_of(ITypeInfo* info, MEMBERID member) {
+    Bstr name;
+    info->GetDocumentation(member, name.put(), nullptr, nullptr, nullptr);
+    return std::wstring(name.view());
+}
+
 std::ptrdiff_t vtable_offset(IDispatch* object, const std::wstring& member, INVOKEKIND kind) {
     const auto info = interface_of(object);
     if (!info) return -1;

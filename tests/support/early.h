@@ -12,6 +12,9 @@ ComPtr<ITypeInfo> vtable_side_of(const ComPtr<ITypeInfo>& info);
 /// The description of an instance's own interface, its vtable entries included.
 ComPtr<ITypeInfo> interface_of(IDispatch* object);
 
+/// The name of a type or of one of its members.
+std::wstring name_of(ITypeInfo* info, MEMBERID member = MEMBERID_NIL);
+
 /// Byte offset of a member's vtable entry; -1 where there is none.
 std::ptrdiff_t vtable_offset(IDispatch* object, const std::wstring& member, INVOKEKIND kind);
 

@@ -99,6 +99,10 @@ class ScriptedObject final : public IDispatch {
     Log log_;
 };
 
+inline Variant to_variant(const ComPtr<ScriptedObject>& object) {
+    return Variant(ComPtr<IDispatch>(object.get()));
+}
+
 // How a value reads in the log.
 std::wstring described(const VARIANT& value);
 

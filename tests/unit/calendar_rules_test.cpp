@@ -6,33 +6,24 @@
 
 #include "runtime/failure.h"
 #include "tests/support/spanish_regional.h"
+#include "tests/unit/failure_of.h"
 
 namespace kovrel {
 namespace {
 
-constexpr TwoDigitYearMax until_2029 = [] { return 2029; };
-
-template <class Action>
-std::int32_t failure_of(Action action) {
-    try {
-        static_cast<void>(action());
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return -1;
-}
+constexpr TwoDigitYearMax up_to_2029 = [] { return 2029; };
 
 std::int16_t days(int month, int year) {
     return days_in_month(static_cast<std::int16_t>(month), static_cast<std::int16_t>(year),
-                         until_2029);
+                         up_to_2029);
 }
 
 std::wstring two_digits(int year) {
-    return year_to_two_digits(static_cast<std::int16_t>(year), until_2029);
+    return year_to_two_digits(static_cast<std::int16_t>(year), up_to_2029);
 }
 
 std::int16_t weeks(int year, int month) {
-    return week_of_month(last_of_month({month, year}, days(month, year), until_2029));
+    return week_of_month(last_of_month({month, year}, days(month, year), up_to_2029));
 }
 
 TEST(YearToTwoDigits, WritesTheLastTwo) {
@@ -50,7 +41,7 @@ TEST(YearToTwoDigits, WritesTheLastTwo) {
 TEST(YearToFourDigits, EveryYearIsOfThisCentury) {
     const auto converted = [](int typed) {
         auto year = static_cast<std::int16_t>(typed);
-        auto text = year_to_four_digits(year, until_2029);
+        auto text = year_to_four_digits(year, up_to_2029);
         EXPECT_EQ(year, typed + 2000);
         return text;
     };
@@ -64,10 +55,10 @@ TEST(YearToFourDigits, EveryYearIsOfThisCentury) {
 
 TEST(YearToFourDigits, AFailureLeavesTheChangedYear) {
     std::int16_t year = -2001;
-    EXPECT_EQ(failure_of([&] { return year_to_four_digits(year, until_2029); }), 13);
+    EXPECT_EQ(failure_of([&] { return year_to_four_digits(year, up_to_2029); }), 13);
     EXPECT_EQ(year, -1);
     year = std::numeric_limits<std::int16_t>::min();
-    EXPECT_EQ(failure_of([&] { return year_to_four_digits(year, until_2029); }), 13);
+    EXPECT_EQ(failure_of([&] { return year_to_four_digits(year, up_to_2029); }), 13);
     EXPECT_EQ(year, -30768);
 }
 
@@ -202,24 +193,24 @@ TEST(CurrentMonth, StandsInForZero) {
 }
 
 TEST(FirstAndLastOfMonth, AreReadInTheUsersDateOrder) {
-    EXPECT_EQ(first_of_month({2, 2024}, until_2029), day_count({2024, 2, 1}));
-    EXPECT_EQ(last_of_month({2, 2024}, 29, until_2029), day_count({2024, 2, 29}));
-    EXPECT_EQ(first_of_month({13, 2024}, until_2029), day_count({2024, 1, 13}));
-    EXPECT_EQ(failure_of([] { return first_of_month({32, 2024}, until_2029); }), 13);
-    EXPECT_EQ(failure_of([] { return last_of_month({13, 2024}, 31, until_2029); }), 13);
-    EXPECT_EQ(failure_of([] { return last_of_month({2, 2024}, 0, until_2029); }), 13);
+    EXPECT_EQ(first_of_month({2, 2024}, up_to_2029), day_count({2024, 2, 1}));
+    EXPECT_EQ(last_of_month({2, 2024}, 29, up_to_2029), day_count({2024, 2, 29}));
+    EXPECT_EQ(first_of_month({13, 2024}, up_to_2029), day_count({2024, 1, 13}));
+    EXPECT_EQ(failure_of([] { return first_of_month({32, 2024}, up_to_2029); }), 13);
+    EXPECT_EQ(failure_of([] { return last_of_month({13, 2024}, 31, up_to_2029); }), 13);
+    EXPECT_EQ(failure_of([] { return last_of_month({2, 2024}, 0, up_to_2029); }), 13);
 }
 
 TEST(MonthBefore, JanuaryFollowsDecember) {
     EXPECT_EQ(month_before(1, 2024), (MonthOfYear{12, 2023}));
     EXPECT_EQ(month_before(3, 2024), (MonthOfYear{2, 2024}));
-    EXPECT_EQ(first_of_month(month_before(1, 2024), until_2029), day_count({2023, 12, 1}));
+    EXPECT_EQ(first_of_month(month_before(1, 2024), up_to_2029), day_count({2023, 12, 1}));
     EXPECT_EQ(failure_of([] { return month_before(1, -32768).month; }), 6);
 }
 
 TEST(MonthBefore, AMonthOfZeroIsNotJanuary) {
     EXPECT_EQ(month_before(0, 2024), (MonthOfYear{-1, 2024}));
-    EXPECT_EQ(failure_of([] { return first_of_month(month_before(0, 2024), until_2029); }), 13);
+    EXPECT_EQ(failure_of([] { return first_of_month(month_before(0, 2024), up_to_2029); }), 13);
     EXPECT_EQ(month_before(255, 2024), (MonthOfYear{254, 2024}));
 }
 

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "runtime/failure.h"
+#include "tests/unit/failure_of.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -20,16 +21,6 @@ namespace {
 constexpr TwoDigitYearMax until_2029 = [] { return 2029; };
 constexpr TwoDigitYearMax until_2049 = [] { return 2049; };
 constexpr TwoDigitYearMax never_asked = []() -> int { throw Failure(0, L"asked for the setting"); };
-
-template <class Action>
-std::int32_t failure_of(Action action) {
-    try {
-        static_cast<void>(action());
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return -1;
-}
 
 std::int32_t read(int day, int month, int year) {
     return read_day_month_year(day, month, year, until_2029);

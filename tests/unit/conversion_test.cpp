@@ -6,6 +6,7 @@
 
 #include "runtime/failure.h"
 #include "tests/support/spanish_regional.h"
+#include "tests/unit/failure_of.h"
 
 namespace kovrel {
 namespace {
@@ -20,15 +21,6 @@ class FixedRegional final : public testing_support::SpanishRegional {
  private:
     std::optional<double> number_;
 };
-
-std::int32_t failure_of(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 TEST(Conversion, RoundsHalvesToTheEvenNumber) {
     EXPECT_EQ(round_to_int32(0.5), 0);

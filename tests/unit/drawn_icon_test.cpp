@@ -10,7 +10,7 @@ namespace kovrel {
 namespace {
 
 constexpr std::uint32_t disc = 0xC42026;
-constexpr std::uint32_t white = 0xFFFFFF;
+constexpr std::uint32_t white_paper = 0xFFFFFF;
 
 std::uint32_t opacity(std::uint32_t pixel) {
     return pixel >> 24U;
@@ -57,7 +57,7 @@ TEST(DrawnIcon, EverySignHasSoftEdgesAndAClearCorner) {
         }
     }
     EXPECT_EQ(color(draw_sign(Sign::accepted, 16)[8]), 0x16843AU);
-    EXPECT_NE(color(draw_sign(Sign::accepted, 16)[8]), white);
+    EXPECT_NE(color(draw_sign(Sign::accepted, 16)[8]), white_paper);
 }
 
 char sixteenths(double share) {

@@ -7,6 +7,7 @@
 
 #include "runtime/failure.h"
 #include "tests/support/spanish_regional.h"
+#include "tests/unit/failure_of.h"
 
 namespace kovrel {
 namespace {
@@ -44,16 +45,6 @@ class Capitals final : public testing_support::SpanishRegional {
 
 std::int16_t capital(std::int16_t key) {
     return capital_key(key, windows_1252, Capitals());
-}
-
-template <class Action>
-std::int32_t failure_of(Action action) {
-    try {
-        static_cast<void>(action());
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return 0;
 }
 
 TEST(NumberKey, LetsDigitsSeparatorsAndEditingKeysPass) {

@@ -8,20 +8,12 @@
 
 #include "runtime/failure.h"
 #include "tests/support/spanish_regional.h"
+#include "tests/unit/failure_of.h"
 
 namespace kovrel {
 namespace {
 
 using testing_support::SpanishRegional;
-
-std::int32_t failure_of(double (*reading)(std::wstring_view), std::wstring_view text) {
-    try {
-        (void)reading(text);
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 TEST(FormatNumber, WholePatternRoundsHalfAwayFromZero) {
     EXPECT_EQ(format_number(0.5, patterns::whole, L','), L"1");
@@ -249,10 +241,11 @@ TEST(LeadingNumber, ReadsExponents) {
     EXPECT_EQ(leading_number(L"1e-400"), 0);
     EXPECT_EQ(leading_number(L"0e99999999999999999999"), 0);
     EXPECT_EQ(leading_number(L"1e-99999999999999999999"), 0);
-    EXPECT_EQ(failure_of(leading_number, L"1e400"), 6);
-    EXPECT_EQ(failure_of(leading_number, L"1e99999999999999999999"), 6);
-    EXPECT_EQ(failure_of(leading_number, L"1" + std::wstring(400, L'0') + L"e-10"), 6);
-    EXPECT_EQ(failure_of(leading_number, std::wstring(400, L'9')), 6);
+    EXPECT_EQ(failure_of([] { return leading_number(L"1e400"); }), 6);
+    EXPECT_EQ(failure_of([] { return leading_number(L"1e99999999999999999999"); }), 6);
+    EXPECT_EQ(failure_of([] { return leading_number(L"1" + std::wstring(400, L'0') + L"e-10"); }),
+              6);
+    EXPECT_EQ(failure_of([] { return leading_number(std::wstring(400, L'9')); }), 6);
 }
 
 TEST(LeadingNumber, ReadsPrefixes) {
@@ -272,8 +265,8 @@ TEST(LeadingNumber, ReadsPrefixes) {
     EXPECT_EQ(leading_number(L"&H"), 0);
     EXPECT_EQ(leading_number(L"&"), 0);
     EXPECT_EQ(leading_number(L"&X1"), 0);
-    EXPECT_EQ(failure_of(leading_number, L"&H1FFFFFFFF"), 6);
-    EXPECT_EQ(failure_of(leading_number, L"&H100000000"), 6);
+    EXPECT_EQ(failure_of([] { return leading_number(L"&H1FFFFFFFF"); }), 6);
+    EXPECT_EQ(failure_of([] { return leading_number(L"&H100000000"); }), 6);
 }
 
 TEST(SpanishReadings, FollowTheSettings) {

@@ -27,7 +27,7 @@ void expect_error(ZipCode code, const std::string& text, const Action& action) {
     }
 }
 
-Bytes bytes_of(const std::string& text) {
+Bytes bytes_in(const std::string& text) {
     return {text.begin(), text.end()};
 }
 
@@ -55,8 +55,8 @@ TEST(ZipNewFile, TakesTheTargetsPlaceOnceItIsComplete) {
     const test::TestFolder folder;
     folder.write("a.zip", "viejo");
     NewFile file(folder / "a.zip");
-    file.write_at(0, bytes_of("nuevo"));
-    file.write_at(5, bytes_of("!?"));
+    file.write_at(0, bytes_in("nuevo"));
+    file.write_at(5, bytes_in("!?"));
     file.set_size(6);
     EXPECT_EQ(folder.read("a.zip"), "viejo");
     EXPECT_EQ(folder.count(), 2U);
@@ -97,9 +97,9 @@ TEST(ZipInputFile, ReadsAnyPartUpToTheEnd) {
     EXPECT_EQ(file.size(), 10U);
     Bytes room(4);
     EXPECT_EQ(file.read_at(3, room), 4U);
-    EXPECT_EQ(room, bytes_of("3456"));
+    EXPECT_EQ(room, bytes_in("3456"));
     EXPECT_EQ(file.read_at(8, room), 2U);
-    EXPECT_EQ(room, bytes_of("8956"));
+    EXPECT_EQ(room, bytes_in("8956"));
     EXPECT_EQ(file.read_at(10, room), 0U);
 }
 
@@ -150,11 +150,11 @@ TEST(ZipNewFile, AFullDiskIsAFailedWrite) {
         const std::string text = test::compressible(2000, 1);
         // The system takes the first half.
         expect_error(ZipCode::write_failed, "could not write: " + path,
-                     [&] { file.write_at(0, bytes_of(text)); });
+                     [&] { file.write_at(0, bytes_in(text)); });
         expect_error(ZipCode::write_failed, "could not write: " + path,
                      [&] { file.set_size(2000); });
     }
-    file.write_at(1000, bytes_of("x"));
+    file.write_at(1000, bytes_in("x"));
     file.replace_target();
     EXPECT_EQ(folder.read("a.zip"), test::compressible(2000, 1).substr(0, 1000) + "x");
 }

@@ -54,7 +54,7 @@ TEST(ZipRecords, DirectoryEntryWrittenAndRead) {
 }
 
 // The layouts are those of the published file format, byte by byte.
-Bytes bytes_of(const std::string& hexadecimal, const std::string& text = "") {
+Bytes bytes_in_hex(const std::string& hexadecimal, const std::string& text = "") {
     Bytes bytes;
     for (std::size_t i = 0; i + 1 < hexadecimal.size(); i += 3) {
         bytes.push_back(
@@ -67,39 +67,43 @@ Bytes bytes_of(const std::string& hexadecimal, const std::string& text = "") {
 TEST(ZipRecords, TheLayoutOfADirectoryEntry) {
     Bytes bytes;
     append_central_entry(bytes, sample());
-    EXPECT_EQ(bytes, bytes_of("50 4B 01 02 14 03 14 00 00 08 08 00 34 12 21 5A EF BE AD DE "
-                              "7B 00 00 00 C8 01 00 00 08 00 05 00 04 00 00 00 01 00 20 00 A4 81 "
-                              "15 03 00 00 ",
-                              sample().name + sample().extra + sample().comment));
+    EXPECT_EQ(bytes,
+              bytes_in_hex("50 4B 01 02 14 03 14 00 00 08 08 00 34 12 21 5A EF BE AD DE "
+                           "7B 00 00 00 C8 01 00 00 08 00 05 00 04 00 00 00 01 00 20 00 A4 81 "
+                           "15 03 00 00 ",
+                           sample().name + sample().extra + sample().comment));
     CentralEntry entry = sample();
     entry.size = 0xFFFFFFFE;
     entry.packed_size = 0xFFFFFFFF;
     entry.local_offset = 0x123456789A;
     bytes.clear();
     append_central_entry(bytes, entry);
-    Bytes expected = bytes_of(
+    Bytes expected = bytes_in_hex(
         "50 4B 01 02 14 03 2D 00 00 08 08 00 34 12 21 5A EF BE AD DE "
         "FF FF FF FF FE FF FF FF 08 00 19 00 04 00 00 00 01 00 20 00 A4 81 "
         "FF FF FF FF ",
         entry.name);
-    append_all(expected, bytes_of("01 00 10 00 FF FF FF FF 00 00 00 00 9A 78 56 34 12 00 00 00 ",
-                                  entry.extra + entry.comment));
+    append_all(expected,
+               bytes_in_hex("01 00 10 00 FF FF FF FF 00 00 00 00 9A 78 56 34 12 00 00 00 ",
+                            entry.extra + entry.comment));
     EXPECT_EQ(bytes, expected);
 }
 
 TEST(ZipRecords, TheLayoutOfALocalHeader) {
     Bytes bytes;
     append_local_header(bytes, sample(), false);
-    EXPECT_EQ(bytes, bytes_of("50 4B 03 04 14 00 00 08 08 00 34 12 21 5A EF BE AD DE 7B 00 00 00 "
-                              "C8 01 00 00 08 00 00 00 ",
-                              sample().name));
+    EXPECT_EQ(bytes,
+              bytes_in_hex("50 4B 03 04 14 00 00 08 08 00 34 12 21 5A EF BE AD DE 7B 00 00 00 "
+                           "C8 01 00 00 08 00 00 00 ",
+                           sample().name));
     bytes.clear();
     append_local_header(bytes, sample(), true);
-    Bytes expected = bytes_of(
+    Bytes expected = bytes_in_hex(
         "50 4B 03 04 2D 00 00 08 08 00 34 12 21 5A EF BE AD DE FF FF FF FF "
         "FF FF FF FF 08 00 14 00 ",
         sample().name);
-    append_all(expected, bytes_of("01 00 10 00 C8 01 00 00 00 00 00 00 7B 00 00 00 00 00 00 00 "));
+    append_all(expected,
+               bytes_in_hex("01 00 10 00 C8 01 00 00 00 00 00 00 7B 00 00 00 00 00 00 00 "));
     EXPECT_EQ(bytes, expected);
 }
 
@@ -107,15 +111,15 @@ TEST(ZipRecords, TheLayoutOfTheEnd) {
     const std::string plain = "50 4B 05 06 00 00 00 00 03 00 03 00 96 00 00 00 E8 03 00 00 04 00 ";
     Bytes bytes;
     append_directory_end(bytes, {3, 150, 1000, "hola"}, 1150);
-    EXPECT_EQ(bytes, bytes_of(plain, "hola"));
+    EXPECT_EQ(bytes, bytes_in_hex(plain, "hola"));
     bytes.clear();
     append_directory_end(bytes, {3, 0xFFFFFFFF, 1000, ""}, 0x1000003E7);
     EXPECT_EQ(bytes,
-              bytes_of("50 4B 06 06 2C 00 00 00 00 00 00 00 2D 00 2D 00 00 00 00 00 "
-                       "00 00 00 00 03 00 00 00 00 00 00 00 03 00 00 00 00 00 00 00 "
-                       "FF FF FF FF 00 00 00 00 E8 03 00 00 00 00 00 00 "
-                       "50 4B 06 07 00 00 00 00 E7 03 00 00 01 00 00 00 01 00 00 00 "
-                       "50 4B 05 06 00 00 00 00 03 00 03 00 FF FF FF FF E8 03 00 00 00 00 "));
+              bytes_in_hex("50 4B 06 06 2C 00 00 00 00 00 00 00 2D 00 2D 00 00 00 00 00 "
+                           "00 00 00 00 03 00 00 00 00 00 00 00 03 00 00 00 00 00 00 00 "
+                           "FF FF FF FF 00 00 00 00 E8 03 00 00 00 00 00 00 "
+                           "50 4B 06 07 00 00 00 00 E7 03 00 00 01 00 00 00 01 00 00 00 "
+                           "50 4B 05 06 00 00 00 00 03 00 03 00 FF FF FF FF E8 03 00 00 00 00 "));
     // The largest directory and offset without the ZIP64 records.
     bytes.clear();
     append_directory_end(bytes, {3, 0xFFFFFFFE, 0xFFFFFFFE, ""}, 0x1FFFFFFFC);
