@@ -163,6 +163,7 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPA
         return DefWindowProcW(window, message, wparam, lparam);
     }
     const std::shared_ptr<Window> alive = self->weak_from_this().lock();
+    if (self->modal_ != nullptr) self->modal_->tell(message, wparam, lparam);
     LRESULT result = 0;
     quietly([&] { result = self->handle(message, wparam, lparam); });
     return result;
