@@ -169,7 +169,7 @@ HWND Window::add(const ControlDesign& design, HWND parent) {
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
     // The others get neither the focus nor keys nor clicks.
     if ((design.style & WS_TABSTOP) != 0) {
-        subclass(window, &Window::watch_control, 1, reinterpret_cast<DWORD_PTR>(this));
+        subclass(window, &Window::watch_control, this);
     }
     return window;
 }

@@ -128,8 +128,8 @@ class Window : public std::enable_shared_from_this<Window> {
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     static LRESULT CALLBACK picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-    static LRESULT CALLBACK watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                          UINT_PTR id, DWORD_PTR owner);
+    static LRESULT watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                 void* owner);
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
     void command(int id, UINT code, bool from_control);
     bool pressed(WPARAM key);

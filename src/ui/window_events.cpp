@@ -215,10 +215,10 @@ void Window::watched(HWND control, UINT message, WPARAM wparam) {
     }
 }
 
-LRESULT CALLBACK Window::watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                       UINT_PTR id, DWORD_PTR owner) {
+LRESULT Window::watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                              void* owner) {
     const DefaultFloatingPoint floating_point;
-    auto* const self = reinterpret_cast<Window*>(owner);
+    auto* const self = static_cast<Window*>(owner);
     const std::shared_ptr<Window> alive = self->weak_from_this().lock();
     if (message == WM_SETFOCUS) self->last_focus_ = window;
     const bool is_press = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
@@ -228,7 +228,7 @@ LRESULT CALLBACK Window::watch_control(HWND window, UINT message, WPARAM wparam,
         quietly([&] { taken = self->pressed(wparam); });
         if (taken) return 0;
     }
-    const LRESULT result = pass_on(&Window::watch_control, id, window, message, wparam, lparam);
+    const LRESULT result = pass_on(&Window::watch_control, window, message, wparam, lparam);
     if (self->ready_) quietly([&] { self->watched(window, message, wparam); });
     return result;
 }
