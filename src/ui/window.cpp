@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cwchar>
 
 #include "automation/floating_point.h"
 #include "automation/module.h"
@@ -79,23 +80,12 @@ void Window::load() {
     load_common_controls();
     register_class(design_.window_class, &Window::procedure);
     register_class(picture_box_class, &Window::picture_box);
-    const std::wstring caption = caption_.value_or(design_.caption);
     self_ = shared_from_this();
-    if (CreateWindowExW(WS_EX_CONTROLPARENT, design_.window_class, caption.c_str(),
-                        design_.style | WS_CLIPCHILDREN, 0, 0, 0, 0, nullptr, nullptr, own_module(),
-                        this) == nullptr) {
-        self_.reset();
-        throw Failure(FailureNumber::out_of_memory);
-    }
     try {
-        scale_ = Scale(dots_per_inch(handle_));
-        update_font();
+        create();
         take_host_icons();
         create_controls();
         apply_scale();
-        resize_inner(design_.inner_width, design_.inner_height);
-        center_on_screen();
-        frame_default_button(nullptr);
         ready_ = true;
         form_load();
         for (const Placed& placed : std::vector(controls_)) {
@@ -104,8 +94,29 @@ void Window::load() {
         form_resize();
     } catch (...) {
         unload();
+        self_.reset();
         throw;
     }
+}
+
+/// In the middle of the screen, in the size that the expected resolution asks for. Which one the
+/// window has is known only then.
+void Window::create() {
+    set_scale(dots_per_inch(GetActiveWindow()));
+    const auto place = [this] {
+        return centered(fitted_size(design_.inner_width, wanted_height()));
+    };
+    const RECT expected = place();
+    if (CreateWindowExW(WS_EX_CONTROLPARENT, design_.window_class, caption().c_str(),
+                        design_.style | WS_CLIPCHILDREN, expected.left, expected.top,
+                        expected.right - expected.left, expected.bottom - expected.top, nullptr,
+                        nullptr, own_module(), this) == nullptr) {
+        throw Failure(FailureNumber::out_of_memory);
+    }
+    const int found = dots_per_inch(handle_);
+    if (found == scale_.dots_per_inch()) return;
+    set_scale(found);
+    put(place());
 }
 
 void Window::show_modeless() {
@@ -155,7 +166,8 @@ void Window::set_caption(const std::wstring& caption) {
 }
 
 HWND Window::add(const ControlDesign& design, HWND parent) {
-    DWORD style = design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+    DWORD style = design.style | WS_CHILD | WS_CLIPSIBLINGS;
+    if (design.is_visible) style |= WS_VISIBLE;
     // It may contain controls, and must not paint over them.
     if (design.window_class == picture_box_class) style |= WS_CLIPCHILDREN;
     auto* const id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(design.id));
@@ -165,7 +177,10 @@ HWND Window::add(const ControlDesign& design, HWND parent) {
                         place.top, place.right - place.left, place.bottom - place.top,
                         parent != nullptr ? parent : handle_, id, own_module(), nullptr);
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
-    controls_.push_back({window, design.id, design.place, design.window_class});
+    const bool is_push_button = std::wcscmp(design.window_class, L"BUTTON") == 0 &&
+                                (design.style & BS_TYPEMASK) <= BS_DEFPUSHBUTTON;
+    controls_.push_back(
+        {window, design.id, design.place, design.window_class, is_push_button, place});
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
     // The others get neither the focus nor keys nor clicks.
     if ((design.style & WS_TABSTOP) != 0) {
@@ -206,46 +221,65 @@ RECT Window::in_pixels(const Place& place) const noexcept {
             std::max(top, scale_.pixels(place.top + place.height))};
 }
 
-void Window::put_in_place(const Placed& placed) const noexcept {
+void Window::put_in_place(Placed& placed) const noexcept {
     const RECT place = in_pixels(placed.place);
+    if (EqualRect(&place, &placed.pixels) != FALSE) return;
+    placed.pixels = place;
     SetWindowPos(placed.window, nullptr, place.left, place.top, place.right - place.left,
                  place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Window::set_tooltip(int id, const std::wstring& text) {
-    if (tooltips_ == nullptr) {
-        const VisualStyles styles;
-        tooltips_ =
-            CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                            WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
-                            CW_USEDEFAULT, CW_USEDEFAULT, handle_, nullptr, own_module(), nullptr);
-        SendMessageW(tooltips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(6000));
+    for (Placed& placed : controls_) {
+        if (placed.id != id || placed.tooltip == text) continue;
+        placed.tooltip = text;
+        if (tooltips_ != nullptr) put_tooltip(placed);
     }
-    std::wstring shown = text;
+}
+
+/// Creates the tooltips when the mouse first comes to a control that has one. The control must not
+/// have handled that message yet.
+void Window::show_tooltips(HWND control) {
+    const bool is_wanted =
+        std::any_of(controls_.begin(), controls_.end(), [control](const Placed& placed) {
+            return placed.window == control && !placed.tooltip.empty();
+        });
+    if (tooltips_ != nullptr || !is_wanted) return;
+    const VisualStyles styles;
+    tooltips_ =
+        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                        WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
+                        CW_USEDEFAULT, CW_USEDEFAULT, handle_, nullptr, own_module(), nullptr);
+    SendMessageW(tooltips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(6000));
+    for (const Placed& placed : controls_) put_tooltip(placed);
+}
+
+void Window::put_tooltip(const Placed& placed) const noexcept {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = handle_;
-    tool.uId = reinterpret_cast<UINT_PTR>(control(id));
-    tool.lpszText = shown.data();
+    tool.uId = reinterpret_cast<UINT_PTR>(placed.window);
+    tool.lpszText = const_cast<wchar_t*>(placed.tooltip.c_str());
     SendMessageW(tooltips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    if (!text.empty()) SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    if (placed.tooltip.empty()) return;
+    SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void Window::update_font() {
-    font_ = make_font(system_font(scale_.dots_per_inch()));
+void Window::set_scale(int dots_per_inch) {
+    scale_ = Scale(dots_per_inch);
+    font_ = make_font(system_font(dots_per_inch));
     for (const Placed& placed : controls_) {
         SendMessageW(placed.window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE);
     }
 }
 
 void Window::rescale(int dots_per_inch, const RECT& bounds) {
-    scale_ = Scale(dots_per_inch);
-    update_font();
-    SetWindowPos(handle_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
-                 bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    set_scale(dots_per_inch);
+    put(bounds);
     apply_scale();
-    for (const Placed& placed : controls_) put_in_place(placed);
+    for (Placed& placed : controls_) put_in_place(placed);
+    lay_out();
 }
 
 }  // namespace kovrel

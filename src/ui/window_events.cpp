@@ -1,6 +1,8 @@
 // A window's events: the messages that reach it, its picture boxes and its controls.
 #include <windows.h>
 
+#include <algorithm>
+
 #include "automation/floating_point.h"
 #include "services/modal_scope.h"
 #include "ui/controls.h"
@@ -8,11 +10,6 @@
 
 namespace kovrel {
 namespace {
-
-bool is_push_button(HWND window) noexcept {
-    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) &
-            (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
-}
 
 /// Runs an event. Its failure is dropped, since there is nobody to report it to.
 template <class Body>
@@ -51,17 +48,26 @@ void Window::focus_on(int id) const noexcept {
     SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(id)), TRUE);
 }
 
+/// Null for other windows.
+const Window::Placed* Window::push_button(HWND window) const noexcept {
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(), [window](const Placed& placed) {
+            return placed.window == window && placed.is_push_button;
+        });
+    return found == controls_.end() ? nullptr : &*found;
+}
+
 /// The push button with the focus, else the designed default button.
 int Window::default_button(HWND focus) const noexcept {
-    return is_push_button(focus) && IsChild(handle_, focus) ? GetDlgCtrlID(focus)
-                                                            : design_.default_button;
+    const Placed* const button = push_button(focus);
+    return button != nullptr ? button->id : design_.default_button;
 }
 
 /// Removes the frame from the other buttons.
 void Window::frame_default_button(HWND focus) const noexcept {
     const int framed = default_button(focus);
     for (const Placed& placed : controls_) {
-        if (!is_push_button(placed.window)) continue;
+        if (!placed.is_push_button) continue;
         const auto style = static_cast<DWORD>(GetWindowLongPtrW(placed.window, GWL_STYLE));
         const DWORD kind = placed.id == framed ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
         if ((style & BS_TYPEMASK) == kind) continue;
@@ -98,6 +104,9 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
                 SetBkColor(context, GetSysColor(COLOR_WINDOW));
                 return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
             }
+            break;
+        case WM_SETCURSOR:
+            show_tooltips(reinterpret_cast<HWND>(wparam));
             break;
         case DM_GETDEFID: {
             const int id = default_button(GetFocus());
@@ -222,7 +231,7 @@ LRESULT Window::watch_control(HWND window, UINT message, WPARAM wparam, LPARAM l
     const std::shared_ptr<Window> alive = self->weak_from_this().lock();
     if (message == WM_SETFOCUS) self->last_focus_ = window;
     const bool is_press = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
-    if (is_press && is_push_button(window)) self->pressed_button_ = window;
+    if (is_press && self->push_button(window) != nullptr) self->pressed_button_ = window;
     if (message == WM_KEYDOWN && self->ready_) {
         bool taken = true;
         quietly([&] { taken = self->pressed(wparam); });
