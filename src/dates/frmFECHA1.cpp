@@ -28,7 +28,7 @@ constexpr WORD first_year = 1601;
 }  // namespace
 
 frmFECHA1::frmFECHA1()
-    : Window({window_class, L"Escriba una fecha...", WS_CAPTION, inner_width,
+    : Window({window_class, L"Escriba una fecha...", WS_POPUP | WS_CAPTION, inner_width,
               question.top + question.height + row_height + 2 * margin, cmdOK}) {}
 
 void frmFECHA1::create_controls() {

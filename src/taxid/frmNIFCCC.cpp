@@ -45,7 +45,8 @@ Place beside_field(double frame_top, double left, double width, double height) {
 }  // namespace
 
 frmNIFCCC::frmNIFCCC()
-    : Window({window_class, title, WS_CAPTION | WS_SYSMENU, inner_width, inner_height, cmdOK}),
+    : Window({window_class, title, WS_POPUP | WS_CAPTION | WS_SYSMENU, inner_width, inner_height,
+              cmdOK}),
       tax_id_{MkNIF,
               img_nifok,
               img_nifno,
@@ -146,11 +147,8 @@ void frmNIFCCC::apply_scale() {
 }
 
 void frmNIFCCC::form_load() {
-    guarded({L") en procedimiento Form_Load del Formulario frmNIFCCC."}, [&] {
-        account_.edit->set_text(L"");
-        tax_id_.edit->set_text(L"");
-        checks()->set_title(caption());
-    });
+    guarded({L") en procedimiento Form_Load del Formulario frmNIFCCC."},
+            [&] { checks()->set_title(caption()); });
 }
 
 std::shared_ptr<VerifierChecks> frmNIFCCC::checks() {

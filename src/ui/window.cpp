@@ -52,6 +52,9 @@ class VisualStyles {
 /// Classes belong to this module, so another copy of the library in the process has its own. They
 /// are never unregistered: another thread may be about to create a window.
 void register_class(const wchar_t* name, WNDPROC procedure) {
+    WNDCLASSEXW known{};
+    known.cbSize = sizeof known;
+    if (GetClassInfoExW(own_module(), name, &known) != FALSE) return;
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
     description.lpfnWndProc = procedure;
@@ -104,7 +107,8 @@ void Window::load() {
 void Window::create() {
     set_scale(dots_per_inch(GetActiveWindow()));
     const auto place = [this] {
-        return centered(fitted_size(design_.inner_width, wanted_height()));
+        const RECT work = work_area();
+        return centered(fitted_size(design_.inner_width, wanted_height(), work), work);
     };
     const RECT expected = place();
     if (CreateWindowExW(WS_EX_CONTROLPARENT, design_.window_class, caption().c_str(),

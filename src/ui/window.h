@@ -135,6 +135,7 @@ class Window : public std::enable_shared_from_this<Window> {
         std::wstring tooltip{};
     };
 
+    [[nodiscard]] static RECT centered(const SIZE& size, const RECT& work) noexcept;
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     static LRESULT CALLBACK picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     static LRESULT watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
@@ -148,7 +149,6 @@ class Window : public std::enable_shared_from_this<Window> {
     [[nodiscard]] int default_button(HWND focus) const noexcept;
     void frame_default_button(HWND focus) const noexcept;
     void rescale(int dots_per_inch, const RECT& bounds);
-    [[nodiscard]] RECT centered(const SIZE& size) const noexcept;
     [[nodiscard]] RECT in_pixels(const Place& place) const noexcept;
     void put_in_place(Placed& placed) const noexcept;
     void show_tooltips(HWND control);
@@ -157,7 +157,7 @@ class Window : public std::enable_shared_from_this<Window> {
     void put(const RECT& bounds) const noexcept;
     void take_host_icons();
     [[nodiscard]] SIZE outer_size(double width, double height) const noexcept;
-    [[nodiscard]] SIZE fitted_size(double width, double height) const noexcept;
+    [[nodiscard]] SIZE fitted_size(double width, double height, const RECT& work) const noexcept;
     [[nodiscard]] RECT work_area() const noexcept;
     [[nodiscard]] const Placed* find(int id) const noexcept;
     [[nodiscard]] const Placed* push_button(HWND window) const noexcept;

@@ -50,15 +50,14 @@ void Window::move_to(int left, int top) const noexcept {
 }
 
 /// The outer size for an inner one in twips, limited to the work area.
-SIZE Window::fitted_size(double width, double height) const noexcept {
+SIZE Window::fitted_size(double width, double height, const RECT& work) const noexcept {
     const SIZE wanted = outer_size(width, height);
-    const RECT work = work_area();
     return {std::min(wanted.cx, work.right - work.left),
             std::min(wanted.cy, work.bottom - work.top)};
 }
 
 void Window::resize_inner(double width, double height) {
-    const SIZE size = fitted_size(width, height);
+    const SIZE size = fitted_size(width, height, work_area());
     resize_outer(size.cx, size.cy);
 }
 
@@ -74,8 +73,7 @@ void Window::put(const RECT& bounds) const noexcept {
 }
 
 /// The bounds of a window in the middle of the work area, its top left corner inside.
-RECT Window::centered(const SIZE& size) const noexcept {
-    const RECT work = work_area();
+RECT Window::centered(const SIZE& size, const RECT& work) noexcept {
     const LONG left = std::max((work.left + work.right - size.cx) / 2, work.left);
     const LONG top = std::max((work.top + work.bottom - size.cy) / 2, work.top);
     return {left, top, left + size.cx, top + size.cy};
@@ -83,7 +81,7 @@ RECT Window::centered(const SIZE& size) const noexcept {
 
 void Window::center_on_screen() {
     const RECT now = bounds();
-    const RECT place = centered({now.right - now.left, now.bottom - now.top});
+    const RECT place = centered({now.right - now.left, now.bottom - now.top}, work_area());
     move_to(place.left, place.top);
 }
 
