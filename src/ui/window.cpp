@@ -149,6 +149,7 @@ void Window::show_modal() {
         const HostFloatingPoint host;
         ShowWindow(window, SW_SHOW);
         SetForegroundWindow(window);
+        RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         run_modal_loop(window);
         modal_ = nullptr;
     }
