@@ -44,8 +44,8 @@ void frmFECHA1::create_controls() {
     SendMessageW(field, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(L"dd'/'MM'/'yyyy"));
     begin_with_the_day(field);
     // The button shows its picture only; its text is for screen readers.
-    add({L"BUTTON", L"Aceptar", WS_TABSTOP | BS_DEFPUSHBUTTON | BS_ICON, cmdOK, places.button});
-    set_tooltip(cmdOK, L"Aceptar");
+    add({L"BUTTON", L"Aceptar", WS_TABSTOP | BS_DEFPUSHBUTTON | BS_ICON, cmdOK, places.button, 0,
+         true, L"Aceptar"});
     if (places.scrolls) add_text_box(places.question);
 }
 

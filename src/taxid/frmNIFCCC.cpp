@@ -95,8 +95,7 @@ void frmNIFCCC::create_controls() {
     const auto add_mark = [&](double top, double field_width, int id, const wchar_t* text) {
         add({picture_box_class, text, 0, id,
              beside_field(top, field_left_edge + field_width + mark_gap, mark_size, mark_size), 0,
-             false});
-        set_tooltip(id, text);
+             false, text});
     };
     const auto add_frame = [&](double top, int id, const wchar_t* caption) {
         // Last of its controls in Z order. Transparent, since it paints no background.

@@ -1,7 +1,7 @@
 #include "ui/controls.h"
 
 #include <algorithm>
-#include <vector>
+#include <array>
 
 #include "runtime/failure.h"
 #include "runtime/owned.h"
@@ -32,7 +32,8 @@ struct Procedures {
         void* data;
     };
     WNDPROC own;
-    std::vector<Added> added{};
+    std::size_t count = 0;
+    std::array<Added, 2> added{};  ///< the window's, and that of the control's kind
 };
 
 Procedures* procedures_of(HWND control) noexcept {
@@ -57,7 +58,7 @@ LRESULT call_procedure(Procedures& procedures, std::size_t count, HWND control, 
 LRESULT CALLBACK first_procedure(HWND control, UINT message, WPARAM wparam, LPARAM lparam) {
     Procedures* const procedures = procedures_of(control);
     if (procedures == nullptr) return DefWindowProcW(control, message, wparam, lparam);
-    return call_procedure(*procedures, procedures->added.size(), control, message, wparam, lparam);
+    return call_procedure(*procedures, procedures->count, control, message, wparam, lparam);
 }
 
 constexpr WPARAM control_a = 1;  // the character that Ctrl+A types
@@ -111,15 +112,13 @@ void subclass(HWND control, ControlProcedure procedure, void* data) {
         SetWindowLongPtrW(control, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(procedures));
         SetWindowLongPtrW(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&first_procedure));
     }
-    procedures->added.push_back({procedure, data});
+    procedures->added.at(procedures->count++) = {procedure, data};
 }
 
 void end_subclass(HWND control, ControlProcedure procedure) noexcept {
-    if (Procedures* const procedures = procedures_of(control)) {
-        std::erase_if(procedures->added, [procedure](const Procedures::Added& added) {
-            return added.procedure == procedure;
-        });
-    }
+    Procedures* const procedures = procedures_of(control);
+    if (procedures == nullptr || procedures->count == 0) return;
+    if (procedures->added[procedures->count - 1].procedure == procedure) --procedures->count;
 }
 
 LRESULT pass_on(ControlProcedure procedure, HWND control, UINT message, WPARAM wparam,
@@ -127,7 +126,7 @@ LRESULT pass_on(ControlProcedure procedure, HWND control, UINT message, WPARAM w
     // Missing when the control was destroyed meanwhile.
     Procedures* const procedures = procedures_of(control);
     if (procedures == nullptr) return 0;
-    std::size_t before = procedures->added.size();
+    std::size_t before = procedures->count;
     while (before > 0 && procedures->added[before - 1].procedure != procedure) --before;
     return call_procedure(*procedures, before > 0 ? before - 1 : 0, control, message, wparam,
                           lparam);

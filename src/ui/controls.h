@@ -22,6 +22,7 @@ using ControlProcedure = LRESULT (*)(HWND control, UINT message, WPARAM wparam, 
 /// Unlike the system's subclassing it looks up no property of the window for each message. It takes
 /// the control's user data.
 void subclass(HWND control, ControlProcedure procedure, void* data);
+/// Removes the newest one.
 void end_subclass(HWND control, ControlProcedure procedure) noexcept;
 
 /// Calls the control's next procedure.

@@ -91,7 +91,8 @@ void Window::load() {
         apply_scale();
         ready_ = true;
         form_load();
-        for (const Placed& placed : std::vector(controls_)) {
+        for (std::size_t index = 0; index < controls_.size(); ++index) {
+            const Placed& placed = controls_[index];
             if (placed.window_class == picture_box_class) picture_box_resized(placed.id);
         }
         form_resize();
@@ -106,21 +107,19 @@ void Window::load() {
 /// window has is known only then.
 void Window::create() {
     set_scale(dots_per_inch(GetActiveWindow()));
-    const auto place = [this] {
-        const RECT work = work_area();
-        return centered(fitted_size(design_.inner_width, wanted_height(), work), work);
-    };
-    const RECT expected = place();
+    const RECT work = work_area();
+    const RECT place = centered(fitted_size(design_.inner_width, wanted_height(), work), work);
     if (CreateWindowExW(WS_EX_CONTROLPARENT, design_.window_class, caption().c_str(),
-                        design_.style | WS_CLIPCHILDREN, expected.left, expected.top,
-                        expected.right - expected.left, expected.bottom - expected.top, nullptr,
-                        nullptr, own_module(), this) == nullptr) {
+                        design_.style | WS_CLIPCHILDREN, place.left, place.top,
+                        place.right - place.left, place.bottom - place.top, nullptr, nullptr,
+                        own_module(), this) == nullptr) {
         throw Failure(FailureNumber::out_of_memory);
     }
     const int found = dots_per_inch(handle_);
     if (found == scale_.dots_per_inch()) return;
     set_scale(found);
-    put(place());
+    resize_inner(design_.inner_width, wanted_height());
+    center_on_screen();
 }
 
 void Window::show_modeless() {
@@ -184,8 +183,8 @@ HWND Window::add(const ControlDesign& design, HWND parent) {
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
     const bool is_push_button = std::wcscmp(design.window_class, L"BUTTON") == 0 &&
                                 (design.style & BS_TYPEMASK) <= BS_DEFPUSHBUTTON;
-    controls_.push_back(
-        {window, design.id, design.place, design.window_class, is_push_button, place});
+    controls_.push_back({window, design.id, design.place, design.window_class, is_push_button,
+                         place, design.tooltip});
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
     // The others get neither the focus nor keys nor clicks.
     if ((design.style & WS_TABSTOP) != 0) {
@@ -195,9 +194,10 @@ HWND Window::add(const ControlDesign& design, HWND parent) {
 }
 
 const Window::Placed* Window::find(int id) const noexcept {
-    const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                    [id](const Placed& placed) { return placed.id == id; });
-    return found == controls_.end() ? nullptr : &*found;
+    for (const Placed& placed : controls_) {
+        if (placed.id == id) return &placed;
+    }
+    return nullptr;
 }
 
 HWND Window::control(int id) const noexcept {
@@ -235,40 +235,35 @@ void Window::put_in_place(Placed& placed) const noexcept {
 }
 
 void Window::set_tooltip(int id, const std::wstring& text) {
-    for (Placed& placed : controls_) {
-        if (placed.id != id || placed.tooltip == text) continue;
-        placed.tooltip = text;
-        if (tooltips_ != nullptr) put_tooltip(placed);
-    }
+    if (tooltips_ == nullptr && text.empty()) return;
+    create_tooltips();
+    put_tooltip(id, text.c_str());
 }
 
-/// Creates the tooltips when the mouse first comes to a control that has one. The control must not
-/// have handled that message yet.
-void Window::show_tooltips(HWND control) {
-    const bool is_wanted =
-        std::any_of(controls_.begin(), controls_.end(), [control](const Placed& placed) {
-            return placed.window == control && !placed.tooltip.empty();
-        });
-    if (tooltips_ != nullptr || !is_wanted) return;
+/// Once. They cost as much as several controls: those of the design are created when the mouse
+/// first comes to a control that has one.
+void Window::create_tooltips() {
+    if (tooltips_ != nullptr) return;
     const VisualStyles styles;
     tooltips_ =
         CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
                         WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
                         CW_USEDEFAULT, CW_USEDEFAULT, handle_, nullptr, own_module(), nullptr);
     SendMessageW(tooltips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(6000));
-    for (const Placed& placed : controls_) put_tooltip(placed);
+    for (const Placed& placed : controls_) {
+        if (placed.tooltip != nullptr) put_tooltip(placed.id, placed.tooltip);
+    }
 }
 
-void Window::put_tooltip(const Placed& placed) const noexcept {
+void Window::put_tooltip(int id, const wchar_t* text) const noexcept {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = handle_;
-    tool.uId = reinterpret_cast<UINT_PTR>(placed.window);
-    tool.lpszText = const_cast<wchar_t*>(placed.tooltip.c_str());
+    tool.uId = reinterpret_cast<UINT_PTR>(control(id));
+    tool.lpszText = const_cast<wchar_t*>(text);
     SendMessageW(tooltips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    if (placed.tooltip.empty()) return;
-    SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    if (*text != L'\0') SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void Window::set_scale(int dots_per_inch) {

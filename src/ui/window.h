@@ -67,6 +67,7 @@ class Window : public std::enable_shared_from_this<Window> {
         Place place;
         DWORD extended_style = 0;
         bool is_visible = true;
+        const wchar_t* tooltip = nullptr;
     };
     /// A control in the window or in one of its picture boxes.
     HWND add(const ControlDesign& design, HWND parent = nullptr);
@@ -93,7 +94,7 @@ class Window : public std::enable_shared_from_this<Window> {
     void center_on_screen();
     /// Moves the window into the work area, its top left corner first.
     void keep_on_screen();
-    /// An empty text removes the tooltip.
+    /// Another tooltip than the designed one; an empty text removes it.
     void set_tooltip(int id, const std::wstring& text);
 
     // The events, in the order of a window's life. Each control is best created where it stays:
@@ -132,7 +133,7 @@ class Window : public std::enable_shared_from_this<Window> {
         const wchar_t* window_class;
         bool is_push_button;
         RECT pixels;
-        std::wstring tooltip{};
+        const wchar_t* tooltip;  ///< null: none
     };
 
     [[nodiscard]] static RECT centered(const SIZE& size, const RECT& work) noexcept;
@@ -151,8 +152,8 @@ class Window : public std::enable_shared_from_this<Window> {
     void rescale(int dots_per_inch, const RECT& bounds);
     [[nodiscard]] RECT in_pixels(const Place& place) const noexcept;
     void put_in_place(Placed& placed) const noexcept;
-    void show_tooltips(HWND control);
-    void put_tooltip(const Placed& placed) const noexcept;
+    void create_tooltips();
+    void put_tooltip(int id, const wchar_t* text) const noexcept;
     void set_scale(int dots_per_inch);
     void put(const RECT& bounds) const noexcept;
     void take_host_icons();

@@ -1,8 +1,6 @@
 // A window's events: the messages that reach it, its picture boxes and its controls.
 #include <windows.h>
 
-#include <algorithm>
-
 #include "automation/floating_point.h"
 #include "services/modal_scope.h"
 #include "ui/controls.h"
@@ -50,11 +48,10 @@ void Window::focus_on(int id) const noexcept {
 
 /// Null for other windows.
 const Window::Placed* Window::push_button(HWND window) const noexcept {
-    const auto found =
-        std::find_if(controls_.begin(), controls_.end(), [window](const Placed& placed) {
-            return placed.window == window && placed.is_push_button;
-        });
-    return found == controls_.end() ? nullptr : &*found;
+    for (const Placed& placed : controls_) {
+        if (placed.window == window && placed.is_push_button) return &placed;
+    }
+    return nullptr;
 }
 
 /// The push button with the focus, else the designed default button.
@@ -105,9 +102,12 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
                 return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
             }
             break;
-        case WM_SETCURSOR:
-            show_tooltips(reinterpret_cast<HWND>(wparam));
+        case WM_SETCURSOR: {
+            // Before the control handles the mouse's move.
+            const Placed* const under = find(GetDlgCtrlID(reinterpret_cast<HWND>(wparam)));
+            if (under != nullptr && under->tooltip != nullptr) create_tooltips();
             break;
+        }
         case DM_GETDEFID: {
             const int id = default_button(GetFocus());
             return id != 0 ? MAKELRESULT(id, DC_HASDEFID) : 0;

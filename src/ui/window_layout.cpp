@@ -1,6 +1,5 @@
 // A window's size, its place on the screen, its fields' heights and its icon.
 #include <algorithm>
-#include <utility>
 
 #include "ui/window.h"
 
@@ -107,12 +106,12 @@ void Window::take_host_icons() {
     HWND const active = GetActiveWindow();
     large_icon_ = host_icon(active, true, scale_.dots_per_inch());
     small_icon_ = host_icon(active, false, scale_.dots_per_inch());
-    for (const auto& [kind, icon] :
-         {std::pair(ICON_BIG, large_icon_.get()), std::pair(ICON_SMALL, small_icon_.get())}) {
-        if (icon == nullptr) continue;
-        SendMessageW(handle_, WM_SETICON, static_cast<WPARAM>(kind),
-                     reinterpret_cast<LPARAM>(icon));
-    }
+    const auto give = [this](WPARAM kind, HICON icon) {
+        if (icon != nullptr)
+            SendMessageW(handle_, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
+    };
+    give(ICON_BIG, large_icon_.get());
+    give(ICON_SMALL, small_icon_.get());
 }
 
 }  // namespace kovrel

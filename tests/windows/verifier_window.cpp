@@ -54,9 +54,6 @@ bool clipboard_becomes(const wchar_t* text) {
 }
 
 std::wstring tooltip_of(HWND window, HWND control) {
-    // As when the mouse moves over the control: the window makes its tooltips only then.
-    ask(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(control),
-        MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
     HWND tips = nullptr;
     while ((tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
         if (GetWindow(tips, GW_OWNER) != window) continue;
