@@ -106,10 +106,9 @@ void append_group(std::wstring& result, std::size_t number) {
 /// The value of three characters, which must be digits (failure 13).
 std::size_t value_of(std::wstring_view group) {
     if (!is_digits(group)) throw Failure(FailureNumber::type_mismatch);
-    const auto digit = [group](std::size_t index) {
-        return static_cast<std::size_t>(group[index] - L'0');
-    };
-    return digit(0) * 100 + digit(1) * 10 + digit(2);
+    std::size_t value = 0;
+    for (const wchar_t digit : group) value = value * 10 + static_cast<std::size_t>(digit - L'0');
+    return value;
 }
 
 void append_group(std::wstring& result, std::wstring_view text, const UnitNames& unit,
@@ -118,13 +117,6 @@ void append_whole_number(std::wstring& result, std::wstring_view text, const Uni
                          const WordsContext& context);
 void append_text(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                  const UnitNames& subunit, const WordsContext& context);
-
-bool contains_without_case(std::wstring_view text, std::wstring_view searched) {
-    for (; text.size() >= searched.size(); text.remove_prefix(1)) {
-        if (equal_without_case(text.substr(0, searched.size()), searched)) return true;
-    }
-    return false;
-}
 
 /// Puts the scale word after the group that was appended at `start`. `place` counts the groups
 /// from the right, from 0.
@@ -148,8 +140,7 @@ void append_scale_word(std::wstring& result, std::size_t start, std::size_t plac
     }
 }
 
-/// Appends groups of three digits with their scale words. `append` appends the words of one,
-/// counted from the left.
+/// Appends groups of three digits, each by `append` from the left on, with their scale words.
 template <typename Append>
 void join_groups(std::wstring& result, std::size_t count, const UnitNames& unit,
                  const Append& append) {
@@ -162,9 +153,8 @@ void join_groups(std::wstring& result, std::size_t count, const UnitNames& unit,
     }
     // "mil millones": thousands of a power of a million carry its name only where they come first
     // and no later group carries it.
-    const auto leading_place = count == 0 ? 0 : count - 1;
-    if (leading_place % 2 == 1 && leading_place > 1) {
-        const auto plural = scale[leading_place - 1];
+    if (count % 2 == 0 && count > 2) {
+        const auto plural = scale[count - 2];
         if (!contains_without_case(tail(result, leftmost_end), plural)) {
             result.insert(leftmost_end, plural.substr(1));
         }
@@ -281,19 +271,18 @@ void append_whole_number(std::wstring& result, std::uint64_t number, const UnitN
                          const WordsContext& context) {
     guarded_step(result, context, [&] {
         const auto start = result.size();
-        const auto& name = number == 1 ? unit.one : unit.other;
         if (number < 1000) {
             append_single_group(result, static_cast<std::size_t>(number), unit);
         } else {
             std::array<std::size_t, 7> groups;  // the largest number has 20 digits
             std::size_t first = groups.size();
-            for (; number != 0; number /= 1000) {
-                groups[--first] = static_cast<std::size_t>(number % 1000);
+            for (auto rest = number; rest != 0; rest /= 1000) {
+                groups[--first] = static_cast<std::size_t>(rest % 1000);
             }
             join_groups(result, groups.size() - first, unit,
                         [&](std::size_t index) { append_group(result, groups[first + index]); });
         }
-        append_unit(result, start, name);
+        append_unit(result, start, number == 1 ? unit.one : unit.other);
     });
 }
 

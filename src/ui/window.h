@@ -152,6 +152,7 @@ class Window : public std::enable_shared_from_this<Window> {
     void rescale(int dots_per_inch, const RECT& bounds);
     [[nodiscard]] RECT in_pixels(const Place& place) const noexcept;
     void put_in_place(Placed& placed) const noexcept;
+    void mouse_over(HWND window);
     void create_tooltips();
     void put_tooltip(int id, const wchar_t* text) const noexcept;
     void set_scale(int dots_per_inch);

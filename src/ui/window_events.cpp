@@ -85,6 +85,12 @@ bool Window::pressed(WPARAM key) {
     return true;
 }
 
+/// Before the control handles the mouse's move.
+void Window::mouse_over(HWND window) {
+    const Placed* const placed = find(GetDlgCtrlID(window));
+    if (placed != nullptr && placed->tooltip != nullptr) create_tooltips();
+}
+
 LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case WM_COMMAND:
@@ -102,12 +108,9 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
                 return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
             }
             break;
-        case WM_SETCURSOR: {
-            // Before the control handles the mouse's move.
-            const Placed* const under = find(GetDlgCtrlID(reinterpret_cast<HWND>(wparam)));
-            if (under != nullptr && under->tooltip != nullptr) create_tooltips();
+        case WM_SETCURSOR:
+            mouse_over(reinterpret_cast<HWND>(wparam));
             break;
-        }
         case DM_GETDEFID: {
             const int id = default_button(GetFocus());
             return id != 0 ? MAKELRESULT(id, DC_HASDEFID) : 0;
@@ -122,10 +125,8 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             if (lparam == SW_PARENTCLOSING) return 0;
             break;
         case WM_SETFOCUS:
-            focus_inside();
-            return 0;
         case WM_ACTIVATE:
-            if (LOWORD(wparam) != WA_INACTIVE) focus_inside();
+            if (message == WM_SETFOCUS || LOWORD(wparam) != WA_INACTIVE) focus_inside();
             return 0;
         case WM_CLOSE:
             closing();
