@@ -12,6 +12,7 @@
 #include "automation/safe_array.h"
 #include "library/clsFGen.h"
 #include "tests/support/scripted_object.h"
+#include "tests/support/table.h"
 
 namespace kovrel::bench {
 
@@ -50,7 +51,7 @@ class ComboSink final : public IDispatch {
 };
 
 Variant table_of(std::int32_t rows) {
-    Variant table = new_table(3, rows);
+    Variant table = test::new_table(3, rows);
     const ArrayAccess<VARIANT> access(table.parray);
     std::size_t next = 0;
     for (std::int32_t row = 0; row < rows; ++row) {

@@ -15,10 +15,6 @@ namespace kovrel {
 /// A new array of zero bytes, indexed from 0. bad_alloc past 2 GB, the limit of a SAFEARRAY.
 [[nodiscard]] Variant new_byte_array(std::uint64_t size);
 
-/// A new two-dimensional array of empty values, both indexes from 0. Failure 9 for a negative
-/// number of either.
-[[nodiscard]] Variant new_table(std::int32_t rows, std::int32_t columns);
-
 /// The array in a value, which remains its owner. Failure 94 for a null, 13 for anything but an
 /// array of that element type, 9 for another number of dimensions.
 [[nodiscard]] SAFEARRAY* array_in(const Variant& value, VARTYPE element, UINT dimensions);
@@ -26,6 +22,14 @@ namespace kovrel {
 /// The number of elements of one dimension (from 1 on). An array that is not indexed from 0 has no
 /// element 0: failure 9.
 [[nodiscard]] std::int32_t array_extent(SAFEARRAY* array, UINT dimension);
+
+/// Exchanges the dimensions of a two-dimensional array of VARIANT with their elements, in the
+/// memory that it has: the system takes longer to give fresh memory than this takes to move the
+/// elements. Failure 9 where an index does not begin with 0.
+void exchange_dimensions(SAFEARRAY* table);
+
+/// Removes the elements past an extent of the last dimension. Failure 9 for a negative one.
+void limit_last_dimension(SAFEARRAY* table, std::int32_t extent);
 
 /// Locks an array and gives its elements, the first index varying fastest.
 template <class Element>

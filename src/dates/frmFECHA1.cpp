@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "runtime/failure.h"
-#include "services/clock.h"
 #include "services/guarded.h"
 #include "services/message_box.h"
 #include "ui/controls.h"
@@ -29,73 +28,91 @@ constexpr WORD first_year = 1601;
 }  // namespace
 
 frmFECHA1::frmFECHA1()
-    : Window({window_class, L"Escriba una fecha...", WS_CAPTION, inner_width,
+    : Window({window_class, L"Escriba una fecha...", WS_POPUP | WS_CAPTION, inner_width,
               question.top + question.height + row_height + 2 * margin, cmdOK}) {}
 
 void frmFECHA1::create_controls() {
     register_date_pickers();
+    const Layout places = layout();
     // SS_EDITCONTROL breaks words longer than a line.
-    add({L"STATIC", L"Escriba una fecha...", SS_NOPREFIX | SS_EDITCONTROL, lbl_mensaje, question});
-    add({L"STATIC", L"Fecha:", SS_NOPREFIX | SS_CENTERIMAGE, lbl_fecha, {}});
-    HWND const field = add(
-        {DATETIMEPICK_CLASSW, L"", WS_TABSTOP | DTS_SHOWNONE | DTS_SHORTDATEFORMAT, DTP_FECHA, {}});
+    add({L"STATIC", message_.c_str(), SS_NOPREFIX | SS_EDITCONTROL, lbl_mensaje, places.question, 0,
+         !places.scrolls});
+    add({L"STATIC", L"Fecha:", SS_NOPREFIX | SS_CENTERIMAGE, lbl_fecha, places.label});
+    HWND const field =
+        add({DATETIMEPICK_CLASSW, L"", WS_TABSTOP | DTS_SHOWNONE | DTS_SHORTDATEFORMAT, DTP_FECHA,
+             places.field});
     SendMessageW(field, DTM_SETFORMATW, 0, reinterpret_cast<LPARAM>(L"dd'/'MM'/'yyyy"));
     begin_with_the_day(field);
     // The button shows its picture only; its text is for screen readers.
-    add({L"BUTTON", L"Aceptar", WS_TABSTOP | BS_DEFPUSHBUTTON | BS_ICON, cmdOK, {}});
-    set_tooltip(cmdOK, L"Aceptar");
-    // Replaces the label where the question does not fit on the screen.
-    give_dialog_keys(add({L"EDIT", L"", WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY,
-                          txt_mensaje, question, WS_EX_CLIENTEDGE}));
-    SendMessageW(control(txt_mensaje), EM_SETLIMITTEXT, 0, 0);
-    ShowWindow(control(txt_mensaje), SW_HIDE);
+    add({L"BUTTON", L"Aceptar", WS_TABSTOP | BS_DEFPUSHBUTTON | BS_ICON, cmdOK, places.button, 0,
+         true, L"Aceptar"});
+    if (places.scrolls) add_text_box(places.question);
+}
+
+/// Replaces the label where the question does not fit on the screen.
+void frmFECHA1::add_text_box(const Place& place) {
+    HWND const box = add({L"EDIT", L"", WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY,
+                          txt_mensaje, place, WS_EX_CLIENTEDGE});
+    give_dialog_keys(box);
+    SendMessageW(box, EM_SETLIMITTEXT, 0, 0);
+    SetWindowTextW(box, text_box_lines(message_).c_str());
 }
 
 void frmFECHA1::apply_scale() {
     Icon picture = make_icon(Sign::accept, scale().pixels(picture_size));
     SendMessageW(control(cmdOK), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(picture.get()));
     picture_ = std::move(picture);
-    lay_out();
 }
 
 void frmFECHA1::form_load() {
     chosen = Date{};
-    set_value(Date{static_cast<double>(today())});
+    show_proposed();
 }
 
 double frmFECHA1::question_height() const {
-    HWND const label = control(lbl_mensaje);
-    const std::wstring text = text_of(label);
     RECT bounds{0, 0, scale().pixels(question.width), 0};
-    const WindowContext context(label);
+    const WindowContext context(handle());
     const Selected with_font(context.get(), font());
-    DrawTextW(context.get(), text.c_str(), -1, &bounds,
+    DrawTextW(context.get(), message_.c_str(), -1, &bounds,
               DT_CALCRECT | DT_WORDBREAK | DT_EDITCONTROL | DT_EXPANDTABS | DT_NOPREFIX);
     return std::max<double>(scale().twips(bounds.bottom), question.height);
 }
 
-void frmFECHA1::lay_out() {
+frmFECHA1::Layout frmFECHA1::layout() const {
     constexpr double rest = question.top + margin + row_height + margin;
-    Place message = question;
-    message.height = question_height();
-    const double room = std::max(tallest_inner() - rest, question.height);
-    const bool scrolls = message.height > room;
-    message.height = std::min(message.height, room);
-    move(lbl_mensaje, message);
-    move(txt_mensaje, message);
-    ShowWindow(control(lbl_mensaje), scrolls ? SW_HIDE : SW_SHOWNA);
-    ShowWindow(control(txt_mensaje), scrolls ? SW_SHOWNA : SW_HIDE);
-    const double row = message.top + message.height + margin;
+    Layout places{question};
+    const double wanted = question_height();
+    if (wanted > question.height) {
+        const double room = std::max(tallest_inner() - rest, question.height);
+        places.scrolls = wanted > room;
+        places.question.height = std::min(wanted, room);
+    }
+    const double row = question.top + places.question.height + margin;
     const double field_top = row + (row_height - field_height) / 2;
-    move(lbl_fecha, {margin, field_top, date_label_width, field_height});
-    move_field(DTP_FECHA, {margin + date_label_width, field_top, date_width, field_height});
-    move(cmdOK, {inner_width - margin - button_width, row, button_width, row_height});
-    resize_inner(inner_width, row + row_height + margin);
+    places.label = {margin, field_top, date_label_width, field_height};
+    places.field = field_place({margin + date_label_width, field_top, date_width, field_height});
+    places.button = {inner_width - margin - button_width, row, button_width, row_height};
+    places.inner_height = row + row_height + margin;
+    return places;
+}
+
+void frmFECHA1::lay_out() {
+    const Layout places = layout();
+    if (places.scrolls && control(txt_mensaje) == nullptr) add_text_box(places.question);
+    move(lbl_mensaje, places.question);
+    move(txt_mensaje, places.question);
+    ShowWindow(control(lbl_mensaje), places.scrolls ? SW_HIDE : SW_SHOWNA);
+    ShowWindow(control(txt_mensaje), places.scrolls ? SW_SHOWNA : SW_HIDE);
+    move(lbl_fecha, places.label);
+    move(DTP_FECHA, places.field);
+    move(cmdOK, places.button);
+    resize_inner(inner_width, places.inner_height);
     keep_on_screen();
 }
 
 void frmFECHA1::set_message(const std::wstring& message) {
-    load();
+    message_ = message;
+    if (!loaded()) return;
     SetWindowTextW(control(lbl_mensaje), message.c_str());
     SetWindowTextW(control(txt_mensaje), text_box_lines(message).c_str());
     lay_out();
@@ -103,11 +120,17 @@ void frmFECHA1::set_message(const std::wstring& message) {
 }
 
 void frmFECHA1::set_value(Date value) {
-    load();
     SYSTEMTIME shown{};
-    if (VariantTimeToSystemTime(value.days, &shown) == FALSE || shown.wYear < first_year ||
-        SendMessageW(control(DTP_FECHA), DTM_SETSYSTEMTIME, GDT_VALID,
-                     reinterpret_cast<LPARAM>(&shown)) == 0) {
+    if (VariantTimeToSystemTime(value.days, &shown) == FALSE || shown.wYear < first_year) {
+        throw Failure(FailureNumber::invalid_argument);
+    }
+    proposed_ = shown;
+    if (loaded()) show_proposed();
+}
+
+void frmFECHA1::show_proposed() {
+    if (SendMessageW(control(DTP_FECHA), DTM_SETSYSTEMTIME, GDT_VALID,
+                     reinterpret_cast<LPARAM>(&proposed_)) == 0) {
         throw Failure(FailureNumber::invalid_argument);
     }
 }

@@ -23,10 +23,10 @@ class frmFECHA1 final : public Window {
         return SharedWindow<frmFECHA1>::get();
     }
 
-    /// The question; the window grows with it up to the screen's height, then it scrolls. Loads the
-    /// window.
+    /// The question; the window grows with it up to the screen's height, then it scrolls.
     void set_message(const std::wstring& message);
-    /// Loads the window. Failure 5 for dates that the field cannot show: it begins with 1601.
+    /// Set before the window is shown. Failure 5 for dates that the field cannot show: it begins
+    /// with 1601.
     void set_value(Date value);
     /// Absent while the date field is empty.
     [[nodiscard]] std::optional<Date> value() const;
@@ -36,15 +36,31 @@ class frmFECHA1 final : public Window {
     Date chosen;  ///< 0, which stands for no date, until the user has confirmed one
 
  private:
+    /// In twips.
+    struct Layout {
+        Place question;
+        bool scrolls = false;  ///< the question, in a text box instead of the label
+        Place label{};
+        Place field{};
+        Place button{};
+        double inner_height = 0;
+    };
+
+    [[nodiscard]] double wanted_height() override { return layout().inner_height; }
     void create_controls() override;
     void apply_scale() override;
+    void lay_out() override;
     void form_load() override;
     void clicked(int id) override;
     void closing() override {}
 
     [[nodiscard]] double question_height() const;
-    void lay_out();
+    [[nodiscard]] Layout layout() const;
+    void add_text_box(const Place& place);
+    void show_proposed();
 
+    std::wstring message_;
+    SYSTEMTIME proposed_{};
     Icon picture_;
 };
 

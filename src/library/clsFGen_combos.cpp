@@ -1,6 +1,5 @@
 // clsFGen: combo boxes filled from recordsets.
 #include <algorithm>
-#include <utility>
 
 #include "automation/safe_array.h"
 #include "library/clsFGen.h"
@@ -8,32 +7,6 @@
 #include "services/guarded.h"
 
 namespace kovrel {
-namespace {
-
-/// Transposes a fetched array (fields first, rows second). Its cells are moved, since nobody else
-/// uses it.
-Variant rows_first(Variant fetched, std::int32_t columns) {
-    SAFEARRAY* source = array_in(fetched, VT_VARIANT, 2);
-    const std::int32_t fields = array_extent(source, 1);
-    const std::int32_t rows = array_extent(source, 2);
-    Variant table = new_table(rows, columns);
-    const ArrayAccess<VARIANT> from(source);
-    const ArrayAccess<VARIANT> to(table.parray);
-    const auto fetched_cells = from.elements();
-    const auto cells = to.elements();
-    const auto field_count = static_cast<std::size_t>(fields);
-    const auto row_count = static_cast<std::size_t>(rows);
-    const auto column_count = static_cast<std::size_t>(columns);
-    for (std::size_t row = 0; row < row_count; ++row) {
-        for (std::size_t column = 0; column < column_count; ++column) {
-            std::swap(fetched_cells[row * field_count + column], cells[column * row_count + row]);
-        }
-    }
-    return table;
-}
-
-}  // namespace
-
 bool clsFGen::cargaComboMSFormsDeRecordset(const ComPtr<IDispatch>& cmbCombo,
                                            const ComPtr<IDispatch>& rsRecordset,
                                            std::int16_t intNumCampos) {
@@ -51,12 +24,17 @@ bool clsFGen::cargaComboMSFormsDeRecordset(const ComPtr<IDispatch>& cmbCombo,
             records.call(L"MoveFirst");
             constexpr std::int32_t all_rows = -1;
             Variant fetched = records.get(L"GetRows", {Variant(all_rows)});
-            std::int32_t columns = array_extent(array_in(fetched, VT_VARIANT, 2), 1);
-            if (intNumCampos != 0) columns = std::min<std::int32_t>(columns, intNumCampos);
+            SAFEARRAY* const table = array_in(fetched, VT_VARIANT, 2);
+            const std::int32_t fields = array_extent(table, 1);
+            const std::int32_t columns =
+                intNumCampos != 0 ? std::min<std::int32_t>(fields, intNumCampos) : fields;
             if (combo.get(L"ColumnCount").to_double() != columns) {
                 combo.put(L"ColumnCount", Variant(columns));
             }
-            combo.put(L"List", rows_first(std::move(fetched), columns));
+            // Fetched with the fields first and the rows second.
+            exchange_dimensions(table);
+            if (columns != fields) limit_last_dimension(table, columns);
+            combo.put(L"List", fetched);
             loaded = true;
             records.put(L"Bookmark", bookmark);
         });

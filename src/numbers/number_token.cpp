@@ -10,7 +10,10 @@
 namespace kovrel {
 
 bool is_digits(std::wstring_view text) noexcept {
-    return std::all_of(text.begin(), text.end(), is_digit);
+    for (const wchar_t character : text) {
+        if (!is_digit(character)) return false;
+    }
+    return true;
 }
 
 std::wstring_view without_leading_zeros(std::wstring_view digits) noexcept {

@@ -90,14 +90,10 @@ class GroupedDigits {
     std::wstring_view text_;
 };
 
-/// Appends the words of three characters, which must be digits (failure 13).
-void append_three_digits(std::wstring& result, std::wstring_view group) {
-    if (!is_digits(group)) throw Failure(FailureNumber::type_mismatch);
-    const auto digit = [group](std::size_t index) {
-        return static_cast<std::size_t>(group[index] - L'0');
-    };
-    const auto hundred = digit(0);
-    const auto rest = digit(1) * 10 + digit(2);
+/// Appends the words of a number below a thousand.
+void append_group(std::wstring& result, std::size_t number) {
+    const auto hundred = number / 100;
+    const auto rest = number % 100;
     if (rest == 0) {
         result += hundred == 1 ? L"cien"sv : hundreds[hundred];
         return;
@@ -107,19 +103,20 @@ void append_three_digits(std::wstring& result, std::wstring_view group) {
     result.append(words.data(), end);
 }
 
+/// The value of three characters, which must be digits (failure 13).
+std::size_t value_of(std::wstring_view group) {
+    if (!is_digits(group)) throw Failure(FailureNumber::type_mismatch);
+    std::size_t value = 0;
+    for (const wchar_t digit : group) value = value * 10 + static_cast<std::size_t>(digit - L'0');
+    return value;
+}
+
 void append_group(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                   const WordsContext& context);
 void append_whole_number(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                          const WordsContext& context);
 void append_text(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                  const UnitNames& subunit, const WordsContext& context);
-
-bool contains_without_case(std::wstring_view text, std::wstring_view searched) {
-    return std::search(text.begin(), text.end(), searched.begin(), searched.end(),
-                       [](wchar_t left, wchar_t right) {
-                           return to_upper(left) == to_upper(right);
-                       }) != text.end();
-}
 
 /// Puts the scale word after the group that was appended at `start`. `place` counts the groups
 /// from the right, from 0.
@@ -143,13 +140,34 @@ void append_scale_word(std::wstring& result, std::size_t start, std::size_t plac
     }
 }
 
+/// Appends groups of three digits, each by `append` from the left on, with their scale words.
+template <typename Append>
+void join_groups(std::wstring& result, std::size_t count, const UnitNames& unit,
+                 const Append& append) {
+    std::size_t leftmost_end = result.size();
+    for (std::size_t index = 0; index < count; ++index) {
+        const auto start = result.size();
+        append(index);
+        append_scale_word(result, start, count - 1 - index, unit);
+        if (index == 0) leftmost_end = result.size();
+    }
+    // "mil millones": thousands of a power of a million carry its name only where they come first
+    // and no later group carries it.
+    if (count % 2 == 0 && count > 2) {
+        const auto plural = scale[count - 2];
+        if (!contains_without_case(tail(result, leftmost_end), plural)) {
+            result.insert(leftmost_end, plural.substr(1));
+        }
+    }
+}
+
 /// Appends the words of several groups of three digits; false, and "?" alone, where the scale has
 /// no word for one.
 bool append_groups(std::wstring& result, std::wstring_view digits, const UnitNames& unit,
                    const WordsContext& context) {
     const auto start = result.size();
-    auto place = digits.size() / 3;
-    if (place > scale.size()) {
+    const auto count = digits.size() / 3;
+    if (count > scale.size()) {
         // Failures in the groups before the first nameless one are still reported.
         const auto told = (scale.size() + 1) * 3;
         for (auto rest = digits.substr(digits.size() - told); !rest.empty();
@@ -160,23 +178,9 @@ bool append_groups(std::wstring& result, std::wstring_view digits, const UnitNam
         result.push_back(L'?');
         return false;
     }
-    std::size_t leftmost_end = start;
-    for (std::size_t index = 0; index < digits.size(); index += 3) {
-        --place;
-        const auto group_start = result.size();
-        append_group(result, digits.substr(index, 3), {}, context);
-        append_scale_word(result, group_start, place, unit);
-        if (index == 0) leftmost_end = result.size();
-    }
-    // "mil millones": thousands of a power of a million carry its name only where they come first
-    // and no later group carries it.
-    const auto leading_place = digits.empty() ? 0 : digits.size() / 3 - 1;
-    if (leading_place % 2 == 1 && leading_place > 1) {
-        const auto plural = scale[leading_place - 1];
-        if (!contains_without_case(tail(result, leftmost_end), plural)) {
-            result.insert(leftmost_end, plural.substr(1));
-        }
-    }
+    join_groups(result, count, unit, [&](std::size_t index) {
+        append_group(result, digits.substr(index * 3, 3), {}, context);
+    });
     return true;
 }
 
@@ -230,20 +234,19 @@ void append_text(std::wstring& result, std::wstring_view text, const UnitNames& 
     });
 }
 
-/// Appends the words of digits in groups of three, with their unit.
-void append_digits(std::wstring& result, std::wstring_view digits, const UnitNames& unit,
-                   const WordsContext& context) {
+/// Appends the words of a single group, which looks at the singular name alone: several groups look
+/// at both names.
+void append_single_group(std::wstring& result, std::size_t number, const UnitNames& unit) {
     const auto start = result.size();
-    if (digits.size() == 3) {
-        append_three_digits(result, digits);
-        if (result.size() == start) result += L"cero"sv;
-        // A single group looks at the singular name alone, several groups at both names.
-        if (unit.one.empty() && tail(result, start).ends_with(L"un"sv)) result.push_back(L'o');
-    } else if (!append_groups(result, digits, unit, context)) {
-        return;
-    }
+    append_group(result, number);
+    if (number == 0) result += L"cero"sv;
+    if (unit.one.empty() && tail(result, start).ends_with(L"un"sv)) result.push_back(L'o');
+}
+
+/// Appends the name of the unit to the words that begin at `start`.
+void append_unit(std::wstring& result, std::size_t start, std::wstring_view name) {
     result.push_back(L' ');
-    result += digits == L"001"sv ? unit.one : unit.other;
+    result += name;
     trim_from(result, start);
 }
 
@@ -251,8 +254,15 @@ void append_digits(std::wstring& result, std::wstring_view digits, const UnitNam
 void append_whole_number(std::wstring& result, std::wstring_view text, const UnitNames& unit,
                          const WordsContext& context) {
     guarded_step(result, context, [&] {
+        const auto start = result.size();
         const GroupedDigits grouped(text, context.regional);
-        append_digits(result, grouped.text(), unit, context);
+        const auto digits = grouped.text();
+        if (digits.size() == 3) {
+            append_single_group(result, value_of(digits), unit);
+        } else if (!append_groups(result, digits, unit, context)) {
+            return;
+        }
+        append_unit(result, start, digits == L"001"sv ? unit.one : unit.other);
     });
 }
 
@@ -260,16 +270,19 @@ void append_whole_number(std::wstring& result, std::wstring_view text, const Uni
 void append_whole_number(std::wstring& result, std::uint64_t number, const UnitNames& unit,
                          const WordsContext& context) {
     guarded_step(result, context, [&] {
-        std::array<wchar_t, 21> digits;  // the largest number has 20
-        std::size_t first = digits.size();
-        do {
-            for (int place = 0; place < 3; ++place) {
-                digits[--first] = static_cast<wchar_t>(L'0' + number % 10);
-                number /= 10;
+        const auto start = result.size();
+        if (number < 1000) {
+            append_single_group(result, static_cast<std::size_t>(number), unit);
+        } else {
+            std::array<std::size_t, 7> groups;  // the largest number has 20 digits
+            std::size_t first = groups.size();
+            for (auto rest = number; rest != 0; rest /= 1000) {
+                groups[--first] = static_cast<std::size_t>(rest % 1000);
             }
-        } while (number != 0);
-        append_digits(result, std::wstring_view(digits.data(), digits.size()).substr(first), unit,
-                      context);
+            join_groups(result, groups.size() - first, unit,
+                        [&](std::size_t index) { append_group(result, groups[first + index]); });
+        }
+        append_unit(result, start, number == 1 ? unit.one : unit.other);
     });
 }
 
@@ -278,10 +291,10 @@ void append_group(std::wstring& result, std::wstring_view text, const UnitNames&
                   const WordsContext& context) {
     guarded_step(result, context, [&] {
         const auto start = result.size();
-        if (text.size() == 3 && is_digits(text)) return append_three_digits(result, text);
+        if (text.size() == 3 && is_digits(text)) return append_group(result, value_of(text));
         const GroupedDigits grouped(text, context.regional);
         const auto digits = grouped.text();
-        if (digits.size() == 3) return append_three_digits(result, digits);
+        if (digits.size() == 3) return append_group(result, value_of(digits));
         append_groups(result, digits, unit, context);
         trim_from(result, start);
     });

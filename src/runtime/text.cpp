@@ -63,6 +63,14 @@ bool equal_without_case(std::wstring_view left, std::wstring_view right) noexcep
                       [](wchar_t a, wchar_t b) { return to_upper(a) == to_upper(b); });
 }
 
+bool contains_without_case(std::wstring_view text, std::wstring_view searched) noexcept {
+    while (text.size() > searched.size() &&
+           !equal_without_case(text.substr(0, searched.size()), searched)) {
+        text.remove_prefix(1);
+    }
+    return equal_without_case(text.substr(0, searched.size()), searched);
+}
+
 std::vector<std::wstring_view> split(std::wstring_view text, wchar_t separator) {
     std::vector<std::wstring_view> pieces;
     if (text.empty()) return pieces;

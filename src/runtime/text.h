@@ -41,6 +41,10 @@ void make_upper(std::wstring& text) noexcept;
 /// True when the two texts differ at most in the case of their letters (see to_upper).
 [[nodiscard]] bool equal_without_case(std::wstring_view left, std::wstring_view right) noexcept;
 
+/// Whether a text contains another, or one that differs at most in the case of its letters.
+[[nodiscard]] bool contains_without_case(std::wstring_view text,
+                                         std::wstring_view searched) noexcept;
+
 /// The pieces between separators; consecutive separators give empty pieces, an empty text none.
 [[nodiscard]] std::vector<std::wstring_view> split(std::wstring_view text, wchar_t separator);
 

@@ -56,15 +56,20 @@ void mark_modeless(HWND window, bool modeless) noexcept {
 }
 
 ModalScope::ModalScope(HWND window)
-    : outer_(innermost.get()), active_(GetActiveWindow()), focus_(GetFocus()), window_(window) {
+    : outer_(innermost.get()),
+      active_(GetActiveWindow()),
+      focus_(GetFocus()),
+      is_told_(true),
+      window_(window) {
     if (!note_others(window)) throw std::bad_alloc();
     begin();
 }
 
 ModalScope::ModalScope(NextDialog dialog) noexcept
-    : outer_(innermost.get()), active_(GetActiveWindow()), focus_(GetFocus()) {
+    : outer_(innermost.get()), active_(GetActiveWindow()), focus_(GetFocus()), is_told_(false) {
     // Out of memory the dialog is shown all the same.
     (void)note_others(GetAncestor(dialog.owner, GA_ROOT));
+    watch_sent_messages();
     begin();
 }
 
@@ -72,7 +77,13 @@ ModalScope::~ModalScope() {
     release();
     give_back();
     innermost.set(outer_);
-    if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
+    if (hook_ != nullptr) {
+        if (outer_ != nullptr) {
+            outer_->hook_ = hook_;
+        } else {
+            UnhookWindowsHookEx(hook_);
+        }
+    }
     restore_focus();
 }
 
@@ -92,12 +103,16 @@ bool ModalScope::note_others(HWND spared) noexcept {
 
 void ModalScope::begin() noexcept {
     innermost.set(this);
-    if (outer_ == nullptr) {
-        hook_ = SetWindowsHookExW(WH_CALLWNDPROC, &ModalScope::sent_hook, nullptr,
-                                  GetCurrentThreadId());
-    }
     const HostFloatingPoint host;
     for (HWND const other : disabled_) EnableWindow(other, FALSE);
+}
+
+void ModalScope::watch_sent_messages() noexcept {
+    for (const ModalScope* scope = this; scope != nullptr; scope = scope->outer_) {
+        if (scope->hook_ != nullptr) return;
+    }
+    hook_ =
+        SetWindowsHookExW(WH_CALLWNDPROC, &ModalScope::sent_hook, nullptr, GetCurrentThreadId());
 }
 
 void ModalScope::release() noexcept {
@@ -152,25 +167,36 @@ void ModalScope::window_destroyed(HWND window) noexcept {
 LRESULT CALLBACK ModalScope::sent_hook(int code, WPARAM wparam, LPARAM lparam) {
     ModalScope* const scope = innermost.get();
     if (code == HC_ACTION && scope != nullptr) {
-        scope->sent(*reinterpret_cast<const CWPSTRUCT*>(lparam));
+        const auto& call = *reinterpret_cast<const CWPSTRUCT*>(lparam);
+        if (call.hwnd != scope->window_) {
+            scope->sent_to_other(call.hwnd, call.message, call.lParam);
+        } else if (!scope->is_told_) {
+            scope->sent(call.message, call.wParam, call.lParam);
+        }
     }
     return CallNextHookEx(nullptr, code, wparam, lparam);
 }
 
-void ModalScope::sent(const CWPSTRUCT& call) noexcept {
-    if (call.message == WM_SHOWWINDOW && call.hwnd == window_) {
+void ModalScope::tell(UINT message, WPARAM wparam, LPARAM lparam) noexcept {
+    if (innermost.get() == this) sent(message, wparam, lparam);
+}
+
+void ModalScope::sent_to_other(HWND window, UINT message, LPARAM lparam) noexcept {
+    if (message != WM_WINDOWPOSCHANGED) return;
+    const UINT change = reinterpret_cast<const WINDOWPOS*>(lparam)->flags;
+    if ((change & SWP_NOZORDER) == 0 && keeps_waiting(window)) call_forward();
+}
+
+void ModalScope::sent(UINT message, WPARAM wparam, LPARAM lparam) noexcept {
+    if (message == WM_SHOWWINDOW) {
         // A box is hidden and shown again with its owner.
-        if (call.lParam == SW_PARENTCLOSING || call.wParam != FALSE) {
-            hidden_with_owner_ = call.wParam == FALSE;
-        }
+        if (lparam == SW_PARENTCLOSING || wparam != FALSE) hidden_with_owner_ = wparam == FALSE;
         return;
     }
-    if (call.message != WM_WINDOWPOSCHANGING && call.message != WM_WINDOWPOSCHANGED) return;
-    const UINT change = reinterpret_cast<const WINDOWPOS*>(call.lParam)->flags;
-    const bool is_done = call.message == WM_WINDOWPOSCHANGED;
-    if (call.hwnd != window_) {
-        if (is_done && (change & SWP_NOZORDER) == 0 && keeps_waiting(call.hwnd)) call_forward();
-    } else if (is_done && (change & SWP_SHOWWINDOW) != 0) {
+    if (message != WM_WINDOWPOSCHANGING && message != WM_WINDOWPOSCHANGED) return;
+    const UINT change = reinterpret_cast<const WINDOWPOS*>(lparam)->flags;
+    const bool is_done = message == WM_WINDOWPOSCHANGED;
+    if (is_done && (change & SWP_SHOWWINDOW) != 0) {
         was_shown_ = true;
         call_forward();
     } else if (!is_done && (change & SWP_HIDEWINDOW) != 0 && !hidden_with_owner_) {
@@ -186,8 +212,9 @@ void ModalScope::call_forward() const noexcept {
 
 void CALLBACK ModalScope::on_timer(HWND window, UINT /*message*/, UINT_PTR id, DWORD /*time*/) {
     KillTimer(window, id);
-    const ModalScope* const scope = innermost.get();
+    ModalScope* const scope = innermost.get();
     if (scope == nullptr || scope->released_) return;
+    scope->watch_sent_messages();
     scope->raise();
     if (scope->keeps_waiting(GetActiveWindow())) SetActiveWindow(scope->window_);
 }

@@ -24,7 +24,8 @@ void mark_modeless(HWND window, bool modeless) noexcept;
 /// scopes end in reverse order.
 class ModalScope final : private ThreadWatch {
  public:
-    /// For an existing window. bad_alloc when the others cannot be recorded.
+    /// For an existing window, whose procedure calls `tell`. bad_alloc when the others cannot be
+    /// recorded.
     explicit ModalScope(HWND window);
     /// For the next dialog that the system creates. It disables and enables its owner itself.
     struct NextDialog {
@@ -35,6 +36,8 @@ class ModalScope final : private ThreadWatch {
     ModalScope& operator=(const ModalScope&) = delete;
     ~ModalScope();
 
+    /// Takes each message of the window before the window handles it.
+    void tell(UINT message, WPARAM wparam, LPARAM lparam) noexcept;
     /// Enables the windows again, or leaves that to an inner scope that has not been released yet.
     void release() noexcept;
     [[nodiscard]] bool was_shown() const noexcept { return was_shown_; }
@@ -49,7 +52,11 @@ class ModalScope final : private ThreadWatch {
 
     [[nodiscard]] bool note_others(HWND spared) noexcept;
     void begin() noexcept;
-    void sent(const CWPSTRUCT& call) noexcept;
+    /// With a hook, which makes each message that is sent in the thread slower: not while a window
+    /// of the library opens. What was raised meanwhile is noticed once the window is painted.
+    void watch_sent_messages() noexcept;
+    void sent(UINT message, WPARAM wparam, LPARAM lparam) noexcept;
+    void sent_to_other(HWND window, UINT message, LPARAM lparam) noexcept;
     [[nodiscard]] bool keeps_waiting(HWND window) const noexcept;
     void call_forward() const noexcept;
     void raise() const noexcept;
@@ -59,9 +66,10 @@ class ModalScope final : private ThreadWatch {
     ModalScope* const outer_;
     HWND const active_;
     HWND const focus_;
+    const bool is_told_;
     HWND window_ = nullptr;
     std::vector<HWND> disabled_;
-    HHOOK hook_ = nullptr;
+    HHOOK hook_ = nullptr;  ///< held by one of the nested scopes
     bool released_ = false;
     bool was_shown_ = false;
     bool hidden_with_owner_ = false;

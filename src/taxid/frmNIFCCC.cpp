@@ -45,7 +45,8 @@ Place beside_field(double frame_top, double left, double width, double height) {
 }  // namespace
 
 frmNIFCCC::frmNIFCCC()
-    : Window({window_class, title, WS_CAPTION | WS_SYSMENU, inner_width, inner_height, cmdOK}),
+    : Window({window_class, title, WS_POPUP | WS_CAPTION | WS_SYSMENU, inner_width, inner_height,
+              cmdOK}),
       tax_id_{MkNIF,
               img_nifok,
               img_nifno,
@@ -89,14 +90,12 @@ void frmNIFCCC::create_controls() {
                              double width) {
         add({L"STATIC", caption, SS_CENTERIMAGE, label,
              beside_field(top, label_left, label_width, field_height)});
-        return add({L"EDIT", L"", edit, masked,
-                    beside_field(top, field_left_edge, width, field_height), WS_EX_CLIENTEDGE});
+        return add({L"EDIT", L"", edit, masked, edit_place(top, width), WS_EX_CLIENTEDGE});
     };
     const auto add_mark = [&](double top, double field_width, int id, const wchar_t* text) {
         add({picture_box_class, text, 0, id,
-             beside_field(top, field_left_edge + field_width + mark_gap, mark_size, mark_size)});
-        ShowWindow(control(id), SW_HIDE);
-        set_tooltip(id, text);
+             beside_field(top, field_left_edge + field_width + mark_gap, mark_size, mark_size), 0,
+             false, text});
     };
     const auto add_frame = [&](double top, int id, const wchar_t* caption) {
         // Last of its controls in Z order. Transparent, since it paints no background.
@@ -123,28 +122,32 @@ void frmNIFCCC::create_controls() {
          beside_field(second_frame, button_left, button_width, button_height)});
     add_frame(second_frame, frameCCC, L"Código de Cuenta Bancaria");
 
-    add({L"BUTTON", L"C&errar", button, cmdOK, close_place});
+    add({L"BUTTON", L"C&errar", WS_TABSTOP | BS_DEFPUSHBUTTON, cmdOK, close_place});
+}
+
+Place frmNIFCCC::edit_place(double frame_top, double width) const noexcept {
+    return field_place(beside_field(frame_top, field_left_edge, width, field_height));
+}
+
+void frmNIFCCC::lay_out() {
+    move(MkNIF, edit_place(first_frame, tax_id_width));
+    move(MkCCC, edit_place(second_frame, account_width));
+    InvalidateRect(handle(), nullptr, TRUE);
 }
 
 void frmNIFCCC::apply_scale() {
-    accepted_ = make_icon(Sign::accepted, scale().pixels(mark_size));
-    refused_ = make_icon(Sign::rejected, scale().pixels(mark_size));
+    accepted_.reset();
+    refused_.reset();
     heading_ = make_icon(Sign::papers, scale().pixels(heading_picture));
     LOGFONTW bold = system_font(scale().dots_per_inch());
     bold.lfWeight = FW_BOLD;
     heading_font_ = make_font(bold);
     SendMessageW(control(Label), WM_SETFONT, reinterpret_cast<WPARAM>(heading_font_.get()), TRUE);
-    move_field(MkNIF, beside_field(first_frame, field_left_edge, tax_id_width, field_height));
-    move_field(MkCCC, beside_field(second_frame, field_left_edge, account_width, field_height));
-    InvalidateRect(handle(), nullptr, TRUE);
 }
 
 void frmNIFCCC::form_load() {
-    guarded({L") en procedimiento Form_Load del Formulario frmNIFCCC."}, [&] {
-        account_.edit->set_text(L"");
-        tax_id_.edit->set_text(L"");
-        checks()->set_title(caption());
-    });
+    guarded({L") en procedimiento Form_Load del Formulario frmNIFCCC."},
+            [&] { checks()->set_title(caption()); });
 }
 
 std::shared_ptr<VerifierChecks> frmNIFCCC::checks() {
@@ -169,8 +172,12 @@ void frmNIFCCC::paint_picture_box(int id, HDC context, const RECT& bounds) {
         FillRect(context, &line, GetSysColorBrush(COLOR_BTNSHADOW));
     } else {
         const bool is_accepted = id == img_nifok || id == img_cccok;
-        DrawIconEx(context, 0, 0, is_accepted ? accepted_.get() : refused_.get(), bounds.right,
-                   bounds.bottom, 0, nullptr, DI_NORMAL);
+        Icon& mark = is_accepted ? accepted_ : refused_;
+        if (!mark) {
+            mark =
+                make_icon(is_accepted ? Sign::accepted : Sign::rejected, scale().pixels(mark_size));
+        }
+        DrawIconEx(context, 0, 0, mark.get(), bounds.right, bounds.bottom, 0, nullptr, DI_NORMAL);
     }
 }
 

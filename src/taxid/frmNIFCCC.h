@@ -71,6 +71,7 @@ class frmNIFCCC final : public Window {
 
     void create_controls() override;
     void apply_scale() override;
+    void lay_out() override;
     void form_load() override;
     void paint_picture_box(int id, HDC context, const RECT& bounds) override;
     void clicked(int id) override;
@@ -81,6 +82,7 @@ class frmNIFCCC final : public Window {
     void posted(UINT message, int value) override;
     void form_unload() override;
 
+    [[nodiscard]] Place edit_place(double frame_top, double width) const noexcept;
     [[nodiscard]] std::shared_ptr<VerifierChecks> checks();
     /// Null for other controls, and while the window is not loaded.
     [[nodiscard]] Field* field(int id) noexcept;
@@ -102,7 +104,7 @@ class frmNIFCCC final : public Window {
     Field account_;
     const Field* left_field_ = nullptr;  ///< left and not checked yet; null: none
     bool returning_ = false;             ///< the focus is being put back into a field
-    Icon accepted_;
+    Icon accepted_;                      ///< made when it is first painted, as the next
     Icon refused_;
     Icon heading_;
     Font heading_font_;

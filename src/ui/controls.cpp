@@ -1,6 +1,7 @@
 #include "ui/controls.h"
 
 #include <algorithm>
+#include <array>
 
 #include "runtime/failure.h"
 #include "runtime/owned.h"
@@ -17,12 +18,6 @@ Function* common_control_function(const char* name) {
 struct CommonControls {
     decltype(&InitCommonControlsEx) register_classes =
         common_control_function<decltype(InitCommonControlsEx)>("InitCommonControlsEx");
-    decltype(&SetWindowSubclass) subclass =
-        common_control_function<decltype(SetWindowSubclass)>("SetWindowSubclass");
-    decltype(&RemoveWindowSubclass) end_subclass =
-        common_control_function<decltype(RemoveWindowSubclass)>("RemoveWindowSubclass");
-    decltype(&DefSubclassProc) next_procedure =
-        common_control_function<decltype(DefSubclassProc)>("DefSubclassProc");
 };
 
 const CommonControls& common_controls() {
@@ -30,16 +25,50 @@ const CommonControls& common_controls() {
     return loaded;
 }
 
-constexpr UINT_PTR subclass_id = 2;
+/// A control's procedures, the newest last. The control's user data points to it.
+struct Procedures {
+    struct Added {
+        ControlProcedure procedure;
+        void* data;
+    };
+    WNDPROC own;
+    std::size_t count = 0;
+    std::array<Added, 2> added{};  ///< the window's, and that of the control's kind
+};
+
+Procedures* procedures_of(HWND control) noexcept {
+    return reinterpret_cast<Procedures*>(GetWindowLongPtrW(control, GWLP_USERDATA));
+}
+
+/// Calls the newest of the first `count` added procedures, or else the control's own.
+LRESULT call_procedure(Procedures& procedures, std::size_t count, HWND control, UINT message,
+                       WPARAM wparam, LPARAM lparam) {
+    if (count > 0) {
+        const auto [procedure, data] = procedures.added[count - 1];
+        return procedure(control, message, wparam, lparam, data);
+    }
+    WNDPROC const own = procedures.own;
+    if (message == WM_NCDESTROY) {
+        SetWindowLongPtrW(control, GWLP_USERDATA, 0);
+        delete &procedures;
+    }
+    return CallWindowProcW(own, control, message, wparam, lparam);
+}
+
+LRESULT CALLBACK first_procedure(HWND control, UINT message, WPARAM wparam, LPARAM lparam) {
+    Procedures* const procedures = procedures_of(control);
+    if (procedures == nullptr) return DefWindowProcW(control, message, wparam, lparam);
+    return call_procedure(*procedures, procedures->count, control, message, wparam, lparam);
+}
+
 constexpr WPARAM control_a = 1;  // the character that Ctrl+A types
 
-LRESULT CALLBACK dialog_keys(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                             DWORD_PTR /*data*/) {
+LRESULT dialog_keys(HWND window, UINT message, WPARAM wparam, LPARAM lparam, void* /*data*/) {
     if (message == WM_CHAR && wparam == control_a) {
         SendMessageW(window, EM_SETSEL, 0, -1);
         return 0;
     }
-    const LRESULT result = pass_on(&dialog_keys, id, window, message, wparam, lparam);
+    const LRESULT result = pass_on(&dialog_keys, window, message, wparam, lparam);
     return message == WM_GETDLGCODE ? result & ~(DLGC_WANTALLKEYS | DLGC_WANTTAB) : result;
 }
 
@@ -63,9 +92,8 @@ void select_day(HWND field) {
     SendMessageW(field, WM_LBUTTONUP, 0, day);
 }
 
-LRESULT CALLBACK day_first(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
-                           DWORD_PTR /*data*/) {
-    const LRESULT result = pass_on(&day_first, id, window, message, wparam, lparam);
+LRESULT day_first(HWND window, UINT message, WPARAM wparam, LPARAM lparam, void* /*data*/) {
+    const LRESULT result = pass_on(&day_first, window, message, wparam, lparam);
     if (message == WM_SETFOCUS && GetKeyState(VK_LBUTTON) >= 0) select_day(window);
     return result;
 }
@@ -76,18 +104,32 @@ void load_common_controls() {
     (void)common_controls();
 }
 
-void subclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id, DWORD_PTR data) noexcept {
-    common_controls().subclass(window, procedure, id, data);
+void subclass(HWND control, ControlProcedure procedure, void* data) {
+    Procedures* procedures = procedures_of(control);
+    if (procedures == nullptr) {
+        procedures =
+            new Procedures{reinterpret_cast<WNDPROC>(GetWindowLongPtrW(control, GWLP_WNDPROC))};
+        SetWindowLongPtrW(control, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(procedures));
+        SetWindowLongPtrW(control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&first_procedure));
+    }
+    procedures->added.at(procedures->count++) = {procedure, data};
 }
 
-void end_subclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id) noexcept {
-    common_controls().end_subclass(window, procedure, id);
+void end_subclass(HWND control, ControlProcedure procedure) noexcept {
+    Procedures* const procedures = procedures_of(control);
+    if (procedures == nullptr || procedures->count == 0) return;
+    if (procedures->added[procedures->count - 1].procedure == procedure) --procedures->count;
 }
 
-LRESULT pass_on(SUBCLASSPROC procedure, UINT_PTR id, HWND window, UINT message, WPARAM wparam,
-                LPARAM lparam) noexcept {
-    if (message == WM_NCDESTROY) end_subclass(window, procedure, id);
-    return common_controls().next_procedure(window, message, wparam, lparam);
+LRESULT pass_on(ControlProcedure procedure, HWND control, UINT message, WPARAM wparam,
+                LPARAM lparam) {
+    // Missing when the control was destroyed meanwhile.
+    Procedures* const procedures = procedures_of(control);
+    if (procedures == nullptr) return 0;
+    std::size_t before = procedures->count;
+    while (before > 0 && procedures->added[before - 1].procedure != procedure) --before;
+    return call_procedure(*procedures, before > 0 ? before - 1 : 0, control, message, wparam,
+                          lparam);
 }
 
 std::wstring text_of(HWND window) {
@@ -113,7 +155,7 @@ void put_on_clipboard(HWND owner, std::wstring_view text) {
 }
 
 void give_dialog_keys(HWND text_box) {
-    subclass(text_box, &dialog_keys, subclass_id, 0);
+    subclass(text_box, &dialog_keys, nullptr);
 }
 
 void register_date_pickers() {
@@ -122,7 +164,7 @@ void register_date_pickers() {
 }
 
 void begin_with_the_day(HWND date_picker) {
-    subclass(date_picker, &day_first, subclass_id, 0);
+    subclass(date_picker, &day_first, nullptr);
 }
 
 }  // namespace kovrel

@@ -13,14 +13,21 @@ namespace kovrel {
 /// The caller has activated the manifest that asks for version 6. Failure 48 or 453.
 void load_common_controls();
 
-/// The system's window subclassing. Needs load_common_controls, as all that follow here.
-void subclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id, DWORD_PTR data) noexcept;
-void end_subclass(HWND window, SUBCLASSPROC procedure, UINT_PTR id) noexcept;
+/// A procedure that sees each message of a control first and calls `pass_on` for those that it does
+/// not keep.
+using ControlProcedure = LRESULT (*)(HWND control, UINT message, WPARAM wparam, LPARAM lparam,
+                                     void* data);
 
-/// The end of every subclass procedure: the next procedure, after removing this one on WM_NCDESTROY
-/// as the system requires.
-LRESULT pass_on(SUBCLASSPROC procedure, UINT_PTR id, HWND window, UINT message, WPARAM wparam,
-                LPARAM lparam) noexcept;
+/// Puts a procedure before a control's own and those added earlier, until the control is destroyed.
+/// Unlike the system's subclassing it looks up no property of the window for each message. It takes
+/// the control's user data.
+void subclass(HWND control, ControlProcedure procedure, void* data);
+/// Removes the newest one.
+void end_subclass(HWND control, ControlProcedure procedure) noexcept;
+
+/// Calls the control's next procedure.
+LRESULT pass_on(ControlProcedure procedure, HWND control, UINT message, WPARAM wparam,
+                LPARAM lparam);
 
 [[nodiscard]] std::wstring text_of(HWND window);
 

@@ -8,7 +8,16 @@
 namespace kovrel {
 namespace {
 
+/// A function of user32 that is missing before Windows 10 version 1607: null there.
+template <class Function>
+Function* newer_function(const char* name) noexcept {
+    return reinterpret_cast<Function*>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), name)));
+}
+
 int screen_dots_per_inch() noexcept {
+    static auto* const of_system = newer_function<UINT WINAPI()>("GetDpiForSystem");
+    if (of_system != nullptr) return static_cast<int>(of_system());
     const int result = GetDeviceCaps(WindowContext(nullptr).get(), LOGPIXELSY);
     return result > 0 ? result : USER_DEFAULT_SCREEN_DPI;
 }
@@ -16,9 +25,7 @@ int screen_dots_per_inch() noexcept {
 }  // namespace
 
 int dots_per_inch(HWND window) noexcept {
-    // Missing before Windows 10 version 1607.
-    static const auto of_window = reinterpret_cast<UINT(WINAPI*)(HWND)>(reinterpret_cast<void*>(
-        GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+    static auto* const of_window = newer_function<UINT WINAPI(HWND)>("GetDpiForWindow");
     const int result = of_window != nullptr ? static_cast<int>(of_window(window)) : 0;
     return result > 0 ? result : screen_dots_per_inch();
 }

@@ -8,8 +8,6 @@
 namespace kovrel {
 namespace {
 
-constexpr UINT_PTR subclass_id = 2;
-
 constexpr ClassIdentity identity{
     L"Kovrel",
     L"MaskedEdit",
@@ -65,12 +63,12 @@ constinit const ClassInfo MaskedEdit::Face::class_info = class_tables<declared>;
 
 MaskedEdit::MaskedEdit(HWND text_box, Mask mask)
     : text_box_(text_box), mask_(std::move(mask)), self_(std::make_shared<MaskedEdit*>(this)) {
-    subclass(text_box_, &MaskedEdit::procedure, subclass_id, reinterpret_cast<DWORD_PTR>(this));
+    subclass(text_box_, &MaskedEdit::procedure, this);
 }
 
 MaskedEdit::~MaskedEdit() {
     *self_ = nullptr;
-    end_subclass(text_box_, &MaskedEdit::procedure, subclass_id);
+    end_subclass(text_box_, &MaskedEdit::procedure);
 }
 
 std::wstring MaskedEdit::shown() const {
@@ -130,7 +128,7 @@ void MaskedEdit::regroup() {
 
 LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     const auto by_default = [&] {
-        return pass_on(&MaskedEdit::procedure, subclass_id, text_box_, message, wparam, lparam);
+        return pass_on(&MaskedEdit::procedure, text_box_, message, wparam, lparam);
     };
     switch (message) {
         case WM_GETDLGCODE:
@@ -171,14 +169,14 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     return result;
 }
 
-LRESULT CALLBACK MaskedEdit::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                       UINT_PTR id, DWORD_PTR owner) {
+LRESULT MaskedEdit::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                              void* owner) {
     const DefaultFloatingPoint floating_point;
     try {
-        return reinterpret_cast<MaskedEdit*>(owner)->handle(message, wparam, lparam);
+        return static_cast<MaskedEdit*>(owner)->handle(message, wparam, lparam);
     } catch (...) {
         // Out of memory: the text stays as it is.
-        return pass_on(&MaskedEdit::procedure, id, window, WM_NULL, 0, 0);
+        return pass_on(&MaskedEdit::procedure, window, WM_NULL, 0, 0);
     }
 }
 

@@ -36,8 +36,7 @@ class MaskedEdit {
     [[nodiscard]] ComPtr<IDispatch> automation_object(std::wstring tag);
 
  private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                      UINT_PTR id, DWORD_PTR owner);
+    static LRESULT procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam, void* owner);
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
     [[nodiscard]] std::wstring shown() const;
     /// The first selected character and the one behind the last.

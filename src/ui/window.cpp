@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cwchar>
 
 #include "automation/floating_point.h"
 #include "automation/module.h"
@@ -51,6 +52,9 @@ class VisualStyles {
 /// Classes belong to this module, so another copy of the library in the process has its own. They
 /// are never unregistered: another thread may be about to create a window.
 void register_class(const wchar_t* name, WNDPROC procedure) {
+    WNDCLASSEXW known{};
+    known.cbSize = sizeof known;
+    if (GetClassInfoExW(own_module(), name, &known) != FALSE) return;
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
     description.lpfnWndProc = procedure;
@@ -79,33 +83,43 @@ void Window::load() {
     load_common_controls();
     register_class(design_.window_class, &Window::procedure);
     register_class(picture_box_class, &Window::picture_box);
-    const std::wstring caption = caption_.value_or(design_.caption);
     self_ = shared_from_this();
-    if (CreateWindowExW(WS_EX_CONTROLPARENT, design_.window_class, caption.c_str(),
-                        design_.style | WS_CLIPCHILDREN, 0, 0, 0, 0, nullptr, nullptr, own_module(),
-                        this) == nullptr) {
-        self_.reset();
-        throw Failure(FailureNumber::out_of_memory);
-    }
     try {
-        scale_ = Scale(dots_per_inch(handle_));
-        update_font();
+        create();
         take_host_icons();
         create_controls();
         apply_scale();
-        resize_inner(design_.inner_width, design_.inner_height);
-        center_on_screen();
-        frame_default_button(nullptr);
         ready_ = true;
         form_load();
-        for (const Placed& placed : std::vector(controls_)) {
+        for (std::size_t index = 0; index < controls_.size(); ++index) {
+            const Placed& placed = controls_[index];
             if (placed.window_class == picture_box_class) picture_box_resized(placed.id);
         }
         form_resize();
     } catch (...) {
         unload();
+        self_.reset();
         throw;
     }
+}
+
+/// In the middle of the screen, in the size that the expected resolution asks for. Which one the
+/// window has is known only then.
+void Window::create() {
+    set_scale(dots_per_inch(GetActiveWindow()));
+    const RECT work = work_area();
+    const RECT place = centered(fitted_size(design_.inner_width, wanted_height(), work), work);
+    if (CreateWindowExW(WS_EX_CONTROLPARENT, design_.window_class, caption().c_str(),
+                        design_.style | WS_CLIPCHILDREN, place.left, place.top,
+                        place.right - place.left, place.bottom - place.top, nullptr, nullptr,
+                        own_module(), this) == nullptr) {
+        throw Failure(FailureNumber::out_of_memory);
+    }
+    const int found = dots_per_inch(handle_);
+    if (found == scale_.dots_per_inch()) return;
+    set_scale(found);
+    resize_inner(design_.inner_width, wanted_height());
+    center_on_screen();
 }
 
 void Window::show_modeless() {
@@ -134,6 +148,7 @@ void Window::show_modal() {
         const HostFloatingPoint host;
         ShowWindow(window, SW_SHOW);
         SetForegroundWindow(window);
+        RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         run_modal_loop(window);
         modal_ = nullptr;
     }
@@ -155,7 +170,8 @@ void Window::set_caption(const std::wstring& caption) {
 }
 
 HWND Window::add(const ControlDesign& design, HWND parent) {
-    DWORD style = design.style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS;
+    DWORD style = design.style | WS_CHILD | WS_CLIPSIBLINGS;
+    if (design.is_visible) style |= WS_VISIBLE;
     // It may contain controls, and must not paint over them.
     if (design.window_class == picture_box_class) style |= WS_CLIPCHILDREN;
     auto* const id = reinterpret_cast<HMENU>(static_cast<INT_PTR>(design.id));
@@ -165,19 +181,23 @@ HWND Window::add(const ControlDesign& design, HWND parent) {
                         place.top, place.right - place.left, place.bottom - place.top,
                         parent != nullptr ? parent : handle_, id, own_module(), nullptr);
     if (window == nullptr) throw Failure(FailureNumber::out_of_memory);
-    controls_.push_back({window, design.id, design.place, design.window_class});
+    const bool is_push_button = std::wcscmp(design.window_class, L"BUTTON") == 0 &&
+                                (design.style & BS_TYPEMASK) <= BS_DEFPUSHBUTTON;
+    controls_.push_back({window, design.id, design.place, design.window_class, is_push_button,
+                         place, design.tooltip});
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), FALSE);
     // The others get neither the focus nor keys nor clicks.
     if ((design.style & WS_TABSTOP) != 0) {
-        subclass(window, &Window::watch_control, 1, reinterpret_cast<DWORD_PTR>(this));
+        subclass(window, &Window::watch_control, this);
     }
     return window;
 }
 
 const Window::Placed* Window::find(int id) const noexcept {
-    const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                    [id](const Placed& placed) { return placed.id == id; });
-    return found == controls_.end() ? nullptr : &*found;
+    for (const Placed& placed : controls_) {
+        if (placed.id == id) return &placed;
+    }
+    return nullptr;
 }
 
 HWND Window::control(int id) const noexcept {
@@ -206,46 +226,60 @@ RECT Window::in_pixels(const Place& place) const noexcept {
             std::max(top, scale_.pixels(place.top + place.height))};
 }
 
-void Window::put_in_place(const Placed& placed) const noexcept {
+void Window::put_in_place(Placed& placed) const noexcept {
     const RECT place = in_pixels(placed.place);
+    if (EqualRect(&place, &placed.pixels) != FALSE) return;
+    placed.pixels = place;
     SetWindowPos(placed.window, nullptr, place.left, place.top, place.right - place.left,
                  place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Window::set_tooltip(int id, const std::wstring& text) {
-    if (tooltips_ == nullptr) {
-        const VisualStyles styles;
-        tooltips_ =
-            CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                            WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
-                            CW_USEDEFAULT, CW_USEDEFAULT, handle_, nullptr, own_module(), nullptr);
-        SendMessageW(tooltips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(6000));
+    if (tooltips_ == nullptr && text.empty()) return;
+    create_tooltips();
+    put_tooltip(id, text.c_str());
+}
+
+/// Once. They cost as much as several controls: those of the design are created when the mouse
+/// first comes to a control that has one.
+void Window::create_tooltips() {
+    if (tooltips_ != nullptr) return;
+    const VisualStyles styles;
+    tooltips_ =
+        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                        WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
+                        CW_USEDEFAULT, CW_USEDEFAULT, handle_, nullptr, own_module(), nullptr);
+    SendMessageW(tooltips_, TTM_SETMAXTIPWIDTH, 0, scale_.pixels(6000));
+    for (const Placed& placed : controls_) {
+        if (placed.tooltip != nullptr) put_tooltip(placed.id, placed.tooltip);
     }
-    std::wstring shown = text;
+}
+
+void Window::put_tooltip(int id, const wchar_t* text) const noexcept {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
     tool.hwnd = handle_;
     tool.uId = reinterpret_cast<UINT_PTR>(control(id));
-    tool.lpszText = shown.data();
+    tool.lpszText = const_cast<wchar_t*>(text);
     SendMessageW(tooltips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-    if (!text.empty()) SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    if (*text != L'\0') SendMessageW(tooltips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void Window::update_font() {
-    font_ = make_font(system_font(scale_.dots_per_inch()));
+void Window::set_scale(int dots_per_inch) {
+    scale_ = Scale(dots_per_inch);
+    font_ = make_font(system_font(dots_per_inch));
     for (const Placed& placed : controls_) {
         SendMessageW(placed.window, WM_SETFONT, reinterpret_cast<WPARAM>(font()), TRUE);
     }
 }
 
 void Window::rescale(int dots_per_inch, const RECT& bounds) {
-    scale_ = Scale(dots_per_inch);
-    update_font();
-    SetWindowPos(handle_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
-                 bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    set_scale(dots_per_inch);
+    put(bounds);
     apply_scale();
-    for (const Placed& placed : controls_) put_in_place(placed);
+    for (Placed& placed : controls_) put_in_place(placed);
+    lay_out();
 }
 
 }  // namespace kovrel

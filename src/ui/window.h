@@ -66,8 +66,10 @@ class Window : public std::enable_shared_from_this<Window> {
         int id;
         Place place;
         DWORD extended_style = 0;
+        bool is_visible = true;
+        const wchar_t* tooltip = nullptr;
     };
-    /// A visible control in the window or in one of its picture boxes.
+    /// A control in the window or in one of its picture boxes.
     HWND add(const ControlDesign& design, HWND parent = nullptr);
     [[nodiscard]] HWND control(int id) const noexcept;
     /// The button that the mouse holds down; null: none.
@@ -75,9 +77,9 @@ class Window : public std::enable_shared_from_this<Window> {
     void focus_on(int id) const noexcept;
     void move(int id, const Place& place);
     [[nodiscard]] Place place(int id) const noexcept;
-    /// Centres a field of one line in its row, as high as its line and edges: such controls draw
-    /// their text at the top.
-    void move_field(int id, const Place& row);
+    /// The place of a field of one line in the middle of its row, as high as its line and edges:
+    /// such controls draw their text at the top.
+    [[nodiscard]] Place field_place(const Place& row) const noexcept;
     /// Sizes in twips, from whole pixels.
     [[nodiscard]] Place size_of(HWND window) const noexcept;
     [[nodiscard]] Place inner_size_of(HWND window) const noexcept;
@@ -92,13 +94,18 @@ class Window : public std::enable_shared_from_this<Window> {
     void center_on_screen();
     /// Moves the window into the work area, its top left corner first.
     void keep_on_screen();
-    /// An empty text removes the tooltip.
+    /// Another tooltip than the designed one; an empty text removes it.
     void set_tooltip(int id, const std::wstring& text);
 
-    // The events, in the order of a window's life.
+    // The events, in the order of a window's life. Each control is best created where it stays:
+    // moving it costs as much as creating it.
+    /// The inner height in twips, once the font is there.
+    [[nodiscard]] virtual double wanted_height() { return design_.inner_height; }
     virtual void create_controls() = 0;
     /// Fonts and pictures; called again when the display's resolution changes.
     virtual void apply_scale() {}
+    /// Places that depend on the resolution by more than their scale, when it has changed.
+    virtual void lay_out() {}
     virtual void form_load() = 0;
     virtual void form_resize() {}
     virtual void picture_box_resized(int /*id*/) {}
@@ -124,12 +131,17 @@ class Window : public std::enable_shared_from_this<Window> {
         int id;
         Place place;
         const wchar_t* window_class;
+        bool is_push_button;
+        RECT pixels;
+        const wchar_t* tooltip;  ///< null: none
     };
 
+    [[nodiscard]] static RECT centered(const SIZE& size, const RECT& work) noexcept;
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     static LRESULT CALLBACK picture_box(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-    static LRESULT CALLBACK watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                          UINT_PTR id, DWORD_PTR owner);
+    static LRESULT watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                 void* owner);
+    void create();
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
     void command(int id, UINT code, bool from_control);
     bool pressed(WPARAM key);
@@ -138,14 +150,19 @@ class Window : public std::enable_shared_from_this<Window> {
     [[nodiscard]] int default_button(HWND focus) const noexcept;
     void frame_default_button(HWND focus) const noexcept;
     void rescale(int dots_per_inch, const RECT& bounds);
-    void move_inside_screen(LONG left, LONG top) const noexcept;
     [[nodiscard]] RECT in_pixels(const Place& place) const noexcept;
-    void put_in_place(const Placed& placed) const noexcept;
-    void update_font();
+    void put_in_place(Placed& placed) const noexcept;
+    void mouse_over(HWND window);
+    void create_tooltips();
+    void put_tooltip(int id, const wchar_t* text) const noexcept;
+    void set_scale(int dots_per_inch);
+    void put(const RECT& bounds) const noexcept;
     void take_host_icons();
     [[nodiscard]] SIZE outer_size(double width, double height) const noexcept;
+    [[nodiscard]] SIZE fitted_size(double width, double height, const RECT& work) const noexcept;
     [[nodiscard]] RECT work_area() const noexcept;
     [[nodiscard]] const Placed* find(int id) const noexcept;
+    [[nodiscard]] const Placed* push_button(HWND window) const noexcept;
 
     const WindowDesign design_;
     HWND handle_ = nullptr;

@@ -9,11 +9,6 @@
 namespace kovrel {
 namespace {
 
-bool is_push_button(HWND window) noexcept {
-    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) &
-            (DLGC_UNDEFPUSHBUTTON | DLGC_DEFPUSHBUTTON)) != 0;
-}
-
 /// Runs an event. Its failure is dropped, since there is nobody to report it to.
 template <class Body>
 void quietly(Body&& body) noexcept {
@@ -51,17 +46,25 @@ void Window::focus_on(int id) const noexcept {
     SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control(id)), TRUE);
 }
 
+/// Null for other windows.
+const Window::Placed* Window::push_button(HWND window) const noexcept {
+    for (const Placed& placed : controls_) {
+        if (placed.window == window && placed.is_push_button) return &placed;
+    }
+    return nullptr;
+}
+
 /// The push button with the focus, else the designed default button.
 int Window::default_button(HWND focus) const noexcept {
-    return is_push_button(focus) && IsChild(handle_, focus) ? GetDlgCtrlID(focus)
-                                                            : design_.default_button;
+    const Placed* const button = push_button(focus);
+    return button != nullptr ? button->id : design_.default_button;
 }
 
 /// Removes the frame from the other buttons.
 void Window::frame_default_button(HWND focus) const noexcept {
     const int framed = default_button(focus);
     for (const Placed& placed : controls_) {
-        if (!is_push_button(placed.window)) continue;
+        if (!placed.is_push_button) continue;
         const auto style = static_cast<DWORD>(GetWindowLongPtrW(placed.window, GWL_STYLE));
         const DWORD kind = placed.id == framed ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
         if ((style & BS_TYPEMASK) == kind) continue;
@@ -82,6 +85,12 @@ bool Window::pressed(WPARAM key) {
     return true;
 }
 
+/// Before the control handles the mouse's move.
+void Window::mouse_over(HWND window) {
+    const Placed* const placed = find(GetDlgCtrlID(window));
+    if (placed != nullptr && placed->tooltip != nullptr) create_tooltips();
+}
+
 LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case WM_COMMAND:
@@ -99,6 +108,9 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
                 return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
             }
             break;
+        case WM_SETCURSOR:
+            mouse_over(reinterpret_cast<HWND>(wparam));
+            break;
         case DM_GETDEFID: {
             const int id = default_button(GetFocus());
             return id != 0 ? MAKELRESULT(id, DC_HASDEFID) : 0;
@@ -113,10 +125,8 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             if (lparam == SW_PARENTCLOSING) return 0;
             break;
         case WM_SETFOCUS:
-            focus_inside();
-            return 0;
         case WM_ACTIVATE:
-            if (LOWORD(wparam) != WA_INACTIVE) focus_inside();
+            if (message == WM_SETFOCUS || LOWORD(wparam) != WA_INACTIVE) focus_inside();
             return 0;
         case WM_CLOSE:
             closing();
@@ -163,6 +173,7 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wparam, LPA
         return DefWindowProcW(window, message, wparam, lparam);
     }
     const std::shared_ptr<Window> alive = self->weak_from_this().lock();
+    if (self->modal_ != nullptr) self->modal_->tell(message, wparam, lparam);
     LRESULT result = 0;
     quietly([&] { result = self->handle(message, wparam, lparam); });
     return result;
@@ -214,20 +225,20 @@ void Window::watched(HWND control, UINT message, WPARAM wparam) {
     }
 }
 
-LRESULT CALLBACK Window::watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                       UINT_PTR id, DWORD_PTR owner) {
+LRESULT Window::watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                              void* owner) {
     const DefaultFloatingPoint floating_point;
-    auto* const self = reinterpret_cast<Window*>(owner);
+    auto* const self = static_cast<Window*>(owner);
     const std::shared_ptr<Window> alive = self->weak_from_this().lock();
     if (message == WM_SETFOCUS) self->last_focus_ = window;
     const bool is_press = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
-    if (is_press && is_push_button(window)) self->pressed_button_ = window;
+    if (is_press && self->push_button(window) != nullptr) self->pressed_button_ = window;
     if (message == WM_KEYDOWN && self->ready_) {
         bool taken = true;
         quietly([&] { taken = self->pressed(wparam); });
         if (taken) return 0;
     }
-    const LRESULT result = pass_on(&Window::watch_control, id, window, message, wparam, lparam);
+    const LRESULT result = pass_on(&Window::watch_control, window, message, wparam, lparam);
     if (self->ready_) quietly([&] { self->watched(window, message, wparam); });
     return result;
 }

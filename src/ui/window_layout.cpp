@@ -4,17 +4,9 @@
 #include "ui/window.h"
 
 namespace kovrel {
-namespace {
-
-DWORD long_of(HWND window, int index) noexcept {
-    return static_cast<DWORD>(GetWindowLongPtrW(window, index));
-}
-
-}  // namespace
-
 SIZE Window::outer_size(double width, double height) const noexcept {
     RECT bounds{0, 0, scale_.pixels(width), scale_.pixels(height)};
-    AdjustWindowRectEx(&bounds, long_of(handle_, GWL_STYLE), FALSE, long_of(handle_, GWL_EXSTYLE));
+    AdjustWindowRectEx(&bounds, design_.style, FALSE, WS_EX_CONTROLPARENT);
     return {bounds.right - bounds.left, bounds.bottom - bounds.top};
 }
 
@@ -56,11 +48,16 @@ void Window::move_to(int left, int top) const noexcept {
     SetWindowPos(handle_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void Window::resize_inner(double width, double height) {
+/// The outer size for an inner one in twips, limited to the work area.
+SIZE Window::fitted_size(double width, double height, const RECT& work) const noexcept {
     const SIZE wanted = outer_size(width, height);
-    const RECT work = work_area();
-    resize_outer(std::min(wanted.cx, work.right - work.left),
-                 std::min(wanted.cy, work.bottom - work.top));
+    return {std::min(wanted.cx, work.right - work.left),
+            std::min(wanted.cy, work.bottom - work.top)};
+}
+
+void Window::resize_inner(double width, double height) {
+    const SIZE size = fitted_size(width, height, work_area());
+    resize_outer(size.cx, size.cy);
 }
 
 double Window::tallest_inner() const noexcept {
@@ -69,41 +66,52 @@ double Window::tallest_inner() const noexcept {
     return scale_.twips(static_cast<int>(room));
 }
 
+void Window::put(const RECT& bounds) const noexcept {
+    SetWindowPos(handle_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+                 bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// The bounds of a window in the middle of the work area, its top left corner inside.
+RECT Window::centered(const SIZE& size, const RECT& work) noexcept {
+    const LONG left = std::max((work.left + work.right - size.cx) / 2, work.left);
+    const LONG top = std::max((work.top + work.bottom - size.cy) / 2, work.top);
+    return {left, top, left + size.cx, top + size.cy};
+}
+
 void Window::center_on_screen() {
-    const RECT work = work_area();
     const RECT now = bounds();
-    move_inside_screen((work.left + work.right - (now.right - now.left)) / 2,
-                       (work.top + work.bottom - (now.bottom - now.top)) / 2);
+    const RECT place = centered({now.right - now.left, now.bottom - now.top}, work_area());
+    move_to(place.left, place.top);
 }
 
 void Window::keep_on_screen() {
-    const RECT now = bounds();
-    move_inside_screen(now.left, now.top);
-}
-
-void Window::move_inside_screen(LONG left, LONG top) const noexcept {
     const RECT work = work_area();
     const RECT now = bounds();
-    left = std::min(left, work.right - (now.right - now.left));
-    top = std::min(top, work.bottom - (now.bottom - now.top));
+    const LONG left = std::min(now.left, work.right - (now.right - now.left));
+    const LONG top = std::min(now.top, work.bottom - (now.bottom - now.top));
     move_to(std::max(left, work.left), std::max(top, work.top));
 }
 
-void Window::move_field(int id, const Place& row) {
+Place Window::field_place(const Place& row) const noexcept {
     // The thickness of edges does not depend on the resolution.
-    const int height = line_height(control(id), font()) + 2 * (GetSystemMetrics(SM_CYEDGE) + 1);
+    const int height = line_height(handle_, font()) + 2 * (GetSystemMetrics(SM_CYEDGE) + 1);
     Place next = row;
     next.height = scale_.twips(height);
     // In whole pixels, since put_in_place rounds each edge.
     next.top = scale_.twips(scale_.pixels(row.top + (row.height - next.height) / 2));
-    move(id, next);
+    return next;
 }
 
 void Window::take_host_icons() {
-    large_icon_ = host_icon(GetActiveWindow(), true, scale_.dots_per_inch());
-    small_icon_ = host_icon(GetActiveWindow(), false, scale_.dots_per_inch());
-    SendMessageW(handle_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large_icon_.get()));
-    SendMessageW(handle_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small_icon_.get()));
+    HWND const active = GetActiveWindow();
+    large_icon_ = host_icon(active, true, scale_.dots_per_inch());
+    small_icon_ = host_icon(active, false, scale_.dots_per_inch());
+    const auto give = [this](WPARAM kind, HICON icon) {
+        if (icon != nullptr)
+            SendMessageW(handle_, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
+    };
+    give(ICON_BIG, large_icon_.get());
+    give(ICON_SMALL, small_icon_.get());
 }
 
 }  // namespace kovrel

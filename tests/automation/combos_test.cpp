@@ -41,6 +41,40 @@ TEST_F(Combos, TheNumberOfColumnsCanOnlyBeReduced) {
     EXPECT_EQ(combo.lines(), (Texts{L"1", L"2", L"3"}));
 }
 
+TEST_F(Combos, EveryCellIsInItsRowAndColumn) {
+    BoxWatcher no_box;
+    const auto value = [](std::size_t row, std::size_t field) {
+        return static_cast<std::int32_t>(row * 2000 + field);
+    };
+    const std::vector<std::pair<std::size_t, std::size_t>> sizes{
+        {1, 1}, {1, 4}, {340, 3}, {341, 3}, {342, 3}, {1'100, 1}, {1'025, 2}, {700, 7}, {3, 1'100}};
+    for (const auto& [rows, fields] : sizes) {
+        std::vector<ScriptedRecordset::Row> table(rows);
+        for (std::size_t row = 0; row < rows; ++row) {
+            for (std::size_t field = 0; field < fields; ++field) {
+                table[row].emplace_back(value(row, field));
+            }
+        }
+        for (const std::size_t columns : {fields, (fields + 1) / 2}) {
+            ScriptedRecordset records(table);
+            ScriptedCombo combo;
+            EXPECT_TRUE(load_columns(combo, records, static_cast<std::int16_t>(columns)));
+            const Variant list = combo.object().value(L"List");
+            EXPECT_EQ(array_extent(list.parray, 1), static_cast<std::int32_t>(rows));
+            ASSERT_EQ(array_extent(list.parray, 2), static_cast<std::int32_t>(columns));
+            const ArrayAccess<VARIANT> access(list.parray);
+            std::size_t wrong = 0;
+            for (std::size_t row = 0; row < rows; ++row) {
+                for (std::size_t field = 0; field < columns; ++field) {
+                    const VARIANT& cell = access.elements()[field * rows + row];
+                    wrong += cell.vt == VT_I4 && cell.lVal == value(row, field) ? 0 : 1;
+                }
+            }
+            EXPECT_EQ(wrong, 0U) << rows << " rows of " << fields << ", " << columns << " columns";
+        }
+    }
+}
+
 TEST_F(Combos, CellsKeepTheirTypes) {
     BoxWatcher no_box;
     ScriptedCombo combo;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "automation/safe_array.h"
+#include "tests/support/table.h"
 
 namespace kovrel::test {
 

@@ -51,5 +51,15 @@ TEST(Text, MiddleStopsAtTheEnd) {
     EXPECT_EQ(middle(L"abcdef", 9), L"");
 }
 
+TEST(ContainsWithoutCase, FindsATextAnywhere) {
+    for (const wchar_t* text : {L"MIL", L"mil uno", L"dos Mil", L"dos mil uno"}) {
+        EXPECT_TRUE(contains_without_case(text, L"mil"));
+    }
+    for (const wchar_t* text : {L"", L"mi", L"dos mi", L"m il"}) {
+        EXPECT_FALSE(contains_without_case(text, L"mil"));
+    }
+    EXPECT_TRUE(contains_without_case(L"", L""));
+}
+
 }  // namespace
 }  // namespace kovrel

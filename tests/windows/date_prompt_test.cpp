@@ -83,6 +83,32 @@ TEST_F(DatePrompt, TheKeyboardAloneIsEnough) {
               day(2023, 8, 15));
 }
 
+/// Whether a tooltip of the window is on the screen.
+bool shows_tooltip(HWND window) {
+    HWND tips = nullptr;
+    while ((tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
+        if (GetWindow(tips, GW_OWNER) == window && IsWindowVisible(tips)) return true;
+    }
+    return false;
+}
+
+TEST_F(DatePrompt, TheButtonHasATooltip) {
+    ask_date(
+        [](HWND window) {
+            come_to_front(window);
+            RECT button{};
+            GetWindowRect(accept_button(window), &button);
+            EXPECT_FALSE(shows_tooltip(window));
+            // The mouse moves over the button once.
+            SetCursorPos(button.right - 1, button.top - 10);
+            SetCursorPos((button.left + button.right) / 2, (button.top + button.bottom) / 2);
+            EXPECT_TRUE(wait_until([&] { return shows_tooltip(window); }));
+            SetCursorPos(0, 0);
+            press_ok(window);
+        },
+        {L"¿Fecha?"});
+}
+
 TEST_F(DatePrompt, AnEmptyFieldIsAskedForAgain) {
     const double chosen = [&] {
         HWND asked = nullptr;
