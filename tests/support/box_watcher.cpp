@@ -41,7 +41,11 @@ BoxWatcher::BoxWatcher(std::vector<Expectation> expected, Milliseconds limit, DW
 }
 
 BoxWatcher::~BoxWatcher() {
-    stop_ = true;
+    {
+        const std::lock_guard lock(mutex_);
+        stop_ = true;
+    }
+    stopped_.notify_one();
     thread_.join();
     for (const std::wstring& problem : problems_) ADD_FAILURE() << narrow(problem);
     if (done_ < expected_.size()) {
@@ -65,12 +69,14 @@ bool BoxWatcher::wait() {
 }
 
 void BoxWatcher::watch() {
-    while (!stop_) {
-        if (look_once()) {
-            deadline_ = std::chrono::steady_clock::now() + limit_;
-        } else {
-            Sleep(5);
-        }
+    constexpr Milliseconds between_looks{5};
+    for (bool met = false, stop = false; !stop;) {
+        std::unique_lock lock(mutex_);
+        stop = stopped_.wait_for(lock, met ? Milliseconds{0} : between_looks,
+                                 [this] { return stop_; });
+        lock.unlock();
+        met = !stop && look_once();
+        if (met) deadline_ = std::chrono::steady_clock::now() + limit_;
     }
 }
 

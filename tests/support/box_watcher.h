@@ -7,7 +7,7 @@
 //     EXPECT_EQ(boxes.seen()[0].text, L"...");
 #pragma once
 
-#include <atomic>
+#include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <set>
@@ -73,7 +73,8 @@ class BoxWatcher {
     std::vector<SeenBox> seen_;
     std::vector<std::wstring> problems_;
     std::size_t done_ = 0;
-    std::atomic<bool> stop_ = false;
+    bool stop_ = false;
+    std::condition_variable stopped_;
     std::thread thread_;
 };
 
