@@ -91,8 +91,7 @@ void Window::load() {
         apply_scale();
         ready_ = true;
         form_load();
-        for (std::size_t index = 0; index < controls_.size(); ++index) {
-            const Placed& placed = controls_[index];
+        for (const Placed& placed : std::vector(controls_)) {
             if (placed.window_class == picture_box_class) picture_box_resized(placed.id);
         }
         form_resize();
