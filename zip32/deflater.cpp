@@ -45,9 +45,7 @@ PieceDeflater::PieceDeflater(int level) : level_(level) {
 
 void PieceDeflater::run(Piece& piece) {
     const ByteView data = piece.data();
-    piece.crc = static_cast<std::uint32_t>(
-        crc32(crc32(0, nullptr, 0), data.data(), static_cast<uInt>(data.size())));
-    piece.packed_length = 0;
+    piece.crc = static_cast<std::uint32_t>(crc32(0, data.data(), static_cast<uInt>(data.size())));
     if (level_ == 0) return;
     if (looks_incompressible(data, piece.dictionary_length)) {
         store_in_stream(piece);
