@@ -59,6 +59,16 @@ struct Controls {
         type_text(keys);
         EXPECT_TRUE(wait_until([&] { return text_of(field) == shown; })) << narrow(text_of(field));
     }
+    // Waits until the clicks up to now have been handled: keys come after them. The field has the
+    // focus before and after, and room for a digit.
+    void after_clicks(HWND field) const {
+        const std::wstring shown = text_of(field);
+        press_key(VK_END);
+        type(field, L"5", (shown + L'5').c_str());
+        press_key(VK_BACK);
+        EXPECT_TRUE(wait_until([&] { return text_of(field) == shown; })) << narrow(text_of(field));
+        has_focus(field);
+    }
     void shows_marks(const std::string& expected) const {
         EXPECT_TRUE(wait_until([&] { return marks() == expected; })) << marks();
     }
