@@ -82,24 +82,6 @@ TEST(ZipDeflater, Level0ComputesOnlyTheChecksum) {
     EXPECT_EQ(piece.crc, crc32(0, bytes_of(data).data(), 5000));
 }
 
-TEST(ZipIncompressible, RandomBytesAreAndOthersAreNot) {
-    EXPECT_TRUE(looks_incompressible(bytes_of(incompressible(piece_size, 8))));
-    EXPECT_TRUE(looks_incompressible(bytes_of(incompressible(5000, 9))));
-    EXPECT_TRUE(looks_incompressible(bytes_of(incompressible(4096, 9))));
-    EXPECT_FALSE(looks_incompressible(bytes_of(incompressible(4095, 9))));
-    EXPECT_FALSE(looks_incompressible(bytes_of(compressible(piece_size, 10))));
-    EXPECT_FALSE(looks_incompressible(bytes_of(std::string(piece_size, '\0'))));
-    EXPECT_FALSE(looks_incompressible({}));
-}
-
-TEST(ZipIncompressible, ASmallReadablePartOrARepetitionIsSeen) {
-    const std::string noise = incompressible(200'000, 11);
-    EXPECT_FALSE(looks_incompressible(bytes_of(noise + compressible(16'000, 12))));
-    EXPECT_FALSE(looks_incompressible(bytes_of(noise + noise.substr(noise.size() - 20'000))));
-    // The same bytes further back than deflate can reach do not help it.
-    EXPECT_TRUE(looks_incompressible(bytes_of(noise + noise.substr(0, 20'000))));
-}
-
 TEST(ZipWorkerPool, PiecesComeBackInOrderWithAnyNumberOfThreads) {
     const std::string data = compressible(3'000'000, 13);
     std::vector<std::string> results;
