@@ -136,17 +136,20 @@ start_wine_session() {
     import_registry_file "$root/scripts/lib/prefix.reg" || die "Wine does not run in build/wine"
 }
 
-# use_second_session NAME: in a subshell, a session beside the one under way, in a copy of its prefix
-# as it was before any library was registered.
+# copy_prefix_for NAME: the prefix of a session beside the one under way, as that was before any
+# library was registered. Before programs begin to write into the first one.
+copy_prefix_for() {
+    rm -rf "$prefix-$1"
+    cp -a "$prefix" "$prefix-$1"
+    cp "$prefix"/.unregistered/*.reg "$prefix-$1"
+}
+
+# use_second_session NAME: the session of such a prefix, in a subshell.
 use_second_session() {
-    local first=$prefix
-    prefix="$first-$1"
+    prefix="$prefix-$1"
     export WINEPREFIX="$prefix"
     session_pids=()
     session_child=
-    rm -rf "$prefix"
-    cp -a "$first" "$prefix"
-    cp "$first"/.unregistered/*.reg "$prefix"
     start_wine_session
 }
 
