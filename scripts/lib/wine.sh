@@ -13,11 +13,12 @@ unset WAYLAND_DISPLAY DISPLAY XAUTHORITY
 
 end_wine_session() {
     set +e
-    trap - EXIT INT TERM HUP
+    trap - EXIT
+    trap '' INT TERM HUP  # a second signal would leave the display behind
     if [ -n "$session_child" ]; then kill "$session_child" 2>/dev/null; fi
     if [ -d "$prefix" ]; then
         wineserver -k >/dev/null 2>&1
-        timeout 10 wineserver -w >/dev/null 2>&1
+        timeout -s KILL 10 wineserver -w >/dev/null 2>&1
     fi
     local pid
     for pid in "${session_pids[@]}"; do kill "$pid" 2>/dev/null; done

@@ -37,12 +37,17 @@ std::vector<std::wstring> texts_of_array(SAFEARRAY* array, VARTYPE element) {
     SafeArrayGetUBound(array, 1, &last);
     std::vector<std::wstring> texts;
     for (LONG index = first; index <= last; ++index) {
-        Variant value;
-        const bool is_text = element == VT_BSTR;
-        void* const place = is_text ? static_cast<void*>(&value.bstrVal) : &value;
-        if (FAILED(SafeArrayGetElement(array, &index, place))) throw BadValue{DISP_E_TYPEMISMATCH};
-        if (is_text) value.vt = VT_BSTR;
-        texts.push_back(value.to_text_or_empty());
+        if (element == VT_BSTR) {
+            Bstr text;
+            if (FAILED(SafeArrayGetElement(array, &index, text.put())))
+                throw BadValue{DISP_E_TYPEMISMATCH};
+            texts.emplace_back(text.view());
+        } else {
+            Variant value;
+            if (FAILED(SafeArrayGetElement(array, &index, &value)))
+                throw BadValue{DISP_E_TYPEMISMATCH};
+            texts.push_back(value.to_text_or_empty());
+        }
     }
     return texts;
 }
@@ -69,8 +74,7 @@ std::vector<std::wstring> texts_of_record(const VARIANT& value, const RecordInfo
     const auto* const texts = static_cast<const BSTR*>(value.pvRecord);
     std::vector<std::wstring> result;
     for (std::uint32_t index = 0; index < record.size; ++index) {
-        std::wstring text(text_of(texts[index]));
-        result.push_back(std::move(text));
+        result.emplace_back(text_of(texts[index]));
     }
     return result;
 }

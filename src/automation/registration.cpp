@@ -50,10 +50,9 @@ Keys keys_of(const LibraryInfo& library, const std::wstring& module_path) {
         add(class_key + L"\\Version", nullptr, version);
         keys.own_trees.push_back(class_key);
 
-        const std::wstring program_id = info->prog_id;
-        add(program_id, nullptr, info->help);
-        add(program_id + L"\\CLSID", nullptr, text_of_guid(info->class_id));
-        keys.shared_trees.push_back(program_id);
+        add(info->prog_id, nullptr, info->help);
+        add(std::wstring(info->prog_id) + L"\\CLSID", nullptr, text_of_guid(info->class_id));
+        keys.shared_trees.emplace_back(info->prog_id);
 
         const std::wstring interface_key = L"Interface\\" + text_of_guid(info->interface_id);
         add(interface_key, nullptr, info->interface_name);

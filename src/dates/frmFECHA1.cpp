@@ -33,7 +33,7 @@ frmFECHA1::frmFECHA1()
 
 void frmFECHA1::create_controls() {
     register_date_pickers();
-    const Layout places = layout();
+    const Layout places = wanted_layout();
     // SS_EDITCONTROL breaks words longer than a line.
     add({L"STATIC", message_.c_str(), SS_NOPREFIX | SS_EDITCONTROL, lbl_mensaje, places.question, 0,
          !places.scrolls});
@@ -78,7 +78,7 @@ double frmFECHA1::question_height() const {
     return std::max<double>(scale().twips(bounds.bottom), question.height);
 }
 
-frmFECHA1::Layout frmFECHA1::layout() const {
+frmFECHA1::Layout frmFECHA1::wanted_layout() const {
     constexpr double rest = question.top + margin + row_height + margin;
     Layout places{question};
     const double wanted = question_height();
@@ -97,7 +97,7 @@ frmFECHA1::Layout frmFECHA1::layout() const {
 }
 
 void frmFECHA1::lay_out() {
-    const Layout places = layout();
+    const Layout places = wanted_layout();
     if (places.scrolls && control(txt_mensaje) == nullptr) add_text_box(places.question);
     move(lbl_mensaje, places.question);
     move(txt_mensaje, places.question);

@@ -46,7 +46,7 @@ class frmFECHA1 final : public Window {
         double inner_height = 0;
     };
 
-    [[nodiscard]] double wanted_height() override { return layout().inner_height; }
+    [[nodiscard]] double wanted_height() override { return wanted_layout().inner_height; }
     void create_controls() override;
     void apply_scale() override;
     void lay_out() override;
@@ -55,7 +55,7 @@ class frmFECHA1 final : public Window {
     void closing() override {}
 
     [[nodiscard]] double question_height() const;
-    [[nodiscard]] Layout layout() const;
+    [[nodiscard]] Layout wanted_layout() const;
     void add_text_box(const Place& place);
     void show_proposed();
 

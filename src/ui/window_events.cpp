@@ -125,8 +125,10 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             if (lparam == SW_PARENTCLOSING) return 0;
             break;
         case WM_SETFOCUS:
+            focus_inside();
+            return 0;
         case WM_ACTIVATE:
-            if (message == WM_SETFOCUS || LOWORD(wparam) != WA_INACTIVE) focus_inside();
+            if (LOWORD(wparam) != WA_INACTIVE) focus_inside();
             return 0;
         case WM_CLOSE:
             closing();

@@ -5,19 +5,11 @@
 #include "automation/object.h"
 #include "runtime/failure.h"
 #include "tests/automation/sample.h"
+#include "tests/support/failure_of.h"
 #include "tests/support/late.h"
 
 namespace kovrel::test {
 namespace {
-
-std::int32_t number_of_failure(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const Failure& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 TEST(Objects, AreCounted) {
     const ULONG before = live_objects();
@@ -65,15 +57,15 @@ TEST(HostObjects, ReadWriteAndCall) {
 TEST(HostObjects, FailuresKeepNumberAndDescription) {
     const auto sample = create_instance<Sample>();
     const HostObject object(sample);
-    EXPECT_EQ(number_of_failure([&] { object.call(L"NoExiste"); }), 438);
-    EXPECT_EQ(number_of_failure([&] { object.put(L"Doble", Variant(1)); }), 438);
-    EXPECT_EQ(number_of_failure([&] { object.call(L"Falla", {Variant(53), Variant(1)}); }), 53);
-    EXPECT_EQ(number_of_failure([&] { object.call(L"Falla", {Variant(-5), Variant(1)}); }), -5);
-    EXPECT_EQ(number_of_failure([&] { object.call(L"Doble", {Variant(L"x")}); }), 13);
-    EXPECT_EQ(number_of_failure([&] { object.call(L"Doble"); }), 450);
-    EXPECT_EQ(number_of_failure([&] { (void)object.default_value(); }), 438);
-    EXPECT_EQ(number_of_failure([] { const HostObject none(ComPtr<IDispatch>{}); }), 91);
-    EXPECT_EQ(number_of_failure([] { const HostObject none(Variant(5)); }), 424);
+    EXPECT_EQ(failure_of([&] { object.call(L"NoExiste"); }), 438);
+    EXPECT_EQ(failure_of([&] { object.put(L"Doble", Variant(1)); }), 438);
+    EXPECT_EQ(failure_of([&] { object.call(L"Falla", {Variant(53), Variant(1)}); }), 53);
+    EXPECT_EQ(failure_of([&] { object.call(L"Falla", {Variant(-5), Variant(1)}); }), -5);
+    EXPECT_EQ(failure_of([&] { object.call(L"Doble", {Variant(L"x")}); }), 13);
+    EXPECT_EQ(failure_of([&] { object.call(L"Doble"); }), 450);
+    EXPECT_EQ(failure_of([&] { (void)object.default_value(); }), 438);
+    EXPECT_EQ(failure_of([] { const HostObject none(ComPtr<IDispatch>{}); }), 91);
+    EXPECT_EQ(failure_of([] { const HostObject none(Variant(5)); }), 424);
     try {
         object.call(L"Falla", {Variant(-5), Variant(1)});
         FAIL();
@@ -83,9 +75,9 @@ TEST(HostObjects, FailuresKeepNumberAndDescription) {
 }
 
 TEST(Variants, ConvertOrFailWithTheRightNumber) {
-    EXPECT_EQ(number_of_failure([] { (void)Variant::null().to_text(); }), 94);
-    EXPECT_EQ(number_of_failure([] { (void)Variant(L"x").to_double(); }), 13);
-    EXPECT_EQ(number_of_failure([] { (void)Variant(1e10).to_int32(); }), 6);
+    EXPECT_EQ(failure_of([] { (void)Variant::null().to_text(); }), 94);
+    EXPECT_EQ(failure_of([] { (void)Variant(L"x").to_double(); }), 13);
+    EXPECT_EQ(failure_of([] { (void)Variant(1e10).to_int32(); }), 6);
     EXPECT_EQ(Variant().to_text(), L"");
     EXPECT_EQ(Variant::null().to_text_or_empty(), L"");
 }

@@ -5,8 +5,8 @@
 #include <limits>
 
 #include "runtime/failure.h"
+#include "tests/support/failure_of.h"
 #include "tests/support/spanish_regional.h"
-#include "tests/unit/failure_of.h"
 
 namespace kovrel {
 namespace {

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "runtime/failure.h"
-#include "tests/unit/failure_of.h"
+#include "tests/support/failure_of.h"
 
 #ifdef _WIN32
 #include <windows.h>

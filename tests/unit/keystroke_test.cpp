@@ -6,8 +6,8 @@
 #include <initializer_list>
 
 #include "runtime/failure.h"
+#include "tests/support/failure_of.h"
 #include "tests/support/spanish_regional.h"
-#include "tests/unit/failure_of.h"
 
 namespace kovrel {
 namespace {

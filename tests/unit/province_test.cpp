@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "runtime/failure.h"
+#include "tests/support/failure_of.h"
 #include "tests/support/spanish_regional.h"
-#include "tests/unit/failure_of.h"
 
 namespace kovrel {
 namespace {
