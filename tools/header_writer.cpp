@@ -83,6 +83,8 @@ std::wstring type_name(const TypeRef& type) {
             return L"VARIANT";
         case VT_DISPATCH:
             return L"IDispatch*";
+        case VT_UNKNOWN:
+            return L"IUnknown*";
         default:
             throw Failure(E_NOTIMPL, L"Un tipo que el archivo de cabecera no conoce");
     }
@@ -144,7 +146,10 @@ class HeaderWriter {
         out_ << L'\n';
         for (const EnumInfo* info : library_.enumerations) write_enumeration(*info);
         for (const RecordInfo* info : library_.records) write_record(*info);
-        for (const ClassInfo* info : library_.classes) write_interface(*info);
+        for (const ClassInfo* info : library_.classes) {
+            write_interface(*info);
+            if (info->events != nullptr) write_events(*info->events);
+        }
         write_identities();
         out_ << L"}  // namespace " << library_.name << L"\n\n";
         write_uuid_declarations();
@@ -190,15 +195,36 @@ class HeaderWriter {
              << info.name << L";\n\n";
     }
 
+    /// A sink is an IDispatch whose Invoke gets these numbers.
+    void write_events(const EventsInfo& info) {
+        out_ << L"/// " << info.help << L"\nMIDL_INTERFACE(\"" << without_braces(info.id) << L"\") "
+             << info.name << L" : public IDispatch {\n    enum : DISPID {\n";
+        for (const EventsInfo::Event& event : info.events) {
+            out_ << L"        /// " << event.help << L'\n';
+            write_changed(event.parameters, L"        ");
+            out_ << L"        id_" << event.name << L" = " << event.id << L",  // (";
+            const wchar_t* separator = L"";
+            for (const ParameterInfo& parameter : event.parameters) {
+                out_ << separator << parameter_text(parameter);
+                separator = L", ";
+            }
+            out_ << L")\n";
+        }
+        out_ << L"    };\n};\n\n";
+    }
+
+    void write_changed(std::span<const ParameterInfo> parameters, const wchar_t* indent) {
+        std::wstring names;
+        for (const ParameterInfo& parameter : parameters) {
+            if (!parameter.written_back) continue;
+            names += (names.empty() ? L"" : L", ") + std::wstring(name_of(parameter));
+        }
+        if (!names.empty()) out_ << indent << L"/// Puede cambiar: " << names << L".\n";
+    }
+
     void write_member(const MemberInfo& member) {
         out_ << L"    /// " << member.help << L'\n';
-        const wchar_t* before = L"    /// Puede cambiar: ";
-        for (const ParameterInfo& parameter : member.parameters) {
-            if (!parameter.written_back) continue;
-            out_ << before << name_of(parameter);
-            before = L", ";
-        }
-        if (*before == L',') out_ << L".\n";
+        write_changed(member.parameters, L"    ");
         out_ << L"    virtual HRESULT STDMETHODCALLTYPE " << prefix(member.kind) << member.name
              << L'(';
         const wchar_t* separator = L"\n        ";
@@ -223,6 +249,10 @@ class HeaderWriter {
         for (const ClassInfo* info : library_.classes) {
             write_identity(L"CLSID_", info->name, info->class_id);
             write_identity(L"IID_", info->interface_name, info->interface_id);
+            if (info->events != nullptr) {
+                write_identity(L"DIID_", info->events->name, info->events->id);
+            }
+            if (info->instancing == Instancing::given) continue;
             out_ << L"constexpr wchar_t ProgID_" << info->name << L"[] = L\"" << info->prog_id
                  << L"\";\n";
         }
@@ -242,6 +272,7 @@ class HeaderWriter {
         for (const ClassInfo* info : library_.classes) {
             declare(info->name, info->class_id);
             declare(info->interface_name, info->interface_id);
+            if (info->events != nullptr) declare(info->events->name, info->events->id);
         }
         for (const RecordInfo* info : library_.records) declare(info->name, info->id);
         out_ << L"#endif\n";

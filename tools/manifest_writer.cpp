@@ -35,11 +35,11 @@ void write_class(std::wostream& out, const LibraryInfo& library, const ClassInfo
         << L"\n              description=" << quoted(info.help) << L"/>\n";
 }
 
-void write_interface(std::wostream& out, const LibraryInfo& library, const ClassInfo& info) {
-    out << L"  <comInterfaceExternalProxyStub name=" << quoted(info.interface_name)
-        << L"\n      iid=" << quoted(text_of_guid(info.interface_id)) << L" tlbid="
-        << quoted(text_of_guid(library.id)) << L"\n      proxyStubClsid32="
-        << quoted(type_library_marshaler) << L"/>\n";
+void write_interface(std::wostream& out, const LibraryInfo& library, const wchar_t* name,
+                     const GUID& id, std::wstring_view marshaler) {
+    out << L"  <comInterfaceExternalProxyStub name=" << quoted(name) << L"\n      iid="
+        << quoted(text_of_guid(id)) << L" tlbid=" << quoted(text_of_guid(library.id))
+        << L"\n      proxyStubClsid32=" << quoted(marshaler) << L"/>\n";
 }
 
 }  // namespace
@@ -56,11 +56,19 @@ std::wstring manifest_text(const LibraryInfo& library, bool is_64_bit) {
         << L"\n                    processorArchitecture=" << quoted(is_64_bit ? L"amd64" : L"x86")
         << L"/>\n"
            L"  <file name=\"kovrel.dll\">\n";
-    for (const ClassInfo* info : library.classes) write_class(out, library, *info);
+    for (const ClassInfo* info : library.classes) {
+        if (info->instancing != Instancing::given) write_class(out, library, *info);
+    }
     out << L"    <typelib tlbid=" << quoted(text_of_guid(library.id)) << L" version="
         << quoted(version) << L" helpdir=\"\"/>\n"
         << L"  </file>\n";
-    for (const ClassInfo* info : library.classes) write_interface(out, library, *info);
+    for (const ClassInfo* info : library.classes) {
+        write_interface(out, library, info->interface_name, info->interface_id,
+                        type_library_marshaler);
+        if (const EventsInfo* const events = info->events) {
+            write_interface(out, library, events->name, events->id, dispatch_marshaler);
+        }
+    }
     out << L"</assembly>\n";
     return out.str();
 }

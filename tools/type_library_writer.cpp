@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "automation/com_ptr.h"
+#include "automation/thunk.h"
 #include "automation/variant.h"
 #include "runtime/failure.h"
 #include "tools/type_library_repair.h"
@@ -78,6 +79,9 @@ class LibraryWriter {
         // filled.
         for (const ClassInfo* entry : library_.classes) begin_interface(*entry);
         for (const ClassInfo* entry : library_.classes) write_interface(*entry);
+        for (const ClassInfo* entry : library_.classes) {
+            if (entry->events != nullptr) write_events(*entry->events);
+        }
         for (const ClassInfo* entry : library_.classes) write_class(*entry);
         check(library_writer_->SaveAllChanges());
     }
@@ -136,19 +140,55 @@ class LibraryWriter {
         user_types_[&info] = std::move(type);
     }
 
-    void write_interface(const ClassInfo& info) {
-        ICreateTypeInfo& type = *user_types_.at(&info).get();
+    void add_base(ICreateTypeInfo& type) {
         ComPtr<ITypeInfo> dispatch;
         check(stdole_->GetTypeInfoOfGuid(IID_IDispatch, dispatch.put()));
         HREFTYPE base = 0;
         check(type.AddRefTypeInfo(dispatch.get(), &base));
         check(type.AddImplType(0, base));
+    }
+
+    void write_interface(const ClassInfo& info) {
+        ICreateTypeInfo& type = *user_types_.at(&info).get();
+        add_base(type);
         UINT index = 0;
-        for (const MemberInfo& member : info.members) write_member(type, index++, member);
+        for (const MemberInfo& member : info.members) {
+            FUNCDESC function{};
+            function.memid = info.published(member.id);
+            // Hosts ask for it by its number, and do not list it.
+            if (function.memid == DISPID_NEWENUM) function.wFuncFlags = FUNCFLAG_FRESTRICTED;
+            function.funckind = FUNC_PUREVIRTUAL;
+            function.invkind = invoke_kind(member.kind);
+            function.elemdescFunc.tdesc.vt = VT_HRESULT;
+            write_function(type, index++, function, member);
+        }
         check(type.LayOut());
     }
 
-    void write_member(ICreateTypeInfo& type, UINT index, const MemberInfo& member) {
+    void write_events(const EventsInfo& info) {
+        auto type = create(info.name, TKIND_DISPATCH, info.id, info.help);
+        // Not listed: hosts find it with the class that it belongs to.
+        check(type->SetTypeFlags(TYPEFLAG_FDISPATCHABLE | TYPEFLAG_FHIDDEN));
+        add_base(*type.get());
+        UINT index = 0;
+        for (const EventsInfo::Event& event : info.events) {
+            FUNCDESC function{};
+            function.memid = event.id;
+            function.funckind = FUNC_DISPATCH;
+            function.invkind = INVOKE_FUNC;
+            function.elemdescFunc.tdesc.vt = VT_VOID;
+            write_function(*type.get(), index++, function,
+                           {.name = event.name,
+                            .help = event.help,
+                            .parameters = event.parameters,
+                            .result = type_of<void>});
+        }
+        check(type->LayOut());
+        user_types_[&info] = std::move(type);
+    }
+
+    void write_function(ICreateTypeInfo& type, UINT index, FUNCDESC function,
+                        const MemberInfo& member) {
         struct Context {
             LibraryWriter& writer;
             ICreateTypeInfo& type;
@@ -185,12 +225,7 @@ class LibraryWriter {
             parameters.push_back(description);
         }
 
-        FUNCDESC function{};
-        function.memid = member.id;
-        function.funckind = FUNC_PUREVIRTUAL;
         function.callconv = CC_STDCALL;
-        function.invkind = invoke_kind(member.kind);
-        function.elemdescFunc.tdesc.vt = VT_HRESULT;
         function.cParams = static_cast<SHORT>(parameters.size());
         function.lprgelemdescParam = parameters.data();
         check(type.AddFuncDesc(index, &function));
@@ -240,15 +275,23 @@ class LibraryWriter {
 
     void write_class(const ClassInfo& info) {
         const auto type = create(info.name, TKIND_COCLASS, info.class_id, info.help);
-        UINT flags = TYPEFLAG_FCANCREATE;
+        UINT flags = info.instancing == Instancing::given ? 0 : TYPEFLAG_FCANCREATE;
         if (info.instancing == Instancing::global) flags |= TYPEFLAG_FAPPOBJECT;
         check(type->SetTypeFlags(flags));
-        const auto interface_type = user_types_.at(&info).query<ITypeInfo>();
-        HREFTYPE main_interface = 0;
-        check(type->AddRefTypeInfo(interface_type.get(), &main_interface));
-        check(type->AddImplType(0, main_interface));
-        check(type->SetImplTypeFlags(0, IMPLTYPEFLAG_FDEFAULT));
+        add_interface(*type.get(), 0, &info, IMPLTYPEFLAG_FDEFAULT);
+        if (info.events != nullptr) {
+            add_interface(*type.get(), 1, info.events,
+                          IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE);
+        }
         check(type->LayOut());
+    }
+
+    void add_interface(ICreateTypeInfo& type, UINT index, const void* key, INT flags) {
+        const auto interface_type = user_types_.at(key).query<ITypeInfo>();
+        HREFTYPE reference = 0;
+        check(type.AddRefTypeInfo(interface_type.get(), &reference));
+        check(type.AddImplType(index, reference));
+        check(type.SetImplTypeFlags(index, flags));
     }
 
     const LibraryInfo& library_;

@@ -31,9 +31,10 @@ DISPID ClassInfo::find(std::wstring_view member) const {
 
 HRESULT ClassInfo::find_ids(LPOLESTR* names, UINT count, DISPID* ids) const {
     std::fill_n(ids, count, DISPID_UNKNOWN);
-    ids[0] = names[0] == nullptr ? DISPID_UNKNOWN : find(names[0]);
-    const MemberInfo* const found = accessors(ids[0]).any();
+    const DISPID id = names[0] == nullptr ? DISPID_UNKNOWN : find(names[0]);
+    const MemberInfo* const found = accessors(id).any();
     if (found == nullptr) return DISP_E_UNKNOWNNAME;
+    ids[0] = published(id);
     const auto& parameters = found->parameters;
     HRESULT result = S_OK;
     for (UINT index = 1; index < count; ++index) {
@@ -53,6 +54,7 @@ HRESULT ClassInfo::find_ids(LPOLESTR* names, UINT count, DISPID* ids) const {
 ClassInfo::Accessors ClassInfo::accessors(DISPID id) const noexcept {
     Accessors result;
     if (id == DISPID_VALUE) id = default_member;
+    if (id == DISPID_NEWENUM) id = enumeration;
     if (id < 1 || static_cast<std::size_t>(id) > by_id.size()) return result;
     // The accessors of a property are adjacent.
     for (const MemberInfo& member : members.subspan(by_id[static_cast<std::size_t>(id - 1)])) {

@@ -15,6 +15,7 @@
 namespace kovrel {
 
 struct ClassInfo;
+class EventSource;
 class LateCall;
 
 /// A named 32-bit constant type of the type library.
@@ -76,6 +77,21 @@ struct MemberInfo {
 enum class Instancing : std::uint8_t {
     creatable,
     global,  ///< also an application object: its members can be called without an instance
+    given,   ///< only by members of other classes
+};
+
+/// What a class calls hosts with: the methods of a dispatch interface that their sinks implement.
+struct EventsInfo {
+    struct Event {
+        const wchar_t* name;
+        const wchar_t* help;
+        DISPID id;
+        std::span<const ParameterInfo> parameters;
+    };
+    const wchar_t* name;
+    const wchar_t* help;
+    GUID id;
+    std::span<const Event> events;
 };
 
 struct ClassInfo {
@@ -91,7 +107,11 @@ struct ClassInfo {
     /// A new instance with one reference; failures are thrown.
     IDispatch* (*create)();
     void (*destroy)(void* object) noexcept;
-    DISPID default_member;                   ///< the id behind DISPID_VALUE; DISPID_UNKNOWN: none
+    DISPID default_member;     ///< published as DISPID_VALUE; DISPID_UNKNOWN: none
+    DISPID enumeration;        ///< published as DISPID_NEWENUM; DISPID_UNKNOWN: none
+    const EventsInfo* events;  ///< null: none
+    /// Of an instance of a class with events.
+    EventSource& (*event_source)(void* implementation);
     std::span<const std::uint16_t> by_id;    ///< index: id - 1; the id's first member
     std::span<const std::uint16_t> by_name;  ///< ids in the order of their names in capitals
 
@@ -116,7 +136,12 @@ struct ClassInfo {
     /// The ids of a member's name and of names of its parameters, as IDispatch hands them out:
     /// DISPID_UNKNOWN for each unknown name, and then DISP_E_UNKNOWNNAME.
     HRESULT find_ids(LPOLESTR* names, UINT count, DISPID* ids) const;
-    /// All null for an unknown id.
+    /// The id by which hosts know a member.
+    [[nodiscard]] DISPID published(DISPID id) const noexcept {
+        if (id == default_member) return DISPID_VALUE;
+        return id == enumeration ? DISPID_NEWENUM : id;
+    }
+    /// By published id; all null for an unknown one.
     [[nodiscard]] Accessors accessors(DISPID id) const noexcept;
 };
 

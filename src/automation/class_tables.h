@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "automation/class_info.h"
+#include "automation/event_source.h"
 #include "automation/object.h"
 #include "automation/thunk.h"
 #include "runtime/text.h"
@@ -92,11 +93,24 @@ struct ClassTables<declared, Declaration<Class, ParameterCount, Thunks...>> {
                 .create = &Object<Class>::create,
                 .destroy = &Object<Class>::destroy,
                 .default_member = declared.identity.default_member,
+                .enumeration = declared.identity.enumeration,
+                .events = declared.identity.events,
+                .event_source = event_source(),
                 .by_id = by_id,
                 .by_name = by_name};
     }
 
  private:
+    static consteval auto event_source() -> EventSource& (*)(void*) {
+        if constexpr (requires(Class & instance) { instance.events.has_sinks(); }) {
+            return [](void* implementation) -> EventSource& {
+                return static_cast<Class*>(implementation)->events;
+            };
+        } else {
+            return nullptr;
+        }
+    }
+
     static constexpr auto places = std::index_sequence_for<Thunks...>{};
     static constexpr std::size_t ids = static_cast<std::size_t>(declared.members.back().id);
 

@@ -82,6 +82,8 @@ struct ClassIdentity {
     GUID interface_id;
     DISPID default_member =
         DISPID_UNKNOWN;  ///< the place of a member, from 1, that hosts need not name
+    DISPID enumeration = DISPID_UNKNOWN;  ///< that of the member that "For Each" asks
+    const EventsInfo* events = nullptr;   ///< of a class with a member `events`, an EventSource
 };
 
 /// What cannot be derived from a member's signature.
@@ -181,6 +183,17 @@ template <class Class>
                                                    const wchar_t* help,
                                                    Instancing instancing = Instancing::creatable) {
     return {.identity = identity, .help = help, .instancing = instancing};
+}
+
+/// The parameters of an event by their types: T by value, T& a variable of the library that a sink
+/// may change.
+template <class... Parameters>
+[[nodiscard]] consteval std::array<ParameterInfo, sizeof...(Parameters)> event_parameters(
+    const wchar_t* const (&names)[sizeof...(Parameters)]) {
+    std::size_t index = 0;
+    return {ParameterInfo{names[index++], type_of<std::remove_cvref_t<Parameters>>,
+                          by_reference<Parameters>, written_back<Parameters>, false, nullptr,
+                          no_value}...};
 }
 
 /// The tables of a declared class.

@@ -201,6 +201,18 @@ struct Native<ComPtr<IDispatch>> : NativeInterface<ComPtr<IDispatch>, IDispatch>
     static constexpr TypeRef type() noexcept { return {.type = VT_DISPATCH}; }
 };
 
+/// What a collection's enumeration gives; a result only.
+template <>
+struct Native<ComPtr<IUnknown>> {
+    using Raw = IUnknown*;
+    static Raw to_raw(ComPtr<IUnknown> value) noexcept { return value.detach(); }
+    static void put(VARIANT& target, ComPtr<IUnknown> value) noexcept {
+        target.vt = VT_UNKNOWN;
+        target.punkVal = value.detach();
+    }
+    static constexpr TypeRef type() noexcept { return {.type = VT_UNKNOWN}; }
+};
+
 template <>
 struct Native<ComPtr<IPictureDisp>> : NativeInterface<ComPtr<IPictureDisp>, IPictureDisp> {
     static ComPtr<IPictureDisp> from_call(const LateCall& call, std::size_t index) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "automation/event_source.h"
 #include "automation/floating_point.h"
 #include "automation/late_call.h"
 #include "automation/module.h"
@@ -106,18 +107,20 @@ ULONG live_objects() noexcept {
     return objects;
 }
 
+LiveObject::LiveObject() noexcept {
+    ++objects;
+}
+
+LiveObject::~LiveObject() {
+    --objects;
+}
+
 ObjectBase::ObjectBase(const ClassInfo& info, void* implementation) noexcept
     : vtable_(info.vtable),
       info_(&info),
       implementation_(implementation),
       error_support_(*this),
-      class_info_provider_(*this) {
-    ++objects;
-}
-
-ObjectBase::~ObjectBase() {
-    --objects;
-}
+      class_info_provider_(*this) {}
 
 ULONG ObjectBase::add_ref() noexcept {
     return ++references_;
@@ -144,10 +147,19 @@ HRESULT ObjectBase::query(REFIID id, void** result) noexcept {
     } else if (IsEqualIID(id, IID_IProvideClassInfo)) {
         *result = static_cast<IProvideClassInfo*>(&class_info_provider_);
     } else {
-        return E_NOINTERFACE;
+        *result = info_->events != nullptr ? interface_of_events(id) : nullptr;
+        if (*result == nullptr) return E_NOINTERFACE;
     }
     add_ref();
     return S_OK;
+}
+
+void* ObjectBase::interface_of_events(REFIID id) noexcept {
+    if (IsEqualIID(id, IID_IProvideClassInfo2)) {
+        return static_cast<IProvideClassInfo2*>(&class_info_provider_);
+    }
+    if (!IsEqualIID(id, IID_IConnectionPointContainer)) return nullptr;
+    return info_->event_source(implementation_).container(*this);
 }
 
 HRESULT STDMETHODCALLTYPE ObjectBase::ErrorSupport::InterfaceSupportsErrorInfo(REFIID id) {
@@ -157,6 +169,14 @@ HRESULT STDMETHODCALLTYPE ObjectBase::ErrorSupport::InterfaceSupportsErrorInfo(R
 HRESULT STDMETHODCALLTYPE ObjectBase::ClassInfoProvider::GetClassInfo(ITypeInfo** result) {
     if (result == nullptr) return E_POINTER;
     return own_type_info(owner_.info_->class_id, result);
+}
+
+HRESULT STDMETHODCALLTYPE ObjectBase::ClassInfoProvider::GetGUID(DWORD kind, GUID* result) {
+    if (result == nullptr) return E_POINTER;
+    *result = {};
+    if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
+    *result = owner_.info_->events->id;
+    return S_OK;
 }
 
 HRESULT STDMETHODCALLTYPE ObjectBase::query_interface(ObjectBase* self, REFIID id, void** result) {

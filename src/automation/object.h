@@ -15,8 +15,18 @@
 
 namespace kovrel {
 
-/// Instances alive in this process, of all classes.
+/// Objects alive in this process, of all classes, and others that hosts hold: while there are any,
+/// the library stays loaded.
 [[nodiscard]] ULONG live_objects() noexcept;
+
+/// A member of each of them.
+class LiveObject {
+ public:
+    LiveObject() noexcept;
+    LiveObject(const LiveObject&) = delete;
+    LiveObject& operator=(const LiveObject&) = delete;
+    ~LiveObject();
+};
 
 /// Function pointers in sequence, laid out as a vtable.
 template <class First, class... Rest>
@@ -66,7 +76,7 @@ class ObjectBase {
 
  protected:
     ObjectBase(const ClassInfo& info, void* implementation) noexcept;
-    ~ObjectBase();
+    ~ObjectBase() = default;
 
  private:
     /// A further interface of an instance, which shares its identity and reference count.
@@ -91,14 +101,16 @@ class ObjectBase {
         HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID id) override;
     };
 
-    /// Tells hosts which class of the type library an instance is of.
-    class ClassInfoProvider final : public Facet<IProvideClassInfo> {
+    /// Tells hosts which class of the type library an instance is of, and which are its events.
+    class ClassInfoProvider final : public Facet<IProvideClassInfo2> {
      public:
         using Facet::Facet;
         HRESULT STDMETHODCALLTYPE GetClassInfo(ITypeInfo** result) override;
+        HRESULT STDMETHODCALLTYPE GetGUID(DWORD kind, GUID* result) override;
     };
 
     HRESULT query(REFIID id, void** result) noexcept;
+    [[nodiscard]] void* interface_of_events(REFIID id) noexcept;
 
     static HRESULT STDMETHODCALLTYPE query_interface(ObjectBase* self, REFIID id, void** result);
     static ULONG STDMETHODCALLTYPE add_reference(ObjectBase* self);
@@ -118,6 +130,7 @@ class ObjectBase {
     void* implementation_;
     ErrorSupport error_support_;
     ClassInfoProvider class_info_provider_;
+    [[no_unique_address]] const LiveObject counted_;
 };
 
 /// An instance of the class whose members are those of `Class`.

@@ -39,7 +39,21 @@ Keys keys_of(const LibraryInfo& library, const std::wstring& module_path) {
     const auto add = [&keys](std::wstring key, const wchar_t* name, std::wstring_view data) {
         keys.values.push_back({std::move(key), name, std::wstring(data)});
     };
+    const auto add_interface = [&](const GUID& id, const wchar_t* name,
+                                   std::wstring_view marshaler) {
+        const std::wstring key = L"Interface\\" + text_of_guid(id);
+        add(key, nullptr, name);
+        add(key + L"\\ProxyStubClsid32", nullptr, marshaler);
+        add(key + L"\\TypeLib", nullptr, library_id);
+        add(key + L"\\TypeLib", L"Version", version);
+        keys.own_trees.push_back(key);
+    };
     for (const ClassInfo* info : library.classes) {
+        add_interface(info->interface_id, info->interface_name, type_library_marshaler);
+        if (info->events != nullptr) {
+            add_interface(info->events->id, info->events->name, dispatch_marshaler);
+        }
+        if (info->instancing == Instancing::given) continue;
         const std::wstring class_key = key_of_class(*info);
         add(class_key, nullptr, info->help);
         add(class_key + L"\\InprocServer32", nullptr, module_path);
@@ -53,13 +67,6 @@ Keys keys_of(const LibraryInfo& library, const std::wstring& module_path) {
         add(info->prog_id, nullptr, info->help);
         add(std::wstring(info->prog_id) + L"\\CLSID", nullptr, text_of_guid(info->class_id));
         keys.shared_trees.emplace_back(info->prog_id);
-
-        const std::wstring interface_key = L"Interface\\" + text_of_guid(info->interface_id);
-        add(interface_key, nullptr, info->interface_name);
-        add(interface_key + L"\\ProxyStubClsid32", nullptr, type_library_marshaler);
-        add(interface_key + L"\\TypeLib", nullptr, library_id);
-        add(interface_key + L"\\TypeLib", L"Version", version);
-        keys.own_trees.push_back(interface_key);
     }
     const std::wstring library_key = L"TypeLib\\" + library_id;
     const std::wstring version_key = library_key + L"\\" + version;

@@ -13,6 +13,8 @@ namespace kovrel {
 /// The platform's own marshaler for interfaces that a type library describes.
 inline constexpr std::wstring_view type_library_marshaler =
     L"{00020424-0000-0000-C000-000000000046}";
+/// That for interfaces that are called through IDispatch alone, as events are.
+inline constexpr std::wstring_view dispatch_marshaler = L"{00020420-0000-0000-C000-000000000046}";
 
 /// An identifier as the registry spells it, in braces.
 [[nodiscard]] std::wstring text_of_guid(const GUID& id);

@@ -84,6 +84,7 @@ HRESULT get_class_object(const LibraryInfo& library, REFCLSID class_id, REFIID i
     [[maybe_unused]] const void* volatile made = abi::__cxa_get_globals();
     for (const ClassInfo* info : library.classes) {
         if (!IsEqualCLSID(class_id, info->class_id)) continue;
+        if (info->instancing == Instancing::given) break;
         const auto factory = ComPtr<IClassFactory>::attach(new (std::nothrow) ClassFactory(*info));
         if (!factory) return E_OUTOFMEMORY;
         return factory->QueryInterface(interface_id, result);
