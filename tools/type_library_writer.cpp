@@ -180,8 +180,11 @@ class LibraryWriter {
             write_function(*type.get(), index++, function,
                            {.name = event.name,
                             .help = event.help,
+                            .id = event.id,
+                            .kind = MemberKind::method,
                             .parameters = event.parameters,
-                            .result = type_of<void>});
+                            .result = type_of<void>,
+                            .late = nullptr});
         }
         check(type->LayOut());
         user_types_[&info] = std::move(type);

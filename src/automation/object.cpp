@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "automation/current_call.h"
 #include "automation/event_source.h"
 #include "automation/floating_point.h"
 #include "automation/late_call.h"
@@ -239,6 +240,7 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
     }
 
     const KeepAlive alive(*self);
+    const CurrentCall current(info, *entry);
     const DefaultFloatingPoint floating_point;
     try {
         LateCall call(*entry, *parameters, result);
@@ -254,8 +256,9 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
     }
 }
 
-HRESULT ObjectBase::run(void (*body)(void*), void* context) noexcept {
+HRESULT ObjectBase::run(const MemberInfo& member, void (*body)(void*), void* context) noexcept {
     const KeepAlive alive(*this);
+    const CurrentCall current(*info_, member);
     return run_at_boundary(info_->prog_id, info_->interface_id, body, context);
 }
 

@@ -64,7 +64,7 @@ class ObjectBase {
 
     /// Runs one early-bound call at the boundary, with the instance kept alive meanwhile: a host
     /// may let go of it from an event that the member lets through.
-    HRESULT run(void (*body)(void*), void* context) noexcept;
+    HRESULT run(const MemberInfo& member, void (*body)(void*), void* context) noexcept;
 
     /// A class's vtable: the seven entries of IDispatch, and behind them those of its members.
     template <class... Slots>

@@ -126,12 +126,13 @@ class Crossing {
     template <class... Out>
     [[gnu::noinline]] static HRESULT early(ObjectBase* self, Member member, std::size_t place,
                                            RawOf<Parameters>... raw, Out... out) {
+        const MemberInfo& declared = self->info().members[place];
         auto body = [&] {
-            const MemberInfo& declared = self->info().members[place];
             check_pointers(declared, Indexes{}, raw..., out...);
             call_early(self->implementation(), member, declared, Indexes{}, raw..., out...);
         };
-        return self->run([](void* context) { (*static_cast<decltype(body)*>(context))(); }, &body);
+        return self->run(
+            declared, [](void* context) { (*static_cast<decltype(body)*>(context))(); }, &body);
     }
 
     static void late(void* implementation, Member member, LateCall& call) {

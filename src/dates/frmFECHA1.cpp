@@ -146,6 +146,12 @@ std::optional<Date> frmFECHA1::value() const {
     return date;
 }
 
+Announcement frmFECHA1::announcement() const {
+    Announcement result = Window::announcement();
+    result.text = message_;
+    return result;
+}
+
 bool frmFECHA1::FechaOk() const {
     // Day 0 counts as no date: PideFecha would wait for ever.
     return value().value_or(Date{}) != Date{};

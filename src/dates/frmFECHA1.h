@@ -33,7 +33,9 @@ class frmFECHA1 final : public Window {
     /// True when the date field holds a date.
     [[nodiscard]] bool FechaOk() const;
 
-    Date chosen;  ///< 0, which stands for no date, until the user has confirmed one
+    Date chosen;          ///< 0, which stands for no date, until the user has confirmed one
+    Date when_not_shown;  ///< chosen for a user whom the window is not shown
+    [[nodiscard]] bool answered() const noexcept { return withheld() || chosen != Date{}; }
 
  private:
     /// In twips.
@@ -50,9 +52,11 @@ class frmFECHA1 final : public Window {
     void create_controls() override;
     void apply_scale() override;
     void lay_out() override;
+    [[nodiscard]] Announcement announcement() const override;
     void form_load() override;
     void clicked(int id) override;
     void closing() override {}
+    void not_shown() override { chosen = when_not_shown; }
 
     [[nodiscard]] double question_height() const;
     [[nodiscard]] Layout wanted_layout() const;

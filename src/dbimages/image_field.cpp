@@ -32,7 +32,8 @@ std::wstring temporary_file_name(std::wstring_view folder, double random) {
 Notice picture_failure(std::int32_t number, std::wstring_view description) {
     return {L"ERROR  " + decimal_text(number) + L": " + std::wstring(description),
             NoticeStyle::plain,
-            {}};
+            {},
+            number};
 }
 
 }  // namespace kovrel

@@ -11,6 +11,7 @@
 #include "automation/thread_slot.h"
 #include "runtime/failure.h"
 #include "runtime/owned.h"
+#include "services/announcer.h"
 #include "services/dynamic_library.h"
 #include "services/guarded.h"
 #include "services/modal_scope.h"
@@ -91,8 +92,16 @@ std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
     record.lpszTitle = title.c_str();
     record.ulFlags = BIF_RETURNONLYFSDIRS;
     record.lpfn = &on_browser_message;
+    Announcement announcement;
+    announcement.kind = AnnouncementKind::window;
+    announcement.text = prompt;
     initial_folder_of_browse.set(folder.c_str());
-    const Owned<ITEMIDLIST*, &CoTaskMemFree> item(run_dialog(record));
+    ITEMIDLIST* chosen = nullptr;
+    announce(announcement, [&] {
+        chosen = run_dialog(record);
+        return chosen != nullptr ? Answer::ok : Answer::cancel;
+    });
+    const Owned<ITEMIDLIST*, &CoTaskMemFree> item(chosen);
     initial_folder_of_browse.set(nullptr);
     if (!item) return {};
     PathBuffer path = blank_buffer();

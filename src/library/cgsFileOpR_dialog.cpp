@@ -7,6 +7,7 @@
 #include "automation/floating_point.h"
 #include "files/open_dialog_text.h"
 #include "library/cgsFileOpR.h"
+#include "services/announcer.h"
 #include "services/dynamic_library.h"
 #include "services/guarded.h"
 #include "services/modal_scope.h"
@@ -46,12 +47,16 @@ class Buffer {
 };
 
 /// Modal to the whole thread, whatever its owner. True when the user has chosen a file.
-bool run_dialog(OPENFILENAME_NT4A& record) {
-    auto* const open =
-        system_function<decltype(GetOpenFileNameA)>(L"comdlg32.dll", "GetOpenFileNameA");
-    const ModalScope scope(ModalScope::NextDialog{record.hwndOwner});
-    const HostFloatingPoint host;
-    return open(reinterpret_cast<OPENFILENAMEA*>(&record)) != FALSE;
+bool run_dialog(OPENFILENAME_NT4A& record, const Announcement& announcement) {
+    const Announced announced = announce(announcement, [&record] {
+        auto* const open =
+            system_function<decltype(GetOpenFileNameA)>(L"comdlg32.dll", "GetOpenFileNameA");
+        const ModalScope scope(ModalScope::NextDialog{record.hwndOwner});
+        const HostFloatingPoint host;
+        return open(reinterpret_cast<OPENFILENAMEA*>(&record)) != FALSE ? Answer::ok
+                                                                        : Answer::cancel;
+    });
+    return announced.answer == Answer::ok;
 }
 
 }  // namespace
@@ -94,7 +99,11 @@ bool cgsFileOpR::ShowOpen(Variant vFileName, Variant vTitle, Variant vFilter, co
             // The published size of this version of OPENFILENAME.
             static_assert(sizeof record == (sizeof(void*) == 4 ? 76 : 136));
             const bool multiple = (record.Flags & OFN_ALLOWMULTISELECT) != 0;
-            if (!run_dialog(record)) {
+            Announcement announcement;
+            announcement.kind = AnnouncementKind::window;
+            announcement.title = DialogTitle;
+            announcement.text = FileName;
+            if (!run_dialog(record, announcement)) {
                 if (CancelError) note_cancelled();
                 return;
             }

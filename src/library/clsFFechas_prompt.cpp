@@ -20,6 +20,7 @@ Date clsFFechas::PideFecha(const std::wstring& strMensaje, const std::wstring& s
                            Date& DtFechaDefecto) {
     return guarded<Date>({L") en procedimiento PideFecha del Módulo de clase clsFFechas."},
                          [&](Date& result) {
+                             const Date given = DtFechaDefecto;
                              if (DtFechaDefecto == Date{})
                                  DtFechaDefecto = Date{static_cast<double>(today())};
                              const auto window = frmFECHA1::shared();
@@ -27,8 +28,9 @@ Date clsFFechas::PideFecha(const std::wstring& strMensaje, const std::wstring& s
                              prompt->set_value(DtFechaDefecto);
                              prompt->set_message(strMensaje);
                              prompt->set_caption(strCaption);
+                             prompt->when_not_shown = given;
                              prompt->show_modal();
-                             while (prompt->chosen == Date{}) pump_events();
+                             while (!prompt->answered()) pump_events();
                              result = prompt->chosen;
                          });
 }

@@ -48,7 +48,7 @@ void clsFGen::BarraProgresoActualiza(const std::int32_t& Porcentaje,
         const auto window = progress_window_;
         if (window == nullptr) throw Failure(FailureNumber::object_not_set);
         // After a cancel updates are ignored until the host has asked BarraProgresoCancelada.
-        if (!window->loaded()) return;
+        if (!window->takes(Porcentaje, strMensaje)) return;
         window->take_focus();
         window->set_message(strMensaje);
         BarraProgreso(window->bar(), Porcentaje);

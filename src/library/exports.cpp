@@ -3,10 +3,12 @@
 
 #include "automation/server.h"
 #include "library/library.h"
+#include "services/announcer.h"
 
 extern "C" {
 
 HRESULT STDAPICALLTYPE DllGetClassObject(REFCLSID class_id, REFIID interface_id, void** result) {
+    kovrel::prepare_for_nobody();
     return kovrel::get_class_object(kovrel::library, class_id, interface_id, result);
 }
 

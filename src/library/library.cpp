@@ -3,12 +3,16 @@
 #include "library/ZIPnames.h"
 #include "library/cgsFileOpR.h"
 #include "library/clsADODBServices.h"
+#include "library/clsAviso.h"
+#include "library/clsAvisos.h"
 #include "library/clsCSQL.h"
 #include "library/clsFFechas.h"
 #include "library/clsFGen.h"
 #include "library/clsFZip.h"
 #include "library/clsMensajes.h"
 #include "library/clsProfile.h"
+#include "library/eClaseAviso.h"
+#include "library/eModoAvisos.h"
 #include "library/eOFN.h"
 
 namespace kovrel {
@@ -20,8 +24,9 @@ constexpr GUID library_id{
 constexpr const ClassInfo* classes[]{&clsFFechas::class_info, &clsADODBServices::class_info,
                                      &cgsFileOpR::class_info, &clsProfile::class_info,
                                      &clsCSQL::class_info,    &clsFZip::class_info,
-                                     &clsFGen::class_info,    &clsMensajes::class_info};
-constexpr const EnumInfo* enumerations[]{&enumeration_info(eOFN{})};
+                                     &clsFGen::class_info,    &clsMensajes::class_info,
+                                     &clsAviso::class_info,   &clsAvisos::class_info};
+constexpr const EnumInfo* enumerations[]{&eOFN_info, &eModoAvisos_info, &eClaseAviso_info};
 constexpr const RecordInfo* records[]{&ZIPnames::info};
 
 }  // namespace

@@ -87,6 +87,14 @@ bool frmDialogo::has_page_colors(int id) const {
     return id == TxtMensaje;
 }
 
+Announcement frmDialogo::announcement() const {
+    Announcement result = Window::announcement();
+    result.kind = AnnouncementKind::message;
+    result.text = Mensaje;
+    if (!Titulo.empty()) result.title = Titulo;
+    return result;
+}
+
 void frmDialogo::form_unload() {
     guarded({L") en procedimiento Form_Unload del Formulario frmDialogo."}, [&] {
         Abierto = false;

@@ -32,6 +32,7 @@ class frmDialogo final : public Window {
     void clicked(int id) override;
     [[nodiscard]] bool has_page_colors(int id) const override;
     void form_unload() override;
+    [[nodiscard]] Announcement announcement() const override;
 
     Font text_font_;
 };

@@ -6,6 +6,7 @@
 #include "progress/bar_colors.h"
 #include "progress/progress_bar.h"
 #include "progress/progress_layout.h"
+#include "services/announcer.h"
 #include "services/guarded.h"
 #include "services/modal.h"
 #include "ui/controls.h"
@@ -151,6 +152,27 @@ void frmBarraProgreso::clicked(int id) {
     if (id != cmdCancel || !boBotones) return;
     canceled_ = true;
     unload();
+}
+
+Announcement frmBarraProgreso::announcement() const {
+    Announcement result = Window::announcement();
+    result.kind = AnnouncementKind::progress;
+    result.text = strMensaje;
+    if (!strCaption.empty()) result.title = strCaption;
+    return result;
+}
+
+bool frmBarraProgreso::takes(std::int32_t new_percentage, const std::wstring& message) {
+    if (canceled_ || !(loaded() || withheld())) return false;
+    Announcement report;
+    report.kind = AnnouncementKind::progress;
+    report.text = message;
+    report.percentage = new_percentage;
+    if (announce_progress(report)) {
+        canceled_ = true;
+        unload();
+    }
+    return loaded();
 }
 
 void frmBarraProgreso::take_focus() const noexcept {

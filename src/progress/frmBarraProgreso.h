@@ -30,6 +30,9 @@ class frmBarraProgreso final : public Window {
 
     std::optional<std::int32_t> percentage;  ///< what the bar shows; none before the first update
 
+    /// Announces an update. True when the window is there to show it; false also after a cancel.
+    [[nodiscard]] bool takes(std::int32_t new_percentage, const std::wstring& message);
+
     /// True once the user has pressed the button; loading the window again makes it false.
     [[nodiscard]] bool canceled() const noexcept { return canceled_; }
 
@@ -58,6 +61,7 @@ class frmBarraProgreso final : public Window {
     void posted(UINT message, int value) override;
     void closing() override;
     void form_unload() override;
+    [[nodiscard]] Announcement announcement() const override;
 
     void draw_bar();
 

@@ -23,6 +23,7 @@ struct Notice {
     NoticeStyle style = NoticeStyle::exclamation;
     /// Absent: the library's application title. Present but empty: an empty title.
     std::optional<std::wstring> title;
+    std::int32_t failure = 0;  ///< the number of the failure that it tells; 0: none
 
     bool operator==(const Notice&) const = default;
 };

@@ -22,18 +22,31 @@ class Hourglass {
     ~Hourglass() { SetCursor(LoadCursorW(nullptr, IDC_ARROW)); }
 };
 
+double seconds_since_midnight(const SYSTEMTIME& time) noexcept {
+    return (time.wHour * 60 + time.wMinute) * 60 + time.wSecond + time.wMilliseconds / 1000.0;
+}
+
 }  // namespace
 
 double seconds_since_midnight() noexcept {
     SYSTEMTIME now{};
     GetLocalTime(&now);
-    return (now.wHour * 60 + now.wMinute) * 60 + now.wSecond + now.wMilliseconds / 1000.0;
+    return seconds_since_midnight(now);
 }
 
 std::int32_t today() noexcept {
     SYSTEMTIME now;
     GetLocalTime(&now);
     return day_count({now.wYear, now.wMonth, now.wDay});
+}
+
+double now() noexcept {
+    constexpr double seconds_a_day = 24 * 60 * 60;
+    // Read once: midnight may pass between two readings.
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return day_count({now.wYear, now.wMonth, now.wDay}) +
+           seconds_since_midnight(now) / seconds_a_day;
 }
 
 void wait_with_hourglass(float seconds) {

@@ -11,6 +11,9 @@ namespace kovrel {
 /// The present local day: days since 30 December 1899.
 [[nodiscard]] std::int32_t today() noexcept;
 
+/// The present local date and time: days since 30 December 1899, the time being the fraction.
+[[nodiscard]] double now() noexcept;
+
 /// Dispatches events in a loop until so many seconds have passed, with the hourglass as the mouse
 /// pointer. Midnight is not corrected for: a wait that reaches it never ends.
 void wait_with_hourglass(float seconds);

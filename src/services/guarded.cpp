@@ -9,6 +9,7 @@ void show_failure(const Failure& failure, const Handler& handler) noexcept {
     try {
         Notice notice;
         notice.style = NoticeStyle::critical;
+        notice.failure = failure.number();
         notice.text = L"Error " + decimal_text(failure.number()) + L"\r (";
         notice.text += failure.description();
         notice.text += handler.trailing;

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "automation/floating_point.h"
+#include "services/announcer.h"
 #include "services/modal_scope.h"
 
 namespace kovrel {
@@ -25,18 +26,15 @@ int refusal(UINT style) noexcept {
     return (style & MB_TYPEMASK) == MB_OKCANCEL ? IDCANCEL : IDOK;
 }
 
-}  // namespace
-
-std::int32_t show(const Notice& notice) {
-    const auto style = static_cast<UINT>(notice.style);
-    const wchar_t* title = notice.title ? notice.title->c_str() : application_title;
+Answer show_box(const Announcement& box) {
+    const auto style = static_cast<UINT>(box.style);
     std::optional<int> quit_code;
     int button = 0;
     const HostFloatingPoint host;
     for (bool is_open = true; is_open && !is_answer(style, button);) {
         HWND const owner = modal_owner();
         const ModalScope scope(ModalScope::NextDialog{owner});
-        button = MessageBoxW(owner, notice.text.c_str(), title, style);
+        button = MessageBoxW(owner, box.text.c_str(), box.title.c_str(), style);
         is_open = scope.was_shown();
         MSG message;
         if (!is_answer(style, button) &&
@@ -45,7 +43,14 @@ std::int32_t show(const Notice& notice) {
         }
     }
     if (quit_code) PostQuitMessage(*quit_code);
-    return is_answer(style, button) ? button : refusal(style);
+    return static_cast<Answer>(is_answer(style, button) ? button : refusal(style));
+}
+
+}  // namespace
+
+std::int32_t show(const Notice& notice) {
+    const Announcement box = announcement_of(notice, application_title);
+    return static_cast<std::int32_t>(announce(box, [&box] { return show_box(box); }).answer);
 }
 
 }  // namespace kovrel

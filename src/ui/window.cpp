@@ -8,6 +8,7 @@
 #include "automation/floating_point.h"
 #include "automation/module.h"
 #include "runtime/failure.h"
+#include "services/announcer.h"
 #include "services/modal.h"
 #include "services/modal_scope.h"
 #include "ui/controls.h"
@@ -121,7 +122,20 @@ void Window::create() {
     center_on_screen();
 }
 
+Announcement Window::announcement() const {
+    Announcement result;
+    result.kind = AnnouncementKind::window;
+    result.title = caption();
+    return result;
+}
+
 void Window::show_modeless() {
+    const Announced announced = announce(announcement(), [] { return Answer::ok; });
+    withheld_ = !announced.was_shown;
+    if (withheld_) {
+        not_shown();
+        return;
+    }
     load();
     mark_modeless(handle_, true);
     const HostFloatingPoint host;
@@ -132,6 +146,15 @@ void Window::show_modeless() {
 void Window::show_modal() {
     const auto alive = shared_from_this();
     if (visible()) throw Failure(FailureNumber::form_already_shown);
+    const Announced announced = announce(announcement(), [this] {
+        run_modal();
+        return Answer::ok;
+    });
+    withheld_ = !announced.was_shown;
+    if (withheld_) not_shown();
+}
+
+void Window::run_modal() {
     load();
     HWND const window = handle_;
     if (design_.has_owner) set_owner(window, modal_owner());

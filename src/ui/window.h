@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "runtime/announcement.h"
 #include "ui/gdi.h"
 #include "ui/scale.h"
 
@@ -45,10 +46,14 @@ class Window : public std::enable_shared_from_this<Window> {
 
     /// Creates the window and its controls, hidden; nothing when it is loaded already.
     void load();
+    /// The window or, where the library does not show what it says, nothing: `withheld` is true
+    /// then.
     void show_modeless();
     /// Returns once the window is unloaded or hidden. Until then no other window of the thread can
-    /// be used. Failure 400 when the window is visible already.
+    /// be used. Failure 400 when the window is visible already. Where the library does not show
+    /// what it says, it returns at once, as after a window that was closed.
     void show_modal();
+    [[nodiscard]] bool withheld() const noexcept { return withheld_; }
     void unload() noexcept;
     void set_caption(const std::wstring& caption);
     [[nodiscard]] std::wstring caption() const { return caption_.value_or(design_.caption); }
@@ -122,6 +127,11 @@ class Window : public std::enable_shared_from_this<Window> {
     virtual void closing() { unload(); }
     virtual void form_unload() {}
 
+    /// What is announced before the window is shown: by default its caption.
+    [[nodiscard]] virtual Announcement announcement() const;
+    /// Instead of the window's life when it is not shown.
+    virtual void not_shown() { form_unload(); }
+
     /// The first of the messages that a window may post to itself.
     static constexpr UINT first_posted = WM_APP + 0x100;
 
@@ -142,6 +152,7 @@ class Window : public std::enable_shared_from_this<Window> {
     static LRESULT watch_control(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
                                  void* owner);
     void create();
+    void run_modal();
     LRESULT handle(UINT message, WPARAM wparam, LPARAM lparam);
     void command(int id, UINT code, bool from_control);
     bool pressed(WPARAM key);
@@ -177,6 +188,7 @@ class Window : public std::enable_shared_from_this<Window> {
     std::vector<Placed> controls_;
     std::optional<std::wstring> caption_;
     ModalScope* modal_ = nullptr;
+    bool withheld_ = false;
     std::shared_ptr<Window> self_;  // while loaded
 };
 
