@@ -295,16 +295,16 @@ TEST_F(DatabaseReport, EarlyBound) {
 
 TEST_F(DatabaseReport, VersionAndFileOfTheLibrary) {
     BoxWatcher no_box;
-    EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiVersion")), L"1.0.0");
+    EXPECT_EQ(text_of_result(get(messages_.get(), L"ArchiVersion")), L"1.1.0");
     const std::wstring folder = library_file().parent_path().wstring();
     EXPECT_EQ(narrow(text_of_result(get(messages_.get(), L"ArchiInformacion"))),
-              narrow(L"kovrel - Versión: 1.0.0 (" + folder + L"\\kovrel.dll)"));
+              narrow(L"kovrel - Versión: 1.1.0 (" + folder + L"\\kovrel.dll)"));
     using Get = HRESULT(STDMETHODCALLTYPE*)(IDispatch*, BSTR*);
     Bstr text;
     EXPECT_EQ(early<Get>(messages_.get(), L"ArchiVersion", INVOKE_PROPERTYGET)(messages_.get(),
                                                                                text.put()),
               S_OK);
-    EXPECT_EQ(text.view(), L"1.0.0");
+    EXPECT_EQ(text.view(), L"1.1.0");
     EXPECT_EQ(put(messages_.get(), L"ArchiVersion", Variant(L"2")).result, DISP_E_MEMBERNOTFOUND);
 }
 

@@ -1,8 +1,9 @@
 # From the generated header, a line for everything that it declares, as the compiler and the tests
-# read it: MEMBER(interface, function, "parameters") and FLAG(name).
-/^enum / { in_enumeration = 1 }
-/^};/ { in_enumeration = 0 }
-in_enumeration && / = 0x/ { print "FLAG(" $1 ")" }
+# read it: MEMBER(interface, function, "parameters"), EVENT(interface, id, "parameters") and
+# FLAG(enumeration, name).
+/^enum / { enumeration = $2 }
+/^};/ { enumeration = "" }
+enumeration != "" && / = 0x/ { print "FLAG(" enumeration ", " $1 ")" }
 /^MIDL_INTERFACE/ { interface = $2 }
 /^    virtual / {
     name = $4
@@ -15,3 +16,10 @@ in_enumeration && / = 0x/ { print "FLAG(" $1 ")" }
     parameters = parameters (parameters == "" ? "" : "; ") parameter
 }
 /\) = 0;$/ { print "MEMBER(" interface ", " name ", LR\"~(" parameters ")~\")" }
+/^        id_/ {
+    name = $1
+    parameters = $0
+    gsub(/^.*\/\/ \(|\/\* | \*\/|\)$/, "", parameters)
+    gsub(/, \[/, "; [", parameters)
+    print "EVENT(" interface ", " name ", LR\"~(" parameters ")~\")"
+}

@@ -14,9 +14,11 @@ namespace {
 
 struct Declared {
     std::wstring name;
-    std::ptrdiff_t offset;  ///< in bytes from the vtable's beginning
+    std::ptrdiff_t place;  ///< a member's offset in the vtable, in bytes; an event's id
     std::wstring parameters;
 };
+
+using DeclaredInterfaces = std::map<std::wstring, std::vector<Declared>>;
 
 /// The vtable offset in a pointer to a virtual member function, which holds it plus 1.
 template <class Function>
@@ -26,26 +28,41 @@ std::ptrdiff_t offset_of(Function function) {
 }
 
 /// By interface, in the order of the header.
-std::map<std::wstring, std::vector<Declared>> declared_members() {
-    std::map<std::wstring, std::vector<Declared>> interfaces;
-#define FLAG(name)
+DeclaredInterfaces declared_members() {
+    DeclaredInterfaces interfaces;
+#define FLAG(enumeration, name)
+#define EVENT(interface_name, id, parameters)
 #define MEMBER(interface_name, name, parameters) \
     interfaces[L## #interface_name].push_back(   \
         {L## #name, offset_of(&Kovrel::interface_name::name), parameters});
 #include "header_members.inc"
 #undef MEMBER
+#undef EVENT
+    return interfaces;
+}
+
+DeclaredInterfaces declared_events() {
+    DeclaredInterfaces interfaces;
+#define EVENT(interface_name, id, parameters) \
+    interfaces[L## #interface_name].push_back({L## #id, Kovrel::interface_name::id, parameters});
+#define MEMBER(interface_name, name, parameters)
+#include "header_members.inc"
+#undef EVENT
 #undef FLAG
     return interfaces;
 }
 
-std::vector<std::pair<std::wstring, LONG>> declared_flags() {
-    return {
-#define FLAG(name) {L## #name, Kovrel::name},
-#define MEMBER(interface_name, name, parameters)
+/// The constants of each enumeration.
+std::map<std::wstring, std::vector<std::pair<std::wstring, LONG>>> declared_flags() {
+    std::map<std::wstring, std::vector<std::pair<std::wstring, LONG>>> enumerations;
+#define FLAG(enumeration, name) \
+    enumerations[L## #enumeration].emplace_back(L## #name, Kovrel::name);
+#define EVENT(interface_name, id, parameters)
 #include "header_members.inc"
+#undef EVENT
 #undef MEMBER
 #undef FLAG
-    };
+    return enumerations;
 }
 
 ComPtr<ITypeLib> type_library() {
@@ -60,6 +77,14 @@ ComPtr<ITypeInfo> type(const GUID& id) {
     return info;
 }
 
+bool is_dual(ITypeInfo* info) {
+    TYPEATTR* attributes = nullptr;
+    info->GetTypeAttr(&attributes);
+    const bool result = (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0;
+    info->ReleaseTypeAttr(attributes);
+    return result;
+}
+
 /// A type as C++ spells it.
 std::wstring spelled(ITypeInfo* info, const TYPEDESC& type) {
     static const std::map<VARTYPE, std::wstring> names{
@@ -68,6 +93,7 @@ std::wstring spelled(ITypeInfo* info, const TYPEDESC& type) {
         {VT_R8, L"double"},         {VT_DATE, L"DATE"},
         {VT_BOOL, L"VARIANT_BOOL"}, {VT_BSTR, L"BSTR"},
         {VT_VARIANT, L"VARIANT"},   {VT_DISPATCH, L"IDispatch*"},
+        {VT_UNKNOWN, L"IUnknown*"},
     };
     if (type.vt == VT_PTR) return spelled(info, *type.lptdesc) + L'*';
     if (type.vt != VT_USERDEFINED) return names.at(type.vt);
@@ -137,6 +163,7 @@ TEST(Header, DeclaresEveryMemberAtItsVtableOffset) {
         if (kind != TKIND_DISPATCH && kind != TKIND_INTERFACE) continue;
         ComPtr<ITypeInfo> described;
         ASSERT_EQ(library->GetTypeInfo(at, described.put()), S_OK);
+        if (!is_dual(described.get())) continue;
         const auto info = vtable_side_of(described);
         const std::wstring name = name_of(info.get());
         SCOPED_TRACE(narrow(name));
@@ -153,32 +180,59 @@ TEST(Header, DeclaresEveryMemberAtItsVtableOffset) {
             ASSERT_EQ(info->GetFuncDesc(index, &function), S_OK);
             EXPECT_EQ(narrow(members[index].name),
                       narrow(prefix(function->invkind) + name_of(info.get(), function->memid)));
-            EXPECT_EQ(members[index].offset, function->oVft) << narrow(members[index].name);
+            EXPECT_EQ(members[index].place, function->oVft) << narrow(members[index].name);
             EXPECT_EQ(narrow(members[index].parameters),
                       narrow(spelled_parameters(info.get(), *function)));
             info->ReleaseFuncDesc(function);
         }
         ++seen;
     }
-    EXPECT_EQ(seen, 8U);
-    EXPECT_EQ(interfaces.size(), 8U);
+    EXPECT_EQ(seen, 10U);
+    EXPECT_EQ(interfaces.size(), 10U);
 }
 
-TEST(Header, DeclaresTheFlags) {
-    const auto flags = declared_flags();
-    ComPtr<ITypeInfo> info;
-    MEMBERID member = 0;
-    USHORT found = 1;
-    std::wstring name = L"eOFN";
-    ASSERT_EQ(type_library()->FindName(name.data(), 0, info.put(), &member, &found), S_OK);
-    ASSERT_EQ(found, 1U);
-    ASSERT_EQ(flags.size(), 26U);
-    for (UINT index = 0; index < flags.size(); ++index) {
-        VARDESC* constant = nullptr;
-        ASSERT_EQ(info->GetVarDesc(index, &constant), S_OK);
-        EXPECT_EQ(narrow(flags[index].first), narrow(name_of(info.get(), constant->memid)));
-        EXPECT_EQ(flags[index].second, constant->lpvarValue->lVal);
-        info->ReleaseVarDesc(constant);
+TEST(Header, DeclaresEveryEventWithItsId) {
+    const auto interfaces = declared_events();
+    ASSERT_EQ(interfaces.size(), 1U);
+    for (const auto& [name, events] : interfaces) {
+        const auto info = type(Kovrel::DIID__clsAvisosEvents);
+        EXPECT_EQ(narrow(name_of(info.get())), narrow(name));
+        EXPECT_FALSE(is_dual(info.get()));
+        ASSERT_EQ(events.size(), 2U);
+        for (UINT index = 0; index < events.size(); ++index) {
+            FUNCDESC* function = nullptr;
+            // Those of IDispatch come first.
+            ASSERT_EQ(info->GetFuncDesc(7 + index, &function), S_OK);
+            EXPECT_EQ(narrow(events[index].name),
+                      narrow(L"id_" + name_of(info.get(), function->memid)));
+            EXPECT_EQ(events[index].place, function->memid);
+            EXPECT_EQ(narrow(events[index].parameters),
+                      narrow(spelled_parameters(info.get(), *function)));
+            info->ReleaseFuncDesc(function);
+        }
+    }
+}
+
+TEST(Header, DeclaresTheConstants) {
+    const auto enumerations = declared_flags();
+    ASSERT_EQ(enumerations.size(), 3U);
+    EXPECT_EQ(enumerations.at(L"eOFN").size(), 26U);
+    EXPECT_EQ(enumerations.at(L"eModoAvisos").size(), 3U);
+    EXPECT_EQ(enumerations.at(L"eClaseAviso").size(), 5U);
+    for (const auto& [enumeration, flags] : enumerations) {
+        ComPtr<ITypeInfo> info;
+        MEMBERID member = 0;
+        USHORT found = 1;
+        std::wstring name = enumeration;
+        ASSERT_EQ(type_library()->FindName(name.data(), 0, info.put(), &member, &found), S_OK);
+        ASSERT_EQ(found, 1U);
+        for (UINT index = 0; index < flags.size(); ++index) {
+            VARDESC* constant = nullptr;
+            ASSERT_EQ(info->GetVarDesc(index, &constant), S_OK);
+            EXPECT_EQ(narrow(flags[index].first), narrow(name_of(info.get(), constant->memid)));
+            EXPECT_EQ(flags[index].second, constant->lpvarValue->lVal);
+            info->ReleaseVarDesc(constant);
+        }
     }
 }
 
@@ -209,6 +263,7 @@ TEST(Header, Identifiers) {
     EXPECT_IDENTIFIERS(clsFZip);
     EXPECT_IDENTIFIERS(clsFGen);
     EXPECT_IDENTIFIERS(clsMensajes);
+    EXPECT_IDENTIFIERS(clsAvisos);
 #undef EXPECT_IDENTIFIERS
     EXPECT_EQ(GUID_ZIPnames, __uuidof(ZIPnames));
     const auto record = type(GUID_ZIPnames);

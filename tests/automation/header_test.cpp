@@ -321,7 +321,7 @@ TEST(EarlyCalls, ClsMensajes) {
 
     Text version;
     EXPECT_EQ(messages->get_ArchiVersion(&version.raw), S_OK);
-    EXPECT_EQ(version.read(), "1.0.0");
+    EXPECT_EQ(version.read(), "1.1.0");
     short found = 12;
     short current = 3;
     long pressed = 0;
