@@ -195,10 +195,12 @@ Said said_by_members(IDispatch* avisos, const std::set<std::wstring>& left_out) 
 
 TEST(EveryMember, SaysSilentlyWhatItSaysInBoxes) {
     const auto avisos = create(L"Kovrel.clsAvisos");
+    std::set<std::wstring> opening = windows;
+    opening.insert(L"BarraProgresoInicia");
     Said in_boxes;
     {
         const AnyBox boxes;
-        in_boxes = said_by_members(avisos.get(), windows);
+        in_boxes = said_by_members(avisos.get(), opening);
         std::vector<std::wstring> noted;
         for (const auto& [name, texts] : in_boxes) {
             noted.insert(noted.end(), texts.begin(), texts.end());
@@ -207,15 +209,15 @@ TEST(EveryMember, SaysSilentlyWhatItSaysInBoxes) {
     }
     put(avisos.get(), L"Modo", Variant(1));
     const MadeWindows made;
-    EXPECT_EQ(said_by_members(avisos.get(), windows), in_boxes);
+    EXPECT_EQ(said_by_members(avisos.get(), opening), in_boxes);
     const auto speaks = [](const auto& member) { return !member.second.empty(); };
-    EXPECT_EQ(std::count_if(in_boxes.begin(), in_boxes.end(), speaks), 54);
+    EXPECT_EQ(std::count_if(in_boxes.begin(), in_boxes.end(), speaks), 53);
     // And those with windows, each of which says that it would have opened.
-    std::set<std::wstring> opening;
+    std::set<std::wstring> noted;
     for (const auto& [name, texts] : said_by_members(avisos.get(), {})) {
-        if (windows.contains(name) && texts.size() == 1) opening.insert(name);
+        if (opening.contains(name) && texts.size() == 1) noted.insert(name);
     }
-    EXPECT_EQ(opening, windows);
+    EXPECT_EQ(noted, opening);
     EXPECT_EQ(MadeWindows::made, 0);
 }
 
