@@ -64,7 +64,7 @@ def refuse(copy, file, old, new, command, reason):
         return False
     (copy / file).write_text(text.replace(old, new, 1), encoding="utf-8")
     result = subprocess.run(command, check=False, cwd=copy, stdout=subprocess.PIPE,
-                            stderr=subprocess.STDOUT, text=True)
+                            stderr=subprocess.STDOUT, text=True, errors="backslashreplace")
     (copy / file).write_text(text, encoding="utf-8")
     if result.returncode != 0 and reason in result.stdout:
         return True
