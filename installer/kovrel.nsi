@@ -1,6 +1,6 @@
 ; The installer of Kovrel: both bitnesses of the library, for the current user or for all users.
 ;
-;   makensis -DVERSION=1.0.0 -DFILES=files.nsh -DOUTPUT=setup.exe kovrel.nsi
+;   makensis -DVERSION=1.1.0 -DFILES=files.nsh -DOUTPUT=setup.exe kovrel.nsi
 ;
 ; FILES defines EachFile, EachFolder and EachTopEntry: what is installed, see scripts/lib/package.sh.
 ; Switches: /S silent, /ALLUSERS for all users, /D=FOLDER as the last one, without quotation marks.

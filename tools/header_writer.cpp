@@ -1,7 +1,9 @@
 #include "tools/header_writer.h"
 
+#include <algorithm>
 #include <iomanip>
 #include <sstream>
+#include <string_view>
 
 #include "automation/bstr.h"
 #include "automation/registration.h"
@@ -27,6 +29,16 @@ constexpr const wchar_t* preamble =
 // text, but no pointer to a variable may be null. C++ passes optional arguments itself: the default
 // named in the comment; else a VARIANT of type VT_ERROR and value DISP_E_PARAMNOTFOUND, or an empty
 // BSTR.
+//
+// Events: a sink derives from the interface of the events, gives itself out as that interface or as
+// IDispatch, and is attached at the connection point:
+//
+//   IConnectionPointContainer* points;  // from QueryInterface of the instance
+//   points->FindConnectionPoint(__uuidof(Kovrel::_clsAvisosEvents), &point);
+//   point->Advise(sink, &cookie);       // until point->Unadvise(cookie)
+//
+// Its Invoke gets the number of the event and the arguments from the last to the first: rgvarg[0] is
+// the last one. Those marked [in, out] are pointers (VT_BYREF); what they point to may be changed.
 #pragma once
 
 #include <windows.h>
@@ -117,6 +129,12 @@ std::wstring prefix(MemberKind kind) {
     return L"";
 }
 
+/// The platform writes its macros in capitals.
+bool is_macro(std::wstring_view name) {
+    return std::none_of(name.begin(), name.end(),
+                        [](wchar_t each) { return each >= L'a' && each <= L'z'; });
+}
+
 /// The new value of a property has no name of its own.
 const wchar_t* name_of(const ParameterInfo& parameter) {
     return parameter.name != nullptr ? parameter.name : L"value";
@@ -158,16 +176,19 @@ class HeaderWriter {
 
  private:
     void write_enumeration(const EnumInfo& info) {
-        out_ << L"// The names lose nothing to the platform's macros of the same names and values, "
-                L"which\n"
-                L"// are set aside for the declaration. Where <commdlg.h> is included too, write "
-                L"them\n"
-                L"// without "
-             << library_.name << L"::, as in static_cast<" << library_.name << L"::" << info.name
-             << L">(OFN_EXPLORER | OFN_HIDEREADONLY).\n";
-        for (const EnumInfo::Value& value : info.values) {
-            out_ << L"#pragma push_macro(\"" << value.name << L"\")\n#undef " << value.name
-                 << L'\n';
+        const bool has_macros = is_macro(info.values.front().name);
+        if (has_macros) {
+            out_ << L"// The names lose nothing to the platform's macros of the same names and "
+                    L"values, which\n"
+                    L"// are set aside for the declaration. Where <commdlg.h> is included too, "
+                    L"write them\n"
+                    L"// without "
+                 << library_.name << L"::, as in static_cast<" << library_.name << L"::"
+                 << info.name << L">(OFN_EXPLORER | OFN_HIDEREADONLY).\n";
+            for (const EnumInfo::Value& value : info.values) {
+                out_ << L"#pragma push_macro(\"" << value.name << L"\")\n#undef " << value.name
+                     << L'\n';
+            }
         }
         out_ << L"/// " << info.help << L"\nenum " << info.name << L" : long {\n";
         for (const EnumInfo::Value& value : info.values) {
@@ -175,8 +196,10 @@ class HeaderWriter {
                  << value.value << std::dec << L",\n";
         }
         out_ << L"};\n";
-        for (const EnumInfo::Value& value : info.values) {
-            out_ << L"#pragma pop_macro(\"" << value.name << L"\")\n";
+        if (has_macros) {
+            for (const EnumInfo::Value& value : info.values) {
+                out_ << L"#pragma pop_macro(\"" << value.name << L"\")\n";
+            }
         }
         out_ << L'\n';
     }
@@ -195,7 +218,6 @@ class HeaderWriter {
              << info.name << L";\n\n";
     }
 
-    /// A sink is an IDispatch whose Invoke gets these numbers.
     void write_events(const EventsInfo& info) {
         out_ << L"/// " << info.help << L"\nMIDL_INTERFACE(\"" << without_braces(info.id) << L"\") "
              << info.name << L" : public IDispatch {\n    enum : DISPID {\n";

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "automation/registration.h"
+#include "runtime/text.h"
 
 namespace kovrel {
 namespace {
@@ -51,8 +52,8 @@ std::wstring manifest_text(const LibraryInfo& library, bool is_64_bit) {
            L"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"
            L"  <assemblyIdentity type=\"win32\" name="
         << quoted(std::wstring(library.name) + L".Assembly")
-        // An application names just one version, so this one stays where the interface does.
-        << L" version=" << quoted(version + L".0.0")
+        // An application names just one version, and works with every later minor one.
+        << L" version=" << quoted(decimal_text(library.major) + L".0.0.0")
         << L"\n                    processorArchitecture=" << quoted(is_64_bit ? L"amd64" : L"x86")
         << L"/>\n"
            L"  <file name=\"kovrel.dll\">\n";

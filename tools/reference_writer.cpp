@@ -5,12 +5,15 @@
 // FOLDER_OF_NOTES holds the opening text, referencia.md, and one file a class.
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <set>
+#include <span>
+#include <utility>
 
 #include "automation/variant.h"
 #include "library/library.h"
@@ -53,13 +56,14 @@ std::string anchor_of(const ClassInfo& info, const std::string& member) {
     return to_utf8(info.name) + "." + member;
 }
 
-std::string written_back(const MemberInfo& member) {
+/// The parameters that are written back, under `name`.
+std::string written_back(const std::string& name, std::span<const ParameterInfo> parameters) {
     std::string names;
-    for (const ParameterInfo& parameter : member.parameters) {
+    for (const ParameterInfo& parameter : parameters) {
         if (!parameter.written_back) continue;
         names += (names.empty() ? "`" : ", `") + to_utf8(parameter.name) + "`";
     }
-    return names.empty() ? "" : field("Escribe en sus parámetros", names + ".");
+    return names.empty() ? "" : field(name, names + ".");
 }
 
 std::string when_omitted(const MemberInfo& member) {
@@ -79,61 +83,127 @@ std::string when_omitted(const MemberInfo& member) {
     return text.empty() ? "" : field("Si se omite", text);
 }
 
+/// What a member is to the class besides.
+std::string part_of(const ClassInfo& info, DISPID id) {
+    if (id == info.default_member) return ", miembro predeterminado";
+    return id == info.enumeration ? ", para recorrer la colección" : "";
+}
+
 std::string member_page(const ClassInfo& info, const Accessors& accessors,
                         const MemberNotes& notes) {
     const MemberInfo& member = *accessors.front();
     const std::string anchor = anchor_of(info, notes.name);
     std::string page = "<a id=\"" + anchor + "\"></a>\n\n### " + notes.name + "\n\n";
-    page += "*" + kind_of(accessors) + ".* " + to_utf8(member.help) + "\n\n";
-    page += fenced("vb", signature_of(accessors));
-    page += written_back(member) + when_omitted(member);
+    page += "*" + kind_of(accessors) + part_of(info, member.id) + ".* " + to_utf8(member.help);
+    page += "\n\n" + fenced("vb", signature_of(accessors));
+    page += written_back("Escribe en sus parámetros", member.parameters) + when_omitted(member);
     page += field("Notas", notes.remarks) + field("Mensajes", notes.messages);
     page += field("Fallos", failures_text(notes.failures, anchor));
     return page + fenced("vbscript", notes.example);
 }
 
+std::string event_page(const ClassInfo& info, const EventsInfo::Event& event,
+                       const MemberNotes& notes) {
+    const std::string name = to_utf8(event.name);
+    const std::string anchor = anchor_of(info, name);
+    std::string page = "<a id=\"" + anchor + "\"></a>\n\n#### " + name + "\n\n";
+    page += to_utf8(event.help) + "\n\n" + fenced("vb", event_signature_of(event));
+    page += written_back("Su programa puede cambiar", event.parameters);
+    page += field("Notas", notes.remarks) + field("Mensajes", notes.messages);
+    page += field("Fallos", failures_text(notes.failures, anchor));
+    // Classic Basic, since not every script host can receive events.
+    return page + fenced("vb", notes.example);
+}
+
+/// The notes of a class by the names of their blocks; each is asked for once.
+class NotesByName {
+ public:
+    NotesByName(std::string file, const ClassNotes& notes) : file_(std::move(file)) {
+        for (const MemberNotes& member : notes.members) by_name_[member.name] = &member;
+    }
+
+    const MemberNotes& take(const std::string& name) {
+        const auto found = by_name_.find(name);
+        if (found == by_name_.end()) throw NotesError(file_ + ": nothing about " + name);
+        const MemberNotes& notes = *found->second;
+        by_name_.erase(found);
+        return notes;
+    }
+
+    void must_be_empty() const {
+        if (by_name_.empty()) return;
+        throw NotesError(file_ + ": there is no member " + by_name_.begin()->first);
+    }
+
+ private:
+    std::string file_;
+    std::map<std::string, const MemberNotes*> by_name_;
+};
+
+/// How a host gets an instance, and the interfaces behind it.
+std::string identity_of(const ClassInfo& info) {
+    const std::string interfaces =
+        "nterfaz `" + to_utf8(info.interface_name) + "`" +
+        (info.events == nullptr ? "" : ", eventos `" + to_utf8(info.events->name) + "`") + ". ";
+    if (info.instancing == Instancing::given) {
+        return "I" + interfaces + "No tiene ProgID ni se crea: sus instancias las da otra clase.";
+    }
+    return "ProgID `" + to_utf8(info.prog_id) + "`, i" + interfaces +
+           (info.instancing == Instancing::global
+                ? "Clase global: con una referencia a la biblioteca, sus miembros se pueden llamar "
+                  "sin crear una instancia; también se puede crear."
+                : "Clase que se crea.");
+}
+
+std::string index_line(const ClassInfo& info, const wchar_t* name, const wchar_t* help) {
+    const std::string shown = to_utf8(name);
+    return "| [" + shown + "](#" + anchor_of(info, shown) + ") | " + to_utf8(help) + " |\n";
+}
+
+std::string events_section(const ClassInfo& info, NotesByName& notes) {
+    std::string index = "### Eventos\n\n| evento | para qué |\n|---|---|\n";
+    std::string pages;
+    for (const EventsInfo::Event& event : info.events->events) {
+        index += index_line(info, event.name, event.help);
+        pages += event_page(info, event, notes.take("Evento " + to_utf8(event.name)));
+    }
+    return index + "\n" + pages;
+}
+
 std::string class_page(const ClassInfo& info, const ClassNotes& notes) {
     const std::string name = to_utf8(info.name);
-    std::map<std::string, const MemberNotes*> by_name;
-    for (const MemberNotes& member : notes.members) by_name[member.name] = &member;
-    std::string page = "## " + name + "\n\n" + to_utf8(info.help) + "\n\n";
-    page +=
-        "ProgID `" + to_utf8(info.prog_id) + "`, interfaz `" + to_utf8(info.interface_name) + "`. ";
-    page += info.instancing == Instancing::global
-                ? "Clase global: con una referencia a la biblioteca, sus miembros se pueden llamar "
-                  "sin crear una instancia; también se puede crear.\n\n"
-                : "Clase que se crea.\n\n";
     if (notes.text.empty() || notes.preparation.empty()) {
         throw NotesError(name + ".md: the class has no text or no example");
     }
+    NotesByName by_name(name + ".md", notes);
+    std::string page = "## " + name + "\n\n" + to_utf8(info.help) + "\n\n";
+    page += identity_of(info) + "\n\n";
     page += notes.text + "\n\n" + fenced("vbscript", notes.preparation);
-
     std::string index = "| miembro | para qué |\n|---|---|\n";
     std::string members;
     for (const Accessors& accessors : members_of(info)) {
-        const std::string member = to_utf8(accessors.front()->name);
-        const auto found = by_name.find(member);
-        if (found == by_name.end()) throw NotesError(name + ".md: nothing about " + member);
-        index.append("| [").append(member).append("](#").append(anchor_of(info, member));
-        index.append(") | ").append(to_utf8(accessors.front()->help)).append(" |\n");
-        members += member_page(info, accessors, *found->second);
-        by_name.erase(found);
+        const MemberInfo& first = *accessors.front();
+        index += index_line(info, first.name, first.help);
+        members += member_page(info, accessors, by_name.take(to_utf8(first.name)));
     }
-    if (!by_name.empty()) {
-        throw NotesError(name + ".md: there is no member " + by_name.begin()->first);
-    }
-    return page + index + "\n" + members;
+    page += index + "\n" + members;
+    if (info.events != nullptr) page += events_section(info, by_name);
+    by_name.must_be_empty();
+    return page;
 }
 
 std::string enumeration_page(const EnumInfo& info) {
     std::string page =
         "## " + to_utf8(info.name) + "\n\n*Enumeración.* " + to_utf8(info.help) + "\n\n";
     page += "| nombre | valor | significado |\n|---|---|---|\n";
+    const bool are_flags =
+        std::any_of(info.values.begin(), info.values.end(),
+                    [](const EnumInfo::Value& value) { return value.value > 0xF; });
     for (const EnumInfo::Value& value : info.values) {
         char number[32];
         // Without the last sign Basic would take &H8000 for a negative number.
-        std::snprintf(number, sizeof number, "%ld (&H%lX&)", static_cast<long>(value.value),
-                      static_cast<unsigned long>(value.value));
+        std::snprintf(number, sizeof number, are_flags ? "%ld (&H%lX&)" : "%ld",
+                      static_cast<long>(value.value), static_cast<unsigned long>(value.value));
         page +=
             "| `" + to_utf8(value.name) + "` | " + number + " | " + to_utf8(value.help) + " |\n";
     }

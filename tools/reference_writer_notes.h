@@ -1,11 +1,11 @@
 // The hand-written notes of the reference: what the declarations do not hold. One file a class:
 //
 //   # clsSample            the class: a text, and a fenced example that the others build on
-//   ## Member              a block for each member
+//   ## Member              a block for each member, and "## Evento Name" for each event
 //   Notas: …               remarks; each field goes on over the following lines
 //   Mensajes: …            what the user is shown, exact texts
 //   Fallos: …              what becomes of a failure, see failures_text
-//   ```vbscript … ```      an example
+//   ```vbscript … ```      an example; an event's is in classic Basic (vb)
 #pragma once
 
 #include <istream>

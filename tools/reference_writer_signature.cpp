@@ -34,19 +34,25 @@ std::string keyword_of(const MemberInfo& member) {
     return member.result.type == VT_VOID ? "Sub" : "Function";
 }
 
-std::string declaration_of(const MemberInfo& member) {
-    const std::string begin = keyword_of(member) + " " + to_utf8(member.name) + "(";
-    std::string end = ")";
-    if (member.result.type != VT_VOID) end += " As " + type_name(member.result);
+/// On one line, or on several where it is long.
+std::string declaration(const std::string& begin, std::span<const ParameterInfo> parameters,
+                        const std::string& end) {
     std::string on_one_line;
     std::string on_several;
-    for (const ParameterInfo& parameter : member.parameters) {
+    for (const ParameterInfo& parameter : parameters) {
         const std::string text = parameter_text(parameter);
         on_one_line += (on_one_line.empty() ? "" : ", ") + text;
         on_several += (on_several.empty() ? " _\n    " : ", _\n    ") + text;
     }
-    std::string line = begin + on_one_line + end;
-    return line.size() <= longest_line ? line : begin + on_several + end;
+    const std::string line = begin + on_one_line + end;
+    return (line.size() <= longest_line ? line : begin + on_several + end) + "\n";
+}
+
+std::string declaration_of(const MemberInfo& member) {
+    std::string end = ")";
+    if (member.result.type != VT_VOID) end += " As " + type_name(member.result);
+    return declaration(keyword_of(member) + " " + to_utf8(member.name) + "(", member.parameters,
+                       end);
 }
 
 }  // namespace
@@ -67,8 +73,12 @@ std::string kind_of(const Accessors& accessors) {
 
 std::string signature_of(const Accessors& accessors) {
     std::string text;
-    for (const MemberInfo* member : accessors) text += declaration_of(*member) + "\n";
+    for (const MemberInfo* member : accessors) text += declaration_of(*member);
     return text;
+}
+
+std::string event_signature_of(const EventsInfo::Event& event) {
+    return declaration("Event " + to_utf8(event.name) + "(", event.parameters, ")");
 }
 
 std::string type_name(const TypeRef& type) {
@@ -97,6 +107,8 @@ std::string type_name(const TypeRef& type) {
             return "Variant";
         case VT_DISPATCH:
             return "Object";
+        case VT_UNKNOWN:
+            return "IUnknown";
         default:
             throw std::logic_error("a type without a name");
     }

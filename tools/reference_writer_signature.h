@@ -17,6 +17,8 @@ using Accessors = std::vector<const MemberInfo*>;
 /// One declaration a line, longer ones over several.
 [[nodiscard]] std::string signature_of(const Accessors& accessors);
 
+[[nodiscard]] std::string event_signature_of(const EventsInfo::Event& event);
+
 /// The name that Basic gives a type.
 [[nodiscard]] std::string type_name(const TypeRef& type);
 

@@ -4,7 +4,7 @@
     check_documents.py SOURCE_FOLDER
 
 The calls of the examples in languages without a host here name members that exist, with as many
-arguments as they take; the error boxes described are those of the sources, and so are the texts of
+arguments as they take, and so do their handlers of events; the error boxes described are those of the sources, and so are the texts of
 the messages, unless an example shows them; links lead somewhere.
 """
 import pathlib
@@ -13,7 +13,8 @@ import sys
 
 from examples import blocks
 
-CHECKED_LANGUAGES = ("vb", "powershell", "csharp", "python", "pascal")
+# vbs: VBScript that needs more than the host here has.
+CHECKED_LANGUAGES = ("vb", "vbs", "powershell", "csharp", "python", "pascal")
 DECLARED = re.compile(r"\b(\w+)\s+As\s+(?:New\s+)?Kovrel\.(\w+)")
 CREATED = re.compile(r"(\w+)\s*:?=[^=].*?\bKovrel\.(\w+)")
 problems = []
@@ -34,6 +35,16 @@ def signatures(reference):
             required = sum(not text.startswith("Optional ") for text in parameters)
             known = classes.setdefault(class_name, {})
             known.setdefault(member.lower(), (required, len(parameters), found[2]))
+    return classes
+
+
+def events(reference):
+    """For each class, for each event: how many parameters its handlers have."""
+    classes = {}
+    for block in blocks(reference):
+        if block.language == "vb" and block.text.startswith("Event "):
+            count = arguments(block.text[block.text.index("("):].replace(" _\n", ""))
+            classes.setdefault(block.headings[1], {})[block.headings[-1].lower()] = count
     return classes
 
 
@@ -58,7 +69,29 @@ def arguments(text):
     return count + 1 if seen else 0
 
 
-def check_calls(name, document, classes):
+def check_handler(where, event, text, class_name, class_events):
+    """`text` is what stands behind the name of the event."""
+    known = class_events.get(event.lower())
+    given = arguments(text)
+    if known is None:
+        problems.append(f"{where}: there is no event {event} in {class_name}")
+    elif given != known:
+        problems.append(f"{where}: the event {event} has {known} parameters, not {given}")
+
+
+def check_handlers(where, text, objects, class_events):
+    """The handlers whose names are those of an object and of an event."""
+    handlers = 0
+    for found in re.finditer(r"\bSub ([A-Za-z]+)_(\w+)", text):
+        class_name = objects.get(found[1])
+        if class_name in class_events:
+            handlers += 1
+            check_handler(where, found[2], text[found.end():], class_name,
+                          class_events[class_name])
+    return handlers
+
+
+def check_calls(name, document, classes, class_events):
     calls = 0
     for block in blocks(document):
         if block.language not in CHECKED_LANGUAGES:
@@ -67,16 +100,22 @@ def check_calls(name, document, classes):
         objects = {found[1]: found[2] for pattern in (DECLARED, CREATED)
                    for found in pattern.finditer(block.text) if found[2] in classes}
         before = calls
+        calls += check_handlers(where, block.text, objects, class_events)
         for found in re.finditer(r"\b(\w+)\.(\w+)", block.text):
             members = classes.get(objects.get(found[1]))
             if members is None:
                 continue
             calls += 1
+            rest = block.text[found.end():].lstrip(" ")
+            if rest.startswith("+= "):
+                class_name = objects[found[1]]
+                check_handler(where, found[2], rest[3:], class_name,
+                              class_events.get(class_name, {}))
+                continue
             if found[2].lower() not in members:
                 problems.append(f"{where}: there is no {found[2]} in {objects[found[1]]}")
                 continue
             required, most, _ = members[found[2].lower()]
-            rest = block.text[found.end():].lstrip(" ")
             assigned = re.match(r":?=", rest)
             given = 0 if assigned else arguments(rest)
             if not required <= given <= most:
@@ -140,8 +179,9 @@ def main():
     root = pathlib.Path(sys.argv[1])
     reference = (root / "docs/referencia.md").read_text(encoding="utf-8")
     classes = signatures(reference)
-    calls = sum(check_calls(name, (root / name).read_text(encoding="utf-8"), classes)
-                for name in ("docs/guia.md", "README.md"))
+    class_events = events(reference)
+    calls = sum(check_calls(name, (root / name).read_text(encoding="utf-8"), classes, class_events)
+                for name in ("docs/guia.md", "docs/referencia.md", "README.md"))
     code = literals(root / "src")
     boxes = check_error_boxes(reference, code)
     messages = check_messages(reference, code)
@@ -151,7 +191,7 @@ def main():
           f"{messages} pieces of messages, {links} links")
     for problem in problems:
         print("FAILED:", problem)
-    return 1 if problems or not (classes and calls and boxes and messages) else 0
+    return 1 if problems or not (classes and class_events and calls and boxes and messages) else 0
 
 
 if __name__ == "__main__":

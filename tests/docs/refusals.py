@@ -29,6 +29,8 @@ WRITER_REFUSALS = [
     (NOTES, EXAMPLE, "```vbscript\n```\n", "clsCSQL.md (Conv_Boolean): an empty example"),
     (NOTES, EXAMPLE, EXAMPLE + EXAMPLE, "clsCSQL.md (Conv_Boolean): a second example"),
     (NOTES, "## AppOrigen\n", "## AppOrigen\nalgo\n", "\"algo\" is in no field"),
+    ("docs/notas/clsAvisos.md", "## Evento Progreso\n", "## Progreso\n",
+     "clsAvisos.md: nothing about Evento Progreso"),
     (NOTES, "## Conv_Double4\n", "## Conv_Double\n", "clsCSQL.md: Conv_Double is written twice"),
     (NOTES, "# clsCSQL\n", "# clsFGen\n", "the heading is not the file's name"),
 ]
@@ -39,6 +41,12 @@ CHECK_REFUSALS = [
      "Requerido takes 1 to 1 arguments, not 2"),
     ("docs/guia.md", "general.Solo_Numero KeyAscii, True, True",
      "general.Solo_Numero KeyAscii, True, True, 0", "Solo_Numero takes 1 to 3 arguments, not 4"),
+    ("docs/guia.md", "Sub avisos_Progreso(", "Sub avisos_Avance(",
+     "there is no event Avance in clsAvisos"),
+    ("docs/guia.md", "Sub avisos_Aviso(aviso, respuesta, mostrar)", "Sub avisos_Aviso(aviso)",
+     "the event Aviso has 3 parameters, not 1"),
+    ("docs/guia.md", "avisos.Aviso += (", "avisos.Avisa += (",
+     "there is no event Avisa in clsAvisos"),
     ("docs/guia.md", "(referencia.md)", "(falta.md)", "falta.md leads nowhere"),
     ("docs/guia.md", "(#recetas)", "(#receta)", "#receta leads nowhere"),
     ("docs/referencia.md", "en procedimiento DC del Módulo FGen.",
@@ -56,7 +64,7 @@ def refuse(copy, file, old, new, command, reason):
         return False
     (copy / file).write_text(text.replace(old, new, 1), encoding="utf-8")
     result = subprocess.run(command, check=False, cwd=copy, stdout=subprocess.PIPE,
-                            stderr=subprocess.STDOUT, text=True)
+                            stderr=subprocess.STDOUT, text=True, errors="backslashreplace")
     (copy / file).write_text(text, encoding="utf-8")
     if result.returncode != 0 and reason in result.stdout:
         return True

@@ -26,6 +26,7 @@ const PublicClass classes[] = {
     {Kovrel::ProgID_clsFZip, Kovrel::CLSID_clsFZip, Kovrel::IID__clsFZip},
     {Kovrel::ProgID_clsFGen, Kovrel::CLSID_clsFGen, Kovrel::IID__clsFGen},
     {Kovrel::ProgID_clsMensajes, Kovrel::CLSID_clsMensajes, Kovrel::IID__clsMensajes},
+    {Kovrel::ProgID_clsAvisos, Kovrel::CLSID_clsAvisos, Kovrel::IID__clsAvisos},
 };
 
 bool in_registry(const std::wstring& key) {
@@ -74,6 +75,13 @@ TEST(RegistrationFree, EveryClassIsCreated) {
     }
     // The DLL beside the manifest.
     EXPECT_EQ(narrow(library_file().wstring()), "C:\\inside\\Kovrel.Assembly\\kovrel.dll");
+}
+
+TEST(RegistrationFree, AClassThatOthersGiveOutIsNotCreated) {
+    ComPtr<IUnknown> instance;
+    EXPECT_EQ(CoCreateInstance(Kovrel::CLSID_clsAviso, nullptr, CLSCTX_INPROC_SERVER,
+                               Kovrel::IID__clsAviso, instance.put_void()),
+              REGDB_E_CLASSNOTREG);
 }
 
 TEST(RegistrationFree, CallsByName) {
