@@ -19,7 +19,7 @@ constexpr ClassIdentity identity{
 constexpr auto declared =
     declare<clsAviso>(identity, L"Un aviso de la biblioteca. Lo da clsAvisos.", Instancing::given)
         .read_only<&clsAviso::get_Texto>(L"Texto", L"Texto del aviso.")
-        .read_only<&clsAviso::get_Titulo>(L"Titulo", L"Título de la ventana.")
+        .read_only<&clsAviso::get_Titulo>(L"Titulo", L"Título del mensaje o de la ventana.")
         .read_only<&clsAviso::get_Estilo>(
             L"Estilo", L"Estilo del mensaje: botones e icono, como en MsgBox; 0 en los demás.")
         .read_only<&clsAviso::get_Respuesta>(
@@ -28,9 +28,10 @@ constexpr auto declared =
         .read_only<&clsAviso::get_Clase>(L"Clase", L"Clase del aviso.")
         .read_only<&clsAviso::get_Numero>(L"Numero", L"Número del error; 0 si no es un error.")
         .read_only<&clsAviso::get_Miembro>(
-            L"Miembro", L"Clase y miembro que produce el aviso, como clsFGen.Verifica_NIF.")
-        .read_only<&clsAviso::get_Hora>(L"Hora", L"Fecha y hora.")
-        .read_only<&clsAviso::get_Porcentaje>(L"Porcentaje", L"Porcentaje de un proceso.");
+            L"Miembro", L"Miembro que produce el aviso, con su clase: clsFGen.Verifica_NIF.")
+        .read_only<&clsAviso::get_Hora>(L"Hora", L"Fecha y hora del aviso.")
+        .read_only<&clsAviso::get_Porcentaje>(L"Porcentaje",
+                                              L"Porcentaje del progreso; 0 en los demás avisos.");
 
 }  // namespace
 

@@ -17,21 +17,28 @@ constexpr ClassIdentity identity{
 };
 
 constexpr auto declared =
-    declare<clsAvisos>(identity,
-                       L"Decide cómo habla la biblioteca en el apartamento que lo crea, mientras "
-                       L"existe: mostrando, en silencio o con eventos. Guarda lo que se ha dicho.")
+    declare<clsAvisos>(
+        identity,
+        L"Decide cómo avisa la biblioteca en el hilo que crea la instancia, mientras "
+        L"exista: en pantalla, en silencio o con eventos. Guarda los avisos.")
         .property<&clsAvisos::get_Modo, &clsAvisos::set_Modo>(
-            L"Modo", L"Mostrar y anotar, solo anotar, o solo producir el evento.")
+            L"Modo",
+            L"Qué se hace con los avisos: mostrarlos y anotarlos, solo anotarlos o solo producir "
+            L"el "
+            L"evento.")
         .property<&clsAvisos::get_Limite, &clsAvisos::set_Limite>(
-            L"Limite", L"Avisos que se guardan, 1000 al empezar; los más antiguos se olvidan.")
+            L"Limite",
+            L"Número máximo de avisos guardados, 1000 al principio; después se descartan los más "
+            L"antiguos.")
         .method<&clsAvisos::Respuestas>(
             L"Respuestas", {L"Estilo", L"Respuesta", optional(L"Texto", L"")},
-            L"Respuesta a las preguntas que no se muestran: las que tienen los botones del estilo "
-            L"y contienen el texto. 0 la retira.")
+            L"Respuesta a las preguntas que no se muestran: las que tienen los botones de Estilo y "
+            L"cuyo texto contiene Texto. Con 0 se retira.")
         .read_only<&clsAvisos::get_Count>(L"Count", L"Número de avisos guardados.")
         .method<&clsAvisos::Item>(L"Item", {L"Indice"}, L"Aviso guardado; el 1 es el más antiguo.")
         .read_only<&clsAvisos::get_NewEnum>(L"_NewEnum", L"Los avisos guardados, para For Each.")
-        .read_only<&clsAvisos::get_Ultimo>(L"Ultimo", L"El último aviso; Nothing si no hay.")
+        .read_only<&clsAvisos::get_Ultimo>(L"Ultimo",
+                                           L"El aviso más reciente; Nothing si no hay ninguno.")
         .method<&clsAvisos::ATexto>(
             L"ATexto", L"Los avisos en líneas de texto, con los datos separados por tabuladores.")
         .method<&clsAvisos::Limpia>(L"Limpia", L"Olvida los avisos guardados.");
@@ -43,7 +50,7 @@ constexpr auto parameters_of_progreso =
 constexpr EventsInfo::Event declared_events[]{
     {L"Aviso",
      L"La biblioteca va a mostrar algo. Respuesta: la que se da si no se muestra. Mostrar: si se "
-     L"muestra; en silencio nunca.",
+     L"muestra; en silencio no tiene efecto.",
      clsAvisos::event_aviso, parameters_of_aviso},
     {L"Progreso", L"Un proceso avanza. Cancelar lo da por cancelado, como el botón de la ventana.",
      clsAvisos::event_progreso, parameters_of_progreso},

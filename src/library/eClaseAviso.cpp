@@ -19,7 +19,7 @@ constexpr EnumInfo::Value kinds[]{
 
 constinit const EnumInfo eClaseAviso_info{
     .name = L"eClaseAviso",
-    .help = L"Clases de avisos.",
+    .help = L"Clase de un aviso.",
     .id = {0xb9b26a1e, 0xc299, 0x44a4, {0xa2, 0xbe, 0x8a, 0x1e, 0x5c, 0x6b, 0x14, 0xe0}},
     .values = kinds,
 };

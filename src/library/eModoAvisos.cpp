@@ -9,7 +9,7 @@ constexpr EnumInfo::Value modes[]{
     {L"maSilencio", static_cast<std::int32_t>(eModoAvisos::maSilencio),
      L"No se muestra nada; todo queda anotado."},
     {L"maEvento", static_cast<std::int32_t>(eModoAvisos::maEvento),
-     L"No se muestra ni se anota nada: solo se produce el evento."},
+     L"Solo se produce el evento: no se anota nada, y se muestra solo lo que este diga."},
 };
 
 }  // namespace

@@ -65,6 +65,16 @@ OwnClass read_class(ITypeLib* library, UINT index) {
     return result;
 }
 
+bool is_creatable(ITypeLib* library, UINT index) {
+    ComPtr<ITypeInfo> info;
+    library->GetTypeInfo(index, info.put());
+    TYPEATTR* attributes = nullptr;
+    info->GetTypeAttr(&attributes);
+    const bool result = (attributes->wTypeFlags & TYPEFLAG_FCANCREATE) != 0;
+    info->ReleaseTypeAttr(attributes);
+    return result;
+}
+
 std::vector<OwnClass> read_classes(const wchar_t* path) {
     std::vector<OwnClass> classes;
     ComPtr<ITypeLib> library;
@@ -72,7 +82,9 @@ std::vector<OwnClass> read_classes(const wchar_t* path) {
     for (UINT index = 0; index < library->GetTypeInfoCount(); ++index) {
         TYPEKIND kind{};
         library->GetTypeInfoType(index, &kind);
-        if (kind == TKIND_COCLASS) classes.push_back(read_class(library.get(), index));
+        if (kind == TKIND_COCLASS && is_creatable(library.get(), index)) {
+            classes.push_back(read_class(library.get(), index));
+        }
     }
     return classes;
 }

@@ -30,6 +30,7 @@ class OwnLibrary {
  public:
     static const OwnLibrary& get();
 
+    /// Those that hosts create.
     [[nodiscard]] const std::vector<OwnClass>& classes() const noexcept { return classes_; }
     [[nodiscard]] const OwnClass& named(const std::wstring& name) const;
     [[nodiscard]] HMODULE module() const noexcept { return module_; }
