@@ -137,12 +137,13 @@ start_wine_session() {
     import_registry_file "$root/scripts/lib/prefix.reg" || die "Wine does not run in build/wine"
 }
 
-# copy_prefix_for NAME: the prefix of a session beside the one under way, as that was before any
+# copy_prefix_to FOLDER: the prefix of a session beside the one under way, as that was before any
 # library was registered. Before programs begin to write into the first one.
-copy_prefix_for() {
-    rm -rf "$prefix-$1"
-    cp -a "$prefix" "$prefix-$1"
-    cp "$prefix"/.unregistered/*.reg "$prefix-$1"
+copy_prefix_to() {
+    rm -rf "$1"
+    mkdir -p "$(dirname "$1")"
+    cp -a "$prefix" "$1"
+    cp "$prefix"/.unregistered/*.reg "$1"
 }
 
 # use_second_session NAME: the session of such a prefix, in a subshell.

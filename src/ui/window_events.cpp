@@ -9,6 +9,13 @@
 namespace kovrel {
 namespace {
 
+/// Answers WM_CTLCOLOR… with the colours of a text box.
+LRESULT use_page_colors(HDC context) noexcept {
+    SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+    SetBkColor(context, GetSysColor(COLOR_WINDOW));
+    return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+}
+
 /// Runs an event. Its failure is dropped, since there is nobody to report it to.
 template <class Body>
 void quietly(Body&& body) noexcept {
@@ -102,10 +109,7 @@ LRESULT Window::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_CTLCOLORSTATIC:
         case WM_CTLCOLOREDIT:
             if (has_page_colors(GetDlgCtrlID(reinterpret_cast<HWND>(lparam)))) {
-                auto* const context = reinterpret_cast<HDC>(wparam);
-                SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
-                SetBkColor(context, GetSysColor(COLOR_WINDOW));
-                return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+                return use_page_colors(reinterpret_cast<HDC>(wparam));
             }
             break;
         case WM_SETCURSOR:
