@@ -13,6 +13,9 @@ namespace {
 constexpr std::wstring_view classes_root = L"Software\\Classes\\";
 
 constexpr bool is_64_bit = sizeof(void*) == 8;
+/// Below a version of a type library: the file for each bitness.
+constexpr const wchar_t* own_system = is_64_bit ? L"\\0\\win64" : L"\\0\\win32";
+constexpr const wchar_t* other_system = is_64_bit ? L"\\0\\win32" : L"\\0\\win64";
 constexpr REGSAM other_view = is_64_bit ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
 
 struct Value {
@@ -30,6 +33,10 @@ struct Keys {
 
 std::wstring key_of_class(const ClassInfo& info) {
     return L"CLSID\\" + text_of_guid(info.class_id);
+}
+
+std::wstring key_of_library(const LibraryInfo& library) {
+    return L"TypeLib\\" + text_of_guid(library.id);
 }
 
 Keys keys_of(const LibraryInfo& library, const std::wstring& module_path) {
@@ -68,9 +75,9 @@ Keys keys_of(const LibraryInfo& library, const std::wstring& module_path) {
         add(std::wstring(info->prog_id) + L"\\CLSID", nullptr, text_of_guid(info->class_id));
         keys.shared_trees.emplace_back(info->prog_id);
     }
-    const std::wstring library_key = L"TypeLib\\" + library_id;
+    const std::wstring library_key = key_of_library(library);
     const std::wstring version_key = library_key + L"\\" + version;
-    const std::wstring system_key = version_key + (is_64_bit ? L"\\0\\win64" : L"\\0\\win32");
+    const std::wstring system_key = version_key + own_system;
     add(version_key, nullptr, library.help);
     add(version_key + L"\\FLAGS", nullptr, L"0");
     add(version_key + L"\\HELPDIR", nullptr, module_path.substr(0, module_path.rfind(L'\\')));
@@ -109,16 +116,29 @@ void remove_tree(RegistrationScope scope, const std::wstring& tree) {
     if (status != ERROR_FILE_NOT_FOUND && status != ERROR_PATH_NOT_FOUND) check(status);
 }
 
-bool other_bitness_registered(const LibraryInfo& library, RegistrationScope scope) {
-    const std::wstring path =
-        std::wstring(classes_root) + key_of_class(*library.classes.front()) + L"\\InprocServer32";
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(root_of(scope), path.c_str(), 0, KEY_QUERY_VALUE | other_view, &key) !=
+bool exists(RegistrationScope scope, const std::wstring& key, REGSAM view = 0) {
+    const std::wstring path = std::wstring(classes_root) + key;
+    HKEY found = nullptr;
+    if (RegOpenKeyExW(root_of(scope), path.c_str(), 0, KEY_QUERY_VALUE | view, &found) !=
         ERROR_SUCCESS) {
         return false;
     }
-    RegCloseKey(key);
+    RegCloseKey(found);
     return true;
+}
+
+bool other_bitness_registered(const LibraryInfo& library, RegistrationScope scope) {
+    return exists(scope, key_of_class(*library.classes.front()) + L"\\InprocServer32", other_view);
+}
+
+/// A host that wants an older minor version is given this one, as long as no older one is there.
+void remove_older_versions(const LibraryInfo& library, RegistrationScope scope) {
+    for (WORD minor = 0; minor < library.minor; ++minor) {
+        const std::wstring version = key_of_library(library) + L"\\" + decimal_text(library.major) +
+                                     L"." + decimal_text(minor);
+        remove_tree(scope, version + own_system);
+        if (!exists(scope, version + other_system)) remove_tree(scope, version);
+    }
 }
 
 }  // namespace
@@ -135,6 +155,7 @@ std::wstring version_of(const LibraryInfo& library) {
 
 void register_library(const LibraryInfo& library, const std::wstring& module_path,
                       RegistrationScope scope) {
+    remove_older_versions(library, scope);
     for (const Value& value : keys_of(library, module_path).values) write(scope, value);
 }
 

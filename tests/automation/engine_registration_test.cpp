@@ -153,6 +153,33 @@ TEST_P(Registration, TheOtherBitnessKeepsWhatBothShare) {
     EXPECT_EQ(snapshot_of(root()), before);
 }
 
+TEST_P(Registration, ReplacesOlderMinorVersions) {
+    const Snapshot before = snapshot_of(root());
+    const std::wstring own = is_64_bit ? L"\\0\\win64" : L"\\0\\win32";
+    const std::wstring other = is_64_bit ? L"\\0\\win32" : L"\\0\\win64";
+    const std::wstring older_key = std::wstring(library_key) + L"\\3.1";
+    LibraryInfo older = sample_library();
+    older.minor = 1;
+    register_library(older, L"C:\\antes.dll", GetParam());
+    EXPECT_EQ(value(root(), older_key + own), L"C:\\antes.dll");
+    register_library(sample_library(), module_path, GetParam());
+    EXPECT_EQ(value(root(), older_key), L"(none)");
+    EXPECT_EQ(value(root(), std::wstring(library_key) + L"\\3.2" + own), module_path);
+    // The other bitness's stays, with what belongs to both.
+    register_library(older, L"C:\\antes.dll", GetParam());
+    const std::wstring path = L"Software\\Classes\\" + older_key + other;
+    HKEY key = nullptr;
+    ASSERT_EQ(
+        RegCreateKeyExW(root(), path.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr),
+        ERROR_SUCCESS);
+    RegCloseKey(key);
+    register_library(sample_library(), module_path, GetParam());
+    EXPECT_EQ(value(root(), older_key + own), L"(none)");
+    EXPECT_EQ(value(root(), older_key), L"Biblioteca de prueba");
+    unregister_library(sample_library(), GetParam());
+    EXPECT_EQ(snapshot_of(root()), before);
+}
+
 INSTANTIATE_TEST_SUITE_P(Scopes, Registration,
                          testing::Values(RegistrationScope::machine, RegistrationScope::user),
                          [](const auto& scope) {

@@ -1,4 +1,5 @@
-// A hundred thousand instances and a few hundred windows: memory and handles do not grow.
+// A hundred thousand instances and notices, and a few hundred windows: memory and handles do not
+// grow.
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <set>
@@ -73,6 +74,38 @@ TEST(Endurance, HundredsOfCallsOfEveryMember) {
         }
         Workplace::remove_pictures();
     }
+}
+
+TEST(Endurance, AHundredThousandNotices) {
+    const OwnLibrary& library = OwnLibrary::get();
+    SensibleHost host;
+    const OwnClass& of_class = library.named(L"clsAvisos");
+    const auto avisos = library.create(of_class);
+    const std::vector<Variant> silent{Variant(1)};
+    ASSERT_EQ(call_member(avisos.get(), of_class.member(L"Modo", DISPATCH_PROPERTYPUT), silent),
+              S_OK);
+    const OwnClass& speaking = library.named(L"clsFGen");
+    const OwnMember& member = speaking.member(L"Verifica_NIF", DISPATCH_METHOD);
+    const auto general = library.create(speaking);
+    const auto arguments = host.arguments(speaking, member);
+    const auto speak = [&](int times) {
+        for (int index = 0; index < times; ++index) {
+            ASSERT_EQ(call_member(general.get(), member, arguments), S_OK);
+        }
+    };
+    const auto count = [&] {
+        Variant result;
+        call_member(avisos.get(), of_class.member(L"Count", DISPATCH_PROPERTYGET), {}, &result);
+        return result.to_int32();
+    };
+    announce("notices over and over");
+    speak(1000);
+    EXPECT_EQ(count(), 1000);
+    const Resources before = Resources::now();
+    speak(100'000);
+    EXPECT_EQ(count(), 1000);
+    std::printf("notices: %s\n", Resources::now().text().c_str());
+    Resources::now().expect_no_more_than(before, slack);
 }
 
 TEST(Endurance, HundredsOfWindows) {

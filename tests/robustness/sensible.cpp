@@ -180,6 +180,12 @@ std::vector<Variant> SensibleHost::arguments(const OwnClass& of_class, const Own
     return result;
 }
 
+HRESULT sensible_answer(const OwnMember& member) {
+    constexpr auto subscript_out_of_range = static_cast<HRESULT>(0x800A0009);
+    const bool is_item = member.id == DISPID_VALUE && member.kind == DISPATCH_METHOD;
+    return is_item ? subscript_out_of_range : S_OK;
+}
+
 HRESULT call_member(IDispatch* instance, const OwnMember& member,
                     const std::vector<Variant>& arguments, Variant* result) {
     std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());

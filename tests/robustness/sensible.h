@@ -36,6 +36,9 @@ class SensibleHost {
     ComPtr<IDispatch> image_;
 };
 
+/// What a member answers to them: a new collection has no first item.
+[[nodiscard]] HRESULT sensible_answer(const OwnMember& member);
+
 /// The HRESULT of the call, or 0x800A0000 and the number of a failure.
 HRESULT call_member(IDispatch* instance, const OwnMember& member,
                     const std::vector<Variant>& arguments, Variant* result = nullptr);
