@@ -1,4 +1,5 @@
-// Calls members of every class through the generated header.
+// Calls members of every class of version 1.0 through the generated header, and (in the program
+// version_1_0_tests) through the header that came with that version.
 #include <cmath>
 #include <gtest/gtest.h>
 #include <kovrel.h>

@@ -25,6 +25,7 @@ ObjectFailure bare_failure(HRESULT result) {
 }
 
 std::wstring described(const VARIANT& value) {
+    if (value.vt == (VT_BYREF | VT_VARIANT)) return described(*value.pvarVal);
     if (value.vt == VT_NULL) return L"null";
     if (value.vt == VT_EMPTY) return L"empty";
     if (value.vt == VT_ERROR) return L"missing";
