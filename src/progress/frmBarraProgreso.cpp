@@ -162,10 +162,17 @@ Announcement frmBarraProgreso::announcement() const {
     return result;
 }
 
+/// Its reports have the title that the window would have.
+void frmBarraProgreso::not_shown() {
+    if (!strCaption.empty()) set_caption(strCaption);
+    form_unload();
+}
+
 bool frmBarraProgreso::takes(std::int32_t new_percentage, const std::wstring& message) {
     if (canceled_ || !(loaded() || withheld())) return false;
     Announcement report;
     report.kind = AnnouncementKind::progress;
+    report.title = caption();
     report.text = message;
     report.percentage = new_percentage;
     if (announce_progress(report)) {

@@ -62,6 +62,7 @@ class frmBarraProgreso final : public Window {
     void closing() override;
     void form_unload() override;
     [[nodiscard]] Announcement announcement() const override;
+    void not_shown() override;
 
     void draw_bar();
 

@@ -157,7 +157,7 @@ TEST_F(Avisos, ProgressIsOnlyNoted) {
     EXPECT_EQ(
         call(general_.get(), L"BarraProgresoActualiza", {Variant(50), Variant(L"Mitad")}).result,
         S_OK);
-    EXPECT_EQ(last_line(), "4|clsFGen.BarraProgresoActualiza||Mitad|0|1|0");
+    EXPECT_EQ(last_line(), "4|clsFGen.BarraProgresoActualiza|Copia|Mitad|0|1|0");
     EXPECT_EQ(get(last().get(), L"Porcentaje").value.to_int32(), 50);
     EXPECT_FALSE(call(general_.get(), L"BarraProgresoCancelada").value.to_bool());
     call(general_.get(), L"BarraProgresoFinaliza");

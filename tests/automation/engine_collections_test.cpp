@@ -24,12 +24,12 @@ class Collections : public testing::Test {
         return ComPtr<IUnknown>(outcome.value.punkVal).query<IEnumVARIANT>();
     }
 
-    Outcome invoke_id(DISPID id, std::vector<Variant> arguments) {
+    Outcome invoke_id(DISPID id, std::vector<Variant> arguments,
+                      WORD flags = DISPATCH_PROPERTYGET | DISPATCH_METHOD) {
         Outcome outcome;
         DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
-        outcome.result =
-            list_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET | DISPATCH_METHOD,
-                          &parameters, &outcome.value, nullptr, nullptr);
+        outcome.result = list_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                                       &outcome.value, nullptr, nullptr);
         return outcome;
     }
 
@@ -57,6 +57,11 @@ TEST_F(Collections, AreEnumeratedAsTheyWereAtTheBeginning) {
     }
     EXPECT_EQ(met, L"uno dos tres ");
     EXPECT_EQ(get(list_.get(), L"Count").value.to_int32(), 4);
+}
+
+TEST_F(Collections, AreEnumeratedForHostsThatAskForAMethod) {
+    EXPECT_EQ(invoke_id(DISPID_NEWENUM, {}, DISPATCH_METHOD).value.vt, VT_UNKNOWN);
+    EXPECT_EQ(invoke_id(DISPID_NEWENUM, {}, DISPATCH_PROPERTYPUT).result, DISP_E_MEMBERNOTFOUND);
 }
 
 TEST_F(Collections, AreEnumeratedSeveralAtOnce) {

@@ -29,6 +29,11 @@ check("sí", messages.MsjFact_DeseaEditarFacturacion(), 6);
 notices.Respuestas(4, 7, "editar");
 check("no", messages.MsjFact_DeseaEditarFacturacion(), 7);
 check("anotado", notices(3).Respuesta, 7);
+var answers = "";
+for (var all = new Enumerator(notices); !all.atEnd(); all.moveNext()) {
+    answers += all.item().Respuesta;
+}
+check("todos", answers, "167");
 
 general.BarraProgresoInicia("Recibos", "Se generan", true);
 general.BarraProgresoActualiza(10, "Primero");
