@@ -45,7 +45,7 @@ TEST(TemporaryFileName, HasEightDigits) {
 
 TEST(PictureFailure, IsAPlainBox) {
     EXPECT_EQ(picture_failure(481, L"Imagen no válida"),
-              (Notice{L"ERROR  481: Imagen no válida", NoticeStyle::plain, std::nullopt}));
+              (Notice{L"ERROR  481: Imagen no válida", NoticeStyle::plain, std::nullopt, 481}));
     EXPECT_EQ(picture_failure(-2147467259, L"").text, L"ERROR  -2147467259: ");
 }
 
