@@ -222,7 +222,6 @@ void append_text(std::wstring& result, std::wstring_view text, const UnitNames& 
                  const UnitNames& subunit, const WordsContext& context) {
     guarded_step(result, context, [&] {
         const auto start = result.size();
-        text = trim(text);
         for (std::size_t first = 0; first < text.size();) {
             auto end = first;
             while (end < text.size() && text[end] != L' ') ++end;

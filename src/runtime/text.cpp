@@ -32,24 +32,7 @@ std::wstring_view trim(std::wstring_view text) noexcept {
 }
 
 void make_upper(std::wstring& text) noexcept {
-    // A branchless loop, which compilers vectorize, handles the letters a to z and those 0x80 above
-    // them (U+00F7 is a sign). Texts with others, such as U+00FC, are rare.
-    std::int32_t seen = 0;
-    std::int32_t adjacent_bits = 0;
-    for (wchar_t& character : text) {
-        const auto code = static_cast<std::int32_t>(character);
-        const std::int32_t letter = code & ~0x80;
-        const std::int32_t difference =
-            (letter > 0x60 ? 0x20 : 0) & (letter < 0x7B ? 0x20 : 0) & (code != 0xF7 ? 0x20 : 0);
-        const std::int32_t capital = code - difference;
-        character = static_cast<wchar_t>(capital);
-        seen |= capital;
-        adjacent_bits |= capital & (capital << 1);
-    }
-    // Small letters of Latin-1 have the bits 0x40 and 0x20; few other characters have both.
-    if (seen <= 0xFF && (adjacent_bits & 0x40) == 0) return;
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](wchar_t character) { return to_upper(character); });
+    for (wchar_t& character : text) character = to_upper(character);
 }
 
 std::wstring to_upper(std::wstring_view text) {

@@ -164,9 +164,10 @@ TEST(ComposeDate, FailsOutsideTheCalendar) {
     constexpr auto least = std::numeric_limits<int>::min();
     for (const CivilDate& date :
          {CivilDate{100, 1, 0}, CivilDate{9999, 12, 32}, CivilDate{9999, 14, 0},
-          CivilDate{10000, -20, 1}, CivilDate{32767, 1, 1}, CivilDate{-1901, 1, 1},
-          CivilDate{-32768, 1, 1}, CivilDate{2000, -32768, 0}, CivilDate{9000, 32767, 0},
-          CivilDate{most, most, most}, CivilDate{2024, least, least}, CivilDate{2024, 1, most}}) {
+          CivilDate{9999, 25, -400}, CivilDate{10000, -20, 1}, CivilDate{32767, 1, 1},
+          CivilDate{-1901, 1, 1}, CivilDate{-32768, 1, 1}, CivilDate{2000, -32768, 0},
+          CivilDate{9000, 32767, 0}, CivilDate{most, most, most}, CivilDate{2024, least, least},
+          CivilDate{2024, 1, most}}) {
         EXPECT_EQ(failure_of([&] { return composed(date.year, date.month, date.day); }), 5);
     }
 }

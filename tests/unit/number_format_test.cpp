@@ -86,6 +86,8 @@ TEST(FormatNumber, ZeroHasNoSign) {
     EXPECT_EQ(format_number(-0.001, patterns::two_decimals, L','), L"0,00");
     EXPECT_EQ(format_number(-0.0, patterns::whole, L','), L"0");
     EXPECT_EQ(format_number(-0.005, patterns::two_decimals, L','), L"-0,01");
+    EXPECT_EQ(format_number(L"-0,0001", patterns::two_decimals, testing_support::SpanishRegional()),
+              L"0,00");
 }
 
 TEST(FormatNumber, EightDigitsAndNoZero) {
@@ -241,6 +243,7 @@ TEST(LeadingNumber, ReadsExponents) {
     EXPECT_EQ(leading_number(L"1e-400"), 0);
     EXPECT_EQ(leading_number(L"0e99999999999999999999"), 0);
     EXPECT_EQ(leading_number(L"1e-99999999999999999999"), 0);
+    EXPECT_EQ(leading_number(L"1.5e-99999999999999999999"), 0);
     EXPECT_EQ(failure_of([] { return leading_number(L"1e400"); }), 6);
     EXPECT_EQ(failure_of([] { return leading_number(L"1e99999999999999999999"); }), 6);
     EXPECT_EQ(failure_of([] { return leading_number(L"1" + std::wstring(400, L'0') + L"e-10"); }),
@@ -253,6 +256,7 @@ TEST(LeadingNumber, ReadsPrefixes) {
     EXPECT_EQ(leading_number(L"&hff,"), 255);
     EXPECT_EQ(leading_number(L"&HFFFF"), -1);
     EXPECT_EQ(leading_number(L"&HFFFF&"), 65535);
+    EXPECT_EQ(leading_number(L"&HFFFFx"), -1);
     EXPECT_EQ(leading_number(L"&H10000"), 65536);
     EXPECT_EQ(leading_number(L"&HFFFFFFFF"), -1);
     EXPECT_EQ(leading_number(L"&O17"), 15);

@@ -202,7 +202,7 @@ TEST(VerifyCif, ALongerOneIsVerifiedByItsLastCharacter) {
 }
 
 TEST(VerifyCif, NeedsAKnownFirstLetter) {
-    for (const wchar_t first : std::wstring_view(L"IOTÑÁ_&,(+*\u4E00")) {
+    for (const wchar_t first : std::wstring_view(L"IOTÑÁ_&,(+*[\u4E00")) {
         EXPECT_EQ(verify(std::wstring(1, first) + L"12345674"),
                   rejected(L"La Primera letra no corresponde a un CIF."));
     }

@@ -277,6 +277,9 @@ TEST_F(Words, Exponents) {
     // The whole part of more than 15 digits is formatted with an exponent.
     EXPECT_EQ(text(L"1234567890123456,5").substr(0, 8), L"uno con ");
     EXPECT_EQ(text(L"-5e-1"), L"menos menos uno con uno");
+    // The point divides groups where the whole number is read, and ends its whole part.
+    EXPECT_EQ(text(L"1.5E+24", {L"Euro", L"Euros"}, {L"Céntimo", L"Céntimos"}),
+              L"un Euro con cinco cuatrillones con Céntimos");
     EXPECT_THAT(failures_, testing::IsEmpty());
 }
 
@@ -298,6 +301,7 @@ TEST_F(Words, TheUnitNameAgreesWithTheWholePart) {
     EXPECT_EQ(number(L"0", {L"Céntimo", L"Céntimos"}), L"cero Céntimos");
     EXPECT_EQ(number(L"1,4", {L"Euro", L"Euros"}), L"un Euro");
     EXPECT_EQ(number(L" 999,5 ", {L"Euro", L"Euros"}), L"mil  Euros");
+    EXPECT_EQ(number(L" x ", {L"Euro", L"Euros"}), L"Euros");
     EXPECT_EQ(number(L"", {L"Euro", L"Euros"}), L"Euros");
     EXPECT_EQ(number(L"€12"), L"doce");
     EXPECT_THAT(failures_, testing::IsEmpty());
