@@ -130,8 +130,7 @@ Announcement Window::announcement() const {
 }
 
 void Window::show_modeless() {
-    const Announced announced = announce(announcement(), [] { return Answer::ok; });
-    withheld_ = !announced.was_shown;
+    withheld_ = !announce(announcement(), [] { return Answer::ok; }).was_shown;
     if (withheld_) {
         not_shown();
         return;
@@ -146,6 +145,7 @@ void Window::show_modeless() {
 void Window::show_modal() {
     const auto alive = shared_from_this();
     if (visible()) throw Failure(FailureNumber::form_already_shown);
+    withheld_ = false;
     const Announced announced = announce(announcement(), [this] {
         run_modal();
         return Answer::ok;

@@ -84,7 +84,9 @@ TEST_F(Reentry, EveryMemberFromWithinEveryWaitAndWindow) {
                             call_member(other.get(), inner, host_.arguments(inner_class, inner));
                     });
                     ASSERT_TRUE(happened) << what;
-                    EXPECT_EQ(answer, sensible_answer(inner)) << what;
+                    // The window of the outer call may be the first item of the collection.
+                    EXPECT_TRUE(answer == S_OK || answer == sensible_answer(inner))
+                        << what << ": " << std::hex << answer;
                     ++calls;
                 }
                 expect_nothing_left(what);
