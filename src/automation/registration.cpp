@@ -56,10 +56,6 @@ Keys keys_of(const LibraryInfo& library, const std::wstring& module_path) {
         keys.own_trees.push_back(key);
     };
     for (const ClassInfo* info : library.classes) {
-        add_interface(info->interface_id, info->interface_name, type_library_marshaler);
-        if (info->events != nullptr) {
-            add_interface(info->events->id, info->events->name, dispatch_marshaler);
-        }
         if (info->instancing == Instancing::given) continue;
         const std::wstring class_key = key_of_class(*info);
         add(class_key, nullptr, info->help);
@@ -74,6 +70,12 @@ Keys keys_of(const LibraryInfo& library, const std::wstring& module_path) {
         add(info->prog_id, nullptr, info->help);
         add(std::wstring(info->prog_id) + L"\\CLSID", nullptr, text_of_guid(info->class_id));
         keys.shared_trees.emplace_back(info->prog_id);
+    }
+    for (const ClassInfo* info : library.classes) {
+        add_interface(info->interface_id, info->interface_name, type_library_marshaler);
+        if (info->events != nullptr) {
+            add_interface(info->events->id, info->events->name, dispatch_marshaler);
+        }
     }
     const std::wstring library_key = key_of_library(library);
     const std::wstring version_key = library_key + L"\\" + version;
@@ -155,8 +157,8 @@ std::wstring version_of(const LibraryInfo& library) {
 
 void register_library(const LibraryInfo& library, const std::wstring& module_path,
                       RegistrationScope scope) {
-    remove_older_versions(library, scope);
     for (const Value& value : keys_of(library, module_path).values) write(scope, value);
+    remove_older_versions(library, scope);
 }
 
 void unregister_library(const LibraryInfo& library, RegistrationScope scope) {
