@@ -45,7 +45,7 @@ std::wstring two_digits(std::int64_t number) {
 
 /// "2026-11-22 17:05:09", which sorts.
 std::wstring time_text(double time) {
-    constexpr std::int64_t seconds_a_day = 24 * 60 * 60;
+    constexpr std::int64_t seconds_a_day = std::int64_t{24} * 60 * 60;
     const auto seconds = static_cast<std::int64_t>(std::llround(time * seconds_a_day));
     const CivilDate day = civil_date(static_cast<std::int32_t>(seconds / seconds_a_day));
     const std::int64_t second = seconds % seconds_a_day;
