@@ -53,8 +53,7 @@ HRESULT ClassInfo::find_ids(LPOLESTR* names, UINT count, DISPID* ids) const {
 
 ClassInfo::Accessors ClassInfo::accessors(DISPID id) const noexcept {
     Accessors result;
-    if (id == DISPID_VALUE) id = default_member;
-    if (id == DISPID_NEWENUM) id = enumeration;
+    if (id <= 0) id = of_published(id);
     if (id < 1 || static_cast<std::size_t>(id) > by_id.size()) return result;
     // The accessors of a property are adjacent.
     for (const MemberInfo& member : members.subspan(by_id[static_cast<std::size_t>(id - 1)])) {

@@ -141,6 +141,11 @@ struct ClassInfo {
         if (id == default_member) return DISPID_VALUE;
         return id == enumeration ? DISPID_NEWENUM : id;
     }
+    /// The member's own id for one of the system's.
+    [[nodiscard]] DISPID of_published(DISPID id) const noexcept {
+        if (id == DISPID_VALUE) return default_member;
+        return id == DISPID_NEWENUM ? enumeration : DISPID_UNKNOWN;
+    }
     /// By published id; all null for an unknown one.
     [[nodiscard]] Accessors accessors(DISPID id) const noexcept;
 };

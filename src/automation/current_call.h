@@ -21,12 +21,14 @@ class CallWatch {
 class CurrentCall {
  public:
     CurrentCall(const ClassInfo& called, const MemberInfo& member) noexcept {
-        if (watches_.load(std::memory_order_relaxed) != 0) begin(called, member);
+        if (watches_.load(std::memory_order_relaxed) != 0) [[unlikely]]
+            begin(called, member);
     }
     CurrentCall(const CurrentCall&) = delete;
     CurrentCall& operator=(const CurrentCall&) = delete;
     ~CurrentCall() {
-        if (member_ != nullptr) end();
+        if (member_ != nullptr) [[unlikely]]
+            end();
     }
 
     /// "class.member" of the thread's innermost call; empty when it is not known.
@@ -42,9 +44,10 @@ class CurrentCall {
 
     static std::atomic<long> watches_;
 
-    const ClassInfo* class_ = nullptr;
-    const MemberInfo* member_ = nullptr;  ///< null: not noted
-    CurrentCall* outer_ = nullptr;
+    // Only the first is set in a call that is not noted.
+    const MemberInfo* member_ = nullptr;
+    const ClassInfo* class_;
+    CurrentCall* outer_;
 };
 
 }  // namespace kovrel

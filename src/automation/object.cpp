@@ -231,10 +231,11 @@ HRESULT STDMETHODCALLTYPE ObjectBase::invoke(ObjectBase* self, DISPID member, RE
     if (!InlineIsEqualGUID(id, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
     if (!complete(parameters)) return E_INVALIDARG;
     const ClassInfo& info = *self->info_;
-    // Some hosts ask for it as a method.
-    if (member == DISPID_NEWENUM && (flags & DISPATCH_METHOD) != 0) flags |= DISPATCH_PROPERTYGET;
     const ClassInfo::Accessors accessors = info.accessors(member);
-    const MemberInfo* const entry = wanted(accessors, flags, *parameters);
+    const MemberInfo* entry = wanted(accessors, flags, *parameters);
+    if (entry == nullptr && member == DISPID_NEWENUM && flags == DISPATCH_METHOD) {
+        entry = accessors[MemberKind::property_get];  // some hosts ask for it as a method
+    }
     if (entry == nullptr) {
         const MemberInfo* const any = accessors.any();
         return refuse(exception, {DISP_E_MEMBERNOTFOUND}, any == nullptr ? nullptr : any->name,
