@@ -22,15 +22,20 @@ class AnyBox {
     AnyBox() : thread_([this] { answer_all(); }) {}
     AnyBox(const AnyBox&) = delete;
     AnyBox& operator=(const AnyBox&) = delete;
-    ~AnyBox() {
-        stop_ = true;
-        thread_.join();
+    ~AnyBox() { stop(); }
+
+    /// Ends the watch: the last box is closed before its text is kept.
+    [[nodiscard]] const std::vector<std::wstring>& texts() {
+        stop();
+        return texts_;
     }
 
-    /// Once all boxes are closed.
-    [[nodiscard]] const std::vector<std::wstring>& texts() const { return texts_; }
-
  private:
+    void stop() {
+        stop_ = true;
+        if (thread_.joinable()) thread_.join();
+    }
+
     void answer_all() {
         while (!stop_) {
             for (HWND window : top_level_windows({L"#32770", {}, GetCurrentProcessId()})) {
@@ -199,7 +204,7 @@ TEST(EveryMember, SaysSilentlyWhatItSaysInBoxes) {
     opening.insert(L"BarraProgresoInicia");
     Said in_boxes;
     {
-        const AnyBox boxes;
+        AnyBox boxes;
         in_boxes = said_by_members(avisos.get(), opening);
         std::vector<std::wstring> noted;
         for (const auto& [name, texts] : in_boxes) {
