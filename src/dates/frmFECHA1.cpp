@@ -147,9 +147,7 @@ std::optional<Date> frmFECHA1::value() const {
 }
 
 Announcement frmFECHA1::announcement() const {
-    Announcement result = Window::announcement();
-    result.text = message_;
-    return result;
+    return announcement_of_window(caption(), message_);
 }
 
 bool frmFECHA1::FechaOk() const {

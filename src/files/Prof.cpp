@@ -92,17 +92,15 @@ std::wstring browse_for_folder(std::int32_t owner, std::wstring_view prompt,
     record.lpszTitle = title.c_str();
     record.ulFlags = BIF_RETURNONLYFSDIRS;
     record.lpfn = &on_browser_message;
-    Announcement announcement;
-    announcement.kind = AnnouncementKind::window;
-    announcement.text = prompt;
-    initial_folder_of_browse.set(folder.c_str());
     ITEMIDLIST* chosen = nullptr;
-    announce(announcement, [&] {
+    announce(announcement_of_window({}, prompt), [&] {
+        // Not before: a listener may browse too.
+        initial_folder_of_browse.set(folder.c_str());
         chosen = run_dialog(record);
+        initial_folder_of_browse.set(nullptr);
         return chosen != nullptr ? Answer::ok : Answer::cancel;
     });
     const Owned<ITEMIDLIST*, &CoTaskMemFree> item(chosen);
-    initial_folder_of_browse.set(nullptr);
     if (!item) return {};
     PathBuffer path = blank_buffer();
     const bool has_path = path_of(item.get(), path);

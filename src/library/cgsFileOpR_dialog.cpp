@@ -99,11 +99,7 @@ bool cgsFileOpR::ShowOpen(Variant vFileName, Variant vTitle, Variant vFilter, co
             // The published size of this version of OPENFILENAME.
             static_assert(sizeof record == (sizeof(void*) == 4 ? 76 : 136));
             const bool multiple = (record.Flags & OFN_ALLOWMULTISELECT) != 0;
-            Announcement announcement;
-            announcement.kind = AnnouncementKind::window;
-            announcement.title = DialogTitle;
-            announcement.text = FileName;
-            if (!run_dialog(record, announcement)) {
+            if (!run_dialog(record, announcement_of_window(DialogTitle, FileName))) {
                 if (CancelError) note_cancelled();
                 return;
             }

@@ -17,6 +17,14 @@ Announcement announcement_of(const Notice& notice, std::wstring_view title) {
     return result;
 }
 
+Announcement announcement_of_window(std::wstring_view title, std::wstring_view text) {
+    Announcement result;
+    result.kind = AnnouncementKind::window;
+    result.title = title;
+    result.text = text;
+    return result;
+}
+
 bool allows(const Announcement& announcement, Answer answer) noexcept {
     if (announcement.kind == AnnouncementKind::window) return answer == Answer::cancel;
     switch (announcement.style) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "runtime/notice.h"
 
@@ -30,6 +31,9 @@ struct Announcement {
 
 /// The box of a notice, `title` being that of notices without one.
 [[nodiscard]] Announcement announcement_of(const Notice& notice, std::wstring_view title);
+
+/// A window or dialog that asks for something.
+[[nodiscard]] Announcement announcement_of_window(std::wstring_view title, std::wstring_view text);
 
 /// Whether its buttons allow the answer. A window that nobody sees is cancelled.
 [[nodiscard]] bool allows(const Announcement& announcement, Answer answer) noexcept;

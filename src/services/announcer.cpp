@@ -124,7 +124,10 @@ std::vector<std::shared_ptr<NotedAnnouncement>> take_unheard() {
 }
 
 void prepare_for_nobody() noexcept {
-    if (!has_interactive_desktop()) CurrentCall::watch_for_ever();
+    [[maybe_unused]] static const bool is_prepared = [] {
+        if (!has_interactive_desktop()) CurrentCall::watch_for_ever();
+        return true;
+    }();
 }
 
 Announced announce(const Announcement& announcement, Answer (*show)(void*), void* context) {

@@ -123,10 +123,7 @@ void Window::create() {
 }
 
 Announcement Window::announcement() const {
-    Announcement result;
-    result.kind = AnnouncementKind::window;
-    result.title = caption();
-    return result;
+    return announcement_of_window(caption(), {});
 }
 
 void Window::show_modeless() {

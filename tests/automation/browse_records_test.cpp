@@ -7,8 +7,11 @@
 #include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
+#include <kovrel.h>
 #include <optional>
+#include <utility>
 
+#include "tests/support/event_sink.h"
 #include "tests/support/every_way.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/test_folder.h"
@@ -153,6 +156,34 @@ TEST_P(BrowseRecordsAnySettings, AnItemOutsideTheFileSystemIsReported) {
     // The same for a path without a terminating null.
     item_path = std::string(260, 'c');
     EXPECT_EQ(browse({Variant(0), Variant(L"x")}, {box}), "texto ");
+}
+
+TEST_P(BrowseRecordsAnySettings, AListenerMayBrowseBeforeTheBrowserIsShown) {
+    const auto avisos = create(L"Kovrel.clsAvisos");
+    const auto listener =
+        EventSink::make(Kovrel::DIID__clsAvisosEvents, [this](DISPID, DISPPARAMS&) {
+            call(profile_.get(), L"BrowseForFolder",
+                 {Variant(0), Variant(L"x"), Variant(L"C:\\Dentro")});
+            return S_OK;
+        });
+    ASSERT_NE(attach(avisos.get(), Kovrel::DIID__clsAvisosEvents, *listener.get()), 0U);
+    HWND const window = reinterpret_cast<HWND>(std::intptr_t{0x777});
+    bool is_chosen = false;
+    answer_browse = [&](const BROWSEINFOA& record) {
+        record.lpfn(window, 1, 0, record.lParam);
+        return std::exchange(is_chosen, true);
+    };
+    item_path = "C:\\Elegida\0"s;
+    EXPECT_EQ(browse({Variant(0), Variant(L"x"), Variant(L"C:\\Fuera")}), "texto C:\\Elegida");
+    EXPECT_EQ(sent, (std::vector<Sent>{{window, 0x466, 1, "C:\\Dentro"},
+                                       {window, 0x466, 1, "C:\\Fuera"}}));
+    // What the user did is noted: the inner browser was cancelled.
+    const auto answer_to = [&](int place) {
+        const auto aviso = call(avisos.get(), L"Item", {Variant(place)}).value.to_object();
+        return get(aviso.get(), L"Respuesta").value.to_int32();
+    };
+    EXPECT_EQ(answer_to(1), IDOK);
+    EXPECT_EQ(answer_to(2), IDCANCEL);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, BrowseRecordsAnySettings, testing::ValuesIn(every_way));
