@@ -6,7 +6,6 @@
 #include <oleauto.h>
 
 #include <algorithm>
-#include <atomic>
 #include <memory>
 #include <new>
 #include <utility>
@@ -14,6 +13,7 @@
 
 #include "automation/com_ptr.h"
 #include "automation/object.h"
+#include "automation/single_interface.h"
 #include "automation/variant.h"
 
 namespace kovrel {
@@ -22,7 +22,7 @@ namespace kovrel {
 /// nothing for it. `Traits` has Interface, the enumeration's interface; Raw, what it hands out;
 /// Held, what an element is kept as; copy(held, raw), an HRESULT; and clear(raw).
 template <class Traits>
-class Enumerator final : public Traits::Interface {
+class Enumerator final : public SingleInterface<typename Traits::Interface> {
  public:
     using Interface = typename Traits::Interface;
     using Raw = typename Traits::Raw;
@@ -32,28 +32,6 @@ class Enumerator final : public Traits::Interface {
     [[nodiscard]] static ComPtr<Interface> over(Elements elements) {
         auto shared = std::make_shared<const Elements>(std::move(elements));
         return ComPtr<Interface>::attach(new Enumerator(std::move(shared), 0));
-    }
-
-    Enumerator(const Enumerator&) = delete;
-    Enumerator& operator=(const Enumerator&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
-        if (result == nullptr) return E_POINTER;
-        *result = nullptr;
-        if (!IsEqualIID(id, IID_IUnknown) && !IsEqualIID(id, __uuidof(Interface))) {
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<Interface*>(this);
-        AddRef();
-        return S_OK;
-    }
-
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
     }
 
     HRESULT STDMETHODCALLTYPE Next(ULONG wanted, Raw* given, ULONG* count) override {
@@ -91,12 +69,11 @@ class Enumerator final : public Traits::Interface {
  private:
     Enumerator(std::shared_ptr<const Elements> elements, std::size_t next) noexcept
         : elements_(std::move(elements)), next_(next) {}
-    ~Enumerator() = default;
+    ~Enumerator() override = default;
 
     const LiveObject counted_;
     const std::shared_ptr<const Elements> elements_;  ///< shared with its clones
     std::size_t next_;
-    std::atomic<ULONG> references_{1};
 };
 
 /// What a collection's _NewEnum gives. Failures are thrown.

@@ -9,36 +9,16 @@
 #include "automation/module.h"
 #include "automation/object.h"
 #include "automation/registration.h"
+#include "automation/single_interface.h"
 
 namespace kovrel {
 namespace {
 
 std::atomic<LONG> server_locks{0};
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public SingleInterface<IClassFactory> {
  public:
     explicit ClassFactory(const ClassInfo& info) noexcept : info_(info) { ++server_locks; }
-    ClassFactory(const ClassFactory&) = delete;
-    ClassFactory& operator=(const ClassFactory&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
-        if (result == nullptr) return E_POINTER;
-        *result = nullptr;
-        if (!IsEqualIID(id, IID_IUnknown) && !IsEqualIID(id, IID_IClassFactory)) {
-            return E_NOINTERFACE;
-        }
-        *result = static_cast<IClassFactory*>(this);
-        AddRef();
-        return S_OK;
-    }
-
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** result) override {
         if (result == nullptr) return E_POINTER;
@@ -58,10 +38,9 @@ class ClassFactory final : public IClassFactory {
     }
 
  private:
-    ~ClassFactory() { --server_locks; }
+    ~ClassFactory() override { --server_locks; }
 
     const ClassInfo& info_;
-    std::atomic<ULONG> references_{1};
 };
 
 }  // namespace
