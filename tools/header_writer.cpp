@@ -1,9 +1,7 @@
 #include "tools/header_writer.h"
 
-#include <algorithm>
 #include <iomanip>
 #include <sstream>
-#include <string_view>
 
 #include "automation/bstr.h"
 #include "automation/registration.h"
@@ -129,12 +127,6 @@ std::wstring prefix(MemberKind kind) {
     return L"";
 }
 
-/// The platform writes its macros in capitals.
-bool is_macro(std::wstring_view name) {
-    return std::none_of(name.begin(), name.end(),
-                        [](wchar_t each) { return each >= L'a' && each <= L'z'; });
-}
-
 /// The new value of a property has no name of its own.
 const wchar_t* name_of(const ParameterInfo& parameter) {
     return parameter.name != nullptr ? parameter.name : L"value";
@@ -176,8 +168,7 @@ class HeaderWriter {
 
  private:
     void write_enumeration(const EnumInfo& info) {
-        const bool has_macros = is_macro(info.values.front().name);
-        if (has_macros) {
+        if (info.has_macros) {
             out_ << L"// The names lose nothing to the platform's macros of the same names and "
                     L"values, which\n"
                     L"// are set aside for the declaration. Where <commdlg.h> is included too, "
@@ -196,7 +187,7 @@ class HeaderWriter {
                  << value.value << std::dec << L",\n";
         }
         out_ << L"};\n";
-        if (has_macros) {
+        if (info.has_macros) {
             for (const EnumInfo::Value& value : info.values) {
                 out_ << L"#pragma pop_macro(\"" << value.name << L"\")\n";
             }

@@ -5,7 +5,6 @@
 // FOLDER_OF_NOTES holds the opening text, referencia.md, and one file a class.
 #include <windows.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -196,13 +195,10 @@ std::string enumeration_page(const EnumInfo& info) {
     std::string page =
         "## " + to_utf8(info.name) + "\n\n*Enumeración.* " + to_utf8(info.help) + "\n\n";
     page += "| nombre | valor | significado |\n|---|---|---|\n";
-    const bool are_flags =
-        std::any_of(info.values.begin(), info.values.end(),
-                    [](const EnumInfo::Value& value) { return value.value > 0xF; });
     for (const EnumInfo::Value& value : info.values) {
         char number[32];
         // Without the last sign Basic would take &H8000 for a negative number.
-        std::snprintf(number, sizeof number, are_flags ? "%ld (&H%lX&)" : "%ld",
+        std::snprintf(number, sizeof number, info.has_macros ? "%ld (&H%lX&)" : "%ld",
                       static_cast<long>(value.value), static_cast<unsigned long>(value.value));
         page +=
             "| `" + to_utf8(value.name) + "` | " + number + " | " + to_utf8(value.help) + " |\n";

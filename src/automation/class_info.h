@@ -29,6 +29,7 @@ struct EnumInfo {
     const wchar_t* help;
     GUID id;
     std::span<const Value> values;
+    bool has_macros = false;  ///< flags that the platform's headers define as macros
 };
 
 /// A record of the type library with one field: a fixed array of texts.

@@ -47,6 +47,7 @@ constinit const EnumInfo eOFN_info{
     .help = L"Opciones del diálogo de abrir archivo.",
     .id = {0xa97b368a, 0x911d, 0x46e9, {0x94, 0xbf, 0x5b, 0x66, 0x05, 0x60, 0x52, 0x9c}},
     .values = values,
+    .has_macros = true,
 };
 
 }  // namespace kovrel
