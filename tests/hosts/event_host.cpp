@@ -27,6 +27,7 @@
 #include "automation/com_ptr.h"
 #include "automation/variant.h"
 #include "services/text_encoding.h"
+#include "tests/support/event_sink.h"
 #include "tests/support/late.h"
 #include "tests/support/scripted_object.h"
 
@@ -80,104 +81,59 @@ GUID interface_id(ITypeInfo* info) {
     return id;
 }
 
-/// Calls a script's procedure for each event.
-class EventSink final : public IDispatch {
+/// The arguments as scripts take them: a typed variable becomes a variable of theirs.
+class Forwarded {
  public:
-    EventSink(ComPtr<IDispatch> script, std::wstring prefix, ComPtr<ITypeInfo> events)
-        : script_(std::move(script)), prefix_(std::move(prefix)), events_(std::move(events)) {}
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** result) override {
-        const bool is_known =
-            id == IID_IUnknown || id == IID_IDispatch || id == interface_id(events_.get());
-        *result = is_known ? this : nullptr;
-        if (!is_known) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
-        *count = 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT /*index*/, LCID /*locale*/,
-                                          ITypeInfo** result) override {
-        *result = nullptr;
-        return DISP_E_BADINDEX;
-    }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID /*id*/, LPOLESTR* /*names*/, UINT /*count*/,
-                                            LCID /*locale*/, DISPID* /*ids*/) override {
-        return DISP_E_UNKNOWNNAME;
-    }
-
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID event, REFIID /*id*/, LCID locale, WORD /*flags*/,
-                                     DISPPARAMS* parameters, VARIANT* /*result*/,
-                                     EXCEPINFO* exception, UINT* /*bad_argument*/) override {
-        Bstr name;
-        const HRESULT known =
-            events_->GetDocumentation(event, name.put(), nullptr, nullptr, nullptr);
-        if (FAILED(known)) return known;
-        std::wstring procedure = prefix_ + std::wstring(name.view());
-        LPOLESTR procedure_name = procedure.data();
-        DISPID procedure_id = DISPID_UNKNOWN;
-        if (FAILED(script_->GetIDsOfNames(IID_NULL, &procedure_name, 1, locale, &procedure_id))) {
-            return S_OK;  // the script does not want this event
+    explicit Forwarded(const DISPPARAMS& given) : values_(given.cArgs), passed_(given.cArgs) {
+        for (UINT i = 0; i < given.cArgs; ++i) {
+            passed_[i] = given.rgvarg[i];
+            if ((given.rgvarg[i].vt & VT_BYREF) == 0) continue;
+            VariantCopyInd(&values_[i], &given.rgvarg[i]);
+            passed_[i].vt = VT_BYREF | VT_VARIANT;
+            passed_[i].pvarVal = &values_[i];
         }
-        const ComPtr<IDispatch> alive(this);
-        Forwarded forwarded(*parameters);
-        const HRESULT result = script_->Invoke(procedure_id, IID_NULL, locale, DISPATCH_METHOD,
-                                               forwarded.parameters(), nullptr, exception, nullptr);
-        const HRESULT written = forwarded.write_back(*parameters);
-        return FAILED(result) ? result : written;
+        parameters_.rgvarg = passed_.data();
+        parameters_.cArgs = given.cArgs;
+    }
+
+    [[nodiscard]] DISPPARAMS* parameters() noexcept { return &parameters_; }
+
+    HRESULT write_back(const DISPPARAMS& given) {
+        for (UINT i = 0; i < given.cArgs; ++i) {
+            const VARTYPE type = given.rgvarg[i].vt & ~VT_BYREF;
+            if (type == given.rgvarg[i].vt) continue;
+            Variant converted;
+            const HRESULT result = VariantChangeType(&converted, &values_[i], 0, type);
+            if (FAILED(result)) return result;
+            std::memcpy(given.rgvarg[i].byref, &converted.byref, plain_size(type));
+        }
+        return S_OK;
     }
 
  private:
-    /// The arguments as scripts take them: a typed variable becomes a variable of theirs.
-    class Forwarded {
-     public:
-        explicit Forwarded(const DISPPARAMS& given) : values_(given.cArgs), passed_(given.cArgs) {
-            for (UINT i = 0; i < given.cArgs; ++i) {
-                passed_[i] = given.rgvarg[i];
-                if ((given.rgvarg[i].vt & VT_BYREF) == 0) continue;
-                VariantCopyInd(&values_[i], &given.rgvarg[i]);
-                passed_[i].vt = VT_BYREF | VT_VARIANT;
-                passed_[i].pvarVal = &values_[i];
-            }
-            parameters_.rgvarg = passed_.data();
-            parameters_.cArgs = given.cArgs;
-        }
-
-        [[nodiscard]] DISPPARAMS* parameters() noexcept { return &parameters_; }
-
-        HRESULT write_back(const DISPPARAMS& given) {
-            for (UINT i = 0; i < given.cArgs; ++i) {
-                const VARTYPE type = given.rgvarg[i].vt & ~VT_BYREF;
-                if (type == given.rgvarg[i].vt) continue;
-                Variant converted;
-                const HRESULT result = VariantChangeType(&converted, &values_[i], 0, type);
-                if (FAILED(result)) return result;
-                std::memcpy(given.rgvarg[i].byref, &converted.byref, plain_size(type));
-            }
-            return S_OK;
-        }
-
-     private:
-        std::vector<Variant> values_;
-        std::vector<VARIANT> passed_;
-        DISPPARAMS parameters_{};
-    };
-
-    ~EventSink() = default;
-
-    const ComPtr<IDispatch> script_;
-    const std::wstring prefix_;
-    const ComPtr<ITypeInfo> events_;
-    ULONG references_ = 1;
+    std::vector<Variant> values_;
+    std::vector<VARIANT> passed_;
+    DISPPARAMS parameters_{};
 };
+
+/// Calls the script's procedure for an event, which is found by its name.
+HRESULT forward(IDispatch* script, const std::wstring& prefix, ITypeInfo* events, DISPID event,
+                const DISPPARAMS& given) {
+    Bstr name;
+    const HRESULT known = events->GetDocumentation(event, name.put(), nullptr, nullptr, nullptr);
+    if (FAILED(known)) return known;
+    std::wstring procedure = prefix + std::wstring(name.view());
+    LPOLESTR procedure_name = procedure.data();
+    DISPID id = DISPID_UNKNOWN;
+    if (FAILED(script->GetIDsOfNames(IID_NULL, &procedure_name, 1, 0, &id))) {
+        return S_OK;  // the script does not want this event
+    }
+    Forwarded forwarded(given);
+    const HRESULT result = script->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, forwarded.parameters(),
+                                          nullptr, nullptr, nullptr);
+    const HRESULT written = forwarded.write_back(given);
+    return FAILED(result) ? result : written;
+}
 
 /// An object whose events a script receives.
 struct Connection {
@@ -286,8 +242,11 @@ class ScriptHost final : public IActiveScriptSite {
             FAILED(engine_->GetScriptDispatch(nullptr, script.put()))) {
             throw failure(430, L"El objeto no tiene eventos");
         }
-        const auto sink =
-            ComPtr<IDispatch>::attach(new EventSink(std::move(script), std::move(prefix), events));
+        const auto sink = EventSink::make(
+            interface_id(events.get()), [script = std::move(script), prefix = std::move(prefix),
+                                         events](DISPID event, const DISPPARAMS& given) {
+                return forward(script.get(), prefix, events.get(), event, given);
+            });
         if (FAILED(made.point->Advise(sink.get(), &made.cookie))) {
             throw failure(430, L"El objeto no admite el receptor");
         }

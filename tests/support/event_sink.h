@@ -51,6 +51,7 @@ class EventSink final : public IDispatch {
                                      EXCEPINFO* exception, UINT* /*bad_argument*/) override {
         if (flags != DISPATCH_METHOD || parameters->cNamedArgs != 0) return E_INVALIDARG;
         ++calls;
+        const ComPtr<EventSink> alive(this);
         const HRESULT result = reaction_(member, *parameters);
         if (result == DISP_E_EXCEPTION) exception->bstrDescription = SysAllocString(L"falla");
         return result;
