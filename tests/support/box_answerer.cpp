@@ -92,7 +92,8 @@ int main() {
     std::wstring line = command_line({words.begin() + 4, words.end()});
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
                         &started)) {
-        std::fprintf(stderr, "cannot start %s\n", kovrel::to_utf8(words[4]).c_str());
+        std::fprintf(stderr, "cannot start %s: error %lu\n", kovrel::to_utf8(words[4]).c_str(),
+                     GetLastError());
         return bad_usage;
     }
     const kovrel::Owned<HANDLE, &CloseHandle> process(started.hProcess);
