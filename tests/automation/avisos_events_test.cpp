@@ -3,6 +3,7 @@
 
 #include "tests/automation/avisos.h"
 #include "tests/support/event_sink.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {
@@ -120,6 +121,25 @@ TEST_F(AvisosEvents, WhatAHandlerSaysIsNoEvent) {
     EXPECT_EQ(count(), 2);
     EXPECT_EQ(wrong_nif(), L"12345678Z");
     EXPECT_EQ(listener->calls, 2);
+}
+
+TEST_F(AvisosEvents, CallsWithinACallAreToldApart) {
+    set_mode(silent_mode);
+    const auto listener =
+        sink([&](AvisoGiven& /*given*/) { call(messages_.get(), L"MsjFechaIncorrecta"); });
+    listen(listener);
+    const BoxWatcher no_box;
+    const TestFolder folder;
+    call(create(L"Kovrel.clsProfile").get(), L"ExisteCarpeta",
+         {Variant(folder / L"nueva"), Variant(true), Variant(true)});
+    std::vector<std::wstring> members;
+    for (int place = 1; place <= count(); ++place) {
+        const auto aviso = call(avisos_.get(), L"Item", {Variant(place)}).value.to_object();
+        members.push_back(get(aviso.get(), L"Miembro").value.to_text());
+    }
+    const std::wstring outer = L"clsProfile.ExisteCarpeta";
+    const std::wstring inner = L"clsMensajes.MsjFechaIncorrecta";
+    EXPECT_EQ(members, (std::vector<std::wstring>{outer, inner, outer, inner}));
 }
 
 TEST_F(AvisosEvents, AHandlerMayLetGoOfItsAvisos) {

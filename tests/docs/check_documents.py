@@ -4,8 +4,8 @@
     check_documents.py SOURCE_FOLDER
 
 The calls of the examples in languages without a host here name members that exist, with as many
-arguments as they take, and so do their handlers of events; the error boxes described are those of the sources, and so are the texts of
-the messages, unless an example shows them; links lead somewhere.
+arguments as they take, and so do their handlers of events; the error boxes described are those of the
+sources, and so are the texts of the messages, unless an example shows them; links lead somewhere.
 """
 import pathlib
 import re

@@ -87,6 +87,14 @@ TEST(NoticeRecord, NamesTheKindsAndTheAnswers) {
               L"2026-11-22 00:00:00\tprogreso\t\t\t\tSí\t5 % x\r\n");
 }
 
+TEST(NoticeRecord, BeginsALineBreakAtTheBeginningToo) {
+    NoticeRecord record;
+    auto noon = entry(L"\n\ndos");
+    noon->time = moment(12 * 3600);
+    record.add(noon);
+    EXPECT_EQ(record.text(), L"2026-11-22 12:00:00\tmensaje\t\t\t\t\t  dos\r\n");
+}
+
 TEST(NoticeRecord, RoundsTheTimeToTheNextDay) {
     NoticeRecord record;
     auto late = entry(L"x");

@@ -88,6 +88,7 @@ TEST(FormatNumber, ZeroHasNoSign) {
     EXPECT_EQ(format_number(-0.005, patterns::two_decimals, L','), L"-0,01");
     EXPECT_EQ(format_number(L"-0,0001", patterns::two_decimals, testing_support::SpanishRegional()),
               L"0,00");
+    EXPECT_EQ(format_number(-1e-9, {1, 6}, L','), L"0,000000");
 }
 
 TEST(FormatNumber, EightDigitsAndNoZero) {
