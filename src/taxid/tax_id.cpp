@@ -112,15 +112,23 @@ wchar_t nif_letter(std::int32_t number) noexcept {
     return letters[static_cast<std::size_t>(remainder < 0 ? remainder + modulus : remainder)];
 }
 
-std::wstring cif_control(std::wstring_view cif) {
+unsigned cif_control_digit(std::wstring_view cif) noexcept {
     int sum = doubled(digit_at(cif, 8));
     for (const std::size_t position : {2U, 4U, 6U}) {
         sum += doubled(digit_at(cif, position)) + digit_at(cif, position + 1);
     }
-    const auto control = static_cast<std::size_t>((10 - sum % 10) % 10);
+    return static_cast<unsigned>((10 - sum % 10) % 10);
+}
+
+wchar_t cif_control_letter(unsigned digit) noexcept {
+    return std::wstring_view(L"JABCDEFGHI")[digit];
+}
+
+std::wstring cif_control(std::wstring_view cif) {
+    const unsigned digit = cif_control_digit(cif);
     std::wstring text = L"J ó 0";
-    text.front() = std::wstring_view(L"JABCDEFGHI")[control];
-    text.back() = static_cast<wchar_t>(L'0' + control);
+    text.front() = cif_control_letter(digit);
+    text.back() = static_cast<wchar_t>(L'0' + digit);
     return text;
 }
 
