@@ -1,21 +1,41 @@
 #include "identifiers/checksum.h"
 
-#include <cstdint>
+#include <array>
+#include <cstddef>
 
 #include "runtime/text.h"
 
 namespace kovrel {
+namespace {
+
+constexpr unsigned modulus = 97;
+
+// The remainders of the powers of 10, which begin anew after 96.
+constexpr auto powers_of_10 = [] {
+    std::array<unsigned, modulus - 1> powers{};
+    unsigned power = 1;
+    for (unsigned& remainder : powers) {
+        remainder = power;
+        power = power * 10 % modulus;
+    }
+    return powers;
+}();
+
+}  // namespace
 
 unsigned remainder_97(unsigned before, std::wstring_view text) noexcept {
-    // Divided when two more digits might not fit.
-    constexpr std::uint64_t most = UINT64_MAX / 100 - 1;
-    std::uint64_t number = before;
-    for (const wchar_t character : text) {
-        if (number > most) number %= 97;
-        number = is_digit(character) ? number * 10 + static_cast<unsigned>(character - L'0')
-                                     : number * 100 + static_cast<unsigned>(character - L'A' + 10);
+    // From the right, each character by itself: one division at the end instead of one a few
+    // digits.
+    unsigned sum = 0;
+    std::size_t place = 0;
+    for (auto character = text.rbegin(); character != text.rend(); ++character) {
+        const bool is_letter = !is_digit(*character);
+        const auto value = static_cast<unsigned>(*character - (is_letter ? L'A' - 10 : L'0'));
+        sum += value * powers_of_10[place];
+        place += is_letter ? 2 : 1;
+        if (place >= powers_of_10.size()) place -= powers_of_10.size();
     }
-    return static_cast<unsigned>(number % 97);
+    return (sum + before * powers_of_10[place]) % modulus;
 }
 
 std::wstring controls_97(std::wstring_view text) {
@@ -23,8 +43,8 @@ std::wstring controls_97(std::wstring_view text) {
 }
 
 bool has_right_controls_97(std::wstring_view text, std::size_t body) noexcept {
-    const std::wstring_view controls = text.substr(2, 2);
-    if (controls == L"00" || controls == L"01" || controls == L"99") return false;
+    const int controls = (text[2] - L'0') * 10 + (text[3] - L'0');
+    if (controls < 2 || controls > 98) return false;
     return remainder_97(remainder_97(0, text.substr(body)), text.substr(0, 4)) == 1;
 }
 

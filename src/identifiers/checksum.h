@@ -7,7 +7,8 @@
 namespace kovrel {
 
 /// The remainder by 97 of the number that `before` and the characters make, a letter standing for
-/// two digits: A is 10, Z is 35 (ISO 7064, as ISO 13616-1 uses it).
+/// two digits: A is 10, Z is 35 (ISO 7064, as ISO 13616-1 uses it). Of some hundred characters at
+/// most.
 [[nodiscard]] unsigned remainder_97(unsigned before, std::wstring_view text) noexcept;
 
 /// The two control digits, 02 to 98, that ISO 7064 MOD 97-10 gives `text`, which they follow.

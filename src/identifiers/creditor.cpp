@@ -18,12 +18,11 @@ constexpr std::size_t most = 35;
 IdentifierFault creditor_fault(Characters text) noexcept {
     if (text.size() <= national_start || text.size() > most) return IdentifierFault::length;
     if (!is_sepa_country(text[0], text[1])) return IdentifierFault::country;
-    const bool is_spanish = text.view().substr(0, 2) == L"ES";
     const Characters national = text.from(national_start);
-    if (is_spanish && national.size() != 9) return IdentifierFault::length;
+    if (text.are_spanish() && national.size() != 9) return IdentifierFault::length;
     if (!text.are_digits(2, 2)) return IdentifierFault::characters;
     if (!has_right_controls_97(text.view(), national_start)) return IdentifierFault::control;
-    return is_spanish ? nif_fault(national) : IdentifierFault::none;
+    return text.are_spanish() ? nif_fault(national) : IdentifierFault::none;
 }
 
 std::wstring mended_creditor(std::wstring_view text) {

@@ -3,6 +3,8 @@
 // operating procedure P.O. 10.8): ES, 4 digits of the distributor, 12 of the supply and 2 control
 // letters; if any, a digit and a letter of the measuring point. The control letters are quotient
 // and remainder by 23 of what the 16 digits leave by 529, in the letters of the NIF.
+#include <algorithm>
+
 #include "identifiers/rules.h"
 #include "runtime/text.h"
 #include "taxid/tax_id.h"
@@ -36,7 +38,7 @@ IdentifierFault cups_fault(Characters text) noexcept {
     if (text.size() != full_length && text.size() != length_with_point) {
         return IdentifierFault::length;
     }
-    if (text.view().substr(0, digits_start) != L"ES") return IdentifierFault::country;
+    if (!text.are_spanish()) return IdentifierFault::country;
     if (!text.are_digits(digits_start, digit_count)) return IdentifierFault::characters;
     const bool has_wrong_point =
         text.size() == length_with_point &&

@@ -21,7 +21,10 @@ std::size_t iban_word_length(std::wstring_view text) noexcept {
     // No country has the code IB. Repeated, so that a normalized text stays as it is.
     constexpr std::wstring_view word = L"IBAN";
     std::size_t length = 0;
-    while (text.substr(length, word.size()) == word) length += word.size();
+    while (length < text.size() && text[length] == word.front() &&
+           text.substr(length, word.size()) == word) {
+        length += word.size();
+    }
     return length;
 }
 
@@ -35,8 +38,7 @@ IdentifierFault iban_fault(Characters text) noexcept {
     }
     if (!has_right_controls_97(text.view(), account_start)) return IdentifierFault::control;
     const bool has_wrong_account =
-        is_spanish(text.view()) &&
-        bank_account_fault(text.from(account_start)) != IdentifierFault::none;
+        text.are_spanish() && bank_account_fault(text.from(account_start)) != IdentifierFault::none;
     return has_wrong_account ? IdentifierFault::inner_account : IdentifierFault::none;
 }
 

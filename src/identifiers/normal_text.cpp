@@ -39,22 +39,24 @@ std::uint8_t meaning_of(wchar_t character) noexcept {
 }  // namespace
 
 NormalText::NormalText(std::wstring_view text) noexcept {
+    std::size_t size = 0;
+    std::uint64_t digits = 0;
+    std::uint64_t letters = 0;
     for (const wchar_t character : text) {
         const std::uint8_t meaning = meaning_of(character);
         if (meaning == separator) continue;
-        if (meaning == other) {
-            has_others_ = true;
-            return;
+        if (meaning == other || size == capacity) {
+            has_others_ = meaning == other;
+            is_too_long_ = !has_others_;
+            break;
         }
-        if (size_ == capacity) {
-            is_too_long_ = true;
-            return;
-        }
-        const std::uint64_t position = std::uint64_t{1} << size_;
-        digits_ |= meaning <= '9' ? position : 0;
-        letters_ |= meaning >= 'A' && meaning <= 'Z' ? position : 0;
-        characters_[size_++] = static_cast<wchar_t>(meaning);
+        digits |= std::uint64_t{meaning <= '9'} << size;
+        letters |= std::uint64_t{meaning >= 'A' && meaning <= 'Z'} << size;
+        characters_[size++] = static_cast<wchar_t>(meaning);
     }
+    size_ = size;
+    digits_ = digits;
+    letters_ = letters;
 }
 
 std::wstring without_separators(std::wstring_view text) {

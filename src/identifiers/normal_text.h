@@ -46,6 +46,11 @@ class Characters {
         return (positions(0, size()) & ~(digits_ | letters_)) == 0;
     }
 
+    /// Whether the first two characters are the country of Spain.
+    [[nodiscard]] constexpr bool are_spanish() const noexcept {
+        return size() >= 2 && text_[0] == L'E' && text_[1] == L'S';
+    }
+
     /// What follows the first `count` characters, of which there are as many.
     [[nodiscard]] constexpr Characters from(std::size_t count) const noexcept {
         return {text_.substr(count), digits_ >> count, letters_ >> count};

@@ -1,4 +1,6 @@
 // The Spanish bank account code (CCC). Its weights stand in taxid/bank_account.
+#include <algorithm>
+
 #include "identifiers/rules.h"
 #include "runtime/text.h"
 #include "taxid/bank_account.h"
@@ -18,7 +20,10 @@ IdentifierFault bank_account_fault(Characters text) noexcept {
     // No entity of the register of the Banco de España has the number 0; twenty zeros, whose
     // controls are right, are what forms leave in an empty field.
     const std::wstring_view digits = text.view();
-    if (digits.substr(0, 4) == L"0000") return IdentifierFault::value;
+    const std::wstring_view bank = digits.substr(0, 4);
+    if (std::all_of(bank.begin(), bank.end(), [](wchar_t digit) { return digit == L'0'; })) {
+        return IdentifierFault::value;
+    }
     const bool are_right = digits[controls] == bank_control_digit(digits.substr(0, controls)) &&
                            digits[controls + 1] == account_control_digit(digits.substr(account));
     return are_right ? IdentifierFault::none : IdentifierFault::control;

@@ -167,7 +167,7 @@ IdentifierFault nif_fault(Characters text) noexcept {
 // the country in front.
 IdentifierFault vat_fault(Characters text) noexcept {
     if (text.size() != 2 + full_length) return IdentifierFault::length;
-    if (text.view().substr(0, 2) != L"ES") return IdentifierFault::country;
+    if (!text.are_spanish()) return IdentifierFault::country;
     return nif_fault(text.from(2));
 }
 

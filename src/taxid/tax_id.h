@@ -25,7 +25,7 @@ struct TaxIdVerdict {
 
 /// The text without "-", "/", blanks and ".". Failure 6 (overflow) from 32767 characters on: the
 /// position is a 16-bit number.
-[[nodiscard]] std::wstring strip_separators(std::wstring_view text);
+[[nodiscard]] std::wstring strip_separators(std::wstring text);
 
 /// The control letter of a number; a negative one counts modulo 23 as well.
 [[nodiscard]] wchar_t nif_letter(std::int32_t number) noexcept;

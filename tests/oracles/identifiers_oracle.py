@@ -37,8 +37,9 @@ def plain(text):
     return "".join(c.upper() if c in string.ascii_lowercase + "\u00f1" else c for c in kept)
 
 
-def is_foreign(text):
-    return re.search(r"[^A-Z0-9\u00d1]", plain(text)) is not None
+def is_foreign(text, kind):
+    known = "[^A-Z0-9\u00d1]" if kind.name == "cadastral reference" else "[^A-Z0-9]"
+    return re.search(known, plain(text)) is not None
 
 
 # The rules that python-stdnum lacks.
@@ -217,14 +218,15 @@ def bare(text):
 Difference = collections.namedtuple("Difference", "name kinds takes applies source")
 DIFFERENCES = [
     Difference("characters of other scripts, and signs", EVERY_KIND, THEIRS,
-               lambda text, kind: is_foreign(text),
+               lambda text, kind: is_foreign(text, kind),
                "stdnum turns typographic signs and digits of other scripts into ASCII, and letters "
-               "into their Unicode capitals; the laws and standards know A to Z and 0 to 9 only"),
+               "into their Unicode capitals; the laws and standards know A to Z and 0 to 9 only (the Catastro also Ñ)"),
     Difference("an m is no separator", ("creditor",), None,
                lambda text, kind: "m" in text and kind.oracle(plain(text)) != kind.oracle(text),
                "stdnum's list of separators of the creditor identifier contains the letter m, by mistake"),
-    Difference("separators", EVERY_KIND, OURS,
-               lambda text, kind: plain(text) != text.upper() and kind.oracle(plain(text)),
+    Difference("separators", EVERY_KIND, None,
+               lambda text, kind: plain(text) != text.upper()
+               and kind.oracle(plain(text)) != kind.oracle(text),
                "tab, point, slash, no-break blanks and hyphens other than the ASCII one are what forms "
                "and text processors write; stdnum takes blanks and hyphens (none in cards)"),
     Difference("control of an entity", NIF_KINDS, THEIRS,
