@@ -27,12 +27,14 @@ bool is_short_digit_run(std::wstring_view text) {
     return !text.empty() && text.size() <= 9 && std::all_of(text.begin(), text.end(), is_digit);
 }
 
+std::int32_t value_of_digits(std::wstring_view digits) {
+    std::int32_t value = 0;
+    for (const wchar_t digit : digits) value = value * 10 + (digit - L'0');
+    return value;
+}
+
 double number_of(std::wstring_view text, const Regional& regional) {
-    if (is_short_digit_run(text)) {
-        std::int32_t value = 0;
-        for (const wchar_t digit : text) value = value * 10 + (digit - L'0');
-        return value;
-    }
+    if (is_short_digit_run(text)) return value_of_digits(text);
     const auto number = regional.number(text);
     if (!number) throw Failure(FailureNumber::type_mismatch);
     return *number;
@@ -51,6 +53,7 @@ std::uint8_t round_to_uint8(double value) {
 }
 
 std::int32_t to_int32(std::wstring_view text, const Regional& regional) {
+    if (is_short_digit_run(text)) return value_of_digits(text);
     return round_to_int32(number_of(text, regional));
 }
 

@@ -39,12 +39,18 @@ std::wstring_view account_of(std::wstring_view code) noexcept {
     return middle(code, 11, 10);
 }
 
+wchar_t bank_control_digit(std::wstring_view bank_and_branch) noexcept {
+    return control_digit(bank_and_branch, bank_and_branch_length);
+}
+wchar_t account_control_digit(std::wstring_view account) noexcept {
+    return control_digit(account, account_length);
+}
+
 std::wstring control_digits(std::wstring_view bank, std::wstring_view branch,
                             std::wstring_view account) {
     std::wstring bank_and_branch(bank);
     bank_and_branch += branch;
-    return {control_digit(bank_and_branch, bank_and_branch_length),
-            control_digit(account, account_length)};
+    return {bank_control_digit(bank_and_branch), account_control_digit(account)};
 }
 
 std::optional<Notice> bank_account_notice(std::wstring_view code, std::wstring_view right,

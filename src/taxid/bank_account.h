@@ -22,6 +22,10 @@ namespace kovrel {
 [[nodiscard]] std::wstring control_digits(std::wstring_view bank, std::wstring_view branch,
                                           std::wstring_view account);
 
+/// The control digit of bank and branch together, and that of the account, by the same rules.
+[[nodiscard]] wchar_t bank_control_digit(std::wstring_view bank_and_branch) noexcept;
+[[nodiscard]] wchar_t account_control_digit(std::wstring_view account) noexcept;
+
 /// What the user must be told when the control digits in a code are not the `right` two digits;
 /// nothing when they are. `reveal` shows the right digits; otherwise the notice says in which part
 /// of the code the error lies.

@@ -1,5 +1,7 @@
 #include "taxid/tax_id.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <utility>
 
@@ -9,6 +11,8 @@
 
 namespace kovrel {
 namespace {
+
+using namespace std::string_view_literals;
 
 constexpr std::size_t full_length = 9;   // of a NIF or NIE with its letter
 constexpr std::size_t shortest_cif = 8;  // without the control character
@@ -25,26 +29,44 @@ int digit_at(std::wstring_view text, std::size_t position) noexcept {
     return text[position - 1] - L'0';
 }
 
+wchar_t digit_character(unsigned digit) noexcept {
+    return static_cast<wchar_t>(L'0' + digit);
+}
+
 // The sum of the decimal digits of twice a digit.
 int doubled(int digit) noexcept {
     constexpr std::wstring_view sums = L"0246813579";
     return sums[static_cast<std::size_t>(digit)] - L'0';
 }
 
-Notice letter_notice(std::wstring_view kind, wchar_t typed, wchar_t right) {
-    std::wstring text;
-    text.reserve(96);
-    text.append(L"La letra del ").append(kind).append(L" '");
-    text.append(1, typed).append(L"' es incorrecta y será sustituida por la correcta: '");
-    text.append(1, right).append(L"'");
-    std::wstring title;
-    title.reserve(32);
-    title.append(L"Error en la letra del ").append(kind);
-    return Notice{std::move(text), NoticeStyle::exclamation, std::move(title)};
+// What the user is told about a wrong letter; "?" stands for the typed and for the right one.
+struct LetterNotice {
+    std::wstring_view text;
+    std::wstring_view title;
+};
+constexpr LetterNotice nif_notice{
+    L"La letra del N.I.F. '?' es incorrecta y será sustituida por la correcta: '?'"sv,
+    L"Error en la letra del N.I.F."sv};
+constexpr LetterNotice nie_notice{
+    L"La letra del N.I.E. '?' es incorrecta y será sustituida por la correcta: '?'"sv,
+    L"Error en la letra del N.I.E."sv};
+
+constexpr std::size_t typed_place = nif_notice.text.find(L'?');
+constexpr std::size_t right_place = nif_notice.text.rfind(L'?');
+static_assert(nie_notice.text.find(L'?') == typed_place &&
+              nie_notice.text.rfind(L'?') == right_place);
+
+TaxIdVerdict corrected(std::wstring result, const LetterNotice& notice, wchar_t typed,
+                       wchar_t right) {
+    std::wstring text(notice.text);
+    text[typed_place] = typed;
+    text[right_place] = right;
+    return {std::move(result),
+            Notice{std::move(text), NoticeStyle::exclamation, std::wstring(notice.title)}};
 }
 
 TaxIdVerdict rejected(std::wstring_view reason) {
-    return {L"", Notice{std::wstring(reason), NoticeStyle::critical, L"ATENCIÓN"}};
+    return {L"", Notice{std::wstring(reason), NoticeStyle::critical, std::wstring(L"ATENCIÓN"sv)}};
 }
 
 TaxIdVerdict verify_nif(std::wstring working, const Regional& regional) {
@@ -59,49 +81,49 @@ TaxIdVerdict verify_nif(std::wstring working, const Regional& regional) {
     const wchar_t right = nif_letter(number);
     if (typed == right) return {std::move(working), std::nullopt};
     working.back() = right;
-    return {std::move(working), letter_notice(L"N.I.F.", typed, right)};
+    return corrected(std::move(working), nif_notice, typed, right);
 }
 
-TaxIdVerdict verify_nie(std::wstring working, std::size_t typed_length, const Regional& regional) {
-    const wchar_t typed = working.back();
-    const auto length = working.size();
+TaxIdVerdict verify_nie(std::wstring working, wchar_t first, std::size_t typed_length,
+                        const Regional& regional) {
+    const std::wstring_view text = working;
+    const wchar_t typed = text.back();
+    const auto length = text.size();
     const auto tail = length > nie_digits_and_letter ? length - nie_digits_and_letter : 0;
-    std::wstring digits(1, static_cast<wchar_t>(L'0' + (working.front() - L'X')));
-    digits.append(working, tail, length - tail - 1);
+    const auto behind_letter = text.substr(tail, length - tail - 1);
+    std::array<wchar_t, nie_digits_and_letter> digits{};
+    digits.front() = static_cast<wchar_t>(L'0' + (first - L'X'));
+    std::copy(behind_letter.begin(), behind_letter.end(), digits.begin() + 1);
 
-    const wchar_t right = nif_letter(to_int32(digits, regional));
+    const wchar_t right = nif_letter(to_int32({digits.data(), 1 + behind_letter.size()}, regional));
     if (typed == right) return {std::move(working), std::nullopt};
     if (typed_length <= length) working.pop_back();
     working += right;
-    return {std::move(working), letter_notice(L"N.I.E.", typed, right)};
+    return corrected(std::move(working), nie_notice, typed, right);
 }
 
 TaxIdVerdict verify_cif(std::wstring working) {
-    if (working.size() < shortest_cif) return rejected(L"CIF incompleto, mínimo 8 carácteres.");
+    if (working.size() < shortest_cif) return rejected(L"CIF incompleto, mínimo 8 carácteres."sv);
     if (cif_first_letters.find(working.front()) == std::wstring_view::npos) {
-        return rejected(L"La Primera letra no corresponde a un CIF.");
+        return rejected(L"La Primera letra no corresponde a un CIF."sv);
     }
-    const std::wstring control = cif_control(working);
+    const unsigned control = cif_control_digit(working);
     const wchar_t typed = working.back();
-    if (typed == control.front() || typed == control.back()) {
+    if (typed == cif_control_letter(control) || typed == digit_character(control)) {
         return {std::move(working), std::nullopt};
     }
-    return rejected(is_digit(typed) ? L"El último número no corresponde a un CIF correcto."
-                                    : L"La última letra no corresponde a un CIF correcto.");
+    return rejected(is_digit(typed) ? L"El último número no corresponde a un CIF correcto."sv
+                                    : L"La última letra no corresponde a un CIF correcto."sv);
 }
 
 }  // namespace
 
-std::wstring strip_separators(std::wstring_view text) {
+std::wstring strip_separators(std::wstring text) {
     // The position is incremented once more behind the last character.
     constexpr auto last_position = std::numeric_limits<std::int16_t>::max();
     if (text.size() >= last_position) throw Failure(FailureNumber::overflow);
-    std::wstring stripped;
-    stripped.reserve(text.size());
-    for (const wchar_t character : text) {
-        if (!is_separator(character)) stripped += character;
-    }
-    return stripped;
+    std::erase_if(text, [](wchar_t character) { return is_separator(character); });
+    return text;
 }
 
 wchar_t nif_letter(std::int32_t number) noexcept {
@@ -112,15 +134,23 @@ wchar_t nif_letter(std::int32_t number) noexcept {
     return letters[static_cast<std::size_t>(remainder < 0 ? remainder + modulus : remainder)];
 }
 
-std::wstring cif_control(std::wstring_view cif) {
+unsigned cif_control_digit(std::wstring_view cif) noexcept {
     int sum = doubled(digit_at(cif, 8));
     for (const std::size_t position : {2U, 4U, 6U}) {
         sum += doubled(digit_at(cif, position)) + digit_at(cif, position + 1);
     }
-    const auto control = static_cast<std::size_t>((10 - sum % 10) % 10);
+    return static_cast<unsigned>((10 - sum % 10) % 10);
+}
+
+wchar_t cif_control_letter(unsigned digit) noexcept {
+    return std::wstring_view(L"JABCDEFGHI")[digit];
+}
+
+std::wstring cif_control(std::wstring_view cif) {
+    const unsigned digit = cif_control_digit(cif);
     std::wstring text = L"J ó 0";
-    text.front() = std::wstring_view(L"JABCDEFGHI")[control];
-    text.back() = static_cast<wchar_t>(L'0' + control);
+    text.front() = cif_control_letter(digit);
+    text.back() = digit_character(digit);
     return text;
 }
 
@@ -129,13 +159,13 @@ TaxIdVerdict verify_normalized_tax_id(std::wstring working, std::size_t typed_le
     const wchar_t first = working.empty() ? L'\0' : working.front();
     if (is_digit(first)) return verify_nif(std::move(working), regional);
     if (first >= L'X' && first <= L'Z') {
-        return verify_nie(std::move(working), typed_length, regional);
+        return verify_nie(std::move(working), first, typed_length, regional);
     }
     return verify_cif(std::move(working));
 }
 
 TaxIdVerdict verify_tax_id(std::wstring_view typed, const Regional& regional) {
-    return verify_normalized_tax_id(regional.capitals(strip_separators(typed)), typed.size(),
+    return verify_normalized_tax_id(strip_separators(regional.capitals(typed)), typed.size(),
                                     regional);
 }
 

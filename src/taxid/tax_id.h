@@ -25,13 +25,19 @@ struct TaxIdVerdict {
 
 /// The text without "-", "/", blanks and ".". Failure 6 (overflow) from 32767 characters on: the
 /// position is a 16-bit number.
-[[nodiscard]] std::wstring strip_separators(std::wstring_view text);
+[[nodiscard]] std::wstring strip_separators(std::wstring text);
 
 /// The control letter of a number; a negative one counts modulo 23 as well.
 [[nodiscard]] wchar_t nif_letter(std::int32_t number) noexcept;
 
-/// The control of a CIF in its two forms: letter, " ó ", digit. Positions 2 to 8 of the text count;
-/// what is missing there or is no digit counts as 0.
+/// The control of a CIF as a digit. Positions 2 to 8 of the text count; what is missing there or is
+/// no digit counts as 0.
+[[nodiscard]] unsigned cif_control_digit(std::wstring_view cif) noexcept;
+
+/// The letter that stands for that digit, 0 to 9.
+[[nodiscard]] wchar_t cif_control_letter(unsigned digit) noexcept;
+
+/// The same control in its two forms: letter, " ó ", digit.
 [[nodiscard]] std::wstring cif_control(std::wstring_view cif);
 
 /// Verifies an identifier that is already in capitals and without separators. `typed_length` is the
