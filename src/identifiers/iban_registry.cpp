@@ -7,7 +7,7 @@
 namespace kovrel {
 namespace {
 
-constexpr std::array<IbanCountry, 89> registry{{
+constexpr std::array<IbanCountry, 89> registry = {{
     {L"AD", 24, "4!n4!n12!c"},
     {L"AE", 23, "3!n16!n"},
     {L"AL", 28, "8!n16!c"},

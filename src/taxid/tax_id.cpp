@@ -56,20 +56,28 @@ constexpr std::size_t right_place = nif_notice.text.rfind(L'?');
 static_assert(nie_notice.text.find(L'?') == typed_place &&
               nie_notice.text.rfind(L'?') == right_place);
 
-TaxIdVerdict corrected(std::wstring result, const LetterNotice& notice, wchar_t typed,
+TaxIdVerdict corrected(std::wstring&& result, const LetterNotice& told, wchar_t typed,
                        wchar_t right) {
-    std::wstring text(notice.text);
-    text[typed_place] = typed;
-    text[right_place] = right;
-    return {std::move(result),
-            Notice{std::move(text), NoticeStyle::exclamation, std::wstring(notice.title)}};
+    TaxIdVerdict verdict{std::move(result), std::nullopt};
+    Notice& notice = verdict.notice.emplace();
+    notice.text = told.text;
+    notice.text[typed_place] = typed;
+    notice.text[right_place] = right;
+    notice.style = NoticeStyle::exclamation;
+    notice.title = told.title;
+    return verdict;
 }
 
 TaxIdVerdict rejected(std::wstring_view reason) {
-    return {L"", Notice{std::wstring(reason), NoticeStyle::critical, std::wstring(L"ATENCIÓN"sv)}};
+    TaxIdVerdict verdict;
+    Notice& notice = verdict.notice.emplace();
+    notice.text = reason;
+    notice.style = NoticeStyle::critical;
+    notice.title = L"ATENCIÓN"sv;
+    return verdict;
 }
 
-TaxIdVerdict verify_nif(std::wstring working, const Regional& regional) {
+TaxIdVerdict verify_nif(std::wstring&& working, const Regional& regional) {
     const wchar_t typed = working.back();
     std::int32_t number = 0;
     if (working.size() == full_length) {
@@ -84,7 +92,7 @@ TaxIdVerdict verify_nif(std::wstring working, const Regional& regional) {
     return corrected(std::move(working), nif_notice, typed, right);
 }
 
-TaxIdVerdict verify_nie(std::wstring working, wchar_t first, std::size_t typed_length,
+TaxIdVerdict verify_nie(std::wstring&& working, wchar_t first, std::size_t typed_length,
                         const Regional& regional) {
     const std::wstring_view text = working;
     const wchar_t typed = text.back();
@@ -102,7 +110,7 @@ TaxIdVerdict verify_nie(std::wstring working, wchar_t first, std::size_t typed_l
     return corrected(std::move(working), nie_notice, typed, right);
 }
 
-TaxIdVerdict verify_cif(std::wstring working) {
+TaxIdVerdict verify_cif(std::wstring&& working) {
     if (working.size() < shortest_cif) return rejected(L"CIF incompleto, mínimo 8 carácteres."sv);
     if (cif_first_letters.find(working.front()) == std::wstring_view::npos) {
         return rejected(L"La Primera letra no corresponde a un CIF."sv);
@@ -114,6 +122,21 @@ TaxIdVerdict verify_cif(std::wstring working) {
     }
     return rejected(is_digit(typed) ? L"El último número no corresponde a un CIF correcto."sv
                                     : L"La última letra no corresponde a un CIF correcto."sv);
+}
+
+// In capitals and without separators. Short texts in ASCII, which have the same capitals under all
+// settings, are read in one go, with room for what a short NIF is filled up with.
+std::wstring normalized(std::wstring_view typed, const Regional& regional) {
+    constexpr std::size_t longest = 16;
+    if (typed.size() > longest) return strip_separators(regional.capitals(typed));
+    std::wstring text(longest, L'\0');
+    std::size_t length = 0;
+    for (const wchar_t character : typed) {
+        if (character >= 0x80) return strip_separators(regional.capitals(typed));
+        if (!is_separator(character)) text[length++] = to_upper(character);
+    }
+    text.resize(length);
+    return text;
 }
 
 }  // namespace
@@ -165,8 +188,7 @@ TaxIdVerdict verify_normalized_tax_id(std::wstring working, std::size_t typed_le
 }
 
 TaxIdVerdict verify_tax_id(std::wstring_view typed, const Regional& regional) {
-    return verify_normalized_tax_id(strip_separators(regional.capitals(typed)), typed.size(),
-                                    regional);
+    return verify_normalized_tax_id(normalized(typed, regional), typed.size(), regional);
 }
 
 }  // namespace kovrel

@@ -9,15 +9,9 @@
 namespace kovrel {
 namespace {
 
+using testing_support::corrected;
+using testing_support::fault;
 using testing_support::shown;
-
-IdentifierFault fault(Identifier kind, std::wstring_view text) {
-    return identifier_fault(kind, text);
-}
-
-std::optional<std::wstring> corrected(Identifier kind, std::wstring_view text) {
-    return corrected_identifier(kind, text);
-}
 
 // The example that the registry gives for each of its countries, in the registry's order.
 constexpr std::wstring_view registry_examples[] = {

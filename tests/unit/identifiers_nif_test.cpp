@@ -8,15 +8,9 @@
 namespace kovrel {
 namespace {
 
+using testing_support::corrected;
+using testing_support::fault;
 using testing_support::shown;
-
-IdentifierFault fault(Identifier kind, std::wstring_view text) {
-    return identifier_fault(kind, text);
-}
-
-std::optional<std::wstring> corrected(Identifier kind, std::wstring_view text) {
-    return corrected_identifier(kind, text);
-}
 
 TEST(Nif, FaultsOfADni) {
     for (const Identifier kind : {Identifier::dni, Identifier::nif}) {

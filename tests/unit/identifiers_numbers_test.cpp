@@ -7,15 +7,9 @@
 namespace kovrel {
 namespace {
 
+using testing_support::corrected;
+using testing_support::fault;
 using testing_support::shown;
-
-IdentifierFault fault(Identifier kind, std::wstring_view text) {
-    return identifier_fault(kind, text);
-}
-
-std::optional<std::wstring> corrected(Identifier kind, std::wstring_view text) {
-    return corrected_identifier(kind, text);
-}
 
 TEST(SocialSecurity, Faults) {
     EXPECT_EQ(fault(Identifier::social_security, L"281234567841"), IdentifierFault::control);

@@ -1,6 +1,7 @@
 // Identifiers for the tests: right ones from public documents, and texts of every sort.
 #pragma once
 
+#include <optional>
 #include <ostream>
 #include <random>
 #include <string>
@@ -21,6 +22,14 @@ inline std::ostream& operator<<(std::ostream& out, IdentifierFault fault) {
 }
 
 namespace testing_support {
+
+inline IdentifierFault fault(Identifier kind, std::wstring_view text) {
+    return identifier_fault(kind, text);
+}
+
+inline std::optional<std::wstring> corrected(Identifier kind, std::wstring_view text) {
+    return corrected_identifier(kind, text);
+}
 
 struct RightIdentifier {
     Identifier kind;
