@@ -16,7 +16,7 @@ std::wstring clsFGen::Verifica_NIF(std::wstring_view Nif, const bool& Mensajes) 
                                      QuitaCaracteresyEspacios(working);
                                      TaxIdVerdict verdict = verify_normalized_tax_id(
                                          std::move(working), Nif.size(), regional);
-                                     if (verdict.notice && Mensajes) show(*verdict.notice);
+                                     if (verdict.fault && Mensajes) show(verdict.fault->notice());
                                      result = std::move(verdict.result);
                                  });
 }

@@ -40,41 +40,26 @@ int doubled(int digit) noexcept {
 }
 
 // What the user is told about a wrong letter; "?" stands for the typed and for the right one.
-struct LetterNotice {
-    std::wstring_view text;
-    std::wstring_view title;
-};
-constexpr LetterNotice nif_notice{
+constexpr TaxIdFault nif_fault{
     L"La letra del N.I.F. '?' es incorrecta y será sustituida por la correcta: '?'"sv,
-    L"Error en la letra del N.I.F."sv};
-constexpr LetterNotice nie_notice{
+    L"Error en la letra del N.I.F."sv, NoticeStyle::exclamation};
+constexpr TaxIdFault nie_fault{
     L"La letra del N.I.E. '?' es incorrecta y será sustituida por la correcta: '?'"sv,
-    L"Error en la letra del N.I.E."sv};
+    L"Error en la letra del N.I.E."sv, NoticeStyle::exclamation};
 
-constexpr std::size_t typed_place = nif_notice.text.find(L'?');
-constexpr std::size_t right_place = nif_notice.text.rfind(L'?');
-static_assert(nie_notice.text.find(L'?') == typed_place &&
-              nie_notice.text.rfind(L'?') == right_place);
+constexpr std::size_t typed_place = nif_fault.text.find(L'?');
+constexpr std::size_t right_place = nif_fault.text.rfind(L'?');
+static_assert(nie_fault.text.find(L'?') == typed_place &&
+              nie_fault.text.rfind(L'?') == right_place);
 
-TaxIdVerdict corrected(std::wstring&& result, const LetterNotice& told, wchar_t typed,
-                       wchar_t right) {
-    TaxIdVerdict verdict{std::move(result), std::nullopt};
-    Notice& notice = verdict.notice.emplace();
-    notice.text = told.text;
-    notice.text[typed_place] = typed;
-    notice.text[right_place] = right;
-    notice.style = NoticeStyle::exclamation;
-    notice.title = told.title;
-    return verdict;
+TaxIdVerdict corrected(std::wstring&& result, TaxIdFault fault, wchar_t typed, wchar_t right) {
+    fault.typed = typed;
+    fault.right = right;
+    return {std::move(result), fault};
 }
 
 TaxIdVerdict rejected(std::wstring_view reason) {
-    TaxIdVerdict verdict;
-    Notice& notice = verdict.notice.emplace();
-    notice.text = reason;
-    notice.style = NoticeStyle::critical;
-    notice.title = L"ATENCIÓN"sv;
-    return verdict;
+    return {{}, TaxIdFault{reason, L"ATENCIÓN"sv, NoticeStyle::critical}};
 }
 
 TaxIdVerdict verify_nif(std::wstring&& working, const Regional& regional) {
@@ -89,7 +74,7 @@ TaxIdVerdict verify_nif(std::wstring&& working, const Regional& regional) {
     const wchar_t right = nif_letter(number);
     if (typed == right) return {std::move(working), std::nullopt};
     working.back() = right;
-    return corrected(std::move(working), nif_notice, typed, right);
+    return corrected(std::move(working), nif_fault, typed, right);
 }
 
 TaxIdVerdict verify_nie(std::wstring&& working, wchar_t first, std::size_t typed_length,
@@ -107,7 +92,7 @@ TaxIdVerdict verify_nie(std::wstring&& working, wchar_t first, std::size_t typed
     if (typed == right) return {std::move(working), std::nullopt};
     if (typed_length <= length) working.pop_back();
     working += right;
-    return corrected(std::move(working), nie_notice, typed, right);
+    return corrected(std::move(working), nie_fault, typed, right);
 }
 
 TaxIdVerdict verify_cif(std::wstring&& working) {
@@ -140,6 +125,15 @@ std::wstring normalized(std::wstring_view typed, const Regional& regional) {
 }
 
 }  // namespace
+
+Notice TaxIdFault::notice() const {
+    Notice notice{std::wstring(text), style, std::wstring(title)};
+    if (right != 0) {
+        notice.text[typed_place] = typed;
+        notice.text[right_place] = right;
+    }
+    return notice;
+}
 
 std::wstring strip_separators(std::wstring text) {
     // The position is incremented once more behind the last character.

@@ -14,11 +14,23 @@
 
 namespace kovrel {
 
-/// The result of a verification: the corrected identifier (empty when rejected) and the message for
-/// the user, if any.
+/// What is wrong with an identifier, of which the message for the user is made when it is shown.
+struct TaxIdFault {
+    std::wstring_view text;  ///< of the message; a wrong letter and the right one go into it
+    std::wstring_view title;
+    NoticeStyle style;
+    wchar_t typed = 0;
+    wchar_t right = 0;  ///< 0 where the message is not about a letter
+
+    bool operator==(const TaxIdFault&) const = default;
+    [[nodiscard]] Notice notice() const;
+};
+
+/// The result of a verification: the corrected identifier (empty when rejected) and what was wrong,
+/// if anything.
 struct TaxIdVerdict {
     std::wstring result;
-    std::optional<Notice> notice;
+    std::optional<TaxIdFault> fault;
 
     bool operator==(const TaxIdVerdict&) const = default;
 };

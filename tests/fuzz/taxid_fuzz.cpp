@@ -18,11 +18,11 @@ bool is_conversion_failure(const Failure& failure) {
 void check_tax_id(const std::wstring& text, const Regional& regional) {
     try {
         const auto verdict = verify_tax_id(text, regional);
-        fuzz::require(!verdict.result.empty() || verdict.notice);
+        fuzz::require(!verdict.result.empty() || verdict.fault);
         fuzz::require(verdict.result.size() <= text.size() + 9);
         // What was accepted unchanged is accepted again.
         const bool kept = verdict.result == strip_separators(to_upper(text));
-        if (kept && !verdict.notice) {
+        if (kept && !verdict.fault) {
             fuzz::require(verify_tax_id(verdict.result, regional) == verdict);
         }
     } catch (const Failure& failure) {

@@ -33,7 +33,8 @@ void print(std::wstring_view result, const std::optional<kovrel::Notice>& notice
 void print_tax_id(std::wstring_view typed, const kovrel::Regional& regional) {
     try {
         const auto verdict = kovrel::verify_tax_id(typed, regional);
-        print(verdict.result, verdict.notice);
+        print(verdict.result,
+              verdict.fault ? std::optional(verdict.fault->notice()) : std::nullopt);
     } catch (const kovrel::Failure& failure) {
         std::cout << "\tfailure " << failure.number() << '\n';
     }

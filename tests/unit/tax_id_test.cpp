@@ -9,15 +9,29 @@
 namespace kovrel {
 namespace {
 
-TaxIdVerdict verify(std::wstring_view typed) {
-    return verify_tax_id(typed, testing_support::SpanishRegional());
+/// What the host gets and what the user is told.
+struct Verified {
+    std::wstring result;
+    std::optional<Notice> notice;
+
+    bool operator==(const Verified&) const = default;
+};
+
+Verified told(const TaxIdVerdict& verdict) {
+    Verified verified{verdict.result, std::nullopt};
+    if (verdict.fault) verified.notice = verdict.fault->notice();
+    return verified;
 }
 
-TaxIdVerdict accepted(std::wstring_view result) {
+Verified verify(std::wstring_view typed) {
+    return told(verify_tax_id(typed, testing_support::SpanishRegional()));
+}
+
+Verified accepted(std::wstring_view result) {
     return {std::wstring(result), std::nullopt};
 }
 
-TaxIdVerdict corrected(std::wstring_view result, std::wstring_view kind, wchar_t typed) {
+Verified corrected(std::wstring_view result, std::wstring_view kind, wchar_t typed) {
     const std::wstring right(1, result.back());
     return {std::wstring(result),
             Notice{L"La letra del " + std::wstring(kind) + L" '" + typed +
@@ -25,7 +39,7 @@ TaxIdVerdict corrected(std::wstring_view result, std::wstring_view kind, wchar_t
                    NoticeStyle::exclamation, L"Error en la letra del " + std::wstring(kind)}};
 }
 
-TaxIdVerdict rejected(std::wstring_view reason) {
+Verified rejected(std::wstring_view reason) {
     return {L"", Notice{std::wstring(reason), NoticeStyle::critical, L"ATENCIÓN"}};
 }
 
@@ -213,7 +227,7 @@ TEST(VerifyCif, NeedsAKnownFirstLetter) {
 }
 
 TEST(VerifyNormalized, DoesNotNormalizeTheText) {
-    EXPECT_EQ(verify_normalized_tax_id(L"12345678z", 9, testing_support::SpanishRegional()),
+    EXPECT_EQ(told(verify_normalized_tax_id(L"12345678z", 9, testing_support::SpanishRegional())),
               corrected(L"12345678Z", L"N.I.F.", L'z'));
 }
 
