@@ -129,7 +129,12 @@ struct ClassTables<declared, Declaration<Class, ParameterCount, Thunks...>> {
     template <std::size_t Index, auto Which>
     static consteval VARIANT value_of_default() {
         constexpr const auto& given = declared.parameters[Index].*Which;
-        VARIANT result = number_constant(given, passed_types()[Index].type->type);
+        const TypeRef& passed = *passed_types()[Index].type;
+        // What else has a type of its own is an enumeration; the sanitizers leave no constant
+        // comparison with the address of its description.
+        const bool is_enumeration = passed.type == VT_USERDEFINED && !passed.picture &&
+                                    passed.instance_of == nullptr && passed.record == nullptr;
+        VARIANT result = number_constant(given, is_enumeration ? VARTYPE{VT_I4} : passed.type);
         if constexpr (given.text != nullptr) {
             if (result.vt != VT_BSTR) throw "a text for a parameter of another type";
             result.bstrVal = const_cast<wchar_t*>(text<Index, Which>.characters);

@@ -16,6 +16,7 @@
 #include "automation/class_info.h"
 #include "automation/late_call.h"
 #include "automation/variant.h"
+#include "automation/variant_argument.h"
 
 namespace kovrel {
 
@@ -149,6 +150,32 @@ struct Native<std::wstring_view> {
         return TextArgument(std::move(copy));
     }
     static constexpr TypeRef type() noexcept { return {.type = VT_BSTR}; }
+};
+
+/// A VARIANT by value whose content is not copied, however large the array in it is: it remains the
+/// host's, which may change it in an event.
+class ValueArgument {
+ public:
+    /// A null reference is an empty value.
+    explicit ValueArgument(const VARIANT& given) noexcept {
+        const VARIANT* const last = followed(const_cast<VARIANT*>(&given));
+        if (last != nullptr) value_ = *last;
+    }
+
+    [[nodiscard]] const VARIANT& value() const noexcept { return value_; }
+
+ private:
+    VARIANT value_{};
+};
+
+template <>
+struct Native<ValueArgument> {
+    using Raw = VARIANT;
+    static ValueArgument from_raw(const Raw& raw) noexcept { return ValueArgument(raw); }
+    static ValueArgument from_call(const LateCall& call, std::size_t index) {
+        return ValueArgument(call.argument(index));
+    }
+    static constexpr TypeRef type() noexcept { return {.type = VT_VARIANT}; }
 };
 
 /// What holds an argument during the call.

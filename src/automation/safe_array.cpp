@@ -78,6 +78,17 @@ Variant new_byte_array(std::uint64_t size) {
     return owning(SafeArrayCreateVector(VT_UI1, 0, static_cast<ULONG>(size)), VT_UI1);
 }
 
+Variant new_variant_array(SAFEARRAYBOUND bounds) {
+    return owning(SafeArrayCreate(VT_VARIANT, 1, &bounds), VT_VARIANT);
+}
+
+GivenArray array_of(const VARIANT& value) {
+    if ((value.vt & VT_ARRAY) == 0) throw Failure(FailureNumber::type_mismatch);
+    SAFEARRAY* const array = (value.vt & VT_BYREF) != 0 ? *value.pparray : value.parray;
+    if (array == nullptr) throw Failure(FailureNumber::subscript_out_of_range);
+    return {array, static_cast<VARTYPE>(value.vt & VT_TYPEMASK)};
+}
+
 SAFEARRAY* array_in(const Variant& value, VARTYPE element, UINT dimensions) {
     if (value.is_null()) throw Failure(FailureNumber::invalid_use_of_null);
     if (value.vt != (VT_ARRAY | element) || value.parray == nullptr) {

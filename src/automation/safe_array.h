@@ -15,6 +15,18 @@ namespace kovrel {
 /// A new array of zero bytes, indexed from 0. bad_alloc past 2 GB, the limit of a SAFEARRAY.
 [[nodiscard]] Variant new_byte_array(std::uint64_t size);
 
+/// A new array of empty VARIANTs.
+[[nodiscard]] Variant new_variant_array(SAFEARRAYBOUND bounds);
+
+/// A host's array, given as such or by reference.
+struct GivenArray {
+    SAFEARRAY* array;
+    VARTYPE element;
+};
+
+/// Failure 13 for anything but an array, 9 for one without dimensions yet.
+[[nodiscard]] GivenArray array_of(const VARIANT& value);
+
 /// The array in a value, which remains its owner. Failure 94 for a null, 13 for anything but an
 /// array of that element type, 9 for another number of dimensions.
 [[nodiscard]] SAFEARRAY* array_in(const Variant& value, VARTYPE element, UINT dimensions);

@@ -18,10 +18,15 @@ struct MemberShape {
     VARTYPE result = VT_EMPTY;
 };
 
+/// A type of the library that is no pointer is an enumeration, which is passed as its number.
+VARTYPE passed_type(const TYPEDESC& described) {
+    return described.vt == VT_USERDEFINED ? VARTYPE{VT_I4} : described.vt;
+}
+
 ParameterShape parameter_shape(const ELEMDESC& described) {
     ParameterShape shape;
     shape.by_reference = described.tdesc.vt == VT_PTR;
-    shape.type = shape.by_reference ? described.tdesc.lptdesc->vt : described.tdesc.vt;
+    shape.type = passed_type(shape.by_reference ? *described.tdesc.lptdesc : described.tdesc);
     if ((described.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0) {
         shape.when_omitted = Variant(described.paramdesc.pparamdescex->varDefaultValue);
     } else if (shape.type == VT_VARIANT) {
@@ -44,7 +49,7 @@ MemberShape member_shape(IDispatch* object, const std::wstring& member) {
         for (SHORT place = 0; found && place < function->cParams; ++place) {
             const ELEMDESC& parameter = function->lprgelemdescParam[place];
             if ((parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0) {
-                shape.result = parameter.tdesc.lptdesc->vt;
+                shape.result = passed_type(*parameter.tdesc.lptdesc);
             } else {
                 shape.parameters.push_back(parameter_shape(parameter));
             }
