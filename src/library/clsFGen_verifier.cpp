@@ -1,4 +1,5 @@
 // clsFGen: the window that verifies tax ids and bank account codes.
+#include "identifiers/typed_account.h"
 #include "library/clsFGen.h"
 #include "services/guarded.h"
 #include "taxid/frmNIFCCC.h"
@@ -18,6 +19,9 @@ class PublicChecks final : public VerifierChecks {
     }
     bool is_right_account(const std::wstring& text) override {
         return general_.Verifica_CC(text, false, true);
+    }
+    std::optional<std::wstring> account_in(std::wstring_view text) override {
+        return typed_account(text);
     }
     bool is_half_filled(const ComPtr<IDispatch>& field) override {
         return general_.LongitudExacta(field, true, 0);

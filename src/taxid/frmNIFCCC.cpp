@@ -115,7 +115,8 @@ void frmNIFCCC::create_controls() {
     // Bank, branch, check digits and account.
     account_.edit = std::make_unique<MaskedEdit>(
         add_row(second_frame, lbl_ccc, L"C&uenta (20 dígitos):", MkCCC, account_width),
-        Mask(Mask::Accepts::digits, {4, 4, 2, 10}));
+        Mask(Mask::Accepts::digits, {4, 4, 2, 10}),
+        [this](std::wstring_view text) { return checks()->account_in(text); });
     add_mark(second_frame, account_width, img_cccok, L"Cuenta aceptada");
     add_mark(second_frame, account_width, img_cccno, L"Cuenta no aceptada");
     add({L"BUTTON", L"C&opiar cuenta", button, cmd_copiaCCC,

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "automation/com_ptr.h"
 
@@ -19,6 +21,8 @@ class VerifierChecks {
     virtual std::wstring tax_id_kind(const std::wstring& letter) = 0;
     /// Whether the account's control digits are right; the user is told when they are not.
     virtual bool is_right_account(const std::wstring& text) = 0;
+    /// The account in a text that holds one, as a Spanish IBAN does; nothing for any other text.
+    virtual std::optional<std::wstring> account_in(std::wstring_view text) = 0;
     /// Whether a field that was left is neither empty nor full; the user is told.
     virtual bool is_half_filled(const ComPtr<IDispatch>& field) = 0;
 };

@@ -61,8 +61,11 @@ constexpr auto declared =
 
 constinit const ClassInfo MaskedEdit::Face::class_info = class_tables<declared>;
 
-MaskedEdit::MaskedEdit(HWND text_box, Mask mask)
-    : text_box_(text_box), mask_(std::move(mask)), self_(std::make_shared<MaskedEdit*>(this)) {
+MaskedEdit::MaskedEdit(HWND text_box, Mask mask, Reader reader)
+    : text_box_(text_box),
+      mask_(std::move(mask)),
+      reader_(std::move(reader)),
+      self_(std::make_shared<MaskedEdit*>(this)) {
     subclass(text_box_, &MaskedEdit::procedure, this);
 }
 
@@ -80,7 +83,28 @@ std::wstring MaskedEdit::text() const {
 }
 
 void MaskedEdit::set_text(const std::wstring& text) {
+    forget_refused();
     SetWindowTextW(text_box_, mask_.shown(text).c_str());
+}
+
+bool MaskedEdit::read(const std::wstring& given) {
+    const auto value = reader_ ? reader_(given) : std::nullopt;
+    if (!value) return false;
+    set_text(*value);
+    move_caret(shown().size());
+    return true;
+}
+
+bool MaskedEdit::read_with_refused(wchar_t character) {
+    if (text().empty()) refused_before_ += character;
+    if (!complete() || selection().first != shown().size()) return false;
+    refused_behind_ += character;
+    return read(refused_before_ + text() + refused_behind_);
+}
+
+void MaskedEdit::forget_refused() noexcept {
+    refused_before_.clear();
+    refused_behind_.clear();
 }
 
 std::wstring MaskedEdit::select(std::size_t count) {
@@ -142,9 +166,12 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             const bool fits = mask_.accepts(character) && (begin != end || !complete());
             if (character >= L' ' && !fits) {
                 // A typed separator is ignored without a beep.
-                if (character != mask_.separator()) MessageBeep(MB_OK);
+                const bool is_quiet =
+                    character == mask_.separator() || read_with_refused(character);
+                if (!is_quiet) MessageBeep(MB_OK);
                 return 0;
             }
+            refused_behind_.clear();
             break;
         }
         case WM_KEYDOWN:
@@ -155,7 +182,17 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
             if (wparam != VK_DELETE) return by_default();
             step_over_separator(true);
             break;
-        case WM_PASTE:
+        case WM_PASTE: {
+            const auto [begin, end] = selection();
+            const std::size_t kept = shown().size() - (end - begin);
+            const LRESULT result = by_default();
+            const std::wstring text = shown();
+            if (!read(text.substr(begin, text.size() - kept))) regroup();
+            return result;
+        }
+        case WM_KILLFOCUS:
+            forget_refused();
+            return by_default();
         case WM_CUT:
         case WM_CLEAR:
         case WM_UNDO:
@@ -166,6 +203,7 @@ LRESULT MaskedEdit::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     }
     const LRESULT result = by_default();
     regroup();
+    if (shown().empty()) forget_refused();
     return result;
 }
 

@@ -4,8 +4,11 @@
 #include <windows.h>
 #include <oleauto.h>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "automation/com_ptr.h"
@@ -17,8 +20,12 @@ namespace kovrel {
 class MaskedEdit {
  public:
     class Face;
+    /// The value that a text stands for which is more than the mask takes; nothing if it is none.
+    using Reader = std::function<std::optional<std::wstring>(std::wstring_view)>;
 
-    MaskedEdit(HWND text_box, Mask mask);
+    /// `reader` is asked for what is pasted, and for what is typed into a full field, with what the
+    /// mask refused before.
+    MaskedEdit(HWND text_box, Mask mask, Reader reader = nullptr);
     MaskedEdit(const MaskedEdit&) = delete;
     MaskedEdit& operator=(const MaskedEdit&) = delete;
     ~MaskedEdit();
@@ -44,9 +51,16 @@ class MaskedEdit {
     void move_caret(std::size_t position) const noexcept;
     void step_over_separator(bool forward);
     void regroup();
+    /// True when the text stands for a value, which the field then has.
+    bool read(const std::wstring& given);
+    bool read_with_refused(wchar_t character);
+    void forget_refused() noexcept;
 
     HWND text_box_;
     Mask mask_;
+    Reader reader_;
+    std::wstring refused_before_;  ///< what the mask refused while the field was empty
+    std::wstring refused_behind_;  ///< what it refused at the end of the full field
     /// Shared with the automation objects; points to null once the field is gone.
     std::shared_ptr<MaskedEdit*> self_;
 };

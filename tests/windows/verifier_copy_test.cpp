@@ -21,6 +21,114 @@ TEST_F(Verifier, PastedTextIsGrouped) {
     });
 }
 
+/// Goes to the account's field, which is empty, and pastes.
+void paste_account(const Controls& controls, const wchar_t* shown) {
+    press_key('U', Modifier::alt);
+    controls.has_focus(controls.account);
+    press_key('V', Modifier::control);
+    EXPECT_TRUE(wait_until([&] { return text_of(controls.account) == shown; }))
+        << narrow(text_of(controls.account));
+}
+
+TEST_F(Verifier, APastedIbanGivesItsAccount) {
+    for (const wchar_t* const iban :
+         {L"ES9121000418450200051332", L"IBAN es91 2100 0418 4502 0005 1332",
+          L"9121000418450200051332"}) {
+        SCOPED_TRACE(narrow(iban));
+        set_clipboard(iban);
+        open([](const Controls& controls) {
+            controls.to_front();
+            paste_account(controls, L"2100 0418 45 0200051332");
+            press_key('N', Modifier::alt);
+            controls.shows_marks("Cuenta aceptada");
+            controls.leave();
+        });
+    }
+}
+
+TEST_F(Verifier, APastedIbanReplacesWhatTheFieldHolds) {
+    set_clipboard(L"ES91 2100 0418 4502 0005 1332");
+    open([](const Controls& controls) {
+        controls.to_front();
+        press_key('U', Modifier::alt);
+        controls.type(controls.account, L"2100081", L"2100 081");
+        paste_account(controls, L"2100 0418 45 0200051332");
+        controls.leave();
+    });
+}
+
+TEST_F(Verifier, AnIbanOfAnotherCountryIsNoAccount) {
+    set_clipboard(L"GB29 NWBK 6016 1331 9268 19");
+    open([](const Controls& controls) {
+        controls.to_front();
+        paste_account(controls, L"2960 1613 31 926819");
+        controls.leave();
+    });
+}
+
+TEST_F(Verifier, ATypedIbanGivesItsAccount) {
+    open([](const Controls& controls) {
+        controls.to_front();
+        press_key('U', Modifier::alt);
+        controls.type(controls.account, L"ES91 2100 0418 4502 0005 1332",
+                      L"2100 0418 45 0200051332");
+        press_key('N', Modifier::alt);
+        controls.shows_marks("Cuenta aceptada");
+        controls.leave();
+    });
+}
+
+TEST_F(Verifier, TheDigitsOfAnIbanGiveItsAccount) {
+    open([](const Controls& controls) {
+        controls.to_front();
+        press_key('U', Modifier::alt);
+        controls.type(controls.account, L"9121000418450200051332", L"2100 0418 45 0200051332");
+        controls.leave();
+    });
+}
+
+TEST_F(Verifier, TheAccountOfAWrongIbanIsTheOneChecked) {
+    open([](const Controls& controls) {
+        controls.to_front();
+        press_key('U', Modifier::alt);
+        controls.type(controls.account, L"ES0021000418460200051332", L"2100 0418 46 0200051332");
+        press_key('N', Modifier::alt);
+        EXPECT_EQ(answer_next_box(),
+                  "48|Datos bancarios incorrectos|Datos bancarios incorrectos. Por favor revise el "
+                  "'Código de Cuenta Cliente'\\r\\r          D.C. Correcto.......: 45|1");
+        controls.shows_marks("Cuenta no aceptada");
+        controls.leave();
+    });
+}
+
+TEST_F(Verifier, DigitsBehindAFullAccountAreRefused) {
+    open([](const Controls& controls) {
+        controls.to_front();
+        press_key('U', Modifier::alt);
+        controls.type(controls.account, L"2100041845020005133299", L"2100 0418 45 0200051332");
+        press_key('N', Modifier::alt);
+        controls.shows_marks("Cuenta aceptada");
+        controls.leave();
+    });
+}
+
+TEST_F(Verifier, TheCopiedAccountIsUnderstoodWhenPastedBack) {
+    set_clipboard(L"antes");
+    open([](const Controls& controls) {
+        controls.to_front();
+        press_key('U', Modifier::alt);
+        controls.type(controls.account, L"21000418450200051332", L"2100 0418 45 0200051332");
+        press_key('O', Modifier::alt);
+        EXPECT_TRUE(clipboard_becomes(L"2100 0418 45 0200051332"));
+        press_key(VK_END);
+        press_key(VK_BACK);
+        EXPECT_TRUE(
+            wait_until([&] { return text_of(controls.account) == L"2100 0418 45 020005133"; }));
+        paste_account(controls, L"2100 0418 45 0200051332");
+        controls.leave();
+    });
+}
+
 TEST_F(Verifier, CopiesToTheClipboard) {
     set_clipboard(L"antes");
     open([](const Controls& controls) {
