@@ -140,6 +140,48 @@ Identifier identifier_kind(std::wstring_view text) noexcept {
     return none;
 }
 
+std::wstring_view kind_text(Identifier kind) noexcept {
+    switch (kind) {
+        case Identifier::none:
+            break;
+        case Identifier::nif:
+            return L"NIF";
+        case Identifier::dni:
+            return L"DNI";
+        case Identifier::nie:
+            return L"NIE";
+        case Identifier::personal_nif:
+            return L"NIF de persona física sin DNI ni NIE";
+        case Identifier::entity_nif:
+            return L"NIF de entidad";
+        case Identifier::bank_account:
+            return L"Código de cuenta cliente";
+        case Identifier::iban:
+            return L"IBAN";
+        case Identifier::bic:
+            return L"BIC";
+        case Identifier::creditor:
+            return L"Identificador de acreedor SEPA";
+        case Identifier::vat:
+            return L"NIF-IVA";
+        case Identifier::social_security:
+            return L"Número de la Seguridad Social";
+        case Identifier::contribution_account:
+            return L"Código de cuenta de cotización";
+        case Identifier::postal_code:
+            return L"Código postal";
+        case Identifier::cups:
+            return L"CUPS";
+        case Identifier::cadastral_reference:
+            return L"Referencia catastral";
+        case Identifier::payment_card:
+            return L"Tarjeta de pago";
+        case Identifier::ean13:
+            return L"EAN-13";
+    }
+    return {};
+}
+
 std::wstring_view fault_text(IdentifierFault fault) noexcept {
     switch (fault) {
         case IdentifierFault::none:

@@ -97,6 +97,9 @@ enum class IdentifierFault : std::int32_t {
 /// The account in a Spanish IBAN; nothing when the IBAN is wrong or of another country.
 [[nodiscard]] std::optional<std::wstring> account_of_iban(std::wstring_view iban);
 
+/// What the kind is called in Spanish; empty for `none` and for a number that is no kind.
+[[nodiscard]] std::wstring_view kind_text(Identifier kind) noexcept;
+
 /// A sentence in Spanish for the user; empty for a number that is no fault.
 [[nodiscard]] std::wstring_view fault_text(IdentifierFault fault) noexcept;
 

@@ -8,11 +8,14 @@
 #include "library/clsCSQL.h"
 #include "library/clsFFechas.h"
 #include "library/clsFGen.h"
+#include "library/clsFIdent.h"
 #include "library/clsFZip.h"
 #include "library/clsMensajes.h"
 #include "library/clsProfile.h"
 #include "library/eClaseAviso.h"
+#include "library/eIdentificador.h"
 #include "library/eModoAvisos.h"
+#include "library/eMotivo.h"
 #include "library/eOFN.h"
 
 namespace kovrel {
@@ -21,12 +24,13 @@ namespace {
 constexpr GUID library_id{
     0x5f3d33d3, 0x6df8, 0x47bb, {0x97, 0x28, 0x0a, 0xa1, 0x84, 0x48, 0xb6, 0x4f}};
 
-constexpr const ClassInfo* classes[]{&clsFFechas::class_info, &clsADODBServices::class_info,
-                                     &cgsFileOpR::class_info, &clsProfile::class_info,
-                                     &clsCSQL::class_info,    &clsFZip::class_info,
-                                     &clsFGen::class_info,    &clsMensajes::class_info,
-                                     &clsAviso::class_info,   &clsAvisos::class_info};
-constexpr const EnumInfo* enumerations[]{&eOFN_info, &eModoAvisos_info, &eClaseAviso_info};
+constexpr const ClassInfo* classes[]{
+    &clsFFechas::class_info, &clsADODBServices::class_info, &cgsFileOpR::class_info,
+    &clsProfile::class_info, &clsCSQL::class_info,          &clsFZip::class_info,
+    &clsFGen::class_info,    &clsMensajes::class_info,      &clsAviso::class_info,
+    &clsAvisos::class_info,  &clsFIdent::class_info};
+constexpr const EnumInfo* enumerations[]{&eOFN_info, &eModoAvisos_info, &eClaseAviso_info,
+                                         &eIdentificador_info, &eMotivo_info};
 constexpr const RecordInfo* records[]{&ZIPnames::info};
 
 }  // namespace

@@ -233,6 +233,28 @@ TEST(Identifiers, EveryChangedDigitIsFound) {
     }
 }
 
+TEST(Identifiers, EveryKindHasAName) {
+    EXPECT_EQ(kind_text(Identifier::none), L"");
+    EXPECT_EQ(kind_text(Identifier::nif), L"NIF");
+    EXPECT_EQ(kind_text(Identifier::dni), L"DNI");
+    EXPECT_EQ(kind_text(Identifier::nie), L"NIE");
+    EXPECT_EQ(kind_text(Identifier::personal_nif), L"NIF de persona física sin DNI ni NIE");
+    EXPECT_EQ(kind_text(Identifier::entity_nif), L"NIF de entidad");
+    EXPECT_EQ(kind_text(Identifier::bank_account), L"Código de cuenta cliente");
+    EXPECT_EQ(kind_text(Identifier::iban), L"IBAN");
+    EXPECT_EQ(kind_text(Identifier::bic), L"BIC");
+    EXPECT_EQ(kind_text(Identifier::creditor), L"Identificador de acreedor SEPA");
+    EXPECT_EQ(kind_text(Identifier::vat), L"NIF-IVA");
+    EXPECT_EQ(kind_text(Identifier::social_security), L"Número de la Seguridad Social");
+    EXPECT_EQ(kind_text(Identifier::contribution_account), L"Código de cuenta de cotización");
+    EXPECT_EQ(kind_text(Identifier::postal_code), L"Código postal");
+    EXPECT_EQ(kind_text(Identifier::cups), L"CUPS");
+    EXPECT_EQ(kind_text(Identifier::cadastral_reference), L"Referencia catastral");
+    EXPECT_EQ(kind_text(Identifier::payment_card), L"Tarjeta de pago");
+    EXPECT_EQ(kind_text(Identifier::ean13), L"EAN-13");
+    EXPECT_EQ(kind_text(static_cast<Identifier>(18)), L"");
+}
+
 TEST(Identifiers, EveryFaultHasASentence) {
     std::set<std::wstring_view> sentences;
     for (int fault = 0; fault <= static_cast<int>(IdentifierFault::inner_account); ++fault) {
