@@ -187,8 +187,8 @@ TEST(Header, DeclaresEveryMemberAtItsVtableOffset) {
         }
         ++seen;
     }
-    EXPECT_EQ(seen, 10U);
-    EXPECT_EQ(interfaces.size(), 10U);
+    EXPECT_EQ(seen, 11U);
+    EXPECT_EQ(interfaces.size(), 11U);
 }
 
 TEST(Header, DeclaresEveryEventWithItsId) {
@@ -215,10 +215,12 @@ TEST(Header, DeclaresEveryEventWithItsId) {
 
 TEST(Header, DeclaresTheConstants) {
     const auto enumerations = declared_flags();
-    ASSERT_EQ(enumerations.size(), 3U);
+    ASSERT_EQ(enumerations.size(), 5U);
     EXPECT_EQ(enumerations.at(L"eOFN").size(), 26U);
     EXPECT_EQ(enumerations.at(L"eModoAvisos").size(), 3U);
     EXPECT_EQ(enumerations.at(L"eClaseAviso").size(), 5U);
+    EXPECT_EQ(enumerations.at(L"eIdentificador").size(), 18U);
+    EXPECT_EQ(enumerations.at(L"eMotivo").size(), 9U);
     for (const auto& [enumeration, flags] : enumerations) {
         ComPtr<ITypeInfo> info;
         MEMBERID member = 0;

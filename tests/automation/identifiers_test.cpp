@@ -5,7 +5,7 @@
 #include "automation/host_object.h"
 #include "automation/safe_array.h"
 #include "tests/support/every_way.h"
-#include "tests/support/scripted_object.h"
+#include "tests/support/scripted_recordset.h"
 #include "tests/support/table.h"
 
 namespace kovrel::test {
@@ -225,87 +225,38 @@ TEST_F(Identifiers, WhatIsNoListFails) {
               failure(9));
 }
 
-/// Texts that a recordset's only field has, one a record.
-class Recordset {
- public:
-    explicit Recordset(std::vector<Variant> values) : values_(std::move(values)) {
-        auto field = ScriptedObject::make();
-        field->property(L"Value", [this](const auto&) { return values_.at(place_); });
-        auto fields = ScriptedObject::make();
-        fields->method(L"Item", [field](const ScriptedObject::Arguments& arguments) {
-            if (arguments.at(0).to_text() != L"nif") throw bare_failure(DISP_E_BADINDEX);
-            return Variant(ComPtr<IDispatch>(field.get()));
-        });
-        object->property(L"Fields", Variant(ComPtr<IDispatch>(fields.get())))
-            .property(L"BOF", [this](const auto&) { return Variant(values_.empty()); })
-            .property(L"EOF", [this](const auto&) { return Variant(place_ >= values_.size()); })
-            .property(
-                L"RecordCount",
-                [this](const auto&) { return Variant(static_cast<std::int32_t>(values_.size())); })
-            .property(
-                L"Bookmark",
-                [this](const auto&) {
-                    if (!has_bookmarks) throw failure(3251, L"sin marcadores");
-                    return Variant(static_cast<std::int32_t>(place_));
-                },
-                [this](const ScriptedObject::Arguments& arguments) {
-                    place_ = static_cast<std::size_t>(arguments.at(0).to_int32());
-                    return Variant();
-                })
-            .method(L"MoveFirst",
-                    [this](const auto&) {
-                        place_ = 0;
-                        return Variant();
-                    })
-            .method(L"MoveNext", [this](const auto&) {
-                ++place_;
-                return Variant();
-            });
-    }
-
-    [[nodiscard]] std::size_t place() const { return place_; }
-    void move_to(std::size_t place) { place_ = place; }
-
-    ComPtr<ScriptedObject> object = ScriptedObject::make();
-    bool has_bookmarks = true;
-
- private:
-    std::vector<Variant> values_;
-    std::size_t place_ = 0;
-};
-
 TEST_F(Identifiers, OfARecordset) {
-    Recordset records(
-        {Variant(L"12345678Z"), Variant(L"12345678A"), Variant::null(), Variant(L"X1234567L")});
-    records.move_to(3);
+    ScriptedRecordset records({{Variant(L"12345678Z")},
+                               {Variant(L"12345678A")},
+                               {Variant::null()},
+                               {Variant(L"X1234567L")}},
+                              {L"nif"});
+    records.position = 3;
     for (const Way way : ways_that_write_back) {
         SCOPED_TRACE(name_of(way));
         const Answer checked =
             call_in(way, identifiers_.get(), L"CompruebaRecordset",
-                    {Variant(id_nif), Variant(ComPtr<IDispatch>(records.object.get())),
-                     Variant(L"nif"), Variant()});
+                    {Variant(id_nif), records.argument(), Variant(L"nif"), Variant()});
         EXPECT_EQ(checked.result, S_OK) << narrow(checked.description);
         EXPECT_EQ(shown(checked.value), "entero32 2");
         EXPECT_EQ(numbers_in(checked.arguments[3]), (Numbers{2, 3}));
-        EXPECT_EQ(records.place(), 3U);
+        EXPECT_EQ(records.position, 3U);
     }
-    records.has_bookmarks = false;
-    const auto checked =
-        call(identifiers_.get(), L"CompruebaRecordset",
-             {Variant(id_nif), Variant(ComPtr<IDispatch>(records.object.get())), Variant(L"nif")});
+    records.object().fails(L"Bookmark", failure(std::uint16_t{3251}, L"sin marcadores"));
+    const auto checked = call(identifiers_.get(), L"CompruebaRecordset",
+                              {Variant(id_nif), records.argument(), Variant(L"nif")});
     EXPECT_EQ(checked.value.to_int32(), 2);
-    EXPECT_EQ(records.place(), 4U);
+    EXPECT_EQ(records.position, 4U);
 }
 
 TEST_F(Identifiers, OfAnEmptyRecordset) {
-    const Recordset records({});
+    const ScriptedRecordset records({}, {L"nif"});
     const Answer checked =
         call_in(Way::variant_references, identifiers_.get(), L"CompruebaRecordset",
-                {Variant(id_nif), Variant(ComPtr<IDispatch>(records.object.get())), Variant(L"nif"),
-                 Variant()});
+                {Variant(id_nif), records.argument(), Variant(L"nif"), Variant()});
     EXPECT_EQ(checked.value.to_int32(), 0);
     EXPECT_EQ(numbers_in(checked.arguments[3]), Numbers{});
-    EXPECT_EQ(records.object->calls_of(L"MoveFirst()"), 0U);
+    EXPECT_EQ(records.object().calls_of(L"MoveFirst()"), 0U);
 }
 
 TEST_F(Identifiers, OfARecordsetOfTheSystem) {
@@ -327,14 +278,14 @@ TEST_F(Identifiers, OfARecordsetOfTheSystem) {
 }
 
 TEST_F(Identifiers, ARecordsetThatIsNoneOrLacksTheFieldFails) {
-    const Recordset records({Variant(L"12345678Z")});
-    const Variant object(ComPtr<IDispatch>(records.object.get()));
+    const ScriptedRecordset records({{Variant(L"12345678Z")}}, {L"nif"});
+    const Variant object = records.argument();
     EXPECT_EQ(failure_of(L"CompruebaRecordset",
                          {Variant(id_nif), Variant(ComPtr<IDispatch>()), Variant(L"nif")}),
               failure(91));
     EXPECT_EQ(failure_of(L"CompruebaRecordset", {Variant(id_nif), object, Variant(L"otro")}),
-              failure(9));
-    EXPECT_EQ(records.object->calls_of(L"MoveFirst()"), 0U);
+              failure(3265));
+    EXPECT_EQ(records.object().calls_of(L"MoveFirst()"), 0U);
     EXPECT_EQ(failure_of(L"CompruebaRecordset",
                          {Variant(id_nif), Variant(identifiers_), Variant(L"nif")}),
               failure(438));
@@ -353,10 +304,10 @@ TEST_F(Identifiers, TheProgressIsToldOnceAHundredth) {
     EXPECT_EQ(general->log().back(), L"BarraProgresoActualiza(100, Comprobados 1000 de 1000)");
 
     general->clear_log();
-    const Recordset records({Variant(L"12345678Z"), Variant(L"x")});
+    const ScriptedRecordset records({{Variant(L"12345678Z")}, {Variant(L"x")}}, {L"nif"});
     call(identifiers_.get(), L"CompruebaRecordset",
-         {Variant(id_nif), Variant(ComPtr<IDispatch>(records.object.get())), Variant(L"nif"),
-          Variant(), Variant(ComPtr<IDispatch>(general.get()))});
+         {Variant(id_nif), records.argument(), Variant(L"nif"), Variant(),
+          Variant(ComPtr<IDispatch>(general.get()))});
     EXPECT_EQ(general->log(), (Log{L"BarraProgresoActualiza(50, Comprobados 1 de 2)",
                                    L"BarraProgresoActualiza(100, Comprobados 2 de 2)"}));
 }

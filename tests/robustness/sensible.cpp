@@ -9,7 +9,7 @@
 namespace kovrel::test {
 namespace {
 
-Variant list_of_files() {
+Variant list_of(const wchar_t* first, const wchar_t* second) {
     SAFEARRAY* const array = SafeArrayCreateVector(VT_BSTR, 0, 2);
     Variant result = [&] {
         VARIANT list{};
@@ -18,7 +18,7 @@ Variant list_of_files() {
         return Variant::attach(list);
     }();
     for (LONG index = 0; index < 2; ++index) {
-        SafeArrayPutElement(array, &index, Bstr(index == 0 ? L"uno.txt" : L"dos.txt").get());
+        SafeArrayPutElement(array, &index, Bstr(index == 0 ? first : second).get());
     }
     return result;
 }
@@ -84,13 +84,16 @@ const std::map<std::wstring, Variant>& values_by_name() {
         {L"boMensajes", Variant(true)},
         {L"BoMsj", Variant(true)},
         {L"pulsa", Variant(97)},
+        {L"Columna", Variant(0)},
+        {L"Campo", Variant(L"clave")},
     };
     return values;
 }
 
 }  // namespace
 
-SensibleHost::SensibleHost() : records_(rows()), image_(small_image()) {
+SensibleHost::SensibleHost()
+    : records_(rows(), {L"clave", L"orden", L"texto"}), image_(small_image()) {
     control_->property(L"Text", Variant(L"x"))
         .property(L"Tag", Variant(L"Dato"))
         .property(L"Value", Variant(Date{45000}))
@@ -123,6 +126,7 @@ SensibleHost::SensibleHost() : records_(rows()), image_(small_image()) {
         .method(L"Print")
         .method(L"Line")
         .method(L"Refresh");
+    progress_->method(L"BarraProgresoActualiza");
     error_->property(L"Number", Variant(-2147217900))
         .property(L"Description", Variant(L"Error de sintaxis"));
     errors_->property(L"Count", Variant(2)).method(L"Item", [this](const auto&) {
@@ -134,8 +138,8 @@ SensibleHost::SensibleHost() : records_(rows()), image_(small_image()) {
 ULONG SensibleHost::references() const {
     image_->AddRef();
     return image_->Release() + control_->references() + field_->references() +
-           picture_->references() + error_->references() + errors_->references() +
-           connection_->references() + records_.object().references() +
+           picture_->references() + progress_->references() + error_->references() +
+           errors_->references() + connection_->references() + records_.object().references() +
            combo_.object().references();
 }
 
@@ -145,6 +149,7 @@ Variant SensibleHost::object(const std::wstring& parameter) {
     };
     if (parameter == L"Obj" || parameter == L"Cmb" || parameter == L"DtCmb") return given(control_);
     if (parameter == L"Picture") return given(picture_);
+    if (parameter == L"Progreso") return given(progress_);
     if (parameter == L"colecErrors") return given(errors_);
     if (parameter == L"Cnn") return given(connection_);
     if (parameter == L"cmbCombo") return combo_.argument();
@@ -161,7 +166,8 @@ Variant SensibleHost::argument(const OwnClass& of_class, const OwnMember& member
         parameter < member.parameters.size() ? member.parameters[parameter] : std::wstring();
     if (member.types[parameter] == VT_DISPATCH) return object(name);
     if (name == L"pic") return Variant(image_);
-    if (name == L"NombresFicheros1") return list_of_files();
+    if (name == L"NombresFicheros1") return list_of(L"uno.txt", L"dos.txt");
+    if (name == L"Lista") return list_of(L"12345678Z", L"12345678A");
     if (member.name == L"Mensajes") return Variant(OwnLibrary::get().create(L"clsMensajes"));
     // In two members this parameter is a text, in the others a date.
     const auto known = values_by_name().find(name);

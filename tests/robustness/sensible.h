@@ -28,6 +28,7 @@ class SensibleHost {
     ComPtr<ScriptedObject> control_ = ScriptedObject::make();
     ComPtr<ScriptedObject> field_ = ScriptedObject::make();
     ComPtr<ScriptedObject> picture_ = ScriptedObject::make();
+    ComPtr<ScriptedObject> progress_ = ScriptedObject::make();
     ComPtr<ScriptedObject> error_ = ScriptedObject::make();
     ComPtr<ScriptedObject> errors_ = ScriptedObject::make();
     ComPtr<ScriptedObject> connection_ = ScriptedObject::make();

@@ -1,5 +1,6 @@
 #include "tests/support/scripted_recordset.h"
 
+#include <algorithm>
 #include <array>
 
 #include "automation/safe_array.h"
@@ -7,7 +8,8 @@
 
 namespace kovrel::test {
 
-ScriptedRecordset::ScriptedRecordset(std::vector<Row> rows) : rows_(std::move(rows)) {
+ScriptedRecordset::ScriptedRecordset(std::vector<Row> rows, std::vector<std::wstring> names)
+    : rows_(std::move(rows)), names_(std::move(names)) {
     object_->property(L"RecordCount", Variant(static_cast<std::int32_t>(rows_.size())))
         .property(
             L"Bookmark", [this](const auto&) { return Variant(static_cast<double>(position)); },
@@ -15,6 +17,7 @@ ScriptedRecordset::ScriptedRecordset(std::vector<Row> rows) : rows_(std::move(ro
                 position = static_cast<std::size_t>(arguments.back().to_int32());
                 return Variant();
             })
+        .property(L"BOF", Variant(rows_.empty()))
         .property(L"EOF", [this](const auto&) { return Variant(position >= rows_.size()); })
         .method(L"MoveFirst",
                 [this](const auto&) {
@@ -30,17 +33,24 @@ ScriptedRecordset::ScriptedRecordset(std::vector<Row> rows) : rows_(std::move(ro
         .property(L"Fields", [this](const auto&) {
             auto fields = ScriptedObject::make();
             fields
-                ->method(L"Item",
-                         [this](const auto& arguments) {
-                             const auto index =
-                                 static_cast<std::size_t>(arguments.at(0).to_int32());
-                             auto field = ScriptedObject::make();
-                             field->property(L"Value", rows_.at(position).at(index));
-                             return Variant(ComPtr<IDispatch>(field.get()));
-                         })
+                ->method(L"Item", [this](const auto& arguments) { return field(arguments.at(0)); })
                 .default_member(L"Item");
             return Variant(ComPtr<IDispatch>(fields.get()));
         });
+}
+
+Variant ScriptedRecordset::field(const Variant& place_or_name) {
+    std::size_t place = 0;
+    if (place_or_name.vt == VT_BSTR) {
+        const auto named = std::find(names_.begin(), names_.end(), place_or_name.to_text());
+        if (named == names_.end()) throw failure(3265, L"No existe ese campo");
+        place = static_cast<std::size_t>(named - names_.begin());
+    } else {
+        place = static_cast<std::size_t>(place_or_name.to_int32());
+    }
+    auto field = ScriptedObject::make();
+    field->property(L"Value", [this, place](const auto&) { return rows_.at(position).at(place); });
+    return Variant(ComPtr<IDispatch>(field.get()));
 }
 
 Variant ScriptedRecordset::get_rows() {

@@ -12,8 +12,9 @@ class ScriptedRecordset {
  public:
     using Row = std::vector<Variant>;
 
-    // Standing on its first row.
-    explicit ScriptedRecordset(std::vector<Row> rows);
+    // Standing on its first row. A field is reached by its place or by its name, and has the value
+    // of the row on which the recordset stands when it is read.
+    explicit ScriptedRecordset(std::vector<Row> rows, std::vector<std::wstring> names = {});
     ScriptedRecordset(const ScriptedRecordset&) = delete;
     ScriptedRecordset& operator=(const ScriptedRecordset&) = delete;
 
@@ -26,8 +27,11 @@ class ScriptedRecordset {
  private:
     // The rows from the present one on, fields first.
     Variant get_rows();
+    // Of Fields.Item.
+    Variant field(const Variant& place_or_name);
 
     std::vector<Row> rows_;
+    std::vector<std::wstring> names_;
     ComPtr<ScriptedObject> object_ = ScriptedObject::make();
 };
 
