@@ -28,9 +28,10 @@ unsigned remainder_97(unsigned before, std::wstring_view text) noexcept {
     // digits.
     unsigned sum = 0;
     std::size_t place = 0;
-    for (auto character = text.rbegin(); character != text.rend(); ++character) {
-        const bool is_letter = !is_digit(*character);
-        const auto value = static_cast<unsigned>(*character - (is_letter ? L'A' - 10 : L'0'));
+    for (std::size_t left = text.size(); left-- > 0;) {
+        const wchar_t character = text[left];
+        const bool is_letter = !is_digit(character);
+        const auto value = static_cast<unsigned>(character - (is_letter ? L'A' - 10 : L'0'));
         sum += value * powers_of_10[place];
         place += is_letter ? 2 : 1;
         if (place >= powers_of_10.size()) place -= powers_of_10.size();

@@ -28,7 +28,7 @@ struct Controls {
 Controls controls_of(std::wstring_view digits) noexcept {
     std::uint64_t number = 0;
     for (const wchar_t digit : digits) number = number * 10 + static_cast<unsigned>(digit - L'0');
-    const auto remainder = static_cast<std::int32_t>(number % (23U * 23U));
+    const auto remainder = static_cast<std::int32_t>(number % 529);
     return {nif_letter(remainder / 23), nif_letter(remainder % 23)};
 }
 

@@ -1,5 +1,7 @@
 // The Spanish postal code: 5 digits, of which the first two are the province, 01 to 52 (Real
 // Decreto 1829/1999, Reglamento de los servicios postales; codes in use since 1984).
+#include <algorithm>
+
 #include "identifiers/rules.h"
 #include "runtime/text.h"
 
@@ -21,7 +23,7 @@ IdentifierFault postal_code_fault(Characters text) noexcept {
 
 std::wstring with_postal_zero(std::wstring text) {
     const bool lost_zero =
-        text.size() + 1 == full_length && text.find_first_not_of(L"0123456789") == text.npos;
+        text.size() + 1 == full_length && std::all_of(text.begin(), text.end(), is_digit);
     return lost_zero ? with_leading_zeros(std::move(text), full_length) : text;
 }
 

@@ -14,8 +14,8 @@ constexpr std::size_t ean_length = 13;
 unsigned ean_sum(std::wstring_view digits) noexcept {
     unsigned sum = 0;
     unsigned weight = 1;
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        sum += static_cast<unsigned>(*digit - L'0') * weight;
+    for (std::size_t left = digits.size(); left-- > 0;) {
+        sum += static_cast<unsigned>(digits[left] - L'0') * weight;
         weight = 4 - weight;
     }
     return sum;
@@ -26,9 +26,10 @@ unsigned luhn_sum(std::wstring_view digits) noexcept {
     constexpr std::wstring_view doubled = L"0246813579";
     unsigned sum = 0;
     bool is_doubled = false;
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+    for (std::size_t left = digits.size(); left-- > 0;) {
+        const wchar_t digit = digits[left];
         const wchar_t counted =
-            is_doubled ? doubled[static_cast<std::size_t>(*digit - L'0')] : *digit;
+            is_doubled ? doubled[static_cast<std::size_t>(digit - L'0')] : digit;
         sum += static_cast<unsigned>(counted - L'0');
         is_doubled = !is_doubled;
     }
