@@ -35,12 +35,15 @@ configure_preset() {
         { cat "$build/$preset.configure.log" >&2; die "cannot configure $preset"; }
 }
 
+# What builds and checks run under while tests of windows go on: "nice".
+beside=()
+
 # Configures when needed and builds one preset; further arguments go to cmake --build.
 build_preset() {
     local preset=$1
     shift
     say "building $preset"
     configure_preset "$preset"
-    cmake --build "$build/$preset" -j "$(jobs_at_once)" "$@" 9>&- ||
+    "${beside[@]}" cmake --build "$build/$preset" -j "$(jobs_at_once)" "$@" 9>&- ||
         die "the build of $preset failed"
 }

@@ -146,8 +146,8 @@ copy_prefix_to() {
     cp "$prefix"/.unregistered/*.reg "$1"
 }
 
-# use_second_session NAME: the session of such a prefix, in a subshell.
-use_second_session() {
+# use_own_session NAME: the session of such a prefix, in a subshell.
+use_own_session() {
     prefix="$prefix-$1"
     export WINEPREFIX="$prefix"
     session_pids=()
