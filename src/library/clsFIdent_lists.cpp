@@ -5,6 +5,7 @@
 
 #include "automation/host_object.h"
 #include "automation/safe_array.h"
+#include "automation/variant_argument.h"
 #include "library/clsFIdent.h"
 #include "runtime/failure.h"
 #include "runtime/text.h"
@@ -43,7 +44,10 @@ IdentifierFault fault_of(Identifier kind, BSTR text) {
 IdentifierFault fault_of(Identifier kind, const VARIANT& value) {
     if (value.vt == VT_BSTR) return fault_of(kind, value.bstrVal);
     try {
-        return identifier_fault(kind, Variant(value).to_text_or_empty());
+        Variant content;
+        const HRESULT copied = copy_followed(content, value);
+        if (FAILED(copied)) throw_conversion_failure(copied);
+        return identifier_fault(kind, content.to_text_or_empty());
     } catch (const Failure&) {
         return IdentifierFault::characters;
     }
@@ -78,10 +82,11 @@ Variant faults_of(Identifier kind, SAFEARRAY* list, std::int32_t index,
     Variant result = new_variant_array(column.rows);
     const ArrayAccess<VARIANT> faults(result.parray);
     Progress progress(general, column.rows.cElements);
+    const auto values = given.elements();
     std::size_t place = column.first;
     std::int64_t done = 0;
     for (VARIANT& fault : faults.elements()) {
-        fault.lVal = static_cast<LONG>(fault_of(kind, given.elements()[place]));
+        fault.lVal = static_cast<LONG>(fault_of(kind, values[place]));
         fault.vt = VT_I4;
         place += column.step;
         progress.report(++done);

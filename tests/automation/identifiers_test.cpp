@@ -162,6 +162,14 @@ TEST_F(Identifiers, ListsOfTextsAndOfValues) {
         check_list(id_nif, variants({Variant(12345678), Variant(1.5), Variant(identifiers_)})),
         (Numbers{reason_length, reason_characters, reason_characters}));
     EXPECT_EQ(check_list(id_nif, variants({})), Numbers{});
+    // Variables, as lists of a procedure's arguments hold them.
+    Variant text(L"12345678Z");
+    Variant null = Variant::null();
+    std::vector<Variant> references(2);
+    for (Variant& reference : references) reference.vt = VT_BYREF | VT_VARIANT;
+    references[0].pvarVal = &text;
+    references[1].pvarVal = &null;
+    EXPECT_EQ(check_list(id_nif, variants(references)), (Numbers{0, reason_empty}));
 }
 
 TEST_F(Identifiers, AListKeepsItsBounds) {
