@@ -121,7 +121,7 @@ def main():
         best = {ours: float("inf"), theirs: float("inf")}
         for _ in range(options.rounds):
             for archive, command in ((theirs, ["zip", "-j", "-6", "-q", theirs]),
-                                     (ours, [options.cli, "-6", "-t", options.threads, ours])):
+                                     (ours, [options.cli, "pack", "-6", "-t", options.threads, ours])):
                 if os.path.exists(archive):
                     os.remove(archive)
                 best[archive] = min(best[archive], timed(command + paths))
@@ -134,7 +134,7 @@ def main():
               f"{size_ratio:.4f} (at most 1.01)")
         large_file = os.path.join(folder, "large.bin")
         make_large_file(large_file, 10**7)
-        engine = [options.cli, "-6", "-t", options.threads, ours, large_file]
+        engine = [options.cli, "pack", "-6", "-t", options.threads, ours, large_file]
         _, small_memory = time_and_memory(engine)
         make_large_file(large_file, 10**9)
         large_theirs = timed(["zip", "-j", "-6", "-q", theirs + ".large", large_file])

@@ -32,6 +32,11 @@ class ArchiveReader {
     [[nodiscard]] std::uint64_t prefix_size() const noexcept { return prefix_size_; }
     [[nodiscard]] const std::string& comment() const noexcept { return end_.comment; }
 
+    /// Fills `room` from `offset` of the file unless that ends before; the count of bytes read. May
+    /// be called on several threads at once. Throws ZipError read_failed.
+    std::size_t read_at(std::uint64_t offset, std::span<std::uint8_t> room) const {
+        return file_.read_at(offset, room);
+    }
     /// Copies bytes of the archive to `output`. Throws ZipError unexpected_end or read_failed.
     void copy(std::uint64_t start, std::uint64_t length, OutputBuffer& output) const;
 

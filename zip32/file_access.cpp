@@ -1,5 +1,6 @@
 #include "file_access.h"
 
+#include <atomic>
 #include <random>
 
 #include "names.h"
@@ -19,16 +20,27 @@ bool is_temporary_name(std::string_view name) {
            name.find_first_not_of(digits, first_letters.size()) == name.size() - extension.size();
 }
 
+// Different for each call and in each process. Asking the system for a random number takes as long
+// as creating a file, so it is asked once; the steps and shifts are those of a common hash.
+std::uint32_t next_number() {
+    static const std::uint32_t first = std::random_device()();
+    static std::atomic<std::uint32_t> count = 0;
+    std::uint32_t value = first + ++count * 0x9E3779B9U;
+    value = (value ^ value >> 16) * 0x85EBCA6BU;
+    value = (value ^ value >> 13) * 0xC2B2AE35U;
+    return value ^ value >> 16;
+}
+
 // A new name in the folder of `target`.
 std::string temporary_name_beside(const std::string& target) {
-    std::random_device random;
     std::string name = folder_of(target).append(first_letters);
-    unsigned value = random();
+    std::uint32_t value = next_number();
     for (std::size_t i = 0; i < digit_count; ++i, value >>= 4) name.push_back(digits[value & 0xF]);
     return name.append(extension);
 }
 
-// Removes the temporary files in the folder of `target` that no process works on any more.
+}  // namespace
+
 void remove_abandoned_files_beside(const std::string& target) {
     const std::string folder = folder_of(target);
     // "." after a drive alone is its current folder, after anything else the folder itself.
@@ -36,8 +48,6 @@ void remove_abandoned_files_beside(const std::string& target) {
         if (is_temporary_name(name)) remove_unheld_file(folder + name);
     }
 }
-
-}  // namespace
 
 InputFile::InputFile(const std::string& path) : file_(open_for_reading(path)), path_(path) {
     if (!file_) throw ZipError(ZipCode::cannot_open_file, "could not open for reading: " + path);
@@ -61,12 +71,21 @@ std::size_t InputFile::read_at(std::uint64_t offset, std::span<std::uint8_t> roo
 
 NewFile::NewFile(const std::string& target) : target_(target) {
     remove_abandoned_files_beside(target);
+    create_beside_target();
+}
+
+NewFile::NewFile(const std::string& target, std::uint16_t permissions)
+    : target_(target), permissions_(permissions) {
+    create_beside_target();
+}
+
+void NewFile::create_beside_target() {
     bool name_is_taken = true;
     for (int attempts = 0; name_is_taken && attempts < 100; ++attempts) {
-        path_ = temporary_name_beside(target);
+        path_ = temporary_name_beside(target_);
         name_is_taken = !create();
     }
-    if (!file_) throw ZipError(ZipCode::cannot_create, "could not create: " + target);
+    if (!file_) throw ZipError(ZipCode::cannot_create, "could not create: " + target_);
 }
 
 NewFile::~NewFile() {
@@ -88,12 +107,15 @@ void NewFile::set_size(std::uint64_t size) {
 }
 
 void NewFile::replace_target() {
-    if (!file_.flush()) throw ZipError(ZipCode::write_failed, "could not write: " + target_);
+    if (!permissions_ && !file_.flush()) {
+        throw ZipError(ZipCode::write_failed, "could not write: " + target_);
+    }
     // The file stays open until it has its name, so that nobody else can remove it before.
     if (!rename_to_target()) {
         throw ZipError(ZipCode::cannot_create, "could not replace: " + target_);
     }
     path_.clear();
+    set_status();
     file_ = OpenFile();
 }
 

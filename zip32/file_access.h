@@ -50,6 +50,9 @@ bool remove_file(const std::string& path) noexcept;
 /// Removes a file unless some process has it open.
 void remove_unheld_file(const std::string& path);
 
+/// Removes the temporary files in the folder of `target` that no process works on any more.
+void remove_abandoned_files_beside(const std::string& target);
+
 /// Equal for two names that the system takes for one file: in capitals on Windows, the name itself
 /// elsewhere.
 [[nodiscard]] std::string name_key(const std::string& name);
@@ -107,12 +110,18 @@ class InputFile {
 /// only in replace_target(); removed at the end of its life otherwise. What a killed process has
 /// left is removed when the next one is created in the folder; one in use is locked against that.
 ///
-/// It gets the target's permissions, owner and attributes, as far as the system lets this user set
-/// them. Until then nobody has more rights to it than to the target.
+/// An archive gets its target's permissions, owner and attributes, as far as the system lets this
+/// user set them. Until then nobody has more rights to it than to the target. A file that is taken
+/// out gets the entry's.
 class NewFile {
  public:
-    /// Throws ZipError cannot_create.
+    /// An archive. Throws ZipError cannot_create.
     explicit NewFile(const std::string& target);
+    /// One of many files that are taken out: with these permissions, less what the user's mask
+    /// takes away (on Windows, read-only without the owner's to write), whatever its target has. It
+    /// is not flushed to the disk, and abandoned files are the caller's to remove. Throws ZipError
+    /// cannot_create.
+    NewFile(const std::string& target, std::uint16_t permissions);
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
     ~NewFile();
@@ -120,17 +129,24 @@ class NewFile {
     /// Throws ZipError write_failed.
     void write_at(std::uint64_t offset, ByteView bytes);
     void set_size(std::uint64_t size);
-    /// Flushes the file to the disk and puts it in the target's place in one step.
+    /// When it was last modified, once it has its place; as far as the system takes the moment.
+    void set_modified(Moment modified) noexcept { modified_ = modified; }
+    /// Puts the file in the target's place in one step; an archive is on the disk before.
     /// Throws ZipError write_failed or cannot_create; the target is then as it was.
     void replace_target();
 
  private:
+    void create_beside_target();
+
     // Implemented for each system.
     /// Creates path_; false when there is such a file. On any other failure file_ stays empty.
     [[nodiscard]] bool create();
+    void set_status() noexcept;
     [[nodiscard]] bool rename_to_target();
 
     std::string target_;
+    std::optional<std::uint16_t> permissions_;  // nothing: those of the target
+    std::optional<Moment> modified_;
     std::string path_;
     OpenFile file_;
 };

@@ -10,7 +10,6 @@
 namespace kovrel::zip {
 namespace {
 
-constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 // One call moves at most this much, so that a count always fits a DWORD.
 constexpr std::size_t largest_move = std::size_t{1} << 30;
 

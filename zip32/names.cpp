@@ -32,14 +32,25 @@ bool is_dots(std::string_view component) {
     return component == "." || component == "..";
 }
 
-// The Unicode path field: version 1, CRC-32 of the raw name, then the name in UTF-8.
-std::string unicode_path(std::string_view raw, std::string_view extra) {
-    const std::string_view field = find_extra_field(extra, 0x7075);
+constexpr std::uint16_t unicode_path_id = 0x7075;
+constexpr std::uint16_t unicode_comment_id = 0x6375;
+
+// A Unicode field: version 1, CRC-32 of the raw text, then the text in UTF-8.
+std::string unicode_text(std::string_view raw, std::string_view extra, std::uint16_t id) {
+    const std::string_view field = find_extra_field(extra, id);
     if (field.size() < 5 || field[0] != 1) return {};
     const auto checksum = crc32(0, as_bytes(raw).data(), static_cast<uInt>(raw.size()));
-    const std::string_view name = field.substr(5);
-    if (load32(as_bytes(field), 1) != checksum || !is_utf8(name)) return {};
-    return std::string(name);
+    const std::string_view text = field.substr(5);
+    if (load32(as_bytes(field), 1) != checksum || !is_utf8(text)) return {};
+    return std::string(text);
+}
+
+std::string text_utf8(std::string_view raw, std::uint16_t flags, std::uint16_t made_by,
+                      std::string_view extra, std::uint16_t unicode_id) {
+    if ((flags & flag_utf8) != 0 || is_ascii(raw)) return std::string(raw);
+    if (std::string text = unicode_text(raw, extra, unicode_id); !text.empty()) return text;
+    if (made_by >> 8 == made_on_unix && is_utf8(raw)) return std::string(raw);
+    return utf8_from_code_page_850(raw);
 }
 
 }  // namespace
@@ -129,10 +140,12 @@ std::string utf8_from_code_page_850(std::string_view text) {
 
 std::string entry_name_utf8(std::string_view raw, std::uint16_t flags, std::uint16_t made_by,
                             std::string_view extra) {
-    if ((flags & flag_utf8) != 0 || is_ascii(raw)) return std::string(raw);
-    if (std::string name = unicode_path(raw, extra); !name.empty()) return name;
-    if (made_by >> 8 == made_on_unix && is_utf8(raw)) return std::string(raw);
-    return utf8_from_code_page_850(raw);
+    return text_utf8(raw, flags, made_by, extra, unicode_path_id);
+}
+
+std::string entry_comment_utf8(std::string_view raw, std::uint16_t flags, std::uint16_t made_by,
+                               std::string_view extra) {
+    return text_utf8(raw, flags, made_by, extra, unicode_comment_id);
 }
 
 }  // namespace kovrel::zip

@@ -45,4 +45,8 @@ inline constexpr PathStyle native_path_style =
 [[nodiscard]] std::string entry_name_utf8(std::string_view raw, std::uint16_t flags,
                                           std::uint16_t made_by, std::string_view extra);
 
+/// The same of an entry's comment, whose Unicode field is 0x6375.
+[[nodiscard]] std::string entry_comment_utf8(std::string_view raw, std::uint16_t flags,
+                                             std::uint16_t made_by, std::string_view extra);
+
 }  // namespace kovrel::zip

@@ -1,4 +1,4 @@
-// How an archive is created and replaced on POSIX systems.
+// How a file is created beside its target and takes its place on POSIX systems.
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "file_access.h"
+#include "posix_times.h"
 
 namespace kovrel::zip {
 namespace {
@@ -37,16 +38,22 @@ void keep_permissions(int file, const struct stat& old) {
 
 bool NewFile::create() {
     struct stat old {};
-    const bool replaces = stat(target_.c_str(), &old) == 0;
-    // The replacement of a private file must never be less private.
-    const int descriptor =
-        open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, replaces ? 0600 : 0666);
+    const bool replaces = !permissions_ && stat(target_.c_str(), &old) == 0;
+    // The replacement of a private archive must never be less private.
+    const mode_t mode = permissions_.value_or(replaces ? 0600 : 0666);
+    const int descriptor = open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     if (descriptor < 0) return errno != EEXIST;
     OpenFile file(descriptor);
     if (!hold(descriptor)) return false;
     if (replaces) keep_permissions(descriptor, old);
     file_ = std::move(file);
     return true;
+}
+
+void NewFile::set_status() noexcept {
+    if (!modified_) return;
+    const auto times = access_and_modification(*modified_);
+    futimens(static_cast<int>(file_.handle()), times.data());
 }
 
 bool NewFile::rename_to_target() {

@@ -1,4 +1,4 @@
-// How an archive is created and replaced on Windows.
+// How a file is created beside its target and takes its place on Windows.
 #include <windows.h>
 
 #include <cstring>
@@ -85,9 +85,10 @@ bool rename_replacing(HANDLE file, const std::wstring& target) {
 
 bool NewFile::create() {
     const std::wstring old = system_path(target_);
-    file_ =
-        open_file(path_, GENERIC_READ | GENERIC_WRITE | DELETE, 0, CREATE_NEW, attributes_of(old));
+    const DWORD attributes = permissions_ ? FILE_ATTRIBUTE_NORMAL : attributes_of(old);
+    file_ = open_file(path_, GENERIC_READ | GENERIC_WRITE | DELETE, 0, CREATE_NEW, attributes);
     if (!file_) return GetLastError() != ERROR_FILE_EXISTS;
+    if (permissions_) return true;
     const std::wstring own = system_path(path_);
     if (const Bytes rights = security_of(old); !rights.empty() && rights != security_of(own)) {
         make_private(own);
@@ -95,9 +96,33 @@ bool NewFile::create() {
     return true;
 }
 
+// In one call, since each takes as long as writing a small file. A field of zero stays as it is.
+void NewFile::set_status() noexcept {
+    constexpr std::uint16_t owner_may_write = 0200;
+    FILE_BASIC_INFO info{};
+    info.LastWriteTime.QuadPart = static_cast<LONGLONG>(modified_.value_or(0));
+    if (permissions_ && (*permissions_ & owner_may_write) == 0) {
+        info.FileAttributes = FILE_ATTRIBUTE_READONLY;
+    }
+    if (info.LastWriteTime.QuadPart == 0 && info.FileAttributes == 0) return;
+    SetFileInformationByHandle(as_handle(file_), FileBasicInfo, &info, sizeof(info));
+}
+
 bool NewFile::rename_to_target() {
     const HANDLE file = as_handle(file_);
     const std::wstring target = system_path(target_);
+    if (permissions_) {
+        if (rename_replacing(file, target)) return true;
+        // A read-only file is not replaced, as long as it is one.
+        const DWORD old = GetFileAttributesW(target.c_str());
+        if (old == INVALID_FILE_ATTRIBUTES || (old & FILE_ATTRIBUTE_READONLY) == 0 ||
+            !SetFileAttributesW(target.c_str(), old & ~DWORD{FILE_ATTRIBUTE_READONLY})) {
+            return false;
+        }
+        if (rename_replacing(file, target)) return true;
+        SetFileAttributesW(target.c_str(), old);
+        return false;
+    }
     copy_security(target, system_path(path_));
     if (WIN32_FILE_ATTRIBUTE_DATA old{};
         GetFileAttributesExW(target.c_str(), GetFileExInfoStandard, &old)) {

@@ -5,7 +5,6 @@
 namespace kovrel::zip {
 namespace {
 
-constexpr std::uint16_t zip64_field_id = 1;
 constexpr std::uint16_t zip64_version = 45;
 
 std::string text_at(ByteView bytes, std::size_t offset, std::size_t length) {

@@ -32,6 +32,11 @@ inline constexpr std::uint16_t in_zip64_short = 0xFFFF;
 inline constexpr std::uint16_t flag_encrypted = 1U << 0;
 inline constexpr std::uint16_t flag_descriptor = 1U << 3;
 inline constexpr std::uint16_t flag_utf8 = 1U << 11;
+/// Encrypted data, encrypted data with a header of its own, and masked header fields.
+inline constexpr std::uint16_t flags_of_encryption = flag_encrypted | 1U << 6 | 1U << 13;
+
+/// The extra field that holds a 64-bit size or offset.
+inline constexpr std::uint16_t zip64_field_id = 1;
 
 inline constexpr std::uint16_t method_store = 0;
 inline constexpr std::uint16_t method_deflate = 8;

@@ -1,4 +1,4 @@
-// What the two sources for Windows behind file_access.h share.
+// What the sources for Windows share.
 #pragma once
 
 #include <windows.h>
@@ -8,6 +8,16 @@
 #include "file_access.h"
 
 namespace kovrel::zip {
+
+inline constexpr DWORD share_all = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+[[nodiscard]] inline Moment moment_of(const FILETIME& time) noexcept {
+    return Moment{time.dwHighDateTime} << 32 | time.dwLowDateTime;
+}
+
+[[nodiscard]] inline FILETIME file_time_of(Moment moment) noexcept {
+    return {static_cast<DWORD>(moment), static_cast<DWORD>(moment >> 32)};
+}
 
 [[nodiscard]] inline HANDLE as_handle(const OpenFile& file) {
     return reinterpret_cast<HANDLE>(file.handle());

@@ -1,5 +1,6 @@
-// The engine's return codes, which are those that the zip library's interface publishes, and the
-// exception by which a step of the engine gives up.
+// The engine's return codes and the exception by which a step of the engine gives up. Codes below
+// 100 are those that the zip library's interface publishes; the others are the engine's own, of
+// what that interface does not do, and ZpArchive never returns them.
 #pragma once
 
 #include <cstdint>
@@ -26,6 +27,8 @@ enum class ZipCode : std::int32_t {
     cannot_create = 15,     // ZE_CREAT: the archive cannot be created or replaced
     bad_parameters = 16,    // ZE_PARMS: wrong parameters, or two files of the same name
     cannot_open_file = 18,  // ZE_OPEN: a file, or the existing archive, could not be opened
+    over_limit = 100,       // the archive unpacks to more than the limits allow; nothing is written
+    incomplete = 101,       // some entries are not right or could not be taken out
 };
 
 /// The return code, and an English text for the print callback.

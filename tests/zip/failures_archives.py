@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Failures during an update: the process killed in the middle, the disk full, inputs that cannot be
 read. The archive is always either the old one or the complete new one.
-Usage: failures_archives.py TOPIC COMMAND..., which is zip_cli, or the emulator and a program that
+Usage: failures_archives.py TOPIC COMMAND..., which is zip_cli pack, or the emulator and a program that
 calls the DLL; status 77 where the topic cannot be tried."""
 import os
 import random

@@ -67,7 +67,7 @@ def large_file(folder):
     large = sparse(os.path.join(folder, "grande.bin"), 5 * GIB)
     small = write(os.path.join(folder, "corto.txt"), b"corto")
     archive = os.path.join(folder, "a.zip")
-    run(CLI, "-1", archive, large, small)
+    run(CLI, "pack", "-1", archive, large, small)
     expect(os.path.getsize(archive) < 64 << 20, "the archive's size")
     expect_sizes(archive, {"grande.bin": 5 * GIB, "corto.txt": 5})
     run("7z", "t", "-bso0", archive)
@@ -81,7 +81,7 @@ def large_archive(folder):
     large = sparse(os.path.join(folder, "grande.bin"), size)
     small = write(os.path.join(folder, "corto.txt"), b"corto")
     archive = os.path.join(folder, "a.zip")
-    run(CLI, "-0", archive, large, small)
+    run(CLI, "pack", "-0", archive, large, small)
     expect(os.path.getsize(archive) > size, "the archive's size")
     sizes = {"grande.bin": size, "corto.txt": 5}
     expect_sizes(archive, sizes)
@@ -102,7 +102,7 @@ def many_entries(folder):
             made.writestr(name, name)
     for count in (5, 6, 100):  # 65,535; 65,541; 65,641
         added = [write(os.path.join(folder, f"n{len(names) + i}"), b"nuevo") for i in range(count)]
-        run(CLI, archive, *added)
+        run(CLI, "pack", archive, *added)
         names += map(os.path.basename, added)
         with zipfile.ZipFile(archive) as opened:
             expect(opened.namelist() == names, f"zipfile's names of {len(names)}")

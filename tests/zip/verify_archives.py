@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Archives of the engine, checked with other programs: unzip, zip, Python's zipfile, bsdtar and
 7-Zip. Contents must be equal byte for byte, and accented names right in each.
-Usage: verify_archives.py COMMAND...; zip_cli, or the emulator and a program that calls the DLL."""
+Usage: verify_archives.py COMMAND...; zip_cli pack, or the emulator and a program that calls the DLL."""
 import os
 import random
 import shutil

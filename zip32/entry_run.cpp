@@ -1,0 +1,65 @@
+#include "entry_run.h"
+
+namespace kovrel::zip {
+namespace {
+
+// Enough for the workers to stay busy while small files alternate with large ones.
+constexpr std::size_t most_pending = 64;
+constexpr std::chrono::milliseconds between_progress{100};
+
+[[noreturn]] void stop() {
+    throw ZipError(ZipCode::aborted, "stopped by the caller");
+}
+
+}  // namespace
+
+EntryRun::EntryRun(unsigned threads, const ExtractEvents& events, std::uint64_t total, Work work)
+    : events_(events),
+      total_(total),
+      told_(std::chrono::steady_clock::now()),
+      workers_(threads, [this, work = std::move(work)](EntryReader& reader, EntryJob& job) {
+          return work(reader, job, *this);
+      }) {}
+
+void EntryRun::add(std::unique_ptr<EntryJob> job) {
+    while (workers_.pending() >= most_pending) settle_oldest();
+    workers_.submit(std::move(job));
+}
+
+ZipCode EntryRun::finish() {
+    while (workers_.pending() > 0) settle_oldest();
+    return code_;
+}
+
+void EntryRun::count(EntryJob& job, std::uint64_t bytes) {
+    if (stopping_) stop();
+    job.counted += bytes;
+    unsettled_ += bytes;
+    if (workers_.on_calling_thread() &&
+        std::chrono::steady_clock::now() - told_ >= between_progress) {
+        tell_progress(job.entry);
+    }
+}
+
+void EntryRun::settle_oldest() {
+    const std::unique_ptr<EntryJob> job = workers_.take(between_progress);
+    if (!job) {
+        tell_progress(workers_.oldest());
+        return;
+    }
+    unsettled_ -= job->counted;
+    settled_ += job->bytes;
+    if (!is_as_asked(job->state)) code_ = ZipCode::incomplete;
+    if (events_.entry_done && events_.entry_done(job->entry, job->state, job->path)) stop();
+    if (job->state == EntryState::write_failed) {
+        throw ZipError(ZipCode::write_failed, "could not write: " + job->path);
+    }
+    tell_progress(job->entry);
+}
+
+void EntryRun::tell_progress(const Entry& entry) {
+    told_ = std::chrono::steady_clock::now();
+    if (events_.progress && events_.progress(entry.name, settled_ + unsettled_, total_)) stop();
+}
+
+}  // namespace kovrel::zip
