@@ -26,7 +26,8 @@ bool spells_another_end(ByteView records, const std::string& comment) {
 
 }  // namespace
 
-CentralEntry ArchiveWriter::new_entry(const std::string& name, const FileStatus& status) {
+CentralEntry ArchiveWriter::new_entry(const std::string& name, const FileStatus& status,
+                                      bool zoned) {
     CentralEntry entry;
     entry.name = name;
     entry.made_by = made_by_this_system();
@@ -34,6 +35,7 @@ CentralEntry ArchiveWriter::new_entry(const std::string& name, const FileStatus&
     entry.flags = !is_ascii(name) && is_utf8(name) ? flag_utf8 : 0;
     entry.modified = status.modified;
     entry.external_attributes = status.attributes;
+    if (zoned) entry.extra = moment_field(status.moment);
     return entry;
 }
 

@@ -17,8 +17,10 @@ class ArchiveWriter {
  public:
     explicit ArchiveWriter(OutputBuffer& output) : output_(output) {}
 
-    /// An entry with its name, time and attributes; the rest comes from its data.
-    [[nodiscard]] static CentralEntry new_entry(const std::string& name, const FileStatus& status);
+    /// An entry with its name, time and attributes; the rest comes from its data. `zoned`: with the
+    /// time in UTC too.
+    [[nodiscard]] static CentralEntry new_entry(const std::string& name, const FileStatus& status,
+                                                bool zoned);
 
     void copy_prefix(const ArchiveReader& old);
     /// Copies the entry's bytes as they stand in the old archive.

@@ -21,6 +21,7 @@ struct FileStatus {
     bool hidden_or_system = false;
     std::uint64_t size = 0;  // bytes
     DosTime modified;        // local time
+    Moment moment = 0;       // the same in UTC
     /// As an entry keeps them: the DOS attributes in the low byte and, on POSIX systems, the mode
     /// in the high half.
     std::uint32_t attributes = 0;
@@ -46,6 +47,9 @@ bool remove_file(const std::string& path) noexcept;
 
 /// Where a path that is a link leads, whether or not there is a file; any other path is itself.
 [[nodiscard]] std::string final_path(const std::string& path);
+
+/// From the root or the drive on, the components "." and ".." possibly left.
+[[nodiscard]] std::string absolute_path(const std::string& path);
 
 /// Removes a file unless some process has it open.
 void remove_unheld_file(const std::string& path);

@@ -10,6 +10,7 @@
 
 #include "file_access.h"
 #include "names.h"
+#include "posix_times.h"
 #include "runtime/owned.h"
 
 namespace kovrel::zip {
@@ -60,6 +61,7 @@ std::optional<FileStatus> file_status(const std::string& path) {
     result.hidden_or_system = last_component(path).starts_with('.');
     result.size = static_cast<std::uint64_t>(status.st_size);
     result.modified = local_dos_time(status.st_mtime);
+    result.moment = moment_of(status.st_mtim);
     result.attributes = static_cast<std::uint32_t>(status.st_mode & 0xFFFF) << 16 |
                         (result.folder ? dos_folder : 0) |
                         ((status.st_mode & S_IWUSR) == 0 ? dos_read_only : 0);
@@ -107,6 +109,14 @@ std::string final_path(const std::string& path) {
         result = is_absolute(target) ? std::string(target) : folder_of(result).append(target);
     }
     return path;
+}
+
+std::string absolute_path(const std::string& path) {
+    if (is_absolute(path)) return path;
+    std::string folder(PATH_MAX, '\0');
+    if (getcwd(folder.data(), folder.size()) == nullptr) return path;
+    folder.resize(folder.find('\0'));
+    return folder.append("/").append(path);
 }
 
 // Whoever writes a temporary file holds a lock on it.

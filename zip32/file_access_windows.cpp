@@ -99,6 +99,7 @@ std::optional<FileStatus> file_status(const std::string& path) {
         (data.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0;
     result.size = std::uint64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
     result.modified = local_dos_time(data.ftLastWriteTime);
+    result.moment = moment_of(data.ftLastWriteTime);
     result.attributes = data.dwFileAttributes & kept;
     return result;
 }
@@ -149,6 +150,10 @@ std::string final_path(const std::string& path) {
         return GetFinalPathNameByHandleW(as_handle(file), text, size, FILE_NAME_NORMALIZED);
     });
     return found.empty() ? path : to_utf8(without_limit_prefix(found));
+}
+
+std::string absolute_path(const std::string& path) {
+    return to_utf8(without_limit_prefix(full_path(from_utf8(path))));
 }
 
 void remove_unheld_file(const std::string& path) {

@@ -2,6 +2,8 @@
 
 #include <unordered_map>
 
+#include "folder_access.h"
+#include "name_patterns.h"
 #include "names.h"
 #include "zip_error.h"
 
@@ -9,69 +11,122 @@ namespace kovrel::zip {
 namespace {
 
 constexpr std::size_t longest_name = 0xFFFF;
-// Deeper folders are taken for a loop of links.
+// Deeper folders are taken for a loop of links, and nobody takes them out again.
 constexpr int deepest_folder = 100;
 
 std::string join(std::string_view folder, std::string_view name) {
-    return std::string(folder).append("/").append(name);
+    return folder.empty() ? std::string(name) : std::string(folder).append("/").append(name);
+}
+
+// The components of `full` below those of `base`, with "/" between them; nothing when it is not
+// there.
+std::optional<std::string> name_below(const std::vector<std::string>& full,
+                                      const std::vector<std::string>& base) {
+    if (base.size() > full.size()) return std::nullopt;
+    std::string name;
+    for (std::size_t i = 0; i < full.size(); ++i) {
+        if (i >= base.size()) {
+            name = join(name, full[i]);
+        } else if (name_key(full[i]) != name_key(base[i])) {
+            return std::nullopt;
+        }
+    }
+    return name;
 }
 
 class Collector {
  public:
     Collector(const std::string& archive_path, const UpdateOptions& options,
               const UpdateEvents& events)
-        : archive_path_(archive_path), options_(options), events_(events) {}
+        : archive_path_(archive_path),
+          archive_exists_(file_status(archive_path).has_value()),
+          options_(options),
+          events_(events),
+          exclusions_(options.exclusions) {}
 
     void add_named(const std::string& given) {
         std::string path = given;
         if (!options_.root.empty() && !is_absolute(given)) path = join(options_.root, given);
-        const std::optional<FileStatus> status = file_status(path);
-        if (!status) {
-            warn("name not matched: " + given);
-        } else if (!status->folder) {
-            add_file(path, given, *status);
-        } else {
-            add_folder(path, given, *status, 0);
+        const std::string name = options_.base ? name_below_base(path) : relative_name(given);
+        if (const std::string last = last_component(path); options_.base && is_pattern(last)) {
+            const std::size_t before = inputs_.size();
+            const std::string folder = folder_of(path);
+            add_contents(folder.empty() ? "." : folder, folder_of(name, PathStyle::posix), 0,
+                         NamePatterns({last}));
+            if (inputs_.size() > before) return;
+        } else if (const std::optional<FileStatus> status = file_status(path)) {
+            add_found(path, name, *status, 0);
+            return;
         }
+        events_.warn("name not matched: ", given, EntryState::cannot_open);
     }
 
     std::vector<Input> take() { return std::move(inputs_); }
 
  private:
-    void warn(const std::string& text) const { events_.tell("warning: " + text); }
+    [[nodiscard]] std::string name_below_base(const std::string& path) const {
+        const std::vector<std::string> full = components(absolute_path(path));
+        std::vector<std::string> base;
+        if (!options_.base->empty()) {
+            base = components(absolute_path(*options_.base));
+        } else if (!full.empty()) {
+            base.assign(full.begin(), full.end() - (is_drive(full.back()) ? 0 : 1));
+        }
+        const std::optional<std::string> name = name_below(full, base);
+        if (!name) throw ZipError(ZipCode::bad_parameters, "outside the base: " + path);
+        return *name;
+    }
 
-    void add_file(const std::string& path, const std::string& given, const FileStatus& status) {
-        if (is_same_file(path, archive_path_)) {
-            warn("the archive is not packed into itself: " + given);
+    void add_found(const std::string& path, const std::string& name, const FileStatus& status,
+                   int depth) {
+        if (exclusions_.match(name)) return;
+        if (status.folder) {
+            add_folder(path, name, status, depth);
+        } else {
+            add_file(path, name, status);
+        }
+    }
+
+    void add_file(const std::string& path, const std::string& name, const FileStatus& status) {
+        if (archive_exists_ && is_same_file(path, archive_path_)) {
+            events_.warn("the archive is not packed into itself: ", path, EntryState::left_out);
             return;
         }
-        add({path, options_.drop_folder_names ? last_component(given) : relative_name(given),
+        add({path, options_.drop_folder_names ? last_component(name, PathStyle::posix) : name,
              status});
     }
 
-    void add_folder(const std::string& path, const std::string& given, const FileStatus& status,
+    void add_folder(const std::string& path, const std::string& name, const FileStatus& status,
                     int depth) {
-        std::string name = relative_name(given);
-        if (options_.folder_entries && !options_.drop_folder_names && !name.empty()) {
-            add({path, name + '/', status});
+        const bool gets_entry = options_.folder_entries && !options_.drop_folder_names;
+        if (gets_entry && !name.empty()) add({path, name + '/', status});
+        if (options_.recurse) {
+            add_contents(path, name, depth, NamePatterns({"*"}));
+        } else if (!gets_entry) {
+            events_.warn("a folder is not packed: ", path, EntryState::left_out);
         }
-        if (!options_.recurse) {
-            if (!options_.folder_entries || options_.drop_folder_names) {
-                warn("a folder is not packed: " + given);
-            }
+    }
+
+    // What matches a pattern; the contents of a folder that does not match are searched for it.
+    void add_contents(const std::string& path, const std::string& name, int depth,
+                      const NamePatterns& pattern) {
+        if (depth > deepest_folder) {
+            events_.warn("too deep: ", path, EntryState::bad_name);
             return;
         }
         for (const std::string& found : folder_names(path)) {
-            const std::string inner = join(path, found);
-            const std::string inner_given = join(given, found);
-            const std::optional<FileStatus> inner_status = file_status(inner);
-            if (!inner_status || (inner_status->hidden_or_system && !options_.include_hidden)) {
-                continue;
-            }
-            if (!inner_status->folder) {
-                add_file(inner, inner_given, *inner_status);
-            } else if (depth < deepest_folder) {
-                add_folder(inner, inner_given, *inner_status, depth + 1);
+            const std::string inner = std::string(path).append("/").append(found);
+            const std::string inner_name = join(name, found);
+            const std::optional<FileStatus> status = file_status(inner);
+            if (!status || (status->hidden_or_system && !options_.include_hidden)) continue;
+            const bool matches = pattern.match(found);
+            if (!matches && !(status->folder && options_.recurse)) continue;
+            if (!options_.follow_links && path_state(inner).kind == PathKind::link) {
+                events_.warn("a link is not packed: ", inner, EntryState::link);
+            } else if (matches) {
+                add_found(inner, inner_name, *status, depth + 1);
+            } else {
+                add_contents(inner, inner_name, depth + 1, pattern);
             }
         }
     }
@@ -91,8 +146,10 @@ class Collector {
     }
 
     const std::string& archive_path_;
+    const bool archive_exists_;
     const UpdateOptions& options_;
     const UpdateEvents& events_;
+    const NamePatterns exclusions_;
     std::vector<Input> inputs_;
     std::unordered_map<std::string, std::string> by_key_;
 };

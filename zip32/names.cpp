@@ -87,6 +87,25 @@ std::string relative_name(std::string_view path, PathStyle style) {
     return name;
 }
 
+std::vector<std::string> components(std::string_view path, PathStyle style) {
+    std::vector<std::string> found;
+    while (!path.empty()) {
+        const std::size_t length = std::min(path.find_first_of(separators(style)), path.size());
+        const std::string_view component = path.substr(0, length);
+        path.remove_prefix(std::min(length + 1, path.size()));
+        if (component == "..") {
+            if (!found.empty() && !is_drive(found.back(), style)) found.pop_back();
+        } else if (!component.empty() && component != ".") {
+            found.emplace_back(component);
+        }
+    }
+    return found;
+}
+
+bool is_drive(std::string_view component, PathStyle style) {
+    return component.size() == 2 && has_drive(component, style);
+}
+
 bool is_absolute(std::string_view path, PathStyle style) {
     return has_drive(path, style) || path.find_first_of(separators(style)) == 0;
 }
@@ -146,6 +165,10 @@ std::string entry_name_utf8(std::string_view raw, std::uint16_t flags, std::uint
 std::string entry_comment_utf8(std::string_view raw, std::uint16_t flags, std::uint16_t made_by,
                                std::string_view extra) {
     return text_utf8(raw, flags, made_by, extra, unicode_comment_id);
+}
+
+std::string archive_comment_utf8(std::string_view raw) {
+    return is_utf8(raw) ? std::string(raw) : utf8_from_code_page_850(raw);
 }
 
 }  // namespace kovrel::zip

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kovrel::zip {
 
@@ -28,6 +29,13 @@ inline constexpr PathStyle native_path_style =
 /// components "." and "..", so that unpacking never leaves the chosen folder.
 [[nodiscard]] std::string relative_name(std::string_view path, PathStyle style = native_path_style);
 
+/// What stands between the separators, "." left out and ".." with what precedes it. A drive is one.
+[[nodiscard]] std::vector<std::string> components(std::string_view path,
+                                                  PathStyle style = native_path_style);
+
+/// Whether it is a drive alone: "C:".
+[[nodiscard]] bool is_drive(std::string_view component, PathStyle style = native_path_style);
+
 [[nodiscard]] bool is_absolute(std::string_view path, PathStyle style = native_path_style);
 
 [[nodiscard]] bool is_ascii(std::string_view text) noexcept;
@@ -48,5 +56,9 @@ inline constexpr PathStyle native_path_style =
 /// The same of an entry's comment, whose Unicode field is 0x6375.
 [[nodiscard]] std::string entry_comment_utf8(std::string_view raw, std::uint16_t flags,
                                              std::uint16_t made_by, std::string_view extra);
+
+/// The same of the archive's own comment, of which nothing says how it is written: UTF-8 where the
+/// bytes are, else code page 850.
+[[nodiscard]] std::string archive_comment_utf8(std::string_view raw);
 
 }  // namespace kovrel::zip

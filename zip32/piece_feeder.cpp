@@ -6,8 +6,9 @@
 
 namespace kovrel::zip {
 
-PieceFeeder::PieceFeeder(std::vector<std::string> paths, WorkerPool& pool)
-    : paths_(std::move(paths)), pool_(pool) {}
+PieceFeeder::PieceFeeder(std::vector<std::string> paths, WorkerPool& pool,
+                         std::function<void(std::size_t)> taken)
+    : paths_(std::move(paths)), pool_(pool), taken_(std::move(taken)) {}
 
 const InputFile* PieceFeeder::next_file() {
     if (writer_started_) files_.pop_front();
@@ -19,7 +20,9 @@ const InputFile* PieceFeeder::next_file() {
 
 std::unique_ptr<Piece> PieceFeeder::next_piece() {
     read_ahead();
-    return pool_.take();
+    std::unique_ptr<Piece> piece = pool_.take();
+    taken_(piece->length);
+    return piece;
 }
 
 void PieceFeeder::read_ahead() {

@@ -119,9 +119,26 @@ void append_local_header(Bytes& bytes, const CentralEntry& entry, bool zip64) {
     append(bytes, local_signature);
     append_shared_fields(bytes, entry, zip64, zip64 ? in_zip64 : narrow(entry.packed_size),
                          zip64 ? in_zip64 : narrow(entry.size));
-    append(bytes, static_cast<std::uint16_t>(zip64 ? 20 : 0));
+    append(bytes, static_cast<std::uint16_t>((zip64 ? 20 : 0) + entry.extra.size()));
     append_all(bytes, entry.name);
     if (zip64) append(bytes, zip64_field_id, std::uint16_t{16}, entry.size, entry.packed_size);
+    append_all(bytes, entry.extra);
+}
+
+std::string moment_field(Moment modified) {
+    Bytes field;
+    const std::int64_t seconds =
+        static_cast<std::int64_t>(modified / moments_per_second) - unix_epoch;
+    if (const auto narrowed = static_cast<std::int32_t>(seconds); narrowed == seconds) {
+        constexpr std::uint8_t has_modification = 1;
+        append(field, unix_time_field_id, std::uint16_t{5}, has_modification,
+               static_cast<std::uint32_t>(narrowed));
+    } else {
+        // Of the three times the others are not known here.
+        append(field, ntfs_field_id, std::uint16_t{32}, std::uint32_t{0}, std::uint16_t{1},
+               std::uint16_t{24}, modified, modified, modified);
+    }
+    return {field.begin(), field.end()};
 }
 
 void append_directory_end(Bytes& bytes, const DirectoryEnd& end, std::uint64_t position) {

@@ -38,6 +38,10 @@ inline constexpr std::uint16_t flags_of_encryption = flag_encrypted | 1U << 6 | 
 /// The extra field that holds a 64-bit size or offset.
 inline constexpr std::uint16_t zip64_field_id = 1;
 
+/// Extra fields that hold times.
+inline constexpr std::uint16_t ntfs_field_id = 0x000A;
+inline constexpr std::uint16_t unix_time_field_id = 0x5455;
+
 inline constexpr std::uint16_t method_store = 0;
 inline constexpr std::uint16_t method_deflate = 8;
 
@@ -66,8 +70,13 @@ struct CentralEntry {
 
 void append_central_entry(Bytes& bytes, const CentralEntry& entry);
 
-/// The local header of an entry. With `zip64`, both sizes are written in 64 bits.
+/// The local header of an entry, with the entry's extra fields. With `zip64`, both sizes are
+/// written in 64 bits.
 void append_local_header(Bytes& bytes, const CentralEntry& entry, bool zip64);
+
+/// The extra field with the moment of the last modification: 0x5455, which counts seconds since
+/// 1970 in 32 bits, as long as it can hold the moment, else that of NTFS, 0x000A.
+[[nodiscard]] std::string moment_field(Moment modified);
 
 /// What the records after the central directory say.
 struct DirectoryEnd {

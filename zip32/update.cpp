@@ -20,6 +20,7 @@ namespace kovrel::zip {
 namespace {
 
 constexpr unsigned most_threads = 16;
+constexpr std::size_t longest_comment = 0xFFFF;
 
 // One place in the new archive: an old entry, a file that takes its place, or a new file.
 struct Step {
@@ -37,13 +38,13 @@ unsigned thread_count(const UpdateOptions& options) {
     return std::clamp(wanted, 1U, most_threads);
 }
 
-std::optional<ArchiveReader> open_existing(const std::string& path) {
+std::optional<ArchiveReader> open_existing(const std::string& path, bool afresh) {
     const std::optional<FileStatus> status = file_status(path);
     if (!status) return std::nullopt;
     if (status->folder || !is_replaceable(path)) {
         throw ZipError(ZipCode::cannot_create, "cannot be replaced: " + path);
     }
-    if (status->size == 0) return std::nullopt;
+    if (status->size == 0 || afresh) return std::nullopt;
     return std::optional<ArchiveReader>(std::in_place, path);
 }
 
@@ -103,11 +104,15 @@ class Update {
         if (archive_path_.empty() || options_.level < 0 || options_.level > 9) {
             throw ZipError(ZipCode::bad_parameters, "no archive name, or no such level");
         }
-        std::optional<ArchiveReader> old = open_existing(archive_path_);
+        if (options_.comment && options_.comment->size() > longest_comment) {
+            throw ZipError(ZipCode::bad_parameters, "too long a comment");
+        }
+        std::optional<ArchiveReader> old = open_existing(archive_path_, options_.afresh);
         const std::vector<Input> inputs = collect_inputs(archive_path_, names, options_, events_);
         const std::span<const OldEntry> old_entries =
             old ? std::span(old->entries()) : std::span<const OldEntry>();
         const std::vector<Step> steps = plan_steps(old_entries, inputs, options_.selection);
+        tell_unwanted(inputs, steps);
         if (std::none_of(steps.begin(), steps.end(),
                          [](const Step& step) { return step.packs(); })) {
             throw ZipError(ZipCode::nothing_to_do, "nothing to do: " + archive_path_);
@@ -119,7 +124,7 @@ class Update {
         if (old && !options_.drop_prefix) writer.copy_prefix(*old);
         write_entries(steps, old, writer);
         if (packed_.empty()) return ZipCode::cannot_open_file;
-        writer.finish(old ? old->comment() : std::string());
+        writer.finish(options_.comment ? *options_.comment : old ? old->comment() : std::string());
         old.reset();  // an open file cannot be replaced on Windows
         file.replace_target();
         if (options_.move) remove_packed();
@@ -127,14 +132,26 @@ class Update {
     }
 
  private:
+    // Files that are not newer than their entries.
+    void tell_unwanted(const std::vector<Input>& inputs, const std::vector<Step>& steps) const {
+        if (!events_.left_out) return;
+        std::unordered_set<const Input*> wanted;
+        for (const Step& step : steps) wanted.insert(step.input);
+        for (const Input& input : inputs) {
+            if (!wanted.contains(&input)) events_.left_out(input.path, EntryState::not_newer);
+        }
+    }
+
     void write_entries(const std::vector<Step>& steps, const std::optional<ArchiveReader>& old,
                        ArchiveWriter& writer) {
         std::vector<std::string> paths;
         for (const Step& step : steps) {
-            if (step.packs() && !step.input->status.folder) paths.push_back(step.input->path);
+            if (!step.packs() || step.input->status.folder) continue;
+            paths.push_back(step.input->path);
+            total_ += step.input->status.size;
         }
         WorkerPool pool(thread_count(options_), options_.level);
-        PieceFeeder feeder(std::move(paths), pool);
+        PieceFeeder feeder(std::move(paths), pool, [this](std::size_t length) { count(length); });
         for (const Step& step : steps) {
             if (step.packs() && add(step, feeder, writer)) {
                 report(step, writer.last_entry());
@@ -152,13 +169,15 @@ class Update {
     // False when the file cannot be opened; the old entries of its name are then kept.
     bool add(const Step& step, PieceFeeder& feeder, ArchiveWriter& writer) {
         const Input& input = *step.input;
-        CentralEntry entry = ArchiveWriter::new_entry(input.name, input.status);
+        CentralEntry entry =
+            ArchiveWriter::new_entry(input.name, input.status, options_.zoned_times);
+        current_ = input.name;
         if (input.status.folder) {
             writer.add_folder(std::move(entry));
         } else if (const InputFile* file = feeder.next_file()) {
             writer.add_file(std::move(entry), *file, feeder, options_.level);
         } else {
-            events_.tell("warning: could not open for reading: " + input.path);
+            events_.warn("could not open for reading: ", input.path, EntryState::cannot_open);
             unopened_.insert(&input);
             return false;
         }
@@ -171,9 +190,17 @@ class Update {
             events_.tell(std::string(step.old != nullptr ? "updating: " : "adding: ") + entry.name +
                          (entry.method == method_deflate ? " (deflated)" : " (stored)"));
         }
-        if (events_.entry_done && events_.entry_done(entry.name, entry.size)) {
-            throw ZipError(ZipCode::aborted, "stopped by the caller");
-        }
+        stop_if(events_.entry_done && events_.entry_done(entry, step.input->path));
+    }
+
+    // Of a file that grows or shrinks meanwhile, the bytes that it had count.
+    void count(std::size_t length) {
+        done_ = std::min(done_ + length, total_);
+        stop_if(events_.progress && events_.progress(current_, done_, total_));
+    }
+
+    static void stop_if(bool stops) {
+        if (stops) throw ZipError(ZipCode::aborted, "stopped by the caller");
     }
 
     void remove_packed() const {
@@ -187,6 +214,9 @@ class Update {
     const std::string archive_path_;
     const UpdateOptions& options_;
     const UpdateEvents& events_;
+    std::uint64_t total_ = 0;  // bytes of all files to pack
+    std::uint64_t done_ = 0;
+    std::string current_;  // the entry at work
     std::vector<const Input*> packed_;
     std::unordered_set<const Input*> unopened_;
 };

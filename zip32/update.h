@@ -7,10 +7,13 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "entry_state.h"
+#include "records.h"
 #include "zip_error.h"
 
 namespace kovrel::zip {
@@ -29,22 +32,40 @@ struct UpdateOptions {
     bool drop_folder_names = true;  // entries get only the last component of the path
     bool recurse = false;           // folders among the names are packed with their contents
     bool include_hidden = false;    // hidden and system files found by recursion too
+    bool follow_links = true;       // links found by recursion too
     bool folder_entries = false;    // folders get entries (never with dropped names)
     bool move = false;              // files are deleted once the archive is complete
     bool drop_prefix = false;       // bytes before the first entry are left out
+    bool afresh = false;            // nothing of an existing archive stays
+    bool zoned_times = false;       // entries get their time in UTC too
     std::string root;               // the folder that relative names start from
+    /// Entries get their path below this folder; an empty one stands for that of each name. Names
+    /// may then hold wildcards in their last component, which with `recurse` are looked for in the
+    /// folders below too.
+    std::optional<std::string> base;
+    std::vector<std::string> exclusions;  // see NamePatterns; of entries' names
+    std::optional<std::string> comment;   // the archive's own, UTF-8; nothing: the old one stays
 };
 
-/// Called on the thread of update_archive(); either function may be empty.
+/// Called on the thread of update_archive(); each function may be empty.
 struct UpdateEvents {
     /// One line for each warning, error and, unless `quiet`, entry; English, UTF-8.
     std::function<void(std::string_view line)> message;
-    /// After each entry: its name (UTF-8) and its file's size. True stops the update.
-    std::function<bool(std::string_view name, std::uint64_t size)> entry_done;
+    /// While files are packed: the name of the entry, and the bytes of all files that are packed
+    /// and to pack. True stops the update.
+    std::function<bool(std::string_view name, std::uint64_t done, std::uint64_t total)> progress;
+    /// After each entry, which came from the file at `path`. True stops the update.
+    std::function<bool(const CentralEntry& entry, const std::string& path)> entry_done;
+    /// A name or a file from which no entry came.
+    std::function<void(const std::string& path, EntryState why)> left_out;
     bool quiet = true;
 
     void tell(const std::string& line) const {
         if (message) message(line);
+    }
+    void warn(const std::string& line, const std::string& path, EntryState why) const {
+        tell("warning: " + line + path);
+        if (left_out) left_out(path, why);
     }
 };
 
@@ -67,6 +88,7 @@ struct UpdateEvents {
 /// - A name of no file is a warning; no file at all is nothing_to_do. A file that cannot be opened
 ///   is left out (the entries of its name stay), and the complete archive's return code is
 ///   cannot_open_file.
+/// - With a base: a name outside it is bad_parameters, as is a comment longer than 65,535 bytes.
 /// - Two files of the same entry name are bad_parameters before anything is written; one file named
 ///   twice is packed once. The archive is never packed into itself.
 /// - An existing file of no bytes is replaced as if there were none.

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "services/text_encoding.h"
+#include "stay_loaded.h"
 #include "update.h"
 #include "zip32.h"
 
@@ -25,14 +26,6 @@ struct Settings {
     std::array<char, longest_root> root;
 };
 Settings settings;
-
-// Pins the DLL: the run-time library in it leaks a thread-local slot each time that it is unloaded
-// after a throw, and hosts that load and unload it often would run out of them.
-void stay_loaded() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                       reinterpret_cast<LPCWSTR>(&stay_loaded), &module);
-}
 
 bool is_refused(const ZpOptions& o) {
     const bool is_level = o.level == 0 || (o.level >= '0' && o.level <= '9');
@@ -69,10 +62,10 @@ void print(std::string_view line) {
     callback(buffer.data(), static_cast<unsigned long>(length + 1));
 }
 
-bool entry_done(std::string_view name, std::uint64_t size) {
+bool entry_done(const CentralEntry& entry) {
     const ZpService callback = settings.callbacks.service;
-    return callback != nullptr &&
-           callback(to_ansi(from_utf8(name)).c_str(), static_cast<unsigned long>(size)) != 0;
+    return callback != nullptr && callback(to_ansi(from_utf8(entry.name)).c_str(),
+                                           static_cast<unsigned long>(entry.size)) != 0;
 }
 
 ZipCode archive_files(int count, const char* archive, const char* const* names) {
@@ -90,7 +83,12 @@ ZipCode archive_files(int count, const char* archive, const char* const* names) 
             paths.push_back(to_utf8(from_ansi(names[i])));
         }
     }
-    const UpdateEvents events{print, entry_done, settings.options.quiet != 0};
+    UpdateEvents events;
+    events.message = print;
+    events.entry_done = [](const CentralEntry& entry, const std::string&) {
+        return entry_done(entry);
+    };
+    events.quiet = settings.options.quiet != 0;
     return update_archive(to_utf8(from_ansi(archive)), paths, *options, events);
 }
 

@@ -177,8 +177,8 @@ TEST_F(ZipUpdate, AFileThatCannotBeMovedIsAWarning) {
     const std::string b = folder.write("b", "2");
     UpdateEvents events;
     events.message = [this](std::string_view line) { messages.emplace_back(line); };
-    events.entry_done = [&](std::string_view name, std::uint64_t /*size*/) {
-        if (name == "b") remove_file(a);
+    events.entry_done = [&](const CentralEntry& entry, const std::string&) {
+        if (entry.name == "b") remove_file(a);
         return false;
     };
     EXPECT_EQ(update_archive(folder / "a.zip", {a, b}, options, events), ZipCode::ok);
@@ -191,9 +191,11 @@ TEST_F(ZipUpdate, WhatTheCallerThrowsIsAnError) {
     const std::string file = folder.write("f", "1");
     UpdateEvents events;
     events.message = [this](std::string_view line) { messages.emplace_back(line); };
-    events.entry_done = [](std::string_view, std::uint64_t) -> bool { throw std::bad_alloc(); };
+    events.entry_done = [](const CentralEntry&, const std::string&) -> bool {
+        throw std::bad_alloc();
+    };
     EXPECT_EQ(update_archive(folder / "a.zip", {file}, options, events), ZipCode::out_of_memory);
-    events.entry_done = [](std::string_view, std::uint64_t) -> bool { throw 1; };
+    events.entry_done = [](const CentralEntry&, const std::string&) -> bool { throw 1; };
     EXPECT_EQ(update_archive(folder / "a.zip", {file}, options, events), ZipCode::internal_error);
     EXPECT_THAT(messages, ElementsAre("error: out of memory", "error: internal error"));
     events.message = [](std::string_view) { throw 1; };
@@ -226,8 +228,8 @@ TEST_F(ZipUpdate, AFileThatCannotBeOpenedIsLeftOutAndItsEntryStays) {
     events.message = [this](std::string_view line) { messages.emplace_back(line); };
     // With one thread only the next file is open already.
     options.threads = 1;
-    events.entry_done = [this](std::string_view name, std::uint64_t /*size*/) {
-        done.emplace_back(name);
+    events.entry_done = [this](const CentralEntry& entry, const std::string&) {
+        done.emplace_back(entry.name);
         std::filesystem::remove(from_utf8(folder / "d"));
         return false;
     };
@@ -257,7 +259,7 @@ TEST_F(ZipUpdate, AFolderAloneIsAWarningOrAnEntry) {
     folder.write("d/z", "1");
     options.root = test::utf8(folder.path());
     EXPECT_EQ(pack({"d"}), ZipCode::nothing_to_do);
-    EXPECT_THAT(messages, ElementsAre("warning: a folder is not packed: d",
+    EXPECT_THAT(messages, ElementsAre("warning: a folder is not packed: " + (folder / "d"),
                                       "error: nothing to do: " + (folder / "a.zip")));
     options.folder_entries = true;  // which needs folder names
     EXPECT_EQ(pack({"d"}), ZipCode::nothing_to_do);

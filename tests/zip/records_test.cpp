@@ -94,17 +94,31 @@ TEST(ZipRecords, TheLayoutOfALocalHeader) {
     append_local_header(bytes, sample(), false);
     EXPECT_EQ(bytes,
               bytes_in_hex("50 4B 03 04 14 00 00 08 08 00 34 12 21 5A EF BE AD DE 7B 00 00 00 "
-                           "C8 01 00 00 08 00 00 00 ",
-                           sample().name));
+                           "C8 01 00 00 08 00 05 00 ",
+                           sample().name + sample().extra));
     bytes.clear();
     append_local_header(bytes, sample(), true);
     Bytes expected = bytes_in_hex(
         "50 4B 03 04 2D 00 00 08 08 00 34 12 21 5A EF BE AD DE FF FF FF FF "
-        "FF FF FF FF 08 00 14 00 ",
+        "FF FF FF FF 08 00 19 00 ",
         sample().name);
     append_all(expected,
-               bytes_in_hex("01 00 10 00 C8 01 00 00 00 00 00 00 7B 00 00 00 00 00 00 00 "));
+               bytes_in_hex("01 00 10 00 C8 01 00 00 00 00 00 00 7B 00 00 00 00 00 00 00 ",
+                            sample().extra));
     EXPECT_EQ(bytes, expected);
+}
+
+TEST(ZipRecords, TheMomentIsInSecondsWhereTheirFieldHoldsIt) {
+    const auto field = [](std::int64_t seconds) {
+        const std::string bytes = moment_field(moment_of_unix_time(seconds) + 5);
+        return Bytes(bytes.begin(), bytes.end());
+    };
+    EXPECT_EQ(field(0x12345678), bytes_in_hex("55 54 05 00 01 78 56 34 12 "));
+    EXPECT_EQ(field(-1), bytes_in_hex("55 54 05 00 01 FF FF FF FF "));
+    EXPECT_EQ(field(0x7FFFFFFF), bytes_in_hex("55 54 05 00 01 FF FF FF 7F "));
+    const std::string moment = "05 80 3E D5 1E FD E9 01 ";
+    EXPECT_EQ(field(0x80000000),
+              bytes_in_hex("0A 00 20 00 00 00 00 00 01 00 18 00 " + moment + moment + moment));
 }
 
 TEST(ZipRecords, TheLayoutOfTheEnd) {
@@ -179,7 +193,7 @@ TEST(ZipRecords, LocalHeader) {
     for (const bool zip64 : {false, true}) {
         Bytes header;
         append_local_header(header, entry, zip64);
-        EXPECT_EQ(header.size(), local_header_size + 8 + (zip64 ? 20 : 0));
+        EXPECT_EQ(header.size(), local_header_size + 8 + 5 + (zip64 ? 20 : 0));
         EXPECT_EQ(load32(header, 0), local_signature);
         EXPECT_EQ(load16(header, 4), zip64 ? 45 : 20);
         EXPECT_EQ(load32(header, 18), zip64 ? 0xFFFFFFFFU : 123U);

@@ -21,8 +21,8 @@ class ZipUpdate : public testing::Test {
         UpdateEvents events;
         events.message = [this](std::string_view line) { messages.emplace_back(line); };
         events.quiet = quiet;
-        events.entry_done = [this](std::string_view name, std::uint64_t size) {
-            done.emplace_back(std::string(name) + " " + std::to_string(size));
+        events.entry_done = [this](const CentralEntry& entry, const std::string&) {
+            done.emplace_back(entry.name + " " + std::to_string(entry.size));
             return done.size() == stop_after;
         };
         return update_archive(folder / "a.zip", names, options, events);
