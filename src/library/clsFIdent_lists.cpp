@@ -7,6 +7,7 @@
 #include "automation/safe_array.h"
 #include "automation/variant_argument.h"
 #include "library/clsFIdent.h"
+#include "library/host_progress.h"
 #include "runtime/failure.h"
 #include "runtime/text.h"
 
@@ -16,24 +17,20 @@ namespace {
 /// The host's progress window, told when another hundredth is done.
 class Progress {
  public:
-    Progress(const ComPtr<IDispatch>& general, std::int64_t total) : total_(total) {
-        if (general && total > 0) general_.emplace(general);
-    }
+    Progress(const ComPtr<IDispatch>& general, std::int64_t total)
+        : window_(total > 0 ? general : nullptr), total_(static_cast<std::uint64_t>(total)) {}
 
     void report(std::int64_t done) {
-        if (!general_) return;
-        const auto percentage = static_cast<std::int32_t>(done * 100 / total_);
-        if (percentage == last_) return;
-        last_ = percentage;
-        general_->call(L"BarraProgresoActualiza",
-                       {Variant(percentage), Variant(L"Comprobados " + decimal_text(done) +
-                                                     L" de " + decimal_text(total_))});
+        if (!window_.has_window() || !window_.advances(static_cast<std::uint64_t>(done), total_)) {
+            return;
+        }
+        window_.show(concat({L"Comprobados ", decimal_text(done), L" de ",
+                             decimal_text(static_cast<std::int64_t>(total_))}));
     }
 
  private:
-    std::optional<HostObject> general_;
-    std::int64_t total_;
-    std::int32_t last_ = -1;
+    HostProgress window_;
+    std::uint64_t total_;
 };
 
 IdentifierFault fault_of(Identifier kind, BSTR text) {

@@ -33,6 +33,7 @@ constexpr std::array descriptions{
     Description{FailureNumber::path_not_found, L"No se encontró la ruta de acceso"},
     Description{FailureNumber::object_not_set, L"Variable de objeto o bloque With no establecido"},
     Description{FailureNumber::invalid_use_of_null, L"Uso no válido de Null"},
+    Description{FailureNumber::invalid_file_format, L"Formato de archivo incorrecto"},
     Description{FailureNumber::form_already_shown,
                 L"El formulario ya se muestra; no puede mostrarse de forma modal"},
     Description{FailureNumber::object_required, L"Se requiere un objeto"},

@@ -33,6 +33,7 @@ enum class FailureNumber : std::int32_t {
     path_not_found = 76,
     object_not_set = 91,
     invalid_use_of_null = 94,
+    invalid_file_format = 321,
     form_already_shown = 400,
     object_required = 424,
     cannot_create_object = 429,

@@ -48,9 +48,14 @@ ZipLibrary::ZipLibrary() : ZipLibrary(load()) {}
 
 ZipLibrary::ZipLibrary(Loaded loaded)
     : module_(std::move(loaded.module)),
-      init(function_of<decltype(init)>(module_.get(), loaded.path, "ZpInit")),
-      set_options(function_of<decltype(set_options)>(module_.get(), loaded.path, "ZpSetOptions")),
-      archive(function_of<decltype(archive)>(module_.get(), loaded.path, "ZpArchive")) {}
+      path_(std::move(loaded.path)),
+      init(function_of<decltype(init)>(module_.get(), path_, "ZpInit")),
+      set_options(function_of<decltype(set_options)>(module_.get(), path_, "ZpSetOptions")),
+      archive(function_of<decltype(archive)>(module_.get(), path_, "ZpArchive")) {}
+
+void* ZipLibrary::function(const char* name) const {
+    return entry_point(module_.get(), path_, name);
+}
 
 ZipLibrary::Loaded ZipLibrary::load() {
     const QuietLoader quiet;

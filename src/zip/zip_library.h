@@ -19,6 +19,9 @@ class ZipLibrary {
     /// entry point, each naming the file.
     ZipLibrary();
 
+    /// One of the functions that only our own DLL has. Failure 453.
+    [[nodiscard]] void* function(const char* name) const;
+
  private:
     using Module = Owned<HMODULE, &FreeLibrary>;
     struct Loaded {
@@ -30,6 +33,7 @@ class ZipLibrary {
     explicit ZipLibrary(Loaded loaded);
 
     Module module_;
+    std::wstring path_;
 
  public:
     decltype(&ZpInit) init;

@@ -187,8 +187,8 @@ TEST(Header, DeclaresEveryMemberAtItsVtableOffset) {
         }
         ++seen;
     }
-    EXPECT_EQ(seen, 11U);
-    EXPECT_EQ(interfaces.size(), 11U);
+    EXPECT_EQ(seen, 14U);
+    EXPECT_EQ(interfaces.size(), 14U);
 }
 
 TEST(Header, DeclaresEveryEventWithItsId) {
@@ -215,12 +215,15 @@ TEST(Header, DeclaresEveryEventWithItsId) {
 
 TEST(Header, DeclaresTheConstants) {
     const auto enumerations = declared_flags();
-    ASSERT_EQ(enumerations.size(), 5U);
+    ASSERT_EQ(enumerations.size(), 8U);
     EXPECT_EQ(enumerations.at(L"eOFN").size(), 26U);
     EXPECT_EQ(enumerations.at(L"eModoAvisos").size(), 3U);
     EXPECT_EQ(enumerations.at(L"eClaseAviso").size(), 5U);
     EXPECT_EQ(enumerations.at(L"eIdentificador").size(), 18U);
     EXPECT_EQ(enumerations.at(L"eMotivo").size(), 9U);
+    EXPECT_EQ(enumerations.at(L"eModoArchivo").size(), 4U);
+    EXPECT_EQ(enumerations.at(L"eExistentes").size(), 4U);
+    EXPECT_EQ(enumerations.at(L"eEstadoEntrada").size(), 20U);
     for (const auto& [enumeration, flags] : enumerations) {
         ComPtr<ITypeInfo> info;
         MEMBERID member = 0;
@@ -266,6 +269,8 @@ TEST(Header, Identifiers) {
     EXPECT_IDENTIFIERS(clsFGen);
     EXPECT_IDENTIFIERS(clsMensajes);
     EXPECT_IDENTIFIERS(clsAvisos);
+    EXPECT_IDENTIFIERS(clsFIdent);
+    EXPECT_IDENTIFIERS(clsFArchivo);
 #undef EXPECT_IDENTIFIERS
     EXPECT_EQ(GUID_ZIPnames, __uuidof(ZIPnames));
     const auto record = type(GUID_ZIPnames);

@@ -58,7 +58,8 @@ std::wstring type_name(ITypeInfo* info, const TYPEDESC& type) {
 
 /// Removes the pointer that interface types always have.
 std::wstring without_own_pointer(std::wstring type) {
-    for (const wchar_t* const interface_type : {L"imagen*", L"clsMensajes*", L"clsAviso*"}) {
+    for (const wchar_t* const interface_type :
+         {L"imagen*", L"clsMensajes*", L"clsAviso*", L"clsEntrada*", L"clsEntradas*"}) {
         if (type.rfind(interface_type, 0) == 0) return type.erase(type.find(L'*'), 1);
     }
     return type;
@@ -146,9 +147,24 @@ class Interface : public testing::Test {
         return result;
     }
 
-    /// A new instance, or for the class that only others give out, one from them.
+    /// Whether hosts get instances from other classes only.
+    static bool is_given(const std::wstring& name) {
+        return name == L"clsAviso" || name == L"clsEntrada" || name == L"clsEntradas";
+    }
+
+    /// A new instance, or for the classes that only others give out, one from them.
     static ComPtr<IDispatch> instance_of(const std::wstring& name) {
-        if (name != L"clsAviso") return create((L"Kovrel." + name).c_str());
+        if (!is_given(name)) return create((L"Kovrel." + name).c_str());
+        if (name != L"clsAviso") {
+            const TestFolder folder;
+            const auto entries = call(create(L"Kovrel.clsFArchivo").get(), L"Comprime",
+                                      {Variant((folder / L"a.zip").wstring()),
+                                       Variant(folder.write(L"f.txt", "1").wstring())})
+                                     .value.to_object();
+            return name == L"clsEntradas"
+                       ? entries
+                       : call(entries.get(), L"Item", {Variant(1)}).value.to_object();
+        }
         const auto notices = create(L"Kovrel.clsAvisos");
         put(notices.get(), L"Modo", Variant(1));
         call(create(L"Kovrel.clsMensajes").get(), L"MsjFechaIncorrecta");
@@ -167,7 +183,7 @@ class Interface : public testing::Test {
 
 TEST_F(Interface, EveryClassListsItsMembersInOrder) {
     const auto classes = expected_classes();
-    ASSERT_EQ(classes.size(), 11U);
+    ASSERT_EQ(classes.size(), 14U);
     for (const ExpectedClass& expected : classes) {
         SCOPED_TRACE(narrow(expected.name));
         const auto instance = instance_of(expected.name);
@@ -245,8 +261,8 @@ TEST_F(Interface, AttributesOfTheLibrary) {
     EXPECT_EQ(attributes->wMinorVerNum, 1);
     EXPECT_EQ(attributes->lcid, 0U);
     own->ReleaseTLibAttr(attributes);
-    // Eleven classes with an interface each, one with events, five enumerations, one record.
-    EXPECT_EQ(own->GetTypeInfoCount(), 29U);
+    // Fourteen classes with an interface each, one with events, eight enumerations, one record.
+    EXPECT_EQ(own->GetTypeInfoCount(), 38U);
 }
 
 TEST_F(Interface, ThreeClassesAreApplicationObjects) {
@@ -262,8 +278,7 @@ TEST_F(Interface, ThreeClassesAreApplicationObjects) {
         const bool global = expected.name == L"clsFFechas" ||
                             expected.name == L"clsADODBServices" || expected.name == L"cgsFileOpR";
         EXPECT_EQ((attributes->wTypeFlags & TYPEFLAG_FAPPOBJECT) != 0, global);
-        EXPECT_EQ((attributes->wTypeFlags & TYPEFLAG_FCANCREATE) != 0,
-                  expected.name != L"clsAviso");
+        EXPECT_EQ((attributes->wTypeFlags & TYPEFLAG_FCANCREATE) != 0, !is_given(expected.name));
         info->ReleaseTypeAttr(attributes);
     }
 }

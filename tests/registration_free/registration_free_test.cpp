@@ -27,6 +27,8 @@ const PublicClass classes[] = {
     {Kovrel::ProgID_clsFGen, Kovrel::CLSID_clsFGen, Kovrel::IID__clsFGen},
     {Kovrel::ProgID_clsMensajes, Kovrel::CLSID_clsMensajes, Kovrel::IID__clsMensajes},
     {Kovrel::ProgID_clsAvisos, Kovrel::CLSID_clsAvisos, Kovrel::IID__clsAvisos},
+    {Kovrel::ProgID_clsFIdent, Kovrel::CLSID_clsFIdent, Kovrel::IID__clsFIdent},
+    {Kovrel::ProgID_clsFArchivo, Kovrel::CLSID_clsFArchivo, Kovrel::IID__clsFArchivo},
 };
 
 bool in_registry(const std::wstring& key) {

@@ -86,6 +86,11 @@ const std::map<std::wstring, Variant>& values_by_name() {
         {L"pulsa", Variant(97)},
         {L"Columna", Variant(0)},
         {L"Campo", Variant(L"clave")},
+        {L"Archivo", Variant(L"entradas.zip")},
+        {L"Ficheros", Variant(L"uno.txt")},
+        {L"Base", Variant(L"")},
+        {L"Carpeta", Variant(L"carpeta")},
+        {L"Patrones", Variant(L"")},
     };
     return values;
 }
@@ -126,7 +131,7 @@ SensibleHost::SensibleHost()
         .method(L"Print")
         .method(L"Line")
         .method(L"Refresh");
-    progress_->method(L"BarraProgresoActualiza");
+    progress_->method(L"BarraProgresoActualiza").method(L"BarraProgresoCancelada");
     error_->property(L"Number", Variant(-2147217900))
         .property(L"Description", Variant(L"Error de sintaxis"));
     errors_->property(L"Count", Variant(2)).method(L"Item", [this](const auto&) {

@@ -14,6 +14,7 @@ class Workplace {
         folder_.write(L"uno.txt", "Uno");
         folder_.write(L"dos.txt", std::string(40'000, '2'));
         folder_.write(L"imagen.bmp", "BM");
+        folder_.write(L"entradas.zip", "PK\5\6" + std::string(18, '\0'));
         CreateDirectoryW((folder_ / L"carpeta").c_str(), nullptr);
     }
     Workplace(const Workplace&) = delete;
