@@ -10,6 +10,7 @@
 #include "services/text_encoding.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/early.h"
+#include "tests/support/test_folder.h"
 
 namespace kovrel::test {
 namespace {
@@ -158,8 +159,7 @@ class Interface : public testing::Test {
         if (name != L"clsAviso") {
             const TestFolder folder;
             const auto entries = call(create(L"Kovrel.clsFArchivo").get(), L"Comprime",
-                                      {Variant((folder / L"a.zip").wstring()),
-                                       Variant(folder.write(L"f.txt", "1").wstring())})
+                                      {Variant(folder / L"a.zip"), Variant(folder.write(L"f.txt"))})
                                      .value.to_object();
             return name == L"clsEntradas"
                        ? entries
