@@ -8,7 +8,6 @@
 namespace kovrel::zip {
 namespace {
 
-constexpr int raw_deflate_window = -15;
 constexpr int memory_level = 8;
 // More than zlib's bound for a piece (which is below 0.1 % over its size) and what ends it.
 constexpr std::size_t packed_room = piece_size + piece_size / 8 + 1024;

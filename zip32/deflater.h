@@ -9,6 +9,9 @@
 
 namespace kovrel::zip {
 
+/// What zlib is told for a window of 32 KiB and no header, as archives hold deflated data.
+inline constexpr int raw_deflate_window = -15;
+
 inline constexpr std::size_t piece_size = std::size_t{256} * 1024;
 inline constexpr std::size_t dictionary_size = std::size_t{32} * 1024;
 

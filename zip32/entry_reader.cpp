@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <new>
 
+#include "deflater.h"
 #include "zip_error.h"
 
 namespace kovrel::zip {
 namespace {
 
-constexpr int raw_deflate_window = -15;
 // Holds the largest local header whole: 30 bytes, and two texts of up to 65,535.
 constexpr std::size_t buffer_size = std::size_t{256} * 1024;
 

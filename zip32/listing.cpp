@@ -49,22 +49,24 @@ std::int64_t seconds_since_1970(const LocalTime& local) {
 }
 
 // The field of Unix times: a byte that says which times follow, then the 32 bits of each, that of
-// modification first. Past 2038 programs write the low bits alone: the entry's local time, which is
-// never more than a day off, says which moment they mean.
+// modification first. From 2038 on some programs write the low bits of the time, others the largest
+// number that fits: there the field counts only where it agrees with the entry's local time, which
+// is never more than a day off.
 std::optional<Moment> unix_time(std::string_view extra, const DosTime& local_modified) {
-    constexpr std::int64_t turn = std::int64_t{1} << 32;
     constexpr std::int64_t two_days = 2 * 24 * 60 * 60;
+    constexpr int first_doubtful_year = 2038;
     const ByteView field = as_bytes(find_extra_field(extra, unix_time_field_id));
     if (field.size() < 5 || (field[0] & 1) == 0) return std::nullopt;
     const std::int64_t seconds = static_cast<std::int32_t>(load32(field, 1));
-    if (const auto local = from_dos_time(local_modified)) {
-        const std::int64_t about = seconds_since_1970(*local);
-        const std::int64_t later = seconds + turn;
-        if (later >= about - two_days && later <= about + two_days) {
-            return moment_of_unix_time(later);
+    const std::optional<LocalTime> local = from_dos_time(local_modified);
+    if (!local || local->year < first_doubtful_year) return moment_of_unix_time(seconds);
+    const std::int64_t about = seconds_since_1970(*local);
+    for (const std::int64_t meant : {seconds, seconds + (std::int64_t{1} << 32)}) {
+        if (meant >= about - two_days && meant <= about + two_days) {
+            return moment_of_unix_time(meant);
         }
     }
-    return moment_of_unix_time(seconds);
+    return std::nullopt;
 }
 
 bool is_link(std::uint32_t attributes) {

@@ -110,6 +110,12 @@ TEST(ZipListing, UnixTimesPast2038) {
     // 2040-01-01 is above the signed range.
     EXPECT_EQ(entry_of(entry_with_extra(unix_time_field(2'208'988'800), in_2040)).modified,
               moment_of_unix_time(2'208'988'800));
+    // What agrees with the local time in neither way is not believed.
+    EXPECT_EQ(entry_of(entry_with_extra(unix_time_field(~0U), in_2107)).modified, std::nullopt);
+    // The last seconds of the signed range.
+    constexpr DosTime at_the_turn{58 << 9 | 1 << 5 | 19, 3 << 11 | 14 << 5 | 3};
+    EXPECT_EQ(entry_of(entry_with_extra(unix_time_field(0x7FFFFFFF), at_the_turn)).modified,
+              moment_of_unix_time(0x7FFFFFFF));
     // 1960-01-01, which DOS times cannot hold.
     constexpr DosTime first_day{1 << 5 | 1, 0};
     EXPECT_EQ(entry_of(entry_with_extra(unix_time_field(static_cast<std::uint32_t>(-315'619'200)),
