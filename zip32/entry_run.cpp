@@ -22,8 +22,9 @@ EntryRun::EntryRun(unsigned threads, const ExtractEvents& events, std::uint64_t 
       }) {}
 
 void EntryRun::add(std::unique_ptr<EntryJob> job) {
-    while (workers_.pending() >= most_pending) settle_oldest();
     workers_.submit(std::move(job));
+    const std::size_t most = workers_.on_calling_thread() ? 0 : most_pending;
+    while (workers_.pending() > most) settle_oldest();
 }
 
 ZipCode EntryRun::finish() {

@@ -60,7 +60,7 @@ inline MadeEntry stored(const std::string& name, const std::string& data) {
 inline std::string deflate_raw(const std::string& data) {
     z_stream stream{};
     deflateInit2(&stream, 6, Z_DEFLATED, -15, 8, Z_DEFAULT_STRATEGY);
-    std::string packed(deflateBound(&stream, data.size()), '\0');
+    std::string packed(deflateBound(&stream, static_cast<uLong>(data.size())), '\0');
     stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(data.data()));
     stream.avail_in = static_cast<uInt>(data.size());
     stream.next_out = reinterpret_cast<Bytef*>(packed.data());
