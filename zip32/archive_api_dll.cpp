@@ -119,7 +119,14 @@ ExtractEvents events_for(ApiListener& listener) {
     return events;
 }
 
+/// For what reads an archive; packing makes one that is missing.
+ZipCode open_failure(ZipCode code, const char* archive) {
+    const bool is_missing = code == ZipCode::cannot_open_file && !file_status(archive);
+    return is_missing ? ZipCode::missing_archive : code;
+}
+
 ZipCode list(const char* archive, ApiListener& listener) {
+    if (!file_status(archive)) return ZipCode::missing_archive;
     const ArchiveReader reader(archive);
     listener.comment(archive_comment_utf8(reader.comment()).c_str());
     for (const Entry& entry : list_entries(reader)) {
@@ -135,7 +142,7 @@ ZipCode test(const char* archive, const ApiTake& what, ApiListener& listener) {
     const ZipCode code = test_archive(archive, texts_of(what.patterns), texts_of(what.exclusions),
                                       events_for(listener), why);
     listener.failure(why.c_str());
-    return code;
+    return open_failure(code, archive);
 }
 
 ZipCode take(const char* archive, const ApiTake& what, ApiListener& listener) {
@@ -150,7 +157,7 @@ ZipCode take(const char* archive, const ApiTake& what, ApiListener& listener) {
     std::string why;
     const ZipCode code = extract_archive(archive, options, events_for(listener), why);
     listener.failure(why.c_str());
-    return code;
+    return open_failure(code, archive);
 }
 
 }  // namespace

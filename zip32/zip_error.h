@@ -22,7 +22,7 @@ enum class ZipCode : std::int32_t {
     temporary_file = 10,    // ZE_TEMP: never returned: 14 or 15 say more
     read_failed = 11,       // ZE_READ: an open file could not be read to its end
     nothing_to_do = 12,     // ZE_NONE: no file to pack (none found, or none newer)
-    missing_archive = 13,   // ZE_NAME: never returned: a missing archive is created
+    missing_archive = 13,   // ZE_NAME: the archive to read is not there; a new one is created
     write_failed = 14,      // ZE_WRITE: writing failed, for instance on a full disk
     cannot_create = 15,     // ZE_CREAT: the archive cannot be created or replaced
     bad_parameters = 16,    // ZE_PARMS: wrong parameters, or two files of the same name

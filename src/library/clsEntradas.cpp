@@ -6,6 +6,7 @@
 
 #include "automation/declare.h"
 #include "automation/enumerator.h"
+#include "automation/variant_argument.h"
 #include "library/library.h"
 #include "runtime/failure.h"
 #include "runtime/text.h"
@@ -74,19 +75,22 @@ std::int32_t clsEntradas::get_Count() const {
     return static_cast<std::int32_t>(report_->entries.size());
 }
 
-InstanceOf<clsEntrada> clsEntradas::Item(const Variant& Indice) const {
+InstanceOf<clsEntrada> clsEntradas::Item(ValueArgument Indice) const {
+    Variant index;
+    const HRESULT copied = copy_followed(index, Indice.value());
+    if (FAILED(copied)) throw_conversion_failure(copied);
     const auto& entries = report_->entries;
     auto found = entries.end();
-    if (Indice.vt == VT_BSTR) {
-        const std::wstring name = Indice.to_text();
+    if (index.vt == VT_BSTR) {
+        const std::wstring name = index.to_text();
         found = std::ranges::find(entries, name, &ArchiveEntry::name);
         if (found == entries.end()) {
             found = std::ranges::find_if(entries, [&](const ArchiveEntry& entry) {
                 return equal_without_case(entry.name, name);
             });
         }
-    } else if (const std::int32_t index = Indice.to_int32(); index >= 1 && index <= get_Count()) {
-        found = entries.begin() + (index - 1);
+    } else if (const std::int32_t place = index.to_int32(); place >= 1 && place <= get_Count()) {
+        found = entries.begin() + (place - 1);
     }
     if (found == entries.end()) throw Failure(FailureNumber::subscript_out_of_range);
     return entry(*found);

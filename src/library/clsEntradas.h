@@ -22,7 +22,7 @@ class clsEntradas {
     [[nodiscard]] std::int32_t get_Count() const;
     /// By its number, from 1, or by its name, in which capitals make no difference if no entry has
     /// exactly that one. Failure 9 when there is none.
-    [[nodiscard]] InstanceOf<clsEntrada> Item(const Variant& Indice) const;
+    [[nodiscard]] InstanceOf<clsEntrada> Item(ValueArgument Indice) const;
     [[nodiscard]] ComPtr<IUnknown> get_NewEnum() const;
     [[nodiscard]] std::int32_t get_Hechas() const;
     [[nodiscard]] std::int32_t get_Fallidas() const;

@@ -137,13 +137,14 @@ FailureNumber number_of(ZipCode code) {
         case ZipCode::out_of_memory:
             return FailureNumber::out_of_memory;
         case ZipCode::nothing_to_do:
-        case ZipCode::cannot_open_file:
+        case ZipCode::missing_archive:
             return FailureNumber::file_not_found;
         case ZipCode::read_failed:
             return FailureNumber::device_io;
         case ZipCode::write_failed:
             return FailureNumber::disk_full;
         case ZipCode::cannot_create:
+        case ZipCode::cannot_open_file:
             return FailureNumber::path_file_access;
         case ZipCode::over_limit:
         case ZipCode::entry_too_large:
@@ -158,7 +159,11 @@ ArchiveReport Collector::finish(ZipCode code, const std::wstring& archive) {
     if (code == ZipCode::aborted) {
         report_.was_stopped = true;
     } else if (code != ZipCode::ok && code != ZipCode::incomplete) {
-        throw failure_over(number_of(code), archive);
+        const bool is_of_a_file =
+            code == ZipCode::nothing_to_do || code == ZipCode::cannot_open_file;
+        throw failure_over(number_of(code), is_of_a_file && !report_.entries.empty()
+                                                ? report_.entries.front().name
+                                                : archive);
     }
     return std::move(report_);
 }

@@ -72,7 +72,8 @@ struct TakeRequest {
 };
 
 /// All of these: failure 53 for an archive that is not there, 321 for one that is not valid, 57 for
-/// one that cannot be read, 7; 48, 53 and 453 for zip32.dll. What the events throw.
+/// one that cannot be read, 75 for one that cannot be opened, 7; 48, 53 and 453 for zip32.dll. What
+/// the events throw.
 ///
 /// Packs into an archive, which is the old one until the new one is whole. Failure 53 when there is
 /// no file to pack, 5 for a name outside the base or two files of one name, 75 for an archive that

@@ -57,6 +57,7 @@ TEST_F(Archive, WorksInEveryWayOfCalling) {
         SCOPED_TRACE(name_of(way));
         const Answer packed = in(way, L"Comprime", {Variant(path_), Variant(file_)});
         ASSERT_EQ(packed.result, S_OK) << narrow(packed.description);
+        ASSERT_EQ(packed.value.vt, VT_DISPATCH);
         EXPECT_EQ(names_of(packed.value.to_object()), "año €.txt;");
         EXPECT_EQ(names_of(in(way, L"Lista", {Variant(path_)}).value.to_object()), "año €.txt;");
         const std::wstring target = folder_ / (L"copia " + std::to_wstring(int(way)));
@@ -81,7 +82,10 @@ TEST_F(Archive, FailuresHaveNumberDescriptionAndSource) {
         EXPECT_EQ(in(way, L"Comprime", {Variant(folder_.path()), Variant(file_)}).result,
                   failure(75));
     }
-    EXPECT_EQ(call(archive_.get(), L"Comprime", {Variant(path_), Variant(1.5)}).error, failure(53));
+    const Outcome nothing = call(archive_.get(), L"Comprime", {Variant(path_), Variant(1.5)});
+    EXPECT_EQ(nothing.error, failure(53));
+    EXPECT_EQ(narrow(nothing.description), "No se encontró el archivo: 1,5");
+    EXPECT_EQ(call(archive_.get(), L"Lista", {Variant(folder_.path())}).error, failure(75));
     EXPECT_EQ(call(archive_.get(), L"Comprime", {Variant(path_), Variant::null()}).error,
               failure(94));
     EXPECT_EQ(call(archive_.get(), L"Comprime", {Variant(path_), Variant::missing()}).error,

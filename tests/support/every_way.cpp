@@ -18,8 +18,10 @@ struct MemberShape {
     VARTYPE result = VT_EMPTY;
 };
 
-/// A type of the library that is no pointer is an enumeration, which is passed as its number.
+/// A type of the library is a class's interface behind a pointer, else an enumeration, which is
+/// passed as its number.
 VARTYPE passed_type(const TYPEDESC& described) {
+    if (described.vt == VT_PTR) return VT_DISPATCH;
     return described.vt == VT_USERDEFINED ? VARTYPE{VT_I4} : described.vt;
 }
 
