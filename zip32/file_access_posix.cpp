@@ -11,6 +11,7 @@
 #include "file_access.h"
 #include "names.h"
 #include "runtime/owned.h"
+#include "zip_error.h"
 
 namespace kovrel::zip {
 namespace {
@@ -51,10 +52,14 @@ std::uint16_t made_by_this_system() noexcept {
 
 std::optional<FileStatus> file_status(const std::string& path) {
     struct stat status {};
-    if (stat(path.c_str(), &status) != 0 ||
-        (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode))) {
+    if (stat(path.c_str(), &status) != 0) {
+        // An archive of which the system cannot say whether it is there must not be replaced.
+        if (errno == EIO || errno == ENOMEM || errno == ESTALE) {
+            throw ZipError(ZipCode::read_failed, "could not examine: " + path);
+        }
         return std::nullopt;
     }
+    if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) return std::nullopt;
     FileStatus result;
     result.folder = S_ISDIR(status.st_mode);
     result.hidden_or_system = last_component(path).starts_with('.');
