@@ -31,7 +31,8 @@ struct FileStatus {
 [[nodiscard]] std::uint16_t made_by_this_system() noexcept;
 
 /// The status of a regular file or folder; nothing when there is none of that name (nor for
-/// devices and pipes, which have no end to read up to).
+/// devices and pipes, which have no end to read up to). Throws ZipError read_failed where the disk
+/// fails, so that an existing file is not taken for none.
 [[nodiscard]] std::optional<FileStatus> file_status(const std::string& path);
 
 /// The names in a folder, in byte order, without "." and ".."; empty when it cannot be read.

@@ -12,6 +12,7 @@
 #include "names.h"
 #include "posix_times.h"
 #include "runtime/owned.h"
+#include "zip_error.h"
 
 namespace kovrel::zip {
 namespace {
@@ -52,10 +53,14 @@ std::uint16_t made_by_this_system() noexcept {
 
 std::optional<FileStatus> file_status(const std::string& path) {
     struct stat status {};
-    if (stat(path.c_str(), &status) != 0 ||
-        (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode))) {
+    if (stat(path.c_str(), &status) != 0) {
+        // An archive of which the system cannot say whether it is there must not be replaced.
+        if (errno == EIO || errno == ENOMEM || errno == ESTALE) {
+            throw ZipError(ZipCode::read_failed, "could not examine: " + path);
+        }
         return std::nullopt;
     }
+    if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) return std::nullopt;
     FileStatus result;
     result.folder = S_ISDIR(status.st_mode);
     result.hidden_or_system = last_component(path).starts_with('.');

@@ -15,9 +15,9 @@ namespace {
 // Locks a new file against its removal by other updates; false if one has removed it already. On a
 // file system without locks they cannot lock it to remove it either.
 bool hold(int file) {
+    if (flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) return false;
     struct stat status {};
-    return (flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) &&
-           fstat(file, &status) == 0 && status.st_nlink > 0;
+    return fstat(file, &status) != 0 || status.st_nlink > 0;
 }
 
 // Where this user cannot keep the owner or the group, their permissions are not given to others.
