@@ -8,15 +8,22 @@ using test::PlainEntry;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST_F(Zip32Dll, ExportsItsThreeEntryPointsAlone) {
+TEST_F(Zip32Dll, ExportsItsEntryPointsAlone) {
     const auto* base = reinterpret_cast<const std::uint8_t*>(module);
     const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
     const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
     const auto& place = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
     const auto* exports =
         reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + place.VirtualAddress);
-    EXPECT_EQ(exports->NumberOfFunctions, 3U);
-    EXPECT_EQ(exports->NumberOfNames, 3U);
+    EXPECT_EQ(exports->NumberOfFunctions, 7U);
+    ASSERT_EQ(exports->NumberOfNames, 7U);
+    const auto* places = reinterpret_cast<const DWORD*>(base + exports->AddressOfNames);
+    std::vector<std::string> exported;
+    for (DWORD i = 0; i < exports->NumberOfNames; ++i) {
+        exported.emplace_back(reinterpret_cast<const char*>(base + places[i]));
+    }
+    EXPECT_THAT(exported, ElementsAre("KvList", "KvPack", "KvTake", "KvTest", "ZpArchive", "ZpInit",
+                                      "ZpSetOptions"));
 }
 
 TEST_F(Zip32Dll, PacksFilesWithAccentedNames) {
