@@ -3,8 +3,8 @@
 namespace kovrel::zip {
 namespace {
 
-// Enough for the workers to stay busy while small files alternate with large ones.
-constexpr std::size_t most_pending = 64;
+// Enough for each worker to find a folder of its own among the next files.
+constexpr std::size_t most_pending = 256;
 constexpr std::chrono::milliseconds between_progress{100};
 
 [[noreturn]] void stop() {
@@ -24,11 +24,11 @@ EntryRun::EntryRun(unsigned threads, const ExtractEvents& events, std::uint64_t 
 void EntryRun::add(std::unique_ptr<EntryJob> job) {
     workers_.submit(std::move(job));
     const std::size_t most = workers_.on_calling_thread() ? 0 : most_pending;
-    while (workers_.pending() > most) settle_oldest();
+    while (workers_.pending() > most) settle(most / 2);
 }
 
 ZipCode EntryRun::finish() {
-    while (workers_.pending() > 0) settle_oldest();
+    while (workers_.pending() > 0) settle(0);
     return code_;
 }
 
@@ -42,20 +42,22 @@ void EntryRun::count(EntryJob& job, std::uint64_t bytes) {
     }
 }
 
-void EntryRun::settle_oldest() {
-    const std::unique_ptr<EntryJob> job = workers_.take(between_progress);
-    if (!job) {
-        tell_progress(workers_.oldest());
-        return;
+void EntryRun::settle(std::size_t most_left) {
+    workers_.wait(most_left, between_progress);
+    std::unique_ptr<EntryJob> job = workers_.take();
+    if (!job) tell_progress(workers_.oldest());
+    for (; job; job = workers_.take()) tell(*job);
+}
+
+void EntryRun::tell(const EntryJob& job) {
+    unsettled_ -= job.counted;
+    settled_ += job.bytes;
+    if (!is_as_asked(job.state)) code_ = ZipCode::incomplete;
+    if (events_.entry_done && events_.entry_done(job.entry, job.state, job.path)) stop();
+    if (job.state == EntryState::write_failed) {
+        throw ZipError(ZipCode::write_failed, "could not write: " + job.path);
     }
-    unsettled_ -= job->counted;
-    settled_ += job->bytes;
-    if (!is_as_asked(job->state)) code_ = ZipCode::incomplete;
-    if (events_.entry_done && events_.entry_done(job->entry, job->state, job->path)) stop();
-    if (job->state == EntryState::write_failed) {
-        throw ZipError(ZipCode::write_failed, "could not write: " + job->path);
-    }
-    tell_progress(job->entry);
+    tell_progress(job.entry);
 }
 
 void EntryRun::tell_progress(const Entry& entry) {

@@ -29,7 +29,9 @@ class EntryRun {
     void count(EntryJob& job, std::uint64_t bytes);
 
  private:
-    void settle_oldest();
+    /// Waits for a while until at most that many jobs are left, and tells of those that are done.
+    void settle(std::size_t most_left);
+    void tell(const EntryJob& job);
     void tell_progress(const Entry& entry);
 
     const ExtractEvents& events_;

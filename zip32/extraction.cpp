@@ -155,6 +155,7 @@ class Extraction {
                     plans[i].file ? prepare(*job, plans[i].path) : folders_.make(plans[i].path);
             }
             job->settled = !plans[i].file || job->state != EntryState::done;
+            job->folder = std::hash<std::string>()(folder_of(job->path));
             run.add(std::move(job));
         }
         return run.finish();
