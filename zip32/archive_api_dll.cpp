@@ -1,6 +1,7 @@
 // The entry points of zip32.dll for kovrel.dll: from plain records to the engine's own types.
 #include <windows.h>
 
+#include <algorithm>
 #include <new>
 #include <string>
 #include <vector>
@@ -80,7 +81,7 @@ UpdateOptions options_of(const ApiPack& what) {
 ZipCode pack(const char* archive, const ApiPack& what, ApiListener& listener) {
     bool any_packed = false;
     bool any_left_out = false;
-    bool any_not_newer = false;
+    bool any_stays = false;
     UpdateEvents events;
     events.progress = [&](std::string_view name, std::uint64_t done, std::uint64_t total) {
         return listener.progress(std::string(name).c_str(), done, total);
@@ -90,9 +91,10 @@ ZipCode pack(const char* archive, const ApiPack& what, ApiListener& listener) {
         return listener.entry(as_api(entry_of({.central = entry}), EntryState::done, path));
     };
     events.left_out = [&](const std::string& path, EntryState why) {
-        (why == EntryState::not_newer ? any_not_newer : any_left_out) = true;
+        (is_as_asked(why) ? any_stays : any_left_out) = true;
         Entry entry;
         entry.name = path;
+        std::ranges::replace(entry.name, '/', '\\');
         listener.entry(as_api(entry, why, path));
     };
     events.message = [&](std::string_view line) {
@@ -101,7 +103,7 @@ ZipCode pack(const char* archive, const ApiPack& what, ApiListener& listener) {
     const ZipCode code = update_archive(archive, texts_of(what.names), options_of(what), events);
     // The archive is complete without the files that could not be opened.
     if (code == ZipCode::cannot_open_file && any_packed) return ZipCode::incomplete;
-    if (code == ZipCode::nothing_to_do && any_not_newer) return ZipCode::ok;
+    if (code == ZipCode::nothing_to_do && any_stays) return ZipCode::ok;
     return code == ZipCode::ok && any_left_out ? ZipCode::incomplete : code;
 }
 

@@ -14,8 +14,19 @@ constexpr std::size_t longest_name = 0xFFFF;
 // Deeper folders are taken for a loop of links, and nobody takes them out again.
 constexpr int deepest_folder = 100;
 
+bool ends_in_separator(std::string_view path) {
+    return path.ends_with('/') || (native_path_style == PathStyle::windows && path.ends_with('\\'));
+}
+
 std::string join(std::string_view folder, std::string_view name) {
-    return folder.empty() ? std::string(name) : std::string(folder).append("/").append(name);
+    const bool separates = !folder.empty() && !ends_in_separator(folder);
+    return std::string(folder).append(separates ? "/" : "").append(name);
+}
+
+// The folder that a pattern is looked for in. "." after a drive alone is its current folder.
+std::string searched_folder(const std::string& pattern) {
+    const std::string folder = folder_of(pattern);
+    return folder.empty() || is_drive(folder) ? folder + '.' : folder;
 }
 
 // The components of `full` below those of `base`, with "/" between them; nothing when it is not
@@ -50,8 +61,7 @@ class Collector {
         const std::string name = options_.base ? name_below_base(path) : relative_name(given);
         if (const std::string last = last_component(path); options_.base && is_pattern(last)) {
             const std::size_t before = inputs_.size();
-            const std::string folder = folder_of(path);
-            add_contents(folder.empty() ? "." : folder, folder_of(name, PathStyle::posix), 0,
+            add_contents(searched_folder(path), folder_of(name, PathStyle::posix), 0,
                          NamePatterns({last}));
             if (inputs_.size() > before) return;
         } else if (const std::optional<FileStatus> status = file_status(path)) {
@@ -115,7 +125,7 @@ class Collector {
             return;
         }
         for (const std::string& found : folder_names(path)) {
-            const std::string inner = std::string(path).append("/").append(found);
+            const std::string inner = join(path, found);
             const std::string inner_name = join(name, found);
             const std::optional<FileStatus> status = file_status(inner);
             if (!status || (status->hidden_or_system && !options_.include_hidden)) continue;

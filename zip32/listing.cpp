@@ -18,7 +18,6 @@ constexpr std::uint32_t dos_reparse_point = 0x400;
 
 constexpr Moment most_moments = ~Moment{0} >> 1;
 
-
 // The NTFS field: four reserved bytes, then a sequence of (16-bit tag, 16-bit length, data). Tag 1
 // holds the moments of modification, access and creation.
 std::optional<Moment> ntfs_time(std::string_view extra) {

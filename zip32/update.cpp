@@ -54,6 +54,11 @@ bool is_wanted(const Input& input, const OldEntry* old, Selection selection) {
                           : old->central.modified < input.status.modified;
 }
 
+std::string name_of(const OldEntry& old) {
+    const CentralEntry& entry = old.central;
+    return entry_name_utf8(entry.name, entry.flags, entry.made_by, entry.extra);
+}
+
 // Old entries keep their places; a file that replaces one takes its place, new ones follow.
 // Duplicates of a replaced entry are dropped, since readers take the last entry of a name.
 std::vector<Step> plan_steps(std::span<const OldEntry> old, const std::vector<Input>& inputs,
@@ -67,8 +72,7 @@ std::vector<Step> plan_steps(std::span<const OldEntry> old, const std::vector<In
     std::vector<std::string> names;  // of the entries, in UTF-8
     std::vector<Step> steps;
     for (std::size_t i = 0; i < old.size(); ++i) {
-        const CentralEntry& entry = old[i].central;
-        names.push_back(entry_name_utf8(entry.name, entry.flags, entry.made_by, entry.extra));
+        names.push_back(name_of(old[i]));
         const auto found = by_key.find(name_key(names[i]));
         steps.push_back({&old[i], found == by_key.end() ? nullptr : found->second});
         if (found == by_key.end()) continue;
@@ -132,13 +136,20 @@ class Update {
     }
 
  private:
-    // Files that are not newer than their entries.
+    // Files that are not newer than their entries, or have none where that is not asked for.
     void tell_unwanted(const std::vector<Input>& inputs, const std::vector<Step>& steps) const {
-        if (!events_.left_out) return;
+        if (!events_.left_out || options_.selection == Selection::all) return;
         std::unordered_set<const Input*> wanted;
-        for (const Step& step : steps) wanted.insert(step.input);
+        std::unordered_set<std::string> known;
+        for (const Step& step : steps) {
+            wanted.insert(step.input);
+            if (step.old != nullptr) known.insert(name_key(name_of(*step.old)));
+        }
         for (const Input& input : inputs) {
-            if (!wanted.contains(&input)) events_.left_out(input.path, EntryState::not_newer);
+            if (wanted.contains(&input)) continue;
+            events_.left_out(input.path, known.contains(name_key(input.name))
+                                             ? EntryState::not_newer
+                                             : EntryState::left_out);
         }
     }
 

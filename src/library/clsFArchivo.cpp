@@ -30,9 +30,9 @@ constexpr auto declared =
                                       L"en las carpetas; Verdadero al principio.")
         .field<&clsFArchivo::SinCarpetas>(
             L"SinCarpetas", L"Si de cada nombre se toma solo el fichero, sin sus carpetas.")
-        .field<&clsFArchivo::Excluye>(
-            L"Excluye",
-            L"Patrones, separados por |, de lo que no se comprime, comprueba ni extrae.")
+        .field<&clsFArchivo::Excluye>(L"Excluye",
+                                      L"Patrones de lo que no se comprime, comprueba ni extrae, "
+                                      L"separados por barras verticales.")
         .field<&clsFArchivo::Comentario>(
             L"Comentario", L"Comentario del archivo que se crea; vacío conserva el que hubiera.")
         .property<&clsFArchivo::get_Existentes, &clsFArchivo::set_Existentes>(

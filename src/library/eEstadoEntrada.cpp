@@ -28,7 +28,6 @@ constexpr EnumInfo::Value states[]{
     {L"esDatos", static_cast<std::int32_t>(eEstadoEntrada::esDatos), L"Sus datos están dañados."},
     {L"esSuma", static_cast<std::int32_t>(eEstadoEntrada::esSuma),
      L"Su suma de comprobación no es correcta."},
-    {L"esLimite", static_cast<std::int32_t>(eEstadoEntrada::esLimite), L"Supera los límites."},
     {L"esRepetida", static_cast<std::int32_t>(eEstadoEntrada::esRepetida),
      L"Su nombre está repetido."},
     {L"esNoCreada", static_cast<std::int32_t>(eEstadoEntrada::esNoCreada),

@@ -23,7 +23,6 @@ enum class eEstadoEntrada : std::int32_t {
     esCabeceras = static_cast<std::int32_t>(zip::EntryState::contradicting),
     esDatos = static_cast<std::int32_t>(zip::EntryState::damaged),
     esSuma = static_cast<std::int32_t>(zip::EntryState::wrong_checksum),
-    esLimite = static_cast<std::int32_t>(zip::EntryState::over_limit),
     esRepetida = static_cast<std::int32_t>(zip::EntryState::name_twice),
     esNoCreada = static_cast<std::int32_t>(zip::EntryState::cannot_create),
     esNoEscrita = static_cast<std::int32_t>(zip::EntryState::write_failed),

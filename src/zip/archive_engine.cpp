@@ -159,9 +159,10 @@ ArchiveReport Collector::finish(ZipCode code, const std::wstring& archive) {
     if (code == ZipCode::aborted) {
         report_.was_stopped = true;
     } else if (code != ZipCode::ok && code != ZipCode::incomplete) {
-        const bool is_of_a_file =
-            code == ZipCode::nothing_to_do || code == ZipCode::cannot_open_file;
-        throw failure_over(number_of(code), is_of_a_file && !report_.entries.empty()
+        // These are of one file or entry, which is told first.
+        const bool is_of_one = code == ZipCode::nothing_to_do ||
+                               code == ZipCode::cannot_open_file || code == ZipCode::over_limit;
+        throw failure_over(number_of(code), is_of_one && !report_.entries.empty()
                                                 ? report_.entries.front().name
                                                 : archive);
     }

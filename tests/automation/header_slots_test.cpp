@@ -223,7 +223,7 @@ TEST(Header, DeclaresTheConstants) {
     EXPECT_EQ(enumerations.at(L"eMotivo").size(), 9U);
     EXPECT_EQ(enumerations.at(L"eModoArchivo").size(), 4U);
     EXPECT_EQ(enumerations.at(L"eExistentes").size(), 4U);
-    EXPECT_EQ(enumerations.at(L"eEstadoEntrada").size(), 20U);
+    EXPECT_EQ(enumerations.at(L"eEstadoEntrada").size(), 19U);
     for (const auto& [enumeration, flags] : enumerations) {
         ComPtr<ITypeInfo> info;
         MEMBERID member = 0;

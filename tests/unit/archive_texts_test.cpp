@@ -41,6 +41,7 @@ TEST(ArchiveTexts, OnlyWhatWasAskedForIsNoFault) {
     }
     EXPECT_FALSE(is_as_asked(EntryState::bad_name));
     EXPECT_FALSE(is_as_asked(EntryState::cannot_open));
+    EXPECT_FALSE(is_as_asked(EntryState::over_limit));
 }
 
 TEST(ArchiveTexts, TheQuestionNamesTheFile) {
