@@ -299,6 +299,7 @@ TEST_F(ZipExtraction, LimitsHoldBeforeAnythingIsWritten) {
     huge.with([](CentralEntry& entry) { entry.size = ~std::uint64_t{0} - 1; });
     huge.wide = true;
     EXPECT_EQ(take({entries[0], huge}), ZipCode::over_limit);
+    EXPECT_EQ(why, "the archive unpacks to more bytes than the limit: c");
 }
 
 TEST_F(ZipExtraction, TheRatioCountsFromOneMebibyte) {
