@@ -166,7 +166,6 @@ class Extraction {
         const std::size_t slash = path.find_last_of('/');
         const std::string parent = slash == std::string::npos ? "" : path.substr(0, slash);
         if (const EntryState state = folders_.make(parent); state != EntryState::done) return state;
-        if (folders_.is_known(path)) return EntryState::cannot_create;
         if (!folders_.is_made(parent)) {
             const EntryState state = decide(job.entry, job.path);
             if (state != EntryState::done) return state;

@@ -50,7 +50,7 @@ std::int64_t seconds_since_1970(const LocalTime& local) {
 // number that fits: there the field counts only where it agrees with the entry's local time, which
 // is never more than a day off.
 std::optional<Moment> unix_time(std::string_view extra, const DosTime& local_modified) {
-    constexpr std::int64_t two_days = 2 * 24 * 60 * 60;
+    constexpr std::int64_t two_days = std::int64_t{2} * 24 * 60 * 60;
     constexpr int first_doubtful_year = 2038;
     const ByteView field = as_bytes(find_extra_field(extra, unix_time_field_id));
     if (field.size() < 5 || (field[0] & 1) == 0) return std::nullopt;

@@ -55,10 +55,6 @@ bool TargetFolders::is_made(const std::string& path) const {
     return known != folders_.end() && known->second.made;
 }
 
-bool TargetFolders::is_known(const std::string& path) const {
-    return folders_.contains(name_key(path));
-}
-
 void TargetFolders::expect_file(const std::string& path) {
     files_.insert(name_key(path));
     Folder& folder = folders_[name_key(parent_of(path))];

@@ -26,7 +26,6 @@ class TargetFolders {
     [[nodiscard]] EntryState make(const std::string& path);
     /// Whether make() has made this folder, so that nothing was in it before.
     [[nodiscard]] bool is_made(const std::string& path) const;
-    [[nodiscard]] bool is_known(const std::string& path) const;
 
     /// A file is about to be made: what killed processes left in its folder is removed once, and no
     /// folder can have its name.

@@ -60,6 +60,10 @@ ZipCode take(const std::string& archive, const std::string& folder, unsigned thr
         ++count;
         return false;
     };
+    events.progress = [](std::string_view, std::uint64_t done, std::uint64_t total) {
+        require(done <= total, "more bytes than the archive says");
+        return false;
+    };
     std::string why;
     return extract_archive(archive, options, events, why);
 }
