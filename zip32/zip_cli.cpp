@@ -13,6 +13,8 @@ namespace {
 
 constexpr const char* usage =
     "usage: zip_cli pack [-0..-9] [-t THREADS] ARCHIVE FILE...\n"
+    "       zip_cli pack -r [-b BASE] [-x PATTERN]... [-m new|add|update|refresh] [-c COMMENT]\n"
+    "                    [-0..-9] [-t THREADS] ARCHIVE FILE...\n"
     "       zip_cli list ARCHIVE\n"
     "       zip_cli test ARCHIVE [PATTERN...]\n"
     "       zip_cli take [-o keep|replace|older] [-x PATTERN]... [-j] [--bytes N] [--ratio N]\n"
@@ -67,8 +69,8 @@ std::string_view state_text(EntryState state) {
     constexpr std::string_view texts[] = {
         "done",           "left out",      "kept existing",  "not newer",      "declined",
         "bad name",       "reserved name", "through a link", "link",           "encrypted",
-        "unknown method", "contradicting", "damaged",        "wrong checksum", "over a limit",
-        "name twice",     "cannot create", "write failed",   "read failed",    "cannot open"};
+        "unknown method", "contradicting", "damaged",        "wrong checksum", "name twice",
+        "cannot create",  "write failed",  "read failed",    "cannot open",    "over a limit"};
     return texts[static_cast<std::size_t>(state)];
 }
 
@@ -113,11 +115,39 @@ ExtractEvents printing_events() {
     return events;
 }
 
+// Folders with what is in them, as clsFArchivo packs them.
+void pack_folders(UpdateOptions& options) {
+    options.base = "";
+    options.drop_folder_names = false;
+    options.recurse = true;
+    options.include_hidden = true;
+    options.follow_links = false;
+    options.folder_entries = true;
+    options.zoned_times = true;
+}
+
+void set_mode(UpdateOptions& options, const std::string& mode) {
+    options.afresh = mode == "new";
+    options.selection = mode == "update"    ? Selection::newer_or_new
+                        : mode == "refresh" ? Selection::newer
+                                            : Selection::all;
+}
+
 ZipCode pack(CommandLine line) {
     UpdateOptions options;
     for (std::string given; !(given = line.next_switch()).empty();) {
         if (given == "-t") {
             options.threads = static_cast<unsigned>(line.number());
+        } else if (given == "-r") {
+            pack_folders(options);
+        } else if (given == "-b") {
+            options.base = line.value();
+        } else if (given == "-x") {
+            options.exclusions.push_back(line.value());
+        } else if (given == "-m") {
+            set_mode(options, line.value());
+        } else if (given == "-c") {
+            options.comment = line.value();
         } else if (given.size() == 2) {
             options.level = given[1] - '0';
         } else {

@@ -35,7 +35,7 @@ class ArchiveProgress {
         const ULONGLONG now = GetTickCount64();
         if (!window_.advances(done, total) && now - last_ < interval) return false;
         last_ = now;
-        const std::wstring message = concat({verb_, name});
+        const std::wstring message = progress_text(verb_, name, done, total);
         if (!window_.has_window()) {
             Announcement announcement;
             announcement.kind = AnnouncementKind::progress;
@@ -132,7 +132,7 @@ InstanceOf<clsEntradas> clsFArchivo::Comprime(std::wstring_view Archivo, ValueAr
     request.drop_folder_names = SinCarpetas;
     request.recurse = Recursivo;
     request.include_hidden = Ocultos;
-    ArchiveProgress progress(L"Comprimiendo ", app_origen(), Progreso);
+    ArchiveProgress progress(L"Comprimiendo", app_origen(), Progreso);
     ArchiveEvents events;
     events.progress = [&](auto... told) { return progress.tell(told...); };
     return clsEntradas::of(pack_archive(std::wstring(Archivo), request, events));
@@ -144,7 +144,7 @@ InstanceOf<clsEntradas> clsFArchivo::Lista(std::wstring_view Archivo) const {
 
 InstanceOf<clsEntradas> clsFArchivo::Prueba(std::wstring_view Archivo, std::wstring_view Patrones,
                                             ComPtr<IDispatch> Progreso) const {
-    ArchiveProgress progress(L"Comprobando ", app_origen(), Progreso);
+    ArchiveProgress progress(L"Comprobando", app_origen(), Progreso);
     ArchiveEvents events;
     events.progress = [&](auto... told) { return progress.tell(told...); };
     return clsEntradas::of(test_archive(std::wstring(Archivo), request_of(Patrones), events));
@@ -155,7 +155,7 @@ InstanceOf<clsEntradas> clsFArchivo::Extrae(std::wstring_view Archivo, std::wstr
                                             ComPtr<IDispatch> Progreso) const {
     TakeRequest request = request_of(Patrones);
     request.folder = Carpeta;
-    ArchiveProgress progress(L"Extrayendo ", app_origen(), Progreso);
+    ArchiveProgress progress(L"Extrayendo", app_origen(), Progreso);
     ArchiveEvents events;
     events.progress = [&](auto... told) { return progress.tell(told...); };
     events.replace = [&](std::wstring_view path) {

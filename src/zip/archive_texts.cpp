@@ -61,6 +61,19 @@ std::wstring checksum_text(std::uint32_t checksum) {
     return text;
 }
 
+std::wstring progress_text(std::wstring_view verb, std::wstring_view name, std::uint64_t done,
+                           std::uint64_t total) {
+    constexpr std::uint64_t kilobyte = 1024;
+    constexpr std::uint64_t megabyte = kilobyte * kilobyte;
+    const bool is_large = total >= 10 * megabyte;
+    const std::uint64_t unit = is_large ? megabyte : kilobyte;
+    const auto in_units = [unit](std::uint64_t bytes) {
+        return decimal_text(static_cast<std::int64_t>((bytes + unit - 1) / unit));
+    };
+    return concat({verb, L" ", name, L" (", in_units(done), L" de ", in_units(total),
+                   is_large ? L" MB)" : L" KB)"});
+}
+
 Notice may_be_replaced(std::wstring title, std::wstring_view path) {
     return {concat({L"Ya existe el fichero \"", path, L"\".\r¿Desea reemplazarlo?"}),
             NoticeStyle::yes_or_no, std::move(title)};

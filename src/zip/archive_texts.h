@@ -18,6 +18,11 @@ namespace kovrel {
 /// A CRC-32: eight hexadecimal digits in capitals.
 [[nodiscard]] std::wstring checksum_text(std::uint32_t checksum);
 
+/// How far an operation is: "Extrayendo datos/a.txt (12 de 340 KB)". `verb` says what it does; the
+/// counts are bytes, told in KB, from 10 MB on in MB.
+[[nodiscard]] std::wstring progress_text(std::wstring_view verb, std::wstring_view name,
+                                         std::uint64_t done, std::uint64_t total);
+
 /// The question whether an existing file is replaced.
 [[nodiscard]] Notice may_be_replaced(std::wstring title, std::wstring_view path);
 

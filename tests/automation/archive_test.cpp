@@ -125,14 +125,17 @@ TEST_F(Archive, LimitsAreCheckedBeforeAnythingIsWritten) {
 TEST_F(Archive, ProgressIsNotedAndReachesTheEnd) {
     put(archive_.get(), L"AppOrigen", Variant(L"Copias"));
     entries_of(L"Comprime", {Variant(path_), Variant(file_)});
-    EXPECT_EQ(narrow(get(last().get(), L"Texto").value.to_text()), "Comprimiendo año €.txt");
+    EXPECT_EQ(narrow(get(last().get(), L"Texto").value.to_text()),
+              "Comprimiendo año €.txt (1 de 1 KB)");
     EXPECT_EQ(narrow(get(last().get(), L"Titulo").value.to_text()), "Copias");
     EXPECT_EQ(narrow(get(last().get(), L"Miembro").value.to_text()), "clsFArchivo.Comprime");
     EXPECT_EQ(get(last().get(), L"Porcentaje").value.to_int32(), 100);
     entries_of(L"Prueba", {Variant(path_)});
-    EXPECT_EQ(narrow(get(last().get(), L"Texto").value.to_text()), "Comprobando año €.txt");
+    EXPECT_EQ(narrow(get(last().get(), L"Texto").value.to_text()),
+              "Comprobando año €.txt (1 de 1 KB)");
     entries_of(L"Extrae", {Variant(path_), Variant(folder_ / L"copia")});
-    EXPECT_EQ(narrow(get(last().get(), L"Texto").value.to_text()), "Extrayendo año €.txt");
+    EXPECT_EQ(narrow(get(last().get(), L"Texto").value.to_text()),
+              "Extrayendo año €.txt (1 de 1 KB)");
 }
 
 TEST_F(Archive, AnEventCancelsAndTheOldArchiveStays) {
@@ -173,7 +176,7 @@ TEST_F(Archive, TheHostsWindowIsToldAndCancels) {
     const auto packed = entries_of(
         L"Comprime", {Variant(path_), Variant(file_), Variant(L""), Variant(0), progress});
     EXPECT_TRUE(flag(packed, L"Completo"));
-    EXPECT_EQ(told, (std::vector<std::string>{"100 Comprimiendo año €.txt"}));
+    EXPECT_EQ(told, (std::vector<std::string>{"100 Comprimiendo año €.txt (1 de 1 KB)"}));
     EXPECT_EQ(count(), 0);
     cancels = true;
     EXPECT_TRUE(flag(entries_of(L"Extrae", {Variant(path_), Variant(folder_ / L"copia"),

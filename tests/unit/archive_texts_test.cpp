@@ -44,6 +44,18 @@ TEST(ArchiveTexts, OnlyWhatWasAskedForIsNoFault) {
     EXPECT_FALSE(is_as_asked(EntryState::over_limit));
 }
 
+TEST(ArchiveTexts, ProgressIsToldInWholeUnits) {
+    constexpr std::uint64_t megabyte = 1 << 20;
+    EXPECT_EQ(progress_text(L"Extrayendo", L"a/b.txt", 0, 0), L"Extrayendo a/b.txt (0 de 0 KB)");
+    EXPECT_EQ(progress_text(L"Extrayendo", L"a", 1, 1025), L"Extrayendo a (1 de 2 KB)");
+    EXPECT_EQ(progress_text(L"Extrayendo", L"a", 1024, 10 * megabyte - 1),
+              L"Extrayendo a (1 de 10240 KB)");
+    EXPECT_EQ(progress_text(L"Extrayendo", L"a", 1024, 10 * megabyte),
+              L"Extrayendo a (1 de 10 MB)");
+    EXPECT_EQ(progress_text(L"Extrayendo", L"a", 5 << 20, 5120 * megabyte),
+              L"Extrayendo a (5 de 5120 MB)");
+}
+
 TEST(ArchiveTexts, TheQuestionNamesTheFile) {
     const Notice notice = may_be_replaced(L"Copias", L"C:\\a.txt");
     EXPECT_EQ(notice, (Notice{L"Ya existe el fichero \"C:\\a.txt\".\r¿Desea reemplazarlo?",
