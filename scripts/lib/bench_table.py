@@ -159,6 +159,16 @@ def zip_rows():
            f"{comma(large / small, 2)} ({comma(large / 1024, 1)} MB)", large <= 1.2 * small)
 
 
+def tree_rows():
+    text = subprocess.run([sys.executable, ROOT / "bench" / "tree_bench.py", "--cli",
+                           NATIVE / "zip32" / "zip_cli"], text=True, check=False,
+                          stdout=subprocess.PIPE).stdout
+    yield ratio_row("1.000 ficheros de texto comprimidos con 2 núcleos, frente a `zip -6 -r`", 0.4,
+                    *found(r"pack: engine ([\d.]+) s, zip ([\d.]+) s", text), "s")
+    yield ratio_row("los mismos, extraídos con 2 núcleos, frente a `unzip`", 0.6,
+                    *found(r"take: engine ([\d.]+) s, unzip ([\d.]+) s", text), "s")
+
+
 def progress_rows():
     text = windows_output("progress_bench")
     milliseconds, before, after = found(r"bar and message +([\d.]+) +(\d+) +(\d+) ", text)
@@ -177,7 +187,7 @@ def main():
     where = machine()
     rows = [row for part in (size_rows, first_object_rows, dispatch_rows, words_rows, tax_id_rows,
                              identifier_rows, combo_rows,
-                             zip_rows, window_rows, progress_rows) for row in part()]
+                             zip_rows, tree_rows, window_rows, progress_rows) for row in part()]
     lines = ["| qué | presupuesto | medido | |", "|---|---|---|---|"]
     lines += [f"| {what} | {budget} | {measured} | {'cumple' if met else 'NO cumple'} |"
               for what, budget, measured, met in rows]
