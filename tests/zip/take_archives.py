@@ -282,7 +282,7 @@ def many_entries(folder):
 
 def kills(folder):
     """Whatever the moment, a final name has the old file or the new one, whole."""
-    count = 100
+    count = 200
     top = os.path.join(folder, "origen")
     for i in range(40):
         write(os.path.join(top, f"{i % 4}", f"f{i}"), random.Random(i).randbytes(300_000))
