@@ -7,6 +7,7 @@ import re
 TOKEN = re.compile(r"""
     (?P<comment>//[^\n]*|/\*.*?\*/)
   | (?P<directive>^[ \t]*\#(?:[^\n\\]|\\.)*)
+  | (?P<raw_text>(?:u8|[LuU])?R"\(.*?\)")
   | (?P<text>(?:u8|[LuU])?"(?:[^"\\\n]|\\.)*")
   | (?P<character>(?:u8|[LuU])?'(?:[^'\\\n]|\\.)+')
   | (?P<number>\d(?:[\w.]|'\w)*)

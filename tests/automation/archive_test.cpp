@@ -218,6 +218,46 @@ TEST_F(Archive, TheResultOutlivesTheArchiveAndItsClass) {
     EXPECT_EQ(narrow(get(entry.get(), L"Ruta").value.to_text()), narrow(file_));
 }
 
+TEST_F(Archive, PathsMayBeLongerThanTheClassicLimit) {
+    const std::wstring unlimited = LR"(\\?\)";
+    std::wstring deep = folder_ / L"larga";
+    std::filesystem::create_directory(unlimited + deep);
+    for (int level = 0; level < 3; ++level) {
+        deep += L'\\' + std::wstring(100, L'x');
+        std::filesystem::create_directory(unlimited + deep);
+    }
+    std::ofstream(std::filesystem::path(unlimited + deep + L"\\a.txt")) << "hola";
+    const std::wstring archive = deep + L"\\a.zip";
+    EXPECT_TRUE(flag(entries_of(L"Comprime", {Variant(archive), Variant(folder_ / L"larga")}),
+                     L"Completo"));
+    const std::wstring target = deep + L"\\copia";
+    EXPECT_TRUE(flag(entries_of(L"Extrae", {Variant(archive), Variant(target)}), L"Completo"));
+    const std::wstring below = deep.substr(folder_.path().size());
+    EXPECT_EQ(content_of(unlimited + target + below + L"\\a.txt"), "hola");
+}
+
+TEST_F(Archive, NothingLeavesTheFolder) {
+    entries_of(L"Comprime", {Variant(path_), Variant(folder_.write(L"aa_aa.txt", "hola"))});
+    std::string bytes = content_of(path_);
+    // The name stands in the entry's header and in the directory, and its length stays.
+    for (const char* const name :
+         {"../ab.txt", "C:\\b.txt", "/aa_a.txt", "aa:aa.txt", "\\\\a\\b\\c"}) {
+        SCOPED_TRACE(name);
+        std::string hostile = bytes;
+        for (std::size_t at = 0; (at = hostile.find("aa_aa.txt", at)) != std::string::npos; ++at) {
+            hostile.replace(at, 9, std::string(name).append(9 - std::string(name).size(), 'x'));
+        }
+        folder_.write(L"mala.zip", hostile);
+        const std::wstring target = folder_ / L"fuera";
+        const auto taken = entries_of(L"Extrae", {Variant(folder_ / L"mala.zip"), Variant(target)});
+        EXPECT_FALSE(flag(taken, L"Completo"));
+        const auto entry = call(taken.get(), L"Item", {Variant(1)}).value.to_object();
+        EXPECT_EQ(get(entry.get(), L"Estado").value.to_int32(), Kovrel::esNombre);
+        EXPECT_EQ(files_in(L"fuera"), 0U);
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder_ / L"ab.txt"));
+}
+
 TEST_F(Archive, AProgressHandlerMayUseTheSameInstance) {
     entries_of(L"Comprime", {Variant(path_), Variant(file_)});
     const auto window = ScriptedObject::make();
