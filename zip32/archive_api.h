@@ -37,8 +37,6 @@ struct ApiListener {
     virtual bool __stdcall replace(const ApiEntry& entry) noexcept = 0;
     /// The archive's own comment.
     virtual void __stdcall comment(const char* text) noexcept = 0;
-    /// Why the operation failed: an English text.
-    virtual void __stdcall failure(const char* text) noexcept = 0;
 
  protected:
     ~ApiListener() = default;

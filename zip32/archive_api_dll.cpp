@@ -40,22 +40,25 @@ ApiEntry as_api(const Entry& entry, EntryState state, const std::string& path) {
     return result;
 }
 
+/// What the host does meanwhile may change the current folder.
+std::vector<std::string> absolute_paths(const ApiTexts& paths) {
+    std::vector<std::string> result;
+    for (const std::string& path : texts_of(paths)) result.push_back(absolute_path(path));
+    return result;
+}
+
 /// Nothing that is thrown leaves the DLL.
 template <class Body>
-int guarded(ApiListener& listener, const Body& body) noexcept {
+int guarded(const char* archive, const Body& body) noexcept {
     stay_loaded();
-    const auto fail = [&](ZipCode code, const char* text) {
-        listener.failure(text);
-        return static_cast<int>(code);
-    };
     try {
-        return static_cast<int>(body());
+        return static_cast<int>(body(absolute_path(archive)));
     } catch (const ZipError& error) {
-        return fail(error.code(), error.what());
+        return static_cast<int>(error.code());
     } catch (const std::bad_alloc&) {
-        return fail(ZipCode::out_of_memory, "out of memory");
+        return static_cast<int>(ZipCode::out_of_memory);
     } catch (...) {
-        return fail(ZipCode::internal_error, "internal error");
+        return static_cast<int>(ZipCode::internal_error);
     }
 }
 
@@ -72,16 +75,18 @@ UpdateOptions options_of(const ApiPack& what) {
     options.follow_links = false;
     options.folder_entries = true;
     options.zoned_times = true;
-    options.base = what.base;
+    // Relative to the folder that is current now.
+    options.base = *what.base == '\0' ? std::string() : absolute_path(what.base);
     options.exclusions = texts_of(what.exclusions);
     if (what.comment != nullptr) options.comment = what.comment;
     return options;
 }
 
-ZipCode pack(const char* archive, const ApiPack& what, ApiListener& listener) {
+ZipCode pack(const std::string& archive, const ApiPack& what, ApiListener& listener) {
+    const UpdateOptions options = options_of(what);
     bool any_packed = false;
-    bool any_left_out = false;
-    bool any_stays = false;
+    bool any_failed = false;
+    bool any_not_wanted = false;
     UpdateEvents events;
     events.progress = [&](std::string_view name, std::uint64_t done, std::uint64_t total) {
         return listener.progress(std::string(name).c_str(), done, total);
@@ -91,20 +96,19 @@ ZipCode pack(const char* archive, const ApiPack& what, ApiListener& listener) {
         return listener.entry(as_api(entry_of({.central = entry}), EntryState::done, path));
     };
     events.left_out = [&](const std::string& path, EntryState why) {
-        (is_as_asked(why) ? any_stays : any_left_out) = true;
+        (is_as_asked(why) ? any_not_wanted : any_failed) = true;
         Entry entry;
         entry.name = path;
         std::ranges::replace(entry.name, '/', '\\');
         listener.entry(as_api(entry, why, path));
     };
-    events.message = [&](std::string_view line) {
-        if (line.starts_with("error: ")) listener.failure(std::string(line).c_str());
-    };
-    const ZipCode code = update_archive(archive, texts_of(what.names), options_of(what), events);
+    const ZipCode code = update_archive(archive, absolute_paths(what.names), options, events);
     // The archive is complete without the files that could not be opened.
     if (code == ZipCode::cannot_open_file && any_packed) return ZipCode::incomplete;
-    if (code == ZipCode::nothing_to_do && any_stays) return ZipCode::ok;
-    return code == ZipCode::ok && any_left_out ? ZipCode::incomplete : code;
+    // It is up to date.
+    const bool only_newer = options.selection != Selection::all;
+    if (code == ZipCode::nothing_to_do && only_newer && any_not_wanted) return ZipCode::ok;
+    return code == ZipCode::ok && any_failed ? ZipCode::incomplete : code;
 }
 
 ExtractEvents events_for(ApiListener& listener) {
@@ -121,14 +125,7 @@ ExtractEvents events_for(ApiListener& listener) {
     return events;
 }
 
-/// For what reads an archive; packing makes one that is missing.
-ZipCode open_failure(ZipCode code, const char* archive) {
-    const bool is_missing = code == ZipCode::cannot_open_file && !file_status(archive);
-    return is_missing ? ZipCode::missing_archive : code;
-}
-
-ZipCode list(const char* archive, ApiListener& listener) {
-    if (!file_status(archive)) return ZipCode::missing_archive;
+ZipCode list(const std::string& archive, ApiListener& listener) {
     const ArchiveReader reader(archive);
     listener.comment(archive_comment_utf8(reader.comment()).c_str());
     for (const Entry& entry : list_entries(reader)) {
@@ -139,17 +136,15 @@ ZipCode list(const char* archive, ApiListener& listener) {
     return ZipCode::ok;
 }
 
-ZipCode test(const char* archive, const ApiTake& what, ApiListener& listener) {
+ZipCode test(const std::string& archive, const ApiTake& what, ApiListener& listener) {
     std::string why;
-    const ZipCode code = test_archive(archive, texts_of(what.patterns), texts_of(what.exclusions),
-                                      events_for(listener), why);
-    listener.failure(why.c_str());
-    return open_failure(code, archive);
+    return test_archive(archive, texts_of(what.patterns), texts_of(what.exclusions),
+                        events_for(listener), why);
 }
 
-ZipCode take(const char* archive, const ApiTake& what, ApiListener& listener) {
+ZipCode take(const std::string& archive, const ApiTake& what, ApiListener& listener) {
     ExtractOptions options;
-    options.folder = what.folder;
+    options.folder = absolute_path(what.folder);
     options.patterns = texts_of(what.patterns);
     options.exclusions = texts_of(what.exclusions);
     options.existing = static_cast<Existing>(what.existing);
@@ -157,9 +152,15 @@ ZipCode take(const char* archive, const ApiTake& what, ApiListener& listener) {
     options.most_bytes = what.most_bytes;
     options.most_ratio = what.most_ratio;
     std::string why;
-    const ZipCode code = extract_archive(archive, options, events_for(listener), why);
-    listener.failure(why.c_str());
-    return open_failure(code, archive);
+    return extract_archive(archive, options, events_for(listener), why);
+}
+
+/// Reads an archive; packing makes one that is missing.
+template <class Body>
+int reading(const char* archive, const Body& body) noexcept {
+    return guarded(archive, [&](const std::string& path) {
+        return file_status(path) ? body(path) : ZipCode::missing_archive;
+    });
 }
 
 }  // namespace
@@ -175,22 +176,22 @@ void stay_loaded() noexcept {
 extern "C" int __stdcall KvPack(const char* archive, const kovrel::zip::ApiPack* what,
                                 kovrel::zip::ApiListener* listener) {
     using namespace kovrel::zip;
-    return guarded(*listener, [&] { return pack(archive, *what, *listener); });
+    return guarded(archive, [&](const std::string& path) { return pack(path, *what, *listener); });
 }
 
 extern "C" int __stdcall KvList(const char* archive, kovrel::zip::ApiListener* listener) {
     using namespace kovrel::zip;
-    return guarded(*listener, [&] { return list(archive, *listener); });
+    return reading(archive, [&](const std::string& path) { return list(path, *listener); });
 }
 
 extern "C" int __stdcall KvTest(const char* archive, const kovrel::zip::ApiTake* what,
                                 kovrel::zip::ApiListener* listener) {
     using namespace kovrel::zip;
-    return guarded(*listener, [&] { return test(archive, *what, *listener); });
+    return reading(archive, [&](const std::string& path) { return test(path, *what, *listener); });
 }
 
 extern "C" int __stdcall KvTake(const char* archive, const kovrel::zip::ApiTake* what,
                                 kovrel::zip::ApiListener* listener) {
     using namespace kovrel::zip;
-    return guarded(*listener, [&] { return take(archive, *what, *listener); });
+    return reading(archive, [&](const std::string& path) { return take(path, *what, *listener); });
 }

@@ -42,7 +42,8 @@ ArchiveReader::ArchiveReader(const std::string& path) : file_(path), file_size_(
     check_extents();
 }
 
-void ArchiveReader::copy(std::uint64_t start, std::uint64_t length, OutputBuffer& output) const {
+void ArchiveReader::copy(std::uint64_t start, std::uint64_t length, OutputBuffer& output,
+                         const std::function<void()>& copied) const {
     Bytes piece(static_cast<std::size_t>(std::min<std::uint64_t>(length, copy_piece)));
     while (length > 0) {
         const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(length, piece.size()));
@@ -53,6 +54,7 @@ void ArchiveReader::copy(std::uint64_t start, std::uint64_t length, OutputBuffer
         output.write(room);
         start += count;
         length -= count;
+        copied();
     }
 }
 

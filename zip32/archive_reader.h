@@ -1,6 +1,7 @@
 // An existing archive: its entries and where the bytes of each lie, to be copied as they are.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -37,8 +38,10 @@ class ArchiveReader {
     std::size_t read_at(std::uint64_t offset, std::span<std::uint8_t> room) const {
         return file_.read_at(offset, room);
     }
-    /// Copies bytes of the archive to `output`. Throws ZipError unexpected_end or read_failed.
-    void copy(std::uint64_t start, std::uint64_t length, OutputBuffer& output) const;
+    /// Copies bytes of the archive to `output`, and calls `copied` after each piece. Throws
+    /// ZipError unexpected_end or read_failed.
+    void copy(std::uint64_t start, std::uint64_t length, OutputBuffer& output,
+              const std::function<void()>& copied) const;
 
  private:
     void find_directory();

@@ -40,13 +40,13 @@ CentralEntry ArchiveWriter::new_entry(const std::string& name, const FileStatus&
 }
 
 void ArchiveWriter::copy_prefix(const ArchiveReader& old) {
-    old.copy(0, old.prefix_size(), output_);
+    old.copy(0, old.prefix_size(), output_, working_);
 }
 
 void ArchiveWriter::copy_entry(const ArchiveReader& old, const OldEntry& entry) {
     CentralEntry central = entry.central;
     central.local_offset = output_.position();
-    old.copy(entry.start, entry.length, output_);
+    old.copy(entry.start, entry.length, output_, working_);
     append_entry(std::move(central));
 }
 
@@ -114,6 +114,7 @@ void ArchiveWriter::store_whole(CentralEntry& entry, const InputFile& file) {
         crc = crc32(crc, bytes.data(), static_cast<uInt>(count));
         output_.write(bytes);
         entry.size += count;
+        working_();
     }
     entry.crc = static_cast<std::uint32_t>(crc);
     entry.packed_size = entry.size;

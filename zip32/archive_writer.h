@@ -2,7 +2,9 @@
 // by piece.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "archive_reader.h"
@@ -15,7 +17,10 @@ namespace kovrel::zip {
 
 class ArchiveWriter {
  public:
-    explicit ArchiveWriter(OutputBuffer& output) : output_(output) {}
+    /// `working` is called again and again while bytes are copied that no feeder hands out; it may
+    /// throw to stop.
+    ArchiveWriter(OutputBuffer& output, std::function<void()> working)
+        : output_(output), working_(std::move(working)) {}
 
     /// An entry with its name, time and attributes; the rest comes from its data. `zoned`: with the
     /// time in UTC too.
@@ -41,6 +46,7 @@ class ArchiveWriter {
     void append_entry(CentralEntry entry);
 
     OutputBuffer& output_;
+    const std::function<void()> working_;
     std::vector<CentralEntry> entries_;
 };
 

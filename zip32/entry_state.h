@@ -8,7 +8,7 @@ namespace kovrel::zip {
 /// The numbers are published: they never change.
 enum class EntryState : std::int32_t {
     done = 0,             // packed, found whole, or taken out
-    left_out = 1,         // not among the entries that the patterns ask for
+    left_out = 1,         // not asked for: by patterns, by the mode, or the archive itself
     kept_existing = 2,    // a file of its name was there and stays
     not_newer = 3,        // the file of its name is not older, and stays
     declined = 4,         // the caller chose to keep the file of its name

@@ -29,8 +29,10 @@ class Choice {
     Choice(const std::vector<std::string>& patterns, const std::vector<std::string>& exclusions)
         : wanted_(patterns), unwanted_(exclusions), everything_(patterns.empty()) {}
 
-    [[nodiscard]] bool takes(const std::string& name) const {
-        return (everything_ || wanted_.match(name)) && !unwanted_.match(name);
+    // By where the entry leads, so that "a//b" and "a/b" are one name.
+    [[nodiscard]] bool takes(const std::string& name, const TargetName& target) const {
+        const std::string& compared = target.path.empty() ? name : target.path;
+        return (everything_ || wanted_.match(compared)) && !unwanted_.match(compared);
     }
     [[nodiscard]] bool everything() const noexcept { return everything_; }
 
@@ -91,8 +93,8 @@ class Extraction {
 
  private:
     Plan plan(const Entry& entry, const OldEntry& source) {
-        if (!choice_.takes(entry.name)) return {EntryState::left_out, {}};
         TargetName target = target_name(entry.name);
+        if (!choice_.takes(entry.name, target)) return {EntryState::left_out, {}};
         // "./" is the chosen folder itself.
         if (target.fault == NameFault::empty && entry.name.ends_with('/')) return {};
         if (target.fault == NameFault::reserved) return {EntryState::reserved_name, {}};
@@ -230,11 +232,12 @@ ZipCode test_entries(const std::string& path, const Choice& choice, const Extrac
     std::vector<Plan> plans;
     std::uint64_t total = 0;
     for (const OldEntry& source : archive.entries()) {
-        const bool wanted = choice.takes(entry_of(source).name);
+        const std::string name = entry_of(source).name;
+        const bool wanted = choice.takes(name, target_name(name));
         Plan plan;
         plan.state = wanted ? EntryState::done : EntryState::left_out;
         plan.bytes = wanted ? source.central.size : 0;
-        total += plan.bytes;
+        total += std::min(plan.bytes, ~total);
         plans.push_back(std::move(plan));
     }
     require_match(plans, choice);

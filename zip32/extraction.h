@@ -48,10 +48,10 @@ struct ExtractEvents {
 ///
 /// - The limits hold for what the archive says of the entries asked for, before anything is written
 ///   (over_limit); no entry gives more bytes than the archive says of it.
-/// - Each file is written beside its target under a name of its own (zi and eight digits, .tmp),
-/// and
-///   gets the target's name when it is whole and its checksum right. A killed process leaves at
-///   most such temporary files, until something is next taken out into the same folder.
+/// - Each file is written beside its target under a name of its own (zi and eight hexadecimal
+///   digits, .tmp), and gets the target's name when it is whole and its checksum right. A killed
+///   process leaves at most such temporary files, until something is next taken out into the same
+///   folder.
 /// - No path leads out of the folder, nor through a link below it; a link of a file's name is
 ///   replaced, not followed. Links in the archive are left out. (Nobody else is expected to put
 ///   links into the folder meanwhile.)

@@ -44,7 +44,8 @@ std::string temporary_name_beside(const std::string& target) {
 void remove_abandoned_files_beside(const std::string& target) {
     const std::string folder = folder_of(target);
     // "." after a drive alone is its current folder, after anything else the folder itself.
-    for (const std::string& name : folder_names(folder + '.')) {
+    const auto names = folder_names(folder + '.');
+    for (const std::string& name : names.value_or(std::vector<std::string>())) {
         if (is_temporary_name(name)) remove_unheld_file(folder + name);
     }
 }

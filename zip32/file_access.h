@@ -35,8 +35,9 @@ struct FileStatus {
 /// fails, so that an existing file is not taken for none.
 [[nodiscard]] std::optional<FileStatus> file_status(const std::string& path);
 
-/// The names in a folder, in byte order, without "." and ".."; empty when it cannot be read.
-[[nodiscard]] std::vector<std::string> folder_names(const std::string& path);
+/// The names in a folder, in byte order, without "." and ".."; nothing when it cannot be read to
+/// its end.
+[[nodiscard]] std::optional<std::vector<std::string>> folder_names(const std::string& path);
 
 /// Whether both paths lead to one existing file.
 [[nodiscard]] bool is_same_file(const std::string& first, const std::string& second);

@@ -73,13 +73,17 @@ std::optional<FileStatus> file_status(const std::string& path) {
     return result;
 }
 
-std::vector<std::string> folder_names(const std::string& path) {
+std::optional<std::vector<std::string>> folder_names(const std::string& path) {
     std::vector<std::string> names;
     const Owned<DIR*, &closedir> folder(opendir(path.c_str()));
-    while (const dirent* found = folder ? readdir(folder.get()) : nullptr) {
+    if (!folder) return std::nullopt;
+    errno = 0;
+    while (const dirent* found = readdir(folder.get())) {
         const std::string_view name = found->d_name;
         if (name != "." && name != "..") names.emplace_back(name);
+        errno = 0;
     }
+    if (errno != 0) return std::nullopt;
     std::sort(names.begin(), names.end());
     return names;
 }

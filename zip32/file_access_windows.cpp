@@ -6,6 +6,7 @@
 #include "runtime/owned.h"
 #include "services/text_encoding.h"
 #include "windows_files.h"
+#include "zip_error.h"
 
 namespace kovrel::zip {
 namespace {
@@ -30,6 +31,15 @@ std::wstring without_limit_prefix(const std::wstring& path) {
         return std::wstring(server).append(path, unlimited_server.size());
     }
     return path.starts_with(unlimited) ? path.substr(unlimited.size()) : path;
+}
+
+// Whether there may be a file after all: the disk, the network or memory has failed.
+bool is_failing_device(DWORD error) {
+    constexpr DWORD errors[] = {ERROR_NOT_ENOUGH_MEMORY,  ERROR_OUTOFMEMORY,  ERROR_CRC,
+                                ERROR_DEV_NOT_EXIST,      ERROR_ADAP_HDW_ERR, ERROR_UNEXP_NET_ERR,
+                                ERROR_NETNAME_DELETED,    ERROR_SEM_TIMEOUT,  ERROR_IO_DEVICE,
+                                ERROR_NO_SYSTEM_RESOURCES};
+    return std::ranges::find(errors, error) != std::end(errors);
 }
 
 DosTime local_dos_time(const FILETIME& moment) {
@@ -86,11 +96,14 @@ std::uint16_t made_by_this_system() noexcept {
 
 std::optional<FileStatus> file_status(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (path.empty() ||
-        !GetFileAttributesExW(system_path(path).c_str(), GetFileExInfoStandard, &data) ||
-        (data.dwFileAttributes & FILE_ATTRIBUTE_DEVICE) != 0) {
+    if (path.empty()) return std::nullopt;
+    if (!GetFileAttributesExW(system_path(path).c_str(), GetFileExInfoStandard, &data)) {
+        if (is_failing_device(GetLastError())) {
+            throw ZipError(ZipCode::read_failed, "could not examine: " + path);
+        }
         return std::nullopt;
     }
+    if ((data.dwFileAttributes & FILE_ATTRIBUTE_DEVICE) != 0) return std::nullopt;
     constexpr DWORD kept = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
                            FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_ARCHIVE;
     FileStatus result;
@@ -104,16 +117,17 @@ std::optional<FileStatus> file_status(const std::string& path) {
     return result;
 }
 
-std::vector<std::string> folder_names(const std::string& path) {
+std::optional<std::vector<std::string>> folder_names(const std::string& path) {
     std::vector<std::string> names;
     WIN32_FIND_DATAW found{};
     const HANDLE handle = FindFirstFileW(system_path(path + "\\*").c_str(), &found);
-    if (handle == INVALID_HANDLE_VALUE) return names;
+    if (handle == INVALID_HANDLE_VALUE) return std::nullopt;
     const Owned<HANDLE, &FindClose> search(handle);
     do {
         const std::wstring_view name = found.cFileName;
         if (name != L"." && name != L"..") names.push_back(to_utf8(name));
     } while (FindNextFileW(handle, &found));
+    if (GetLastError() != ERROR_NO_MORE_FILES) return std::nullopt;
     std::sort(names.begin(), names.end());
     return names;
 }

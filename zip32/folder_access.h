@@ -17,7 +17,7 @@ struct PathState {
     Moment modified = 0;  // UTC; of a file or a folder
 };
 
-/// What is there. What cannot be examined is `other`. Any reparse point of Windows is a link.
+/// What is there. What cannot be examined is `other`. On Windows junctions are links too.
 [[nodiscard]] PathState path_state(const std::string& path);
 
 /// Makes one folder with those permissions, less what the user's mask takes away; false when there

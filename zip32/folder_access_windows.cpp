@@ -5,6 +5,20 @@
 #include "windows_files.h"
 
 namespace kovrel::zip {
+namespace {
+
+// Symbolic links and junctions stand for another name; other reparse points, such as those of
+// deduplicated files and of files in the cloud, do not.
+bool is_link(const std::wstring& path, DWORD attributes) {
+    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return false;
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return true;
+    FindClose(search);
+    return IsReparseTagNameSurrogate(found.dwReserved0) != 0;
+}
+
+}  // namespace
 
 PathState path_state(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -14,10 +28,10 @@ PathState path_state(const std::string& path) {
         return {nothing ? PathKind::nothing : PathKind::other, 0};
     }
     const DWORD attributes = data.dwFileAttributes;
-    const PathKind kind = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 ? PathKind::link
-                          : (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0   ? PathKind::folder
-                          : (attributes & FILE_ATTRIBUTE_DEVICE) != 0      ? PathKind::other
-                                                                           : PathKind::file;
+    const PathKind kind = is_link(system_path(path), attributes)         ? PathKind::link
+                          : (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::folder
+                          : (attributes & FILE_ATTRIBUTE_DEVICE) != 0    ? PathKind::other
+                                                                         : PathKind::file;
     return {kind, moment_of(data.ftLastWriteTime)};
 }
 

@@ -11,17 +11,8 @@ namespace kovrel::zip {
 namespace {
 
 constexpr std::size_t longest_name = 0xFFFF;
-// Deeper folders are taken for a loop of links, and nobody takes them out again.
+// Where links are followed, deeper folders are taken for a loop of them.
 constexpr int deepest_folder = 100;
-
-bool ends_in_separator(std::string_view path) {
-    return path.ends_with('/') || (native_path_style == PathStyle::windows && path.ends_with('\\'));
-}
-
-std::string join(std::string_view folder, std::string_view name) {
-    const bool separates = !folder.empty() && !ends_in_separator(folder);
-    return std::string(folder).append(separates ? "/" : "").append(name);
-}
 
 // The folder that a pattern is looked for in. "." after a drive alone is its current folder.
 std::string searched_folder(const std::string& pattern) {
@@ -37,7 +28,7 @@ std::optional<std::string> name_below(const std::vector<std::string>& full,
     std::string name;
     for (std::size_t i = 0; i < full.size(); ++i) {
         if (i >= base.size()) {
-            name = join(name, full[i]);
+            name = join_path(name, full[i]);
         } else if (name_key(full[i]) != name_key(base[i])) {
             return std::nullopt;
         }
@@ -57,13 +48,13 @@ class Collector {
 
     void add_named(const std::string& given) {
         std::string path = given;
-        if (!options_.root.empty() && !is_absolute(given)) path = join(options_.root, given);
+        if (!options_.root.empty() && !is_absolute(given)) path = join_path(options_.root, given);
         const std::string name = options_.base ? name_below_base(path) : relative_name(given);
         if (const std::string last = last_component(path); options_.base && is_pattern(last)) {
-            const std::size_t before = inputs_.size();
-            add_contents(searched_folder(path), folder_of(name, PathStyle::posix), 0,
-                         NamePatterns({last}));
-            if (inputs_.size() > before) return;
+            if (add_contents(searched_folder(path), folder_of(name, PathStyle::posix), 0,
+                             NamePatterns({last}))) {
+                return;
+            }
         } else if (const std::optional<FileStatus> status = file_status(path)) {
             add_found(path, name, *status, 0);
             return;
@@ -90,7 +81,9 @@ class Collector {
     void add_found(const std::string& path, const std::string& name, const FileStatus& status,
                    int depth) {
         if (exclusions_.match(name)) return;
-        if (status.folder) {
+        if (options_.base && components(name, PathStyle::posix).size() > deepest_name) {
+            events_.warn("too deep: ", path, EntryState::bad_name);
+        } else if (status.folder) {
             add_folder(path, name, status, depth);
         } else {
             add_file(path, name, status);
@@ -118,27 +111,34 @@ class Collector {
     }
 
     // What matches a pattern; the contents of a folder that does not match are searched for it.
-    void add_contents(const std::string& path, const std::string& name, int depth,
+    // Whether anything matches.
+    bool add_contents(const std::string& path, const std::string& name, int depth,
                       const NamePatterns& pattern) {
         if (depth > deepest_folder) {
             events_.warn("too deep: ", path, EntryState::bad_name);
-            return;
+            return false;
         }
-        for (const std::string& found : folder_names(path)) {
-            const std::string inner = join(path, found);
-            const std::string inner_name = join(name, found);
-            const std::optional<FileStatus> status = file_status(inner);
-            if (!status || (status->hidden_or_system && !options_.include_hidden)) continue;
+        const auto names = folder_names(path);
+        if (!names) events_.warn("could not read: ", path, EntryState::cannot_open);
+        bool any = false;
+        for (const std::string& found : names.value_or(std::vector<std::string>())) {
+            const std::string inner = join_path(path, found);
             const bool matches = pattern.match(found);
-            if (!matches && !(status->folder && options_.recurse)) continue;
+            const std::optional<FileStatus> status = file_status(inner);
+            if (status && status->hidden_or_system && !options_.include_hidden) continue;
+            if (!matches && !(status && status->folder && options_.recurse)) continue;
+            any = any || matches;
             if (!options_.follow_links && path_state(inner).kind == PathKind::link) {
                 events_.warn("a link is not packed: ", inner, EntryState::link);
+            } else if (!status) {
+                events_.warn("no file or folder: ", inner, EntryState::cannot_open);
             } else if (matches) {
-                add_found(inner, inner_name, *status, depth + 1);
-            } else {
-                add_contents(inner, inner_name, depth + 1, pattern);
+                add_found(inner, join_path(name, found), *status, depth + 1);
+            } else if (add_contents(inner, join_path(name, found), depth + 1, pattern)) {
+                any = true;
             }
         }
+        return any;
     }
 
     void add(Input input) {

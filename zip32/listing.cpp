@@ -73,7 +73,7 @@ bool is_link(std::uint32_t attributes) {
 }
 
 bool is_folder(const CentralEntry& entry) {
-    if (entry.name.ends_with('/')) return true;
+    if (ends_in_separator(entry.name)) return true;
     const std::uint32_t type = entry.external_attributes >> 16 & type_bits;
     const bool marked =
         type != 0 ? type == type_folder : (entry.external_attributes & dos_folder) != 0;

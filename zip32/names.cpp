@@ -102,6 +102,15 @@ std::vector<std::string> components(std::string_view path, PathStyle style) {
     return found;
 }
 
+bool ends_in_separator(std::string_view path, PathStyle style) {
+    return !path.empty() && separators(style).find(path.back()) != std::string_view::npos;
+}
+
+std::string join_path(std::string_view folder, std::string_view name, PathStyle style) {
+    const bool separates = !folder.empty() && !ends_in_separator(folder, style);
+    return std::string(folder).append(separates ? "/" : "").append(name);
+}
+
 bool is_drive(std::string_view component, PathStyle style) {
     return component.size() == 2 && has_drive(component, style);
 }

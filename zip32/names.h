@@ -18,6 +18,9 @@ inline constexpr PathStyle native_path_style =
     PathStyle::posix;
 #endif
 
+/// Entries lie at most this many components deep: with more their folders are not taken out.
+inline constexpr std::size_t deepest_name = 100;
+
 /// The last component of a path; empty when the path ends in a separator, "." or "..".
 [[nodiscard]] std::string last_component(std::string_view path,
                                          PathStyle style = native_path_style);
@@ -32,6 +35,12 @@ inline constexpr PathStyle native_path_style =
 /// What stands between the separators, "." left out and ".." with what precedes it. A drive is one.
 [[nodiscard]] std::vector<std::string> components(std::string_view path,
                                                   PathStyle style = native_path_style);
+
+[[nodiscard]] bool ends_in_separator(std::string_view path, PathStyle style = native_path_style);
+
+/// With "/" between them unless the folder is empty or ends in a separator.
+[[nodiscard]] std::string join_path(std::string_view folder, std::string_view name,
+                                    PathStyle style = native_path_style);
 
 /// Whether it is a drive alone: "C:".
 [[nodiscard]] bool is_drive(std::string_view component, PathStyle style = native_path_style);

@@ -18,7 +18,9 @@ std::string parent_of(const std::string& path) {
 
 bool make_with_parents(std::string path) {
     if (const auto status = file_status(path)) return status->folder;
-    while (!path.empty() && last_component(path).empty()) path.pop_back();
+    while (ends_in_separator(path)) path.pop_back();
+    // A root that is not there.
+    if (path.empty() || is_drive(path)) return false;
     const std::string parent = folder_of(path);
     if (!parent.empty() && parent != path && !make_with_parents(parent)) return false;
     return make_folder(path, plain_permissions);
@@ -33,8 +35,7 @@ Moment modification_of(const Entry& entry) {
 
 std::string TargetFolders::full_path(const std::string& path) const {
     if (path.empty()) return chosen_;
-    const bool separated = folder_of(chosen_) == chosen_;
-    return chosen_ + (separated ? "" : "/") + path;
+    return join_path(chosen_, path);
 }
 
 void TargetFolders::describe(const std::string& path, const Entry& entry) {

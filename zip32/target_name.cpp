@@ -9,7 +9,6 @@ namespace kovrel::zip {
 namespace {
 
 constexpr std::size_t longest_component = 255;
-constexpr int deepest = 100;
 
 bool is_control(char character) {
     const auto code = static_cast<std::uint8_t>(character);
@@ -78,14 +77,14 @@ TargetName target_name(std::string_view name, PathStyle style) {
         return {{}, fault};
     }
     TargetName result;
-    int depth = 0;
+    std::size_t depth = 0;
     while (!name.empty()) {
         const std::size_t length = std::min(name.find_first_of(separators), name.size());
         const std::string_view component = name.substr(0, length);
         name.remove_prefix(std::min(length + 1, name.size()));
         if (component.empty() || component == ".") continue;
         const NameFault fault =
-            ++depth > deepest ? NameFault::too_deep : fault_of_component(component, style);
+            ++depth > deepest_name ? NameFault::too_deep : fault_of_component(component, style);
         if (fault != NameFault::none) return {{}, fault};
         result.path.append(result.path.empty() ? "" : "/").append(component);
     }

@@ -11,6 +11,7 @@
 #include "archive_reader.h"
 #include "archive_writer.h"
 #include "input_list.h"
+#include "listing.h"
 #include "names.h"
 #include "piece_feeder.h"
 #include "worker_pool.h"
@@ -50,8 +51,11 @@ std::optional<ArchiveReader> open_existing(const std::string& path, bool afresh)
 
 bool is_wanted(const Input& input, const OldEntry* old, Selection selection) {
     if (selection == Selection::all) return true;
-    return old == nullptr ? selection == Selection::newer_or_new
-                          : old->central.modified < input.status.modified;
+    if (old == nullptr) return selection == Selection::newer_or_new;
+    // Local times, to which entries without another are limited, change with the time zone.
+    const std::optional<Moment> known = entry_of(*old).modified;
+    return known ? *known / moments_per_second < input.status.moment / moments_per_second
+                 : old->central.modified < input.status.modified;
 }
 
 std::string name_of(const OldEntry& old) {
@@ -112,6 +116,7 @@ class Update {
             throw ZipError(ZipCode::bad_parameters, "too long a comment");
         }
         std::optional<ArchiveReader> old = open_existing(archive_path_, options_.afresh);
+        remove_abandoned_files_beside(archive_path_);
         const std::vector<Input> inputs = collect_inputs(archive_path_, names, options_, events_);
         const std::span<const OldEntry> old_entries =
             old ? std::span(old->entries()) : std::span<const OldEntry>();
@@ -124,7 +129,7 @@ class Update {
 
         NewFile file(archive_path_);
         OutputBuffer output(file);
-        ArchiveWriter writer(output);
+        ArchiveWriter writer(output, [this] { count(0); });
         if (old && !options_.drop_prefix) writer.copy_prefix(*old);
         write_entries(steps, old, writer);
         if (packed_.empty()) return ZipCode::cannot_open_file;

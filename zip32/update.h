@@ -1,8 +1,7 @@
-// The engine's one operation: files packed into a new archive, or into an existing one whose other
-// entries stay as they are. The container format is our own code, over zlib, rather than a
-// library's, so that one file is deflated on several threads into the same bytes as on one, kept
-// entries are copied as they stand, and the old archive stays whole until the new one takes its
-// place.
+// Packing: files put into a new archive, or into an existing one whose other entries stay as they
+// are. The container format is our own code, over zlib, rather than a library's, so that one file
+// is deflated on several threads into the same bytes as on one, kept entries are copied as they
+// stand, and the old archive stays whole until the new one takes its place.
 #pragma once
 
 #include <cstdint>
@@ -74,8 +73,8 @@ struct UpdateEvents {
 ///
 /// - The archive is written to a temporary file beside its target, which it replaces only when
 ///   complete: with any return code, the target is either the old archive, untouched, or the new
-///   one. Only a killed process leaves its temporary file (zi and eight digits, .tmp), until the
-///   next update in that folder.
+///   one. Only a killed process leaves its temporary file (zi and eight hexadecimal digits, .tmp),
+///   until the next update in that folder.
 /// - The new archive keeps the old one's permissions, owner and attributes. Where the path is a
 ///   link, the archive that it leads to is replaced, not the link.
 /// - An archive whose comment holds another end record is refused: programs disagree about which

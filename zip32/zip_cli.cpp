@@ -126,11 +126,13 @@ void pack_folders(UpdateOptions& options) {
     options.zoned_times = true;
 }
 
-void set_mode(UpdateOptions& options, const std::string& mode) {
+bool set_mode(UpdateOptions& options, const std::string& mode) {
+    if (mode != "new" && mode != "add" && mode != "update" && mode != "refresh") return false;
     options.afresh = mode == "new";
     options.selection = mode == "update"    ? Selection::newer_or_new
                         : mode == "refresh" ? Selection::newer
                                             : Selection::all;
+    return true;
 }
 
 ZipCode pack(CommandLine line) {
@@ -145,7 +147,7 @@ ZipCode pack(CommandLine line) {
         } else if (given == "-x") {
             options.exclusions.push_back(line.value());
         } else if (given == "-m") {
-            set_mode(options, line.value());
+            if (!set_mode(options, line.value())) return show_usage();
         } else if (given == "-c") {
             options.comment = line.value();
         } else if (given.size() == 2) {
@@ -191,6 +193,9 @@ ZipCode take(CommandLine line) {
     for (std::string given; !(given = line.next_switch()).empty();) {
         if (given == "-o") {
             const std::string existing = line.value();
+            if (existing != "keep" && existing != "replace" && existing != "older") {
+                return show_usage();
+            }
             options.existing = existing == "replace" ? Existing::replace
                                : existing == "older" ? Existing::replace_older
                                                      : Existing::keep;

@@ -16,8 +16,8 @@ enum class ZipCode : std::int32_t {
     out_of_memory = 4,      // ZE_MEM: not enough memory
     internal_error = 5,     // ZE_LOGIC: a fault of the engine's own, or of a callback
     entry_too_large = 6,    // ZE_BIG: a file outgrew, while it was read, what its entry can hold
-    bad_comment = 7,        // ZE_NOTE: never returned: no comment is taken
-    test_failed = 8,        // ZE_TEST: never returned: archives are not tested
+    bad_comment = 7,        // ZE_NOTE: never returned: too long a comment is 16
+    test_failed = 8,        // ZE_TEST: never returned: incomplete says it
     aborted = 9,            // ZE_ABORT: the service callback asked to stop
     temporary_file = 10,    // ZE_TEMP: never returned: 14 or 15 say more
     read_failed = 11,       // ZE_READ: an open file could not be read to its end

@@ -7,7 +7,8 @@ HostProgress::HostProgress(const ComPtr<IDispatch>& general) {
 }
 
 bool HostProgress::advances(std::uint64_t done, std::uint64_t total) noexcept {
-    const double part = total == 0 ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
+    const double part =
+        done >= total ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
     const auto percentage = static_cast<std::int32_t>(part * 100);
     if (percentage == percentage_) return false;
     percentage_ = percentage;

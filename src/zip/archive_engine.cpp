@@ -109,7 +109,6 @@ class Collector final : public zip::ApiListener {
             return false;
         });
     }
-    void __stdcall failure(const char* /*text*/) noexcept override {}
 
     [[nodiscard]] ArchiveReport finish(ZipCode code, const std::wstring& archive);
 

@@ -110,12 +110,30 @@ Check "se conserva", Read("copia\datos\notas.txt"), "otra cosa"
 Check "se conserva, estado", entries("datos/notas.txt").Estado, CLng(2)
 Check "se conserva, motivo", entries("datos/notas.txt").Motivo, "ya existía y se conserva"
 archive.Existentes = 3
-CreateObject("WScript.Shell").CurrentDirectory = folder
-Set entries = archive.Extrae("a.zip", "copia", "notas.txt")
-Check "se pregunta y se conserva", Read("copia\datos\notas.txt"), "otra cosa"
+Dim fixed
+fixed = "C:\Copia de las pruebas"
+If files.FolderExists(fixed) Then files.DeleteFolder fixed
+files.CreateFolder fixed
+files.CreateFolder fixed & "\datos"
+Sub WriteFixed(text)
+    Dim file
+    Set file = files.CreateTextFile(fixed & "\datos\notas.txt", True)
+    file.Write text
+    file.Close
+End Sub
+Function ReadFixed()
+    Dim stream
+    Set stream = files.OpenTextFile(fixed & "\datos\notas.txt")
+    ReadFixed = stream.ReadAll
+    stream.Close
+End Function
+WriteFixed "otra cosa"
+Set entries = archive.Extrae(folder & "\a.zip", fixed, "notas.txt")
+Check "se pregunta y se conserva", ReadFixed(), "otra cosa"
 Check "se pregunta y se conserva, estado", entries("datos/notas.txt").Estado, CLng(4)
-Set entries = archive.Extrae("a.zip", "copia", "notas.txt")
-Check "se pregunta y se reemplaza", Read("copia\datos\notas.txt"), "hola"
+Set entries = archive.Extrae(folder & "\a.zip", fixed, "notas.txt")
+Check "se pregunta y se reemplaza", ReadFixed(), "hola"
+files.DeleteFolder fixed
 archive.Existentes = 1
 Write "copia\datos\notas.txt", "otra cosa"
 Set entries = archive.Extrae(folder & "\a.zip", folder & "\copia", "notas.txt")

@@ -21,6 +21,7 @@ using test::MadeEntry;
 using test::stored;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 class ZipExtraction : public testing::Test {
  protected:
@@ -129,6 +130,21 @@ TEST_F(ZipExtraction, PatternsChoose) {
     options.patterns = {"*.doc"};
     EXPECT_EQ(take(entries), ZipCode::nothing_to_do);
     EXPECT_EQ(why, "no entry of such a name");
+}
+
+TEST_F(ZipExtraction, PatternsAreComparedWithWhereEntriesLead) {
+    options.exclusions = {"datos/*.txt"};
+    EXPECT_EQ(take({stored("datos//a.txt", "1"), stored("./datos/./b.txt", "2"),
+                    stored("datos/c.bin", "3")}),
+              ZipCode::ok);
+    EXPECT_THAT(tree(), UnorderedElementsAre("datos/", "datos/c.bin"));
+}
+
+TEST_F(ZipExtraction, TheFolderMayEndInDots) {
+    options.folder = folder / "fuera/dentro/..";
+    std::filesystem::create_directories(test::from_utf8(folder / "fuera/dentro"));
+    EXPECT_EQ(take({stored("a.txt", "1")}), ZipCode::ok);
+    EXPECT_EQ(taken("a.txt"), "1");
 }
 
 TEST_F(ZipExtraction, ExistingFilesAreKeptReplacedOrAskedAbout) {

@@ -1,6 +1,7 @@
 // Entry names, DOS times and extra fields of archives.
 #include "names.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <zlib.h>
 
@@ -28,6 +29,26 @@ TEST(ZipNames, TheFolderOfAPathKeepsItsSeparator) {
     EXPECT_EQ(folder_of("c.txt", PathStyle::posix), "");
     EXPECT_EQ(folder_of("C:\\Datos\\año.txt", PathStyle::windows), "C:\\Datos\\");
     EXPECT_EQ(folder_of("C:factura.txt", PathStyle::windows), "C:");
+}
+
+TEST(ZipNames, ComponentsOfAPath) {
+    using testing::ElementsAre;
+    EXPECT_THAT(components("/a//b/./c/../d/", PathStyle::posix), ElementsAre("a", "b", "d"));
+    EXPECT_THAT(components("../a", PathStyle::posix), ElementsAre("a"));
+    EXPECT_THAT(components(R"(C:\a/b)", PathStyle::windows), ElementsAre("C:", "a", "b"));
+    EXPECT_THAT(components(R"(C:\..\a)", PathStyle::windows), ElementsAre("C:", "a"));
+    EXPECT_TRUE(is_drive("C:", PathStyle::windows));
+    EXPECT_FALSE(is_drive("C:", PathStyle::posix));
+    EXPECT_FALSE(is_drive("C:a", PathStyle::windows));
+}
+
+TEST(ZipNames, JoinedPathsHaveOneSeparator) {
+    EXPECT_EQ(join_path("", "a", PathStyle::posix), "a");
+    EXPECT_EQ(join_path("b", "a", PathStyle::posix), "b/a");
+    EXPECT_EQ(join_path("..", "a", PathStyle::posix), "../a");
+    EXPECT_EQ(join_path("b/", "a", PathStyle::posix), "b/a");
+    EXPECT_EQ(join_path("b\\", "a", PathStyle::posix), "b\\/a");
+    EXPECT_EQ(join_path("C:\\", "a", PathStyle::windows), "C:\\a");
 }
 
 TEST(ZipNames, RelativeNamesNeverLeaveTheFolder) {

@@ -18,7 +18,7 @@ class ZipOutputBuffer : public testing::Test {
     }
     /// How many bytes have come to the file so far. Windows lets nobody else open it.
     std::uintmax_t in_file() {
-        const std::vector<std::string> names = folder_names(test::utf8(folder.path()));
+        const std::vector<std::string> names = *folder_names(test::utf8(folder.path()));
         return std::filesystem::file_size(folder.path() / names.at(0));
     }
     std::string result() {

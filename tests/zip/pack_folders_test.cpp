@@ -86,6 +86,49 @@ TEST_F(ZipPackFolders, PatternsAreLookedForInTheirFolderAndBelow) {
     EXPECT_THAT(left_out, ElementsAre(LeftOut(folder / "datos/*.doc", EntryState::cannot_open)));
 }
 
+TEST_F(ZipPackFolders, APatternThatAddsNothingNewIsNoFault) {
+    folder.write("datos/a.txt", "1");
+    EXPECT_EQ(pack_below("", {folder / "datos/*.txt", folder / "datos/a*"}), ZipCode::ok);
+    EXPECT_THAT(left_out, IsEmpty());
+    EXPECT_THAT(names(), ElementsAre("a.txt"));
+}
+
+TEST_F(ZipPackFolders, NoNameIsDeeperThanWhatIsTakenOut) {
+    std::string deep = "f";
+    for (int i = 0; i < 99; ++i) deep = "d/" + deep;  // 100 components
+    folder.write(deep, "1");
+    folder.write("d/" + deep, "2");
+    options.folder_entries = false;
+    EXPECT_EQ(pack_below("", {folder / "d"}), ZipCode::ok);
+    EXPECT_THAT(names(), ElementsAre(deep));
+    ASSERT_EQ(left_out.size(), 1U);
+    EXPECT_EQ(left_out[0].second, EntryState::bad_name);
+}
+
+TEST_F(ZipPackFolders, WhatAKilledProcessHasLeftIsNotPacked) {
+    folder.write("zi01234567.tmp", "a medias");
+    folder.write("a.txt", "1");
+    EXPECT_EQ(pack_below(test::utf8(folder.path()), {test::utf8(folder.path())}), ZipCode::ok);
+    EXPECT_THAT(left_out, IsEmpty());
+    EXPECT_THAT(names(), ElementsAre("a.txt"));
+}
+
+TEST_F(ZipPackFolders, NewerIsDecidedByTheMomentWhereItIsKnown) {
+    options.zoned_times = true;
+    options.selection = Selection::newer_or_new;
+    const std::string file = folder.write("a.txt", "1");
+    const auto change_at = [&](std::int64_t seconds) {
+        NewFile changed(file, 0644);
+        changed.set_modified(moment_of_unix_time(seconds));
+        changed.replace_target();
+    };
+    change_at(1'700'000'000);
+    ASSERT_EQ(pack({file}), ZipCode::ok);
+    EXPECT_EQ(pack({file}), ZipCode::nothing_to_do);
+    change_at(1'700'000'001);  // within the two seconds that the local time tells
+    EXPECT_EQ(pack({file}), ZipCode::ok);
+}
+
 TEST_F(ZipPackFolders, ExclusionsAreOfNamesInTheArchive) {
     folder.write("datos/a.txt", "1");
     folder.write("datos/a.tmp", "1");
@@ -108,6 +151,18 @@ TEST_F(ZipPackFolders, WhatCannotBePackedIsTold) {
 }
 
 #ifndef _WIN32
+TEST_F(ZipPackFolders, WhatCannotBeReadIsTold) {
+    folder.write("datos/a.txt", "1");
+    std::filesystem::create_symlink("nada", folder / "datos/roto");
+    options.follow_links = true;
+    EXPECT_EQ(pack_below("", {folder / "datos"}), ZipCode::ok);
+    EXPECT_THAT(left_out, ElementsAre(LeftOut(folder / "datos/roto", EntryState::cannot_open)));
+    options.follow_links = false;
+    EXPECT_EQ(pack_below("", {folder / "datos"}), ZipCode::ok);
+    EXPECT_THAT(left_out, ElementsAre(LeftOut(folder / "datos/roto", EntryState::link)));
+    EXPECT_FALSE(folder_names(folder / "nada"));
+}
+
 TEST_F(ZipPackFolders, LinksFoundInFoldersAreNotFollowed) {
     folder.write("datos/a.txt", "1");
     folder.write("fuera/b.txt", "1");

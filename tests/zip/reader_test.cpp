@@ -208,9 +208,9 @@ TEST_F(ZipReader, CopiesItsBytes) {
     {
         NewFile file(path);
         OutputBuffer output(file);
-        reader.copy(1, front.size() + 31, output);
-        reader.copy(0, 1, output);
-        EXPECT_THROW(reader.copy(front.size() + 181, 1, output), ZipError);
+        reader.copy(1, front.size() + 31, output, [] {});
+        reader.copy(0, 1, output, [] {});
+        EXPECT_THROW(reader.copy(front.size() + 181, 1, output, [] {}), ZipError);
         output.flush();
         file.replace_target();
     }
@@ -218,7 +218,7 @@ TEST_F(ZipReader, CopiesItsBytes) {
     NewFile file(path);
     OutputBuffer output(file);
     try {
-        reader.copy(front.size() + 180, 2, output);
+        reader.copy(front.size() + 180, 2, output, [] {});
         ADD_FAILURE() << "copied past the end";
     } catch (const ZipError& error) {
         EXPECT_EQ(error.code(), ZipCode::unexpected_end);
