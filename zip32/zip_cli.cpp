@@ -2,10 +2,12 @@
 #include <cstdlib>
 #include <iomanip>
 #include <iostream>
+#include <optional>
 #include <span>
 #include <sstream>
 
 #include "extraction.h"
+#include "names.h"
 #include "update.h"
 
 namespace kovrel::zip {
@@ -14,11 +16,16 @@ namespace {
 constexpr const char* usage =
     "usage: zip_cli pack [-0..-9] [-t THREADS] ARCHIVE FILE...\n"
     "       zip_cli pack -r [-b BASE] [-x PATTERN]... [-m new|add|update|refresh] [-c COMMENT]\n"
-    "                    [-0..-9] [-t THREADS] ARCHIVE FILE...\n"
+    "                    [-j] [--flat] [--no-hidden] [--stop BYTES] [-0..-9] [-t THREADS] ARCHIVE\n"
+    "                    FILE...\n"
     "       zip_cli list ARCHIVE\n"
+    "       zip_cli comment ARCHIVE\n"
     "       zip_cli test ARCHIVE [PATTERN...]\n"
-    "       zip_cli take [-o keep|replace|older] [-x PATTERN]... [-j] [--bytes N] [--ratio N]\n"
-    "                    [-t THREADS] ARCHIVE FOLDER [PATTERN...]\n";
+    "       zip_cli take [-o keep|replace|older|ask] [-x PATTERN]... [-j] [--bytes N] [--ratio N]\n"
+    "                    [--stop BYTES] [-t THREADS] ARCHIVE FOLDER [PATTERN...]\n"
+    "-j drops folder names, --flat leaves out what is in folders, --stop cancels after so many "
+    "bytes;\n"
+    "asked, a line that begins with y replaces the file.\n";
 
 using Words = std::vector<std::string>;
 
@@ -106,8 +113,20 @@ ZipCode tell(ZipCode code, const std::string& why) {
     return code;
 }
 
+// Cancels after so many bytes; 0: never.
+auto stop_after(std::uint64_t bytes) {
+    return [bytes](std::string_view, std::uint64_t done, std::uint64_t) {
+        return bytes != 0 && done >= bytes;
+    };
+}
+
 ExtractEvents printing_events() {
     ExtractEvents events;
+    events.replace = [](const Entry&, const std::string& path) {
+        std::cerr << "replace " << printable(path) << "? ";
+        std::string answer;
+        return std::getline(std::cin, answer) && answer.starts_with('y');
+    };
     events.entry_done = [](const Entry& entry, EntryState state, const std::string&) {
         std::cout << state_text(state) << '\t' << printable(entry.name) << '\n';
         return false;
@@ -137,6 +156,7 @@ bool set_mode(UpdateOptions& options, const std::string& mode) {
 
 ZipCode pack(CommandLine line) {
     UpdateOptions options;
+    UpdateEvents events;
     for (std::string given; !(given = line.next_switch()).empty();) {
         if (given == "-t") {
             options.threads = static_cast<unsigned>(line.number());
@@ -150,6 +170,14 @@ ZipCode pack(CommandLine line) {
             if (!set_mode(options, line.value())) return show_usage();
         } else if (given == "-c") {
             options.comment = line.value();
+        } else if (given == "-j") {
+            options.drop_folder_names = true;
+        } else if (given == "--flat") {
+            options.recurse = false;
+        } else if (given == "--no-hidden") {
+            options.include_hidden = false;
+        } else if (given == "--stop") {
+            events.progress = stop_after(line.number());
         } else if (given.size() == 2) {
             options.level = given[1] - '0';
         } else {
@@ -158,7 +186,6 @@ ZipCode pack(CommandLine line) {
     }
     const Words words = line.rest();
     if (words.empty()) return show_usage();
-    UpdateEvents events;
     events.message = [](std::string_view text) { std::cerr << text << '\n'; };
     return update_archive(words.front(), after(words, 1), options, events);
 }
@@ -180,6 +207,18 @@ ZipCode list(CommandLine line) {
     }
 }
 
+ZipCode comment(CommandLine line) {
+    const Words words = line.rest();
+    if (words.size() != 1) return show_usage();
+    try {
+        std::cout << printable(archive_comment_utf8(ArchiveReader(words.front()).comment()))
+                  << '\n';
+        return ZipCode::ok;
+    } catch (const ZipError& error) {
+        return tell(error.code(), error.what());
+    }
+}
+
 ZipCode test(CommandLine line) {
     const Words words = line.rest();
     if (words.empty()) return show_usage();
@@ -188,17 +227,22 @@ ZipCode test(CommandLine line) {
     return tell(code, why);
 }
 
+std::optional<Existing> existing_named(const std::string& name) {
+    if (name == "keep") return Existing::keep;
+    if (name == "replace") return Existing::replace;
+    if (name == "older") return Existing::replace_older;
+    if (name == "ask") return Existing::ask;
+    return std::nullopt;
+}
+
 ZipCode take(CommandLine line) {
     ExtractOptions options;
+    ExtractEvents events = printing_events();
     for (std::string given; !(given = line.next_switch()).empty();) {
         if (given == "-o") {
-            const std::string existing = line.value();
-            if (existing != "keep" && existing != "replace" && existing != "older") {
-                return show_usage();
-            }
-            options.existing = existing == "replace" ? Existing::replace
-                               : existing == "older" ? Existing::replace_older
-                                                     : Existing::keep;
+            const std::optional<Existing> existing = existing_named(line.value());
+            if (!existing) return show_usage();
+            options.existing = *existing;
         } else if (given == "-x") {
             options.exclusions.push_back(line.value());
         } else if (given == "-j") {
@@ -207,6 +251,8 @@ ZipCode take(CommandLine line) {
             options.most_bytes = line.number();
         } else if (given == "--ratio") {
             options.most_ratio = static_cast<std::uint32_t>(line.number());
+        } else if (given == "--stop") {
+            events.progress = stop_after(line.number());
         } else if (given == "-t") {
             options.threads = static_cast<unsigned>(line.number());
         } else {
@@ -218,7 +264,7 @@ ZipCode take(CommandLine line) {
     options.folder = words[1];
     options.patterns = after(words, 2);
     std::string why;
-    const ZipCode code = extract_archive(words.front(), options, printing_events(), why);
+    const ZipCode code = extract_archive(words.front(), options, events, why);
     return tell(code, why);
 }
 
@@ -232,9 +278,10 @@ int main(int count, char** values) {
     if (words.empty()) return static_cast<int>(show_usage());
     const std::string& verb = words.front();
     const CommandLine line(after(words, 1));
-    return static_cast<int>(verb == "pack"   ? pack(line)
-                            : verb == "list" ? list(line)
-                            : verb == "test" ? test(line)
-                            : verb == "take" ? take(line)
-                                             : show_usage());
+    return static_cast<int>(verb == "pack"      ? pack(line)
+                            : verb == "list"    ? list(line)
+                            : verb == "comment" ? comment(line)
+                            : verb == "test"    ? test(line)
+                            : verb == "take"    ? take(line)
+                                                : show_usage());
 }

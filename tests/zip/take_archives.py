@@ -15,7 +15,7 @@ import zipfile
 CLI = sys.argv[2]
 GIB = 1 << 30
 CANNOT_BE_TRIED = 77
-OVER_LIMIT, INCOMPLETE = 100, 101
+ABORTED, OVER_LIMIT, INCOMPLETE = 9, 100, 101
 # Local times must come back in a time zone with a summer time.
 ENVIRONMENT = {**os.environ, "LC_ALL": "C.UTF-8", "TZ": "Europe/Madrid"}
 rng = random.Random(17)
@@ -188,6 +188,12 @@ def packed(folder):
     expect(set(tree_of(made)) == set(expected) | {"nuevo", "nuevo/más.txt"}, "brought up to date")
     with zipfile.ZipFile(archive) as updated:
         expect(updated.comment == "Año €".encode(), f"comment {updated.comment}")
+    expect(run(CLI, "comment", archive) == "Año €\n", "the comment listed")
+    write(os.path.join(top, ".oculto"), b"1")
+    run(CLI, "pack", "-r", "-b", top, "-m", "new", "--flat", "--no-hidden", archive, os.path.join(top, "*"))
+    flat = [line.split("\t")[0] for line in run(CLI, "list", archive).splitlines()]
+    expect(".oculto" not in flat and "texto.txt" in flat and not any("/" in name.rstrip("/") for name in flat),
+           f"without hidden files and what is in folders: {flat}")
 
 
 def unreadable(folder):
@@ -238,6 +244,18 @@ def existing(folder):
     shutil.rmtree(made)
     run(CLI, "take", "-j", archive, made)
     expect(sorted(os.listdir(made)) == sorted(map(os.path.basename, FILES)), "without folder names")
+    write(os.path.join(made, "texto.txt"), b"viejo")
+    for answer, contents in ((b"", b"viejo"), (b"n\n", b"viejo"), (b"y\n", FILES["texto.txt"])):
+        asked = subprocess.run([CLI, "take", "-o", "ask", archive, made, "texto.txt"], input=answer,
+                               stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        expect(asked.returncode == 0 and asked.stderr.startswith(b"replace "), f"asked: {asked}")
+        expect(read(os.path.join(made, "texto.txt")) == contents, f"answer {answer}")
+    shutil.rmtree(made)
+    run(CLI, "take", "--stop", "1", "-t", "1", archive, made, code=ABORTED)
+    expect(not any(name.startswith("zi") for name in os.listdir(made)), "a temporary file after a stop")
+    before = read(archive)
+    run(CLI, "pack", "-r", "--stop", "1", archive, top, code=ABORTED)
+    expect(read(archive) == before, "the archive after a stop")
     run(CLI, "take", archive, made, "no hay", code=12)
     run(CLI, "take", archive, code=16)
     run(CLI, "take", os.path.join(folder, "no.zip"), made, code=18)
