@@ -82,10 +82,10 @@ TEST_F(Archive, FailuresHaveNumberDescriptionAndSource) {
         EXPECT_EQ(in(way, L"Comprime", {Variant(folder_.path()), Variant(file_)}).result,
                   failure(75));
     }
-    const Outcome nothing = call(archive_.get(), L"Comprime", {Variant(path_), Variant(1.5)});
+    const Outcome nothing = call(archive_.get(), L"Comprime", {Variant(path_), Variant(15)});
     EXPECT_EQ(nothing.error, failure(53));
     EXPECT_TRUE(nothing.description.starts_with(L"No se encontró el archivo: "));
-    EXPECT_TRUE(nothing.description.ends_with(L"\\1,5"));
+    EXPECT_TRUE(nothing.description.ends_with(L"\\15"));
     EXPECT_EQ(call(archive_.get(), L"Lista", {Variant(folder_.path())}).error, failure(75));
     EXPECT_EQ(call(archive_.get(), L"Comprime", {Variant(path_), Variant::null()}).error,
               failure(94));
