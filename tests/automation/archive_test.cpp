@@ -261,7 +261,7 @@ TEST_F(Archive, NothingLeavesTheFolder) {
     std::string bytes = content_of(path_);
     // The name stands in the entry's header and in the directory, and its length stays.
     for (const char* const name :
-         {"../ab.txt", "C:\\b.txt", "/aa_a.txt", "aa:aa.txt", "\\\\a\\b\\c"}) {
+         {"../ab.txt", R"(C:\b.txt)", "/aa_a.txt", "aa:aa.txt", R"(\\a\b\c)"}) {
         SCOPED_TRACE(name);
         std::string hostile = bytes;
         for (std::size_t at = 0; (at = hostile.find("aa_aa.txt", at)) != std::string::npos; ++at) {
