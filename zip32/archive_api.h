@@ -1,6 +1,7 @@
 // What kovrel.dll asks of zip32.dll beyond the published entry points: archives with names in
-// Unicode, what they hold, and what became of each entry. Plain records, so that either DLL can be
-// of another compiler; both come from one build otherwise. Texts are UTF-8 and end in a zero.
+// Unicode, what they hold, and what became of each entry. Plain records and virtual
+// functions, so that nothing of either DLL's run-time library passes from one to the other. Texts
+// are UTF-8 and end in a zero.
 #pragma once
 
 #include <cstdint>
@@ -14,12 +15,11 @@ struct ApiEntry {
     const char* comment;
     std::uint64_t size;  ///< bytes
     std::uint64_t packed_size;
-    std::uint64_t
-        modified;  ///< UTC, 100 ns since the beginning of 1601; 0: known in local time alone
+    /// UTC, 100 ns since the beginning of 1601; 0: known in local time alone.
+    std::uint64_t modified;
     std::uint16_t local_date;  ///< as the ZIP format has them
     std::uint16_t local_time;
     std::uint32_t crc;
-    std::uint32_t attributes;
     std::uint16_t method;
     std::uint8_t is_folder;
     std::uint8_t is_encrypted;

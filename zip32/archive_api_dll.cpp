@@ -32,7 +32,6 @@ ApiEntry as_api(const Entry& entry, EntryState state, const std::string& path) {
     result.local_date = entry.local_modified.date;
     result.local_time = entry.local_modified.time;
     result.crc = entry.crc;
-    result.attributes = entry.attributes;
     result.method = entry.method;
     result.is_folder = entry.folder;
     result.is_encrypted = entry.encrypted;

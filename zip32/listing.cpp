@@ -106,7 +106,6 @@ Entry entry_of(const OldEntry& entry) {
     result.local_modified = central.modified;
     result.modified = ntfs_time(central.extra);
     if (!result.modified) result.modified = unix_time(central.extra, central.modified);
-    result.attributes = central.external_attributes;
     result.permissions = permissions_of(central.external_attributes, result.folder);
     return result;
 }

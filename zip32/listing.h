@@ -23,7 +23,6 @@ struct Entry {
     std::string comment;             // UTF-8
     std::optional<Moment> modified;  // where the archive holds it in UTC
     DosTime local_modified;
-    std::uint32_t attributes = 0;  // the DOS ones in the low byte; the Unix mode in the high half
     /// For the owner, the group and others, as chmod takes them.
     std::uint16_t permissions = 0;
 };

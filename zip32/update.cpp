@@ -172,6 +172,7 @@ class Update {
             if (step.packs() && add(step, feeder, writer)) {
                 report(step, writer.last_entry());
             } else if (step.old != nullptr && stays(step)) {
+                current_ = name_of(*step.old);
                 writer.copy_entry(*old, *step.old);
             }
         }

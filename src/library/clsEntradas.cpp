@@ -48,10 +48,10 @@ constexpr auto declared =
             L"ATexto",
             L"Las entradas en líneas de texto, con los datos separados por tabuladores.");
 
-std::uint64_t sum_of(const ArchiveReport& report, std::uint64_t ArchiveEntry::*size) {
-    std::uint64_t sum = 0;
+double sum_of(const ArchiveReport& report, std::uint64_t ArchiveEntry::*size) {
+    double sum = 0;
     for (const ArchiveEntry& entry : report.entries) {
-        if (entry.state == zip::EntryState::done) sum += entry.*size;
+        if (entry.state == zip::EntryState::done) sum += static_cast<double>(entry.*size);
     }
     return sum;
 }
@@ -113,11 +113,11 @@ std::int32_t clsEntradas::get_Fallidas() const {
 }
 
 double clsEntradas::get_Bytes() const {
-    return static_cast<double>(sum_of(*report_, &ArchiveEntry::size));
+    return sum_of(*report_, &ArchiveEntry::size);
 }
 
 double clsEntradas::get_BytesComprimidos() const {
-    return static_cast<double>(sum_of(*report_, &ArchiveEntry::packed_size));
+    return sum_of(*report_, &ArchiveEntry::packed_size);
 }
 
 std::wstring clsEntradas::ATexto() const {

@@ -1,5 +1,8 @@
 #include "library/host_progress.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace kovrel {
 
 HostProgress::HostProgress(const ComPtr<IDispatch>& general) {
@@ -7,9 +10,11 @@ HostProgress::HostProgress(const ComPtr<IDispatch>& general) {
 }
 
 bool HostProgress::advances(std::uint64_t done, std::uint64_t total) noexcept {
-    const double part =
-        done >= total ? 1.0 : static_cast<double>(done) / static_cast<double>(total);
-    const auto percentage = static_cast<std::int32_t>(part * 100);
+    if (done >= total) done = total = 1;
+    // In whole numbers, without overflow for any sizes that an archive may claim.
+    constexpr std::uint64_t largest = std::numeric_limits<std::uint64_t>::max() / 100;
+    const std::uint64_t part = total > largest ? done / (total / 100) : done * 100 / total;
+    const auto percentage = static_cast<std::int32_t>(std::min<std::uint64_t>(part, 100));
     if (percentage == percentage_) return false;
     percentage_ = percentage;
     return true;

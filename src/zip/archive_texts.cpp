@@ -68,7 +68,7 @@ std::wstring progress_text(std::wstring_view verb, std::wstring_view name, std::
     const bool is_large = total >= 10 * megabyte;
     const std::uint64_t unit = is_large ? megabyte : kilobyte;
     const auto in_units = [unit](std::uint64_t bytes) {
-        return decimal_text(static_cast<std::int64_t>((bytes + unit - 1) / unit));
+        return decimal_text(static_cast<std::int64_t>(bytes / unit + (bytes % unit != 0 ? 1 : 0)));
     };
     return concat({verb, L" ", name, L" (", in_units(done), L" de ", in_units(total),
                    is_large ? L" MB)" : L" KB)"});

@@ -311,6 +311,14 @@ TEST_F(Identifiers, TheProgressIsToldOnceAHundredth) {
     EXPECT_EQ(general->log().front(), L"BarraProgresoActualiza(0, Comprobados 1 de 1000)");
     EXPECT_EQ(general->log().back(), L"BarraProgresoActualiza(100, Comprobados 1000 de 1000)");
 
+    // The hundredths are whole: 29 of 100 is not a little less than 29.
+    general->clear_log();
+    many.resize(100);
+    call(identifiers_.get(), L"CompruebaLista",
+         {Variant(id_nif), texts(many), Variant(0), Variant(ComPtr<IDispatch>(general.get()))});
+    ASSERT_EQ(general->log().size(), 100U);
+    EXPECT_EQ(general->log()[28], L"BarraProgresoActualiza(29, Comprobados 29 de 100)");
+
     general->clear_log();
     const ScriptedRecordset records({{Variant(L"12345678Z")}, {Variant(L"x")}}, {L"nif"});
     call(identifiers_.get(), L"CompruebaRecordset",

@@ -54,6 +54,8 @@ TEST(ArchiveTexts, ProgressIsToldInWholeUnits) {
               L"Extrayendo a (1 de 10 MB)");
     EXPECT_EQ(progress_text(L"Extrayendo", L"a", 5 << 20, 5120 * megabyte),
               L"Extrayendo a (5 de 5120 MB)");
+    EXPECT_EQ(progress_text(L"Extrayendo", L"a", 1, ~std::uint64_t{0}),
+              L"Extrayendo a (1 de 17592186044416 MB)");
 }
 
 TEST(ArchiveTexts, TheQuestionNamesTheFile) {

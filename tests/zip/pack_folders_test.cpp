@@ -245,6 +245,11 @@ TEST_F(ZipPackFolders, ProgressCountsTheBytesOfAllFiles) {
     ASSERT_EQ(update_archive(folder / "a.zip", {large, small}, options, events), ZipCode::ok);
     EXPECT_THAT(told, ElementsAre("a 262144 of 600004", "a 524288 of 600004", "a 600000 of 600004",
                                   "b 600004 of 600004"));
+    // Copying what stays is no progress, but it can be stopped.
+    told.clear();
+    ASSERT_EQ(update_archive(folder / "a.zip", {folder.write("c", "1")}, options, events),
+              ZipCode::ok);
+    EXPECT_THAT(told, ElementsAre("a 0 of 1", "b 0 of 1", "c 1 of 1"));
 }
 
 TEST_F(ZipPackFolders, StoppedWithinAFileTheOldArchiveStays) {
