@@ -62,6 +62,8 @@ def main():
         size = sum(os.path.getsize(os.path.join(top, name))
                    for top, _, names in os.walk("origen") for name in names)
         print(f"{FILES} files, {size / 1e6:.1f} MB")
+        ours, theirs = map(os.path.getsize, ("ours.zip", "theirs.zip"))
+        print(f"size: engine {ours}, zip {theirs}: {ours / theirs:.4f}")
         for what, (own, other), program in (("pack", packed, "zip"), ("take", taken, "unzip")):
             print(f"{what}: engine {own:.4f} s, {program} {other:.4f} s: {own / other:.2f}")
     finally:

@@ -16,17 +16,16 @@ void run_guarded(PieceDeflater& deflater, Piece& piece, std::exception_ptr& fail
 }  // namespace
 
 WorkerPool::WorkerPool(unsigned threads, int level) {
-    const unsigned pieces = threads > 1 ? 2 * threads + 2 : 1;
+    const unsigned pieces = threads > 1 ? 2 * threads + 6 : 1;
     for (unsigned i = 0; i < pieces; ++i) free_.push_back(std::make_unique<Piece>());
     for (unsigned i = 0; i < std::max(threads, 1U); ++i) deflaters_.emplace_back(level);
-    if (threads < 2) return;
-    threads_.reserve(threads);
+    threads_.reserve(deflaters_.size() - 1);
     try {
-        for (PieceDeflater& deflater : deflaters_) {
-            threads_.emplace_back([this, &deflater] { work(deflater); });
+        for (std::size_t i = 1; i < deflaters_.size(); ++i) {
+            threads_.emplace_back([this, &deflater = deflaters_[i]] { work(deflater); });
         }
     } catch (const std::exception&) {
-        // The threads that did start do the work; with none, submit() does.
+        // The threads that did start and take() do the work.
     }
 }
 
@@ -51,47 +50,49 @@ void WorkerPool::give_back(std::unique_ptr<Piece> piece) {
 }
 
 void WorkerPool::submit(std::unique_ptr<Piece> piece) {
-    Job job;
-    job.piece = std::move(piece);
-    if (threads_.empty()) {
-        run_guarded(deflaters_.front(), *job.piece, job.failure);
-        job.done = true;
-    }
     {
         const std::lock_guard lock(mutex_);
-        jobs_.push_back(std::move(job));
+        jobs_.emplace_back().piece = std::move(piece);
     }
     work_to_do_.notify_one();
 }
 
 std::unique_ptr<Piece> WorkerPool::take() {
-    Job job;
-    {
-        std::unique_lock lock(mutex_);
-        work_done_.wait(lock, [this] { return jobs_.front().done; });
-        job = std::move(jobs_.front());
-        jobs_.pop_front();
+    std::unique_lock lock(mutex_);
+    while (!jobs_.front().done) {
+        if (Job* job = start_job()) {
+            finish_job(*job, deflaters_.front(), lock);
+        } else {
+            work_done_.wait(lock);
+        }
     }
+    Job job = std::move(jobs_.front());
+    jobs_.pop_front();
     if (job.failure) std::rethrow_exception(job.failure);
     return std::move(job.piece);
+}
+
+WorkerPool::Job* WorkerPool::start_job() {
+    const auto next = std::ranges::find(jobs_, false, &Job::started);
+    if (next == jobs_.end()) return nullptr;
+    next->started = true;
+    return &*next;  // stays valid while jobs are added and removed
+}
+
+void WorkerPool::finish_job(Job& job, PieceDeflater& deflater, std::unique_lock<std::mutex>& lock) {
+    lock.unlock();
+    run_guarded(deflater, *job.piece, job.failure);
+    lock.lock();
+    job.done = true;
 }
 
 void WorkerPool::work(PieceDeflater& deflater) {
     std::unique_lock lock(mutex_);
     while (true) {
-        auto next = jobs_.end();
-        work_to_do_.wait(lock, [&] {
-            next = std::ranges::find(jobs_, false, &Job::started);
-            return stopping_ || next != jobs_.end();
-        });
+        Job* job = nullptr;
+        work_to_do_.wait(lock, [&] { return stopping_ || (job = start_job()) != nullptr; });
         if (stopping_) return;
-        // A reference, unlike the iterator, stays valid while jobs are added and removed.
-        Job& job = *next;
-        job.started = true;
-        lock.unlock();
-        run_guarded(deflater, *job.piece, job.failure);
-        lock.lock();
-        job.done = true;
+        finish_job(*job, deflater, lock);
         work_done_.notify_one();
     }
 }

@@ -1,5 +1,6 @@
 // The threads that compress pieces. One thread submits pieces and takes them back in the same
-// order; in between they are compressed in any order.
+// order; in between they are compressed in any order. That thread is one of those that compress:
+// it does so rather than wait for the others.
 #pragma once
 
 #include <condition_variable>
@@ -16,8 +17,8 @@ namespace kovrel::zip {
 
 class WorkerPool final {
  public:
-    /// With 1 thread, submit() compresses on the calling thread; with more, that many are started
-    /// (fewer if the system cannot start them). Throws std::bad_alloc.
+    /// `threads` counts the calling one; the others are started (fewer if the system cannot start
+    /// them). Throws std::bad_alloc.
     WorkerPool(unsigned threads, int level);
     WorkerPool(const WorkerPool&) = delete;
     WorkerPool& operator=(const WorkerPool&) = delete;
@@ -27,7 +28,8 @@ class WorkerPool final {
     /// A piece to fill; null while all of them are submitted.
     [[nodiscard]] std::unique_ptr<Piece> free_piece();
     void submit(std::unique_ptr<Piece> piece);
-    /// The oldest submitted piece, of which there must be one, once it is compressed.
+    /// The oldest submitted piece, of which there must be one, once it is compressed. Compresses
+    /// others until then.
     /// Throws what its compression threw.
     [[nodiscard]] std::unique_ptr<Piece> take();
     void give_back(std::unique_ptr<Piece> piece);
@@ -40,6 +42,9 @@ class WorkerPool final {
         std::exception_ptr failure;
     };
 
+    /// The oldest job that no thread has begun; null when there is none.
+    Job* start_job();
+    void finish_job(Job& job, PieceDeflater& deflater, std::unique_lock<std::mutex>& lock);
     void work(PieceDeflater& deflater);
 
     std::deque<PieceDeflater> deflaters_;

@@ -165,6 +165,8 @@ def tree_rows():
                           stdout=subprocess.PIPE).stdout
     yield ratio_row("1.000 ficheros de texto comprimidos con 2 núcleos, frente a `zip -6 -r`", 0.4,
                     *found(r"pack: engine ([\d.]+) s, zip ([\d.]+) s", text), "s")
+    (size,) = found(r"size: .*: ([\d.]+)", text)
+    yield "su tamaño, frente al de `zip -6 -r`", "1,01", comma(size, 4), size <= 1.01
     yield ratio_row("los mismos, extraídos con 2 núcleos, frente a `unzip`", 0.6,
                     *found(r"take: engine ([\d.]+) s, unzip ([\d.]+) s", text), "s")
 
