@@ -22,8 +22,9 @@ std::wstring day_month_year(DATE date) {
 
 }  // namespace
 
-CustomerForm::CustomerForm(const Library& library, std::filesystem::path folder)
-    : library_(library), folder_(std::move(folder)) {}
+CustomerForm::CustomerForm(const Library& library, std::filesystem::path folder,
+                           const CustomerStore* customers, const std::wstring& title)
+    : library_(library), folder_(std::move(folder)), customers_(customers), title_(title) {}
 
 void CustomerForm::run() {
     DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_CUSTOMER), nullptr, &procedure,
@@ -100,6 +101,12 @@ void CustomerForm::load() {
     filter(IDC_START, KeyFilter::Accepts::date);
     filter(IDC_END, KeyFilter::Accepts::date);
     filter(IDC_BALANCE, KeyFilter::Accepts::amount);
+    for (const int id : {IDC_PREVIOUS, IDC_NEXT, IDC_NEW, IDC_UNDO}) {
+        EnableWindow(GetDlgItem(window_, id), customers_ != nullptr);
+    }
+    SetWindowTextW(window_, title_.c_str());
+    start_new();
+    if (customers_ != nullptr && !customers_->tax_ids().empty()) browse(1);
 }
 
 void CustomerForm::command(int id) {
@@ -113,6 +120,18 @@ void CustomerForm::command(int id) {
         case IDC_ASK_PHOTOGRAPH:
             ask_photograph();
             break;
+        case IDC_PREVIOUS:
+            if (leaves()) browse(-1);
+            break;
+        case IDC_NEXT:
+            if (leaves()) browse(1);
+            break;
+        case IDC_NEW:
+            if (leaves()) start_new();
+            break;
+        case IDC_UNDO:
+            show(Customer(shown_));
+            break;
         case IDC_SAVE:
             if (save()) set_label(IDC_STATUS, L"Cliente guardado.");
             break;
@@ -120,7 +139,7 @@ void CustomerForm::command(int id) {
             if (save()) export_record();
             break;
         case IDCANCEL:
-            EndDialog(window_, 0);
+            if (leaves()) EndDialog(window_, 0);
             break;
         default:
             break;
@@ -165,18 +184,15 @@ void CustomerForm::ask_photograph() {
     const Value field = record_.photograph_field();
     library_.images.call(L"PutImageInField", {field, Value(photograph_file_.wstring())});
     photograph_.set(library_.images.call(L"GetImageFromField", {field}));
+    photograph_is_new_ = true;
     InvalidateRect(GetDlgItem(window_, IDC_PHOTOGRAPH), nullptr, FALSE);
 }
 
 bool CustomerForm::save() {
     set_label(IDC_STATUS, L"");
     if (!accepts_all()) return false;
-    std::vector<CustomerRecord::Entry> values;
-    for (const auto& [id, field] : fields_) {
-        values.push_back({field->name(), field->text()});
-    }
-    record_.store(values);
-    return true;
+    current();
+    return customers_ == nullptr || keep();
 }
 
 void CustomerForm::export_record() {

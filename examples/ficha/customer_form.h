@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "customer_record.h"
+#include "customer_store.h"
 #include "form_control.h"
 #include "key_filter.h"
 #include "library.h"
@@ -20,8 +20,9 @@ namespace ficha {
 
 class CustomerForm {
  public:
-    /// Exports go to that folder.
-    CustomerForm(const Library& library, std::filesystem::path folder);
+    /// Exports go to that folder. Without customers of a database the form holds one in memory.
+    CustomerForm(const Library& library, std::filesystem::path folder,
+                 const CustomerStore* customers, const std::wstring& title);
 
     /// Returns when the user closes the form.
     void run();
@@ -58,6 +59,14 @@ class CustomerForm {
     bool check_account();
     bool show_balance();
 
+    // The customers of the database (customer_browsing.cpp).
+    Customer current();
+    bool leaves();
+    void browse(int step);
+    void start_new();
+    void show(const Customer& customer);
+    bool keep();
+
     // Buttons.
     void ask_date(int field, const wchar_t* question);
     void ask_photograph();
@@ -71,9 +80,14 @@ class CustomerForm {
 
     const Library& library_;
     const std::filesystem::path folder_;
+    const CustomerStore* const customers_;
+    const std::wstring title_;
+    Customer shown_;         // as the database has it
+    std::wstring known_as_;  // its tax id there; empty for a new one
     CustomerRecord record_;
     Photograph photograph_;
     std::filesystem::path photograph_file_;
+    bool photograph_is_new_ = false;  // not in the database
     HWND window_ = nullptr;
     std::map<int, Owner<FormControl>> fields_;
     std::vector<std::unique_ptr<KeyFilter>> filters_;

@@ -1,24 +1,16 @@
 #include "customer_record.h"
 
 #include <algorithm>
-#include <array>
 
 namespace ficha {
 namespace {
 
-constexpr std::array field_names{L"Nombre",        L"NIF",           L"Código postal", L"Cuenta",
-                                 L"Fecha de alta", L"Fecha de baja", L"Forma de pago", L"Saldo"};
 // ADO's numbers of the field types, and the attribute of fields that may be null.
 constexpr std::int32_t ad_var_wchar = 202;
 constexpr std::int32_t ad_long_var_binary = 205;
 constexpr std::int32_t ad_fld_is_nullable = 0x20;
 constexpr std::int32_t text_size = 60;
 constexpr std::int32_t photograph_size = 4'000'000;
-
-/// As databases compare the names of fields: without regard to case.
-bool is_same_name(const wchar_t* one, const wchar_t* other) {
-    return CompareStringOrdinal(one, -1, other, -1, TRUE) == CSTR_EQUAL;
-}
 
 struct Field {
     const wchar_t* name;
@@ -52,12 +44,13 @@ Value field_of(const Object& recordset, std::size_t index) {
 
 Object make_customers() {
     std::vector<Field> fields;
-    fields.reserve(field_names.size() + 1);
-    for (const wchar_t* name : field_names) fields.push_back({name, ad_var_wchar, text_size});
+    fields.reserve(CustomerRecord::field_names.size() + 1);
+    for (const wchar_t* name : CustomerRecord::field_names)
+        fields.push_back({name, ad_var_wchar, text_size});
     fields.push_back({L"Fotografía", ad_long_var_binary, photograph_size});
     Object customers = make_recordset(fields);
     customers.call(L"AddNew");
-    for (std::size_t index = 0; index < field_names.size(); ++index) {
+    for (std::size_t index = 0; index < CustomerRecord::field_names.size(); ++index) {
         Object(field_of(customers, index)).put(L"Value", Value(L""));
     }
     return customers;
@@ -65,13 +58,17 @@ Object make_customers() {
 
 }  // namespace
 
+bool CustomerRecord::is_same_name(const std::wstring& one, const std::wstring& other) {
+    return CompareStringOrdinal(one.c_str(), -1, other.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
+
 CustomerRecord::CustomerRecord() : records_(make_customers()) {}
 
 void CustomerRecord::store(const std::vector<Entry>& values) {
     for (const Entry& value : values) {
-        const auto* const found = std::find_if(
-            field_names.begin(), field_names.end(),
-            [&](const wchar_t* name) { return is_same_name(name, value.field.c_str()); });
+        const auto* const found =
+            std::find_if(field_names.begin(), field_names.end(),
+                         [&](const wchar_t* name) { return is_same_name(name, value.field); });
         if (found == field_names.end()) continue;
         const auto index = static_cast<std::size_t>(found - field_names.begin());
         Object(field_of(records_, index)).put(L"Value", Value(value.text));

@@ -24,3 +24,7 @@
 #define IDC_SAVE 1015
 #define IDC_EXPORT 1016
 #define IDC_STATUS 1017
+#define IDC_PREVIOUS 1018
+#define IDC_NEXT 1019
+#define IDC_NEW 1020
+#define IDC_UNDO 1021

@@ -13,26 +13,14 @@
 #include <utility>
 #include <vector>
 
-#include "automation/safe_array.h"
 #include "tests/support/box_lines.h"
+#include "tests/support/bytes.h"
 #include "tests/support/every_way.h"
 #include "tests/support/library_module.h"
 #include "tests/support/scripted_object.h"
 #include "tests/support/test_folder.h"
 
 namespace kovrel::test {
-
-inline Variant bytes_of(std::string_view content) {
-    Variant array = new_byte_array(content.size());
-    const ArrayAccess<std::uint8_t> access(array.parray);
-    std::copy(content.begin(), content.end(), access.elements().begin());
-    return array;
-}
-
-inline std::string content_in(const Variant& array) {
-    const ArrayAccess<std::uint8_t> access(array_in(array, VT_UI1, 1));
-    return {access.elements().begin(), access.elements().end()};
-}
 
 /// A field of a recordset that keeps what is stored in it, whole or by chunks.
 struct Field {

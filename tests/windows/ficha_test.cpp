@@ -1,18 +1,11 @@
-// The sample host's customer form, a program of its own, worked with the keyboard alone from its
-// first field to the archive on the disk.
-#include <windows.h>
-
+// The sample host's customer form, from its first field to the archive on the disk.
 #include <array>
-#include <gtest/gtest.h>
 
-#include "examples/ficha/resource.h"
-#include "tests/support/box_lines.h"
-#include "tests/support/test_folder.h"
+#include "tests/windows/ficha_form.h"
 
 namespace kovrel::test {
 namespace {
 
-constexpr const wchar_t* dialog_class = L"#32770";
 constexpr int file_name_list = 0x47C;  // of the system's open-file dialog
 
 /// A picture of one colour, 8 by 8 pixels of 24 bits.
@@ -31,84 +24,15 @@ std::string red_picture() {
     return bytes;
 }
 
-class Ficha : public testing::Test {
- protected:
-    Ficha() {
-        std::wstring line = L"\"" KOVREL_FICHA L"\" \"" + (folder_ / L"salida") + L"\"";
-        STARTUPINFOW start{};
-        start.cb = sizeof start;
-        EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                                   nullptr, &start, &process_));
-        form_ = window(dialog_class, L"Ficha de cliente");
-        EXPECT_TRUE(bring_to_front(form_));
-        EXPECT_TRUE(has_focus(IDC_NAME));
-    }
-    ~Ficha() override {
-        TerminateProcess(process_.hProcess, 1);
-        WaitForSingleObject(process_.hProcess, INFINITE);
-        CloseHandle(process_.hThread);
-        CloseHandle(process_.hProcess);
-    }
-
-    HWND window(const wchar_t* window_class, const wchar_t* title = L"") {
-        HWND const found = wait_for_window({window_class, title, process_.dwProcessId});
-        EXPECT_NE(found, nullptr) << narrow(title);
-        return found;
-    }
-    [[nodiscard]] HWND field(int id) const { return GetDlgItem(form_, id); }
-    bool has_focus(int id) {
-        return wait_until([&] {
-            HWND const focus = focus_of(form_);
-            return focus == field(id) || GetParent(focus) == field(id);
-        });
-    }
-    void shows(int id, const std::wstring& text) {
-        EXPECT_TRUE(wait_until([&] { return text_of(field(id)) == text; }))
-            << id << ": " << narrow(text_of(field(id)));
-    }
-
-    /// Types into the field that has the keyboard and waits until it shows what it makes of it.
-    void type(int id, const std::wstring& keys, const std::wstring& shown) {
-        EXPECT_TRUE(has_focus(id)) << id;
-        ask(field(id), EM_SETSEL, 0, -1);
-        type_text(keys);
-        shows(id, shown);
-    }
-    void type(int id, const std::wstring& keys) { type(id, keys, keys); }
-
-    /// Leaves the field for the next one, which is fine.
-    void leave_to(int next) {
-        press_key(VK_TAB);
-        EXPECT_TRUE(has_focus(next)) << next;
-    }
-    /// Leaves the field, which brings a box up; answers it and gives it as a line.
-    std::string leave_to_box(const wchar_t* title = L"Clientes") {
-        press_key(VK_TAB);
-        return answer_box_of(title);
-    }
-    std::string answer_box_of(const wchar_t* title) {
-        HWND const box = window(dialog_class, title);
-        std::optional<SeenBox> seen;
-        EXPECT_TRUE(wait_until([&] { return (seen = read_box(box)).has_value(); }));
-        if (!seen) return {};
-        EXPECT_TRUE(answer_box(box, *seen, {0, VK_RETURN}));
-        return narrow(as_line(*seen));
-    }
-
-    /// A form that can be saved, without a word.
-    void fill() {
-        type(IDC_NAME, L"Ana Sanz");
-        leave_to(IDC_TAX_ID);
-        type(IDC_TAX_ID, L"12345678Z");
-        press_key('A', Modifier::alt);
-        type(IDC_START, L"15/03/2024");
-        press_key('D', Modifier::alt);
-        type(IDC_PAYMENT, L"Contado");
-    }
-
+struct ExportFolder {
     TestFolder folder_{L"Ficha ñ"};
-    PROCESS_INFORMATION process_{};
-    HWND form_ = nullptr;
+};
+
+/// With the customer in memory, since no database is named.
+class Ficha : public testing::Test, public ExportFolder, public FichaForm {
+ protected:
+    Ficha()
+        : FichaForm(L"\"" + (folder_ / L"salida") + L"\"", L"Ficha de cliente (solo en memoria)") {}
 };
 
 TEST_F(Ficha, FieldsAreCheckedAsTheyAreLeft) {
@@ -230,7 +154,7 @@ TEST_F(Ficha, ThePhotographGoesThroughTheRecordIntoTheArchive) {
     }));
     ReleaseDC(nullptr, screen);
 
-    EXPECT_TRUE(bring_to_front(form_));
+    EXPECT_TRUE(bring_to_front(handle()));
     press_key('X', Modifier::alt);
     window(L"Kovrel.frmBarraProgreso", L"Exportación del cliente");
     HWND const report = window(L"Kovrel.frmDialogo", L"Exportación del cliente");
@@ -246,9 +170,9 @@ TEST_F(Ficha, ThePhotographGoesThroughTheRecordIntoTheArchive) {
     EXPECT_TRUE(bring_to_front(report));
     press_key(VK_RETURN);
     EXPECT_TRUE(wait_until_closed(report));
-    EXPECT_TRUE(bring_to_front(form_));
+    EXPECT_TRUE(bring_to_front(handle()));
     press_key(VK_ESCAPE);
-    EXPECT_TRUE(wait_until_closed(form_));
+    EXPECT_TRUE(wait_until_closed(handle()));
 }
 
 TEST_F(Ficha, ACanceledExportLeavesNothing) {
