@@ -40,7 +40,8 @@ std::wstring access_name(std::wstring_view name) {
 std::wstring mysql_name(std::wstring_view name) {
     constexpr std::size_t most = 64;
     check_length(name.size(), most);
-    check_characters_of_name(name.back() != L' ');
+    check_characters_of_name(std::wstring_view(L" \t\n\v\f\r").find(name.back()) ==
+                             std::wstring_view::npos);
     for (auto rest = name; !rest.empty();) {
         check_characters_of_name(take_code_point(rest) <= U'\xFFFF');
     }

@@ -13,7 +13,7 @@ namespace kovrel {
 /// Access: over 64 characters, with . ! ` [ ] or a control character, or with a blank in front;
 /// SQL Server: over 128 UTF-16 units;
 /// PostgreSQL: over 63 bytes of UTF-8, which it would cut off;
-/// MySQL and MariaDB: over 64 characters, a blank at the end, or characters past U+FFFF;
+/// MySQL and MariaDB: over 64 characters, with white space at the end or characters past U+FFFF;
 /// Oracle: over 128 bytes of UTF-8 (30 before version 12.2, not checked), or with a quotation mark.
 /// SQLite takes a name that it does not know between quotation marks for a text: there it is quoted
 /// as in MySQL.

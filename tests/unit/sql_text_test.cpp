@@ -210,7 +210,10 @@ TEST(SqlName, WhatADatabaseCannotHaveIsRefused) {
     }
     EXPECT_EQ(of(Dialect::access, L"a b"), L"");
     EXPECT_EQ(of(Dialect::oracle, L"a\"b"), described(L"la base de datos no admite ese nombre"));
-    EXPECT_EQ(of(Dialect::mysql, L"a "), described(L"la base de datos no admite ese nombre"));
+    for (const auto* const name : {L"a ", L"a\t", L"a\n", L"a\v", L"a\f", L"a\r"}) {
+        EXPECT_EQ(of(Dialect::mysql, name), described(L"la base de datos no admite ese nombre"));
+    }
+    EXPECT_EQ(of(Dialect::mysql, L" a\rb"), L"");
     EXPECT_EQ(of(Dialect::mysql, L"\xD83D\xDE00"),
               described(L"la base de datos no admite ese nombre"));
     EXPECT_EQ(of(Dialect::mysql, L"\xFFFF"), L"");
