@@ -25,6 +25,17 @@ lock_tree() {
     fi
 }
 
+session_child=
+# Runs a command so that a signal to the script is obeyed at once, not after the command's end.
+run_child() {
+    "$@" &
+    session_child=$!
+    local code=0
+    wait "$session_child" || code=$?
+    session_child=
+    return "$code"
+}
+
 # One line: processors to use at once.
 jobs_at_once() { nproc; }
 

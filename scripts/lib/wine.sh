@@ -4,7 +4,6 @@
 
 prefix="$build/wine"
 session_pids=()
-session_child=
 
 export WINEPREFIX="$prefix" WINEARCH=win64 WINEDEBUG=-all
 # No downloads of .NET and a browser engine, and no menu entries in the user's own desktop.
@@ -23,16 +22,6 @@ end_wine_session() {
     local pid
     for pid in "${session_pids[@]}"; do kill "$pid" 2>/dev/null; done
     for pid in "${session_pids[@]}"; do wait "$pid" 2>/dev/null; done
-}
-
-# Runs a command so that a signal to the script is obeyed at once, not after the command's end.
-run_child() {
-    "$@" &
-    session_child=$!
-    local code=0
-    wait "$session_child" || code=$?
-    session_child=
-    return "$code"
 }
 
 start_display() {

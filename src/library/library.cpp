@@ -12,10 +12,12 @@
 #include "library/clsFFechas.h"
 #include "library/clsFGen.h"
 #include "library/clsFIdent.h"
+#include "library/clsFSQL.h"
 #include "library/clsFZip.h"
 #include "library/clsMensajes.h"
 #include "library/clsProfile.h"
 #include "library/eClaseAviso.h"
+#include "library/eDialecto.h"
 #include "library/eEstadoEntrada.h"
 #include "library/eExistentes.h"
 #include "library/eIdentificador.h"
@@ -35,10 +37,11 @@ constexpr const ClassInfo* classes[]{
     &clsProfile::class_info,  &clsCSQL::class_info,          &clsFZip::class_info,
     &clsFGen::class_info,     &clsMensajes::class_info,      &clsAviso::class_info,
     &clsAvisos::class_info,   &clsFIdent::class_info,        &clsEntrada::class_info,
-    &clsEntradas::class_info, &clsFArchivo::class_info};
+    &clsEntradas::class_info, &clsFArchivo::class_info,      &clsFSQL::class_info};
 constexpr const EnumInfo* enumerations[]{
-    &eOFN_info,    &eModoAvisos_info,  &eClaseAviso_info, &eIdentificador_info,
-    &eMotivo_info, &eModoArchivo_info, &eExistentes_info, &eEstadoEntrada_info};
+    &eOFN_info,           &eModoAvisos_info,    &eClaseAviso_info,
+    &eIdentificador_info, &eMotivo_info,        &eModoArchivo_info,
+    &eExistentes_info,    &eEstadoEntrada_info, &eDialecto_info};
 constexpr const RecordInfo* records[]{&ZIPnames::info};
 
 }  // namespace

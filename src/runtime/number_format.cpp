@@ -4,13 +4,11 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 #include <iterator>
-#include <limits>
 #include <utility>
-#include <vector>
 
+#include "runtime/decimal_digits.h"
 #include "runtime/failure.h"
 #include "runtime/text.h"
 
@@ -19,83 +17,8 @@ namespace {
 
 constexpr int significant_digits = 15;
 
-/// A decimal number: 0.digits times ten to the power `point`.
-struct Decimal {
-    bool negative = false;
-    std::string digits;
-    std::ptrdiff_t point = 0;
-};
-
-/// Cuts to `count` digits, rounding half away from zero.
-void round_to(Decimal& number, std::ptrdiff_t count) {
-    const auto size = static_cast<std::ptrdiff_t>(number.digits.size());
-    if (count >= size) return;
-    if (count < 0) {
-        number.digits.clear();
-        return;
-    }
-    const auto kept = static_cast<std::size_t>(count);
-    const bool up = number.digits[kept] >= '5';
-    number.digits.resize(kept);
-    if (!up) return;
-    auto place = number.digits.rbegin();
-    for (; place != number.digits.rend() && *place == '9'; ++place) *place = '0';
-    if (place != number.digits.rend()) {
-        ++*place;
-    } else {
-        number.digits.insert(number.digits.begin(), '1');
-        ++number.point;
-    }
-}
-
-/// All decimal digits of a finite number, exactly: a binary fraction of n places has n decimals.
-/// Computed here because std::to_chars would add 280 KB of tables to the library, and printf
-/// differs between C libraries.
-Decimal exact(double value) {
-    constexpr int mantissa_bits = std::numeric_limits<double>::digits;
-    int exponent = 0;
-    const double fraction = std::frexp(std::abs(value), &exponent);
-    auto mantissa = static_cast<std::uint64_t>(std::ldexp(fraction, mantissa_bits));
-    exponent -= mantissa_bits;
-    for (; exponent < 0 && mantissa != 0 && mantissa % 2 == 0; ++exponent) mantissa /= 2;
-
-    // Groups of nine digits, the lowest first.
-    constexpr std::uint64_t group = 1'000'000'000;
-    constexpr int group_digits = 9;
-    std::vector<std::uint64_t> groups;
-    for (; mantissa != 0; mantissa /= group) groups.push_back(mantissa % group);
-    const auto multiply = [&groups](std::uint64_t factor) {
-        std::uint64_t carry = 0;
-        for (std::uint64_t& digits : groups) {
-            carry += digits * factor;
-            digits = carry % group;
-            carry /= group;
-        }
-        if (carry != 0) groups.push_back(carry);
-    };
-    const std::uint64_t base = exponent < 0 ? 5 : 2;
-    for (int left = std::abs(exponent); left > 0;) {
-        std::uint64_t factor = 1;
-        for (; left > 0 && factor < group / base; --left) factor *= base;
-        multiply(factor);
-    }
-
-    Decimal number;
-    number.negative = std::signbit(value);
-    std::reverse(groups.begin(), groups.end());
-    for (const std::uint64_t digits : groups) {
-        const std::string text = std::to_string(digits);
-        if (!number.digits.empty()) number.digits.append(group_digits - text.size(), '0');
-        number.digits += text;
-    }
-    if (number.digits.empty()) return {};
-    number.point = static_cast<std::ptrdiff_t>(number.digits.size()) + std::min(exponent, 0);
-    return number;
-}
-
-Decimal to_decimal(double value) {
-    if (!std::isfinite(value)) throw Failure(FailureNumber::overflow);
-    Decimal number = exact(value);
+DecimalDigits to_decimal(double value) {
+    DecimalDigits number = exact_digits(value);
     round_to(number, significant_digits);
     return number;
 }
@@ -122,7 +45,7 @@ std::optional<std::wstring> write_quickly(double value, NumberPattern pattern,
     return std::wstring(buffer.begin() + static_cast<std::ptrdiff_t>(first), buffer.end());
 }
 
-std::wstring write(Decimal number, NumberPattern pattern, wchar_t decimal_separator) {
+std::wstring write(DecimalDigits number, NumberPattern pattern, wchar_t decimal_separator) {
     round_to(number, number.point + pattern.decimals);
     const bool is_zero = number.digits.find_first_not_of('0') == std::string::npos;
     const auto digit_at = [&number](std::ptrdiff_t index) {
@@ -143,54 +66,6 @@ std::wstring write(Decimal number, NumberPattern pattern, wchar_t decimal_separa
         text.push_back(digit_at(index));
     }
     return text;
-}
-
-/// Reads a sign, digits and at most one decimal separator, skipping group separators where one is
-/// given; absent for anything else.
-std::optional<Decimal> plain_decimal(std::wstring_view text, wchar_t decimal_separator,
-                                     std::optional<wchar_t> group_separator = std::nullopt) {
-    Decimal number;
-    if (!text.empty() && (text.front() == L'-' || text.front() == L'+')) {
-        number.negative = text.front() == L'-';
-        text.remove_prefix(1);
-    }
-    number.digits.reserve(text.size());
-    bool past_separator = false;
-    for (const wchar_t character : text) {
-        if (is_digit(character)) {
-            number.digits.push_back(static_cast<char>(character));
-            if (!past_separator) ++number.point;
-        } else if (character == decimal_separator && !past_separator) {
-            past_separator = true;
-        } else if (character != group_separator || past_separator) {
-            return std::nullopt;
-        }
-    }
-    if (number.digits.empty()) return std::nullopt;
-    return number;
-}
-
-/// The value of an ASCII number text in the notation of the language's own literals; infinite past
-/// the range of a double.
-double to_double(std::string_view text) {
-    constexpr long long beyond_every_number = 1'000'000'000;
-    const auto mark = std::min(text.find('e'), text.size());
-    const std::string_view mantissa = text.substr(0, mark);
-    long long exponent = 0;
-    if (mark < text.size()) {
-        exponent = std::strtoll(std::string(text.substr(mark + 1)).c_str(), nullptr, 10);
-        exponent = std::clamp(exponent, -beyond_every_number, beyond_every_number);
-    }
-    // Written with an exponent instead of a decimal point, which atof reads by the C locale.
-    const auto point = mantissa.find('.');
-    std::string digits(mantissa.substr(0, point));
-    if (point != std::string_view::npos) {
-        digits.append(mantissa.substr(point + 1));
-        exponent -= static_cast<long long>(mantissa.size() - point - 1);
-    }
-    digits.append("e").append(std::to_string(exponent));
-    // atof comes with the system's C library; std::from_chars would add 140 KB.
-    return std::atof(digits.c_str());
 }
 
 /// Reads the digits after &H or &O.
@@ -259,13 +134,16 @@ std::wstring format_number(std::wstring_view text, NumberPattern pattern,
     return format_number(*value, pattern, settings.decimal_separator);
 }
 
-std::wstring number_to_text(double value, wchar_t decimal_separator) {
-    Decimal number = to_decimal(value);
+std::wstring number_to_text(DecimalDigits number, std::ptrdiff_t most_digits,
+                            wchar_t decimal_separator) {
+    const auto first = std::min(number.digits.find_first_not_of('0'), number.digits.size());
+    number.digits.erase(0, first);
+    number.point -= static_cast<std::ptrdiff_t>(first);
     number.digits.erase(number.digits.find_last_not_of('0') + 1);
     if (number.digits.empty()) return L"0";
     const auto count = static_cast<std::ptrdiff_t>(number.digits.size());
     const auto decimals = count - number.point;
-    if (number.point <= significant_digits && decimals <= significant_digits) {
+    if (number.point <= most_digits && decimals <= most_digits) {
         return write(std::move(number),
                      {1, static_cast<int>(std::max<std::ptrdiff_t>(decimals, 0))},
                      decimal_separator);
@@ -280,12 +158,16 @@ std::wstring number_to_text(double value, wchar_t decimal_separator) {
     return text + decimal_text(exponent);
 }
 
+std::wstring number_to_text(double value, wchar_t decimal_separator) {
+    return number_to_text(to_decimal(value), significant_digits, decimal_separator);
+}
+
 std::optional<double> plain_number(std::wstring_view text, wchar_t decimal_separator) {
     const auto plain = plain_decimal(text, decimal_separator);
     if (!plain) return std::nullopt;
     std::string literal = plain->digits;
     literal.insert(static_cast<std::size_t>(plain->point), 1, '.');
-    const double value = to_double(literal);
+    const double value = double_of(literal);
     return plain->negative ? -value : value;
 }
 
@@ -322,7 +204,7 @@ double leading_number(std::wstring_view text) {
         }
         take_digits();
     }
-    const double value = to_double(literal);
+    const double value = double_of(literal);
     if (std::isinf(value)) throw Failure(FailureNumber::overflow);
     return negative ? -value : value;
 }

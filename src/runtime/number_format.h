@@ -2,11 +2,13 @@
 // readings that do not depend on the platform. Nothing here uses the C library's locale.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "runtime/decimal_digits.h"
 #include "runtime/regional.h"
 
 namespace kovrel {
@@ -48,6 +50,11 @@ inline constexpr NumberPattern no_zero{0, 0};        ///< "###": nothing at all 
 /// than 15 digits before or after the separator (1E+15, 3,33333333333333E-02).
 /// An infinity or a NaN is an overflow (failure 6).
 [[nodiscard]] std::wstring number_to_text(double value, wchar_t decimal_separator);
+
+/// A number of any count of digits in the same way, written out up to `most_digits` before and
+/// after the separator.
+[[nodiscard]] std::wstring number_to_text(DecimalDigits number, std::ptrdiff_t most_digits,
+                                          wchar_t decimal_separator);
 
 /// The value of a text that is nothing but an optional sign, digits and at most one decimal
 /// separator; absent for any other text, infinite past the range of a double.

@@ -187,8 +187,8 @@ TEST(Header, DeclaresEveryMemberAtItsVtableOffset) {
         }
         ++seen;
     }
-    EXPECT_EQ(seen, 14U);
-    EXPECT_EQ(interfaces.size(), 14U);
+    EXPECT_EQ(seen, 15U);
+    EXPECT_EQ(interfaces.size(), 15U);
 }
 
 TEST(Header, DeclaresEveryEventWithItsId) {
@@ -215,7 +215,7 @@ TEST(Header, DeclaresEveryEventWithItsId) {
 
 TEST(Header, DeclaresTheConstants) {
     const auto enumerations = declared_flags();
-    ASSERT_EQ(enumerations.size(), 8U);
+    ASSERT_EQ(enumerations.size(), 9U);
     EXPECT_EQ(enumerations.at(L"eOFN").size(), 26U);
     EXPECT_EQ(enumerations.at(L"eModoAvisos").size(), 3U);
     EXPECT_EQ(enumerations.at(L"eClaseAviso").size(), 5U);
@@ -224,6 +224,7 @@ TEST(Header, DeclaresTheConstants) {
     EXPECT_EQ(enumerations.at(L"eModoArchivo").size(), 4U);
     EXPECT_EQ(enumerations.at(L"eExistentes").size(), 4U);
     EXPECT_EQ(enumerations.at(L"eEstadoEntrada").size(), 19U);
+    EXPECT_EQ(enumerations.at(L"eDialecto").size(), 6U);
     for (const auto& [enumeration, flags] : enumerations) {
         ComPtr<ITypeInfo> info;
         MEMBERID member = 0;
@@ -271,6 +272,7 @@ TEST(Header, Identifiers) {
     EXPECT_IDENTIFIERS(clsAvisos);
     EXPECT_IDENTIFIERS(clsFIdent);
     EXPECT_IDENTIFIERS(clsFArchivo);
+    EXPECT_IDENTIFIERS(clsFSQL);
 #undef EXPECT_IDENTIFIERS
     EXPECT_EQ(GUID_ZIPnames, __uuidof(ZIPnames));
     const auto record = type(GUID_ZIPnames);

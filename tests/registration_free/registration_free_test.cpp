@@ -29,6 +29,7 @@ const PublicClass classes[] = {
     {Kovrel::ProgID_clsAvisos, Kovrel::CLSID_clsAvisos, Kovrel::IID__clsAvisos},
     {Kovrel::ProgID_clsFIdent, Kovrel::CLSID_clsFIdent, Kovrel::IID__clsFIdent},
     {Kovrel::ProgID_clsFArchivo, Kovrel::CLSID_clsFArchivo, Kovrel::IID__clsFArchivo},
+    {Kovrel::ProgID_clsFSQL, Kovrel::CLSID_clsFSQL, Kovrel::IID__clsFSQL},
 };
 
 bool in_registry(const std::wstring& key) {

@@ -91,6 +91,7 @@ const std::map<std::wstring, Variant>& values_by_name() {
         {L"Base", Variant(L"")},
         {L"Carpeta", Variant(L"carpeta")},
         {L"Patrones", Variant(L"")},
+        {L"Booleano", Variant(true)},
     };
     return values;
 }
@@ -172,6 +173,7 @@ Variant SensibleHost::argument(const OwnClass& of_class, const OwnMember& member
     if (member.types[parameter] == VT_DISPATCH) return object(name);
     if (name == L"pic") return Variant(image_);
     if (name == L"NombresFicheros1") return list_of(L"uno.txt", L"dos.txt");
+    if (name == L"Bytes") return new_byte_array(3);
     if (name == L"Lista") return list_of(L"12345678Z", L"12345678A");
     if (member.name == L"Mensajes") return Variant(OwnLibrary::get().create(L"clsMensajes"));
     // In two members this parameter is a text, in the others a date.
