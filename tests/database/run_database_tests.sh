@@ -27,6 +27,9 @@ INSERT INTO fotos (nombre) VALUES
 SQL
 
 export KOVREL_DATABASE_DRIVER="DRIVER=SQLite3;StepAPI=1;Timeout=100;" KOVREL_DATABASE_FOLDER="$folder"
+# The data source that ADO is given.
+printf '[kovrel_prueba]\nDriver=SQLite3\nTimeout=100\nDatabase=%s\n' "$database" >"$folder/odbc.ini"
+export ODBCINI="$folder/odbc.ini"
 "$wine" "$program"
 
 stored() { sqlite3 "$database" "SELECT writefile('$folder/stored', imagen) FROM fotos WHERE nombre = '$1'"; }
