@@ -13,6 +13,11 @@ constexpr char32_t supplementary = 0x10000;
 constexpr unsigned surrogate_bits = 10;
 constexpr char32_t surrogate_mask = 0x3FF;
 
+bool is_low_surrogate(wchar_t unit) {
+    const auto code = static_cast<char32_t>(unit);
+    return code >= low_surrogates && code < past_surrogates;
+}
+
 }  // namespace
 
 void refuse_literal(std::wstring_view reason) {
@@ -24,10 +29,10 @@ char32_t take_code_point(std::wstring_view& text) {
     const auto code = static_cast<char32_t>(text.front());
     text.remove_prefix(1);
     if (code < surrogates || code >= past_surrogates) return code;
-    const auto next = text.empty() ? U'\0' : static_cast<char32_t>(text.front());
-    if (code >= low_surrogates || next < low_surrogates || next >= past_surrogates) {
+    if (code >= low_surrogates || text.empty() || !is_low_surrogate(text.front())) {
         refuse_literal(L"el texto contiene medio par suplente de UTF-16");
     }
+    const auto next = static_cast<char32_t>(text.front());
     text.remove_prefix(1);
     return supplementary + ((code & surrogate_mask) << surrogate_bits) + (next & surrogate_mask);
 }

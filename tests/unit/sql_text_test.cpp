@@ -140,8 +140,9 @@ TEST(SqlText, HalvesOfSurrogatePairsAreRefusedEverywhere) {
         L"Llamada a procedimiento o argumento no válidos: el texto contiene medio par "
         L"suplente de UTF-16"s;
     for (const Dialect dialect : dialects) {
-        for (const auto& text : {L"a\xD800"s, L"\xDC00"s, L"\xD800z"s, L"\xD800\xD800\xDC00"s,
-                                 L"\xDC00\xD800"s, L"\xDBFF\xE000"s, L"\xDFFF"s}) {
+        for (const auto& text :
+             {L"a\xD800"s, L"\xDC00"s, L"\xD800z"s, L"\xD800\xD800\xDC00"s, L"\xDC00\xD800"s,
+              L"\xDC00\xDC00"s, L"\xD800\xDBFF"s, L"\xDBFF\xE000"s, L"\xDFFF"s}) {
             EXPECT_EQ(refusal([&] { return text_literal(dialect, text); }), reason);
             EXPECT_EQ(refusal([&] { return quoted_name(dialect, text); }), reason);
         }
