@@ -16,7 +16,7 @@ package_time() {
 stage_samples() {
     local folder=$1 file
     mkdir -p "$folder"
-    for file in cpp/recibo.cpp cpp/recibo.exe.manifest.in ficha formularios recorrido; do
+    for file in cpp/recibo.cpp cpp/recibo.exe.manifest.in ficha formularios recorrido sin_registro; do
         if [ -e "$root/examples/$file" ]; then (cd "$root/examples" && cp -r --parents "$file" "$folder"); fi
     done
     find "$folder" -regex '.*\.\(vbs\|js\|bas\|cls\|frm\)' -print0 | while IFS= read -r -d '' file; do
