@@ -19,7 +19,7 @@ from members import arguments, events, signatures
 # vbs: VBScript that needs more than the host here has.
 CHECKED_LANGUAGES = ("vb", "vbs", "powershell", "csharp", "python", "pascal")
 DECLARED = re.compile(r"\b(\w+)\s+As\s+(?:New\s+)?Kovrel\.(\w+)")
-CREATED = re.compile(r"(\w+)\s*:?=[^=].*?\bKovrel\.(\w+)")
+CREATED = re.compile(r"(\w+)\s*:?=[^=].*?\b(?:Kovrel\.|Co(?=c[lg]s))(\w+)")
 # The samples, by the language that their files are in.
 SAMPLES = {".bas": "vb", ".cls": "vb", ".frm": "vb", ".ps1": "powershell", ".py": "python",
            ".vbs": "vbs"}
@@ -53,6 +53,9 @@ def given_arguments(language, text, found):
     """The arguments of a call. In Basic a call that is a statement has them without parentheses, and
     an apostrophe begins a comment."""
     rest = text[found.end():].lstrip(" ")
+    # The procedure that assigns a property takes its value.
+    if language == "pascal" and found[2].startswith("Set_"):
+        return []
     if language not in ("vb", "vbs"):
         return arguments(rest) if rest.startswith("(") else []
     rest = re.sub(r'("[^"\n]*")|\'.*', r"\1", rest)
@@ -68,7 +71,8 @@ def check_call(where, language, text, found, class_name, classes, class_events):
     if rest.startswith("+= "):
         check_handler(where, found[2], rest[3:], class_name, class_events.get(class_name, {}))
         return
-    member = classes[class_name].get(found[2].lower())
+    name = found[2].removeprefix("Set_") if language == "pascal" else found[2]
+    member = classes[class_name].get(name.lower())
     if member is None:
         problems.append(f"{where}: there is no {found[2]} in {class_name}")
         return
@@ -85,8 +89,10 @@ def check_fragment(where, language, text, classes, class_events):
     """The calls of an example, or of a whole source; how many there are."""
     if language in ("vb", "vbs"):
         text = re.sub(r" _\n\s*", " ", text)
-    objects = {found[1]: found[2] for pattern in (DECLARED, CREATED)
-               for found in pattern.finditer(text) if found[2] in classes}
+    # What receives the events of a class is named after it.
+    objects = {found[1]: found[2].removesuffix("Eventos") for pattern in (DECLARED, CREATED)
+               for found in pattern.finditer(text)
+               if found[2].removesuffix("Eventos") in classes}
     calls = check_handlers(where, text, objects, class_events)
     for found in re.finditer(r"\b(\w+)\.(\w+)", text):
         if objects.get(found[1]) in classes:

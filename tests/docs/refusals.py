@@ -45,7 +45,7 @@ CHECK_REFUSALS = [
      "there is no event Avance in clsAvisos"),
     ("docs/guia.md", "Sub avisos_Aviso(aviso, respuesta, mostrar)", "Sub avisos_Aviso(aviso)",
      "the event Aviso has 3 parameters, not 1"),
-    ("docs/guia.md", "avisos.Aviso += (", "avisos.Avisa += (",
+    ("docs/guia.md", "eventos.Aviso += (", "eventos.Avisa += (",
      "there is no event Avisa in clsAvisos"),
     ("examples/formularios/frmCliente.frm", "Dim porcentaje As Long", "Dim porcentaje As Integer",
      "porcentaje is a Integer, and is passed by reference as Long"),
