@@ -9,13 +9,14 @@ namespace {
 
 constexpr const wchar_t* idl_preamble =
     LR"(//
-// Compila con MIDL y con widl en una biblioteca de tipos igual a kovrel.tlb, salvo en los nombres que
-// no son ASCII, que estos compiladores no admiten: aquí la eñe es "ny" y las vocales no llevan tilde.
-// widl no admite la ayuda de cada valor de una enumeración, ni el valor por omisión de un texto o de un
-// VARIANT por referencia: con él, esos parámetros quedan como opcionales sin valor.
+// Compila con widl en una biblioteca de tipos igual a kovrel.tlb, salvo en los nombres que no son ASCII:
+// aquí la eñe es "ny" y las vocales no llevan tilde. Con MIDL no se ha probado.
 //
-// Este archivo va en la página de códigos 1252, en la que MIDL lee los textos de ayuda en un Windows en
-// español.
+// widl no admite la ayuda de cada valor de una enumeración, la versión de la interfaz de los eventos, ni el
+// valor por omisión de un texto o de un VARIANT por referencia: con él, esos parámetros quedan como
+// opcionales sin valor.
+//
+// Este archivo va en la página de códigos 1252, que es la de los textos de la biblioteca.
 import "oaidl.idl";
 import "ocidl.idl";
 

@@ -7,7 +7,7 @@
 
 namespace kovrel {
 
-/// What widl and MIDL compile into the type library again, but for names that are not ASCII.
+/// What widl compiles into the type library again, but for names that are not ASCII.
 [[nodiscard]] std::wstring idl_text(const LibraryInfo& library);
 
 }  // namespace kovrel

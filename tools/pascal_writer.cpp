@@ -16,8 +16,8 @@ namespace {
 
 constexpr const wchar_t* pascal_preamble =
     LR"(
-  Para Delphi 2009 o posterior, y para Lazarus y Free Pascal 3. Dice lo mismo que la biblioteca de
-  tipos, miembro por miembro.
+  Para Delphi 2009 o posterior, y para Lazarus y Free Pascal 3, con el que se prueba. Dice lo mismo que
+  la biblioteca de tipos, miembro por miembro.
 
     General := CoclsFGen.Create;          una instancia de clsFGen
     Texto := General.Verifica_NIF('12345678a', Mensajes);

@@ -1,5 +1,5 @@
 Attribute VB_Name = "Recorrido"
-' Kovrel desde VBA o Basic clásico: todas sus clases y todas las clases de argumentos. Importe este módulo
+' Kovrel desde VBA o Basic clásico: todas sus clases, con argumentos de todos los tipos. Importe este módulo
 ' y Oyente.cls, ponga la referencia a Kovrel y ejecute Recorre en la ventana Inmediato: Recorre "C:\Temp".
 '
 ' No muestra nada en pantalla: clsAvisos lo anota todo. Escribe sus archivos en la carpeta.

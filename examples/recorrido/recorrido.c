@@ -1,4 +1,4 @@
-// Kovrel desde C: todas sus clases y todas las clases de argumentos.
+// Kovrel desde C: todas sus clases, con argumentos de todos los tipos.
 //
 //   recorrido CARPETA
 //

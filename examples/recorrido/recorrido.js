@@ -1,4 +1,4 @@
-// Kovrel desde JScript: todas sus clases y todas las clases de argumentos.
+// Kovrel desde JScript: todas sus clases, con argumentos de todos los tipos.
 //
 //   cscript //nologo recorrido.js CARPETA
 //

@@ -1,4 +1,4 @@
-﻿{ Kovrel desde Delphi o Lazarus: todas sus clases y todas las clases de argumentos.
+﻿{ Kovrel desde Delphi o Lazarus: todas sus clases, con argumentos de todos los tipos.
 
     recorrido CARPETA
 

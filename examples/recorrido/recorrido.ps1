@@ -1,4 +1,4 @@
-﻿# Kovrel desde PowerShell: todas sus clases y todas las clases de argumentos.
+﻿# Kovrel desde PowerShell: todas sus clases, con argumentos de todos los tipos.
 #
 #   powershell -File recorrido.ps1 CARPETA
 #

@@ -1,4 +1,4 @@
-"""Kovrel desde Python con pywin32: todas sus clases y todas las clases de argumentos.
+"""Kovrel desde Python con pywin32: todas sus clases, con argumentos de todos los tipos.
 
     python recorrido.py CARPETA
 

@@ -1,4 +1,4 @@
-// Kovrel desde TypeScript: todas sus clases y todas las clases de argumentos.
+// Kovrel desde TypeScript: todas sus clases, con argumentos de todos los tipos.
 //
 //   tsc --strict --target ES5 recorrido.ts
 //   cscript //nologo recorrido.js CARPETA

@@ -1,4 +1,4 @@
-' Kovrel desde VBScript: todas sus clases y todas las clases de argumentos.
+' Kovrel desde VBScript: todas sus clases, con argumentos de todos los tipos.
 '
 '   cscript //nologo recorrido.vbs CARPETA
 '
