@@ -1,12 +1,9 @@
 #include "tools/header_writer.h"
 
-#include <iomanip>
 #include <sstream>
 
-#include "automation/bstr.h"
-#include "automation/registration.h"
-#include "automation/variant.h"
-#include "runtime/failure.h"
+#include "tools/c_interface_writer.h"
+#include "tools/declared_text.h"
 
 namespace kovrel {
 namespace {
@@ -14,9 +11,10 @@ namespace {
 // With a byte-order mark Visual C++ reads the file as UTF-8 without being told.
 constexpr const wchar_t* preamble =
     LR"(
-// Early binding from C++11 or later, with Visual C++ and mingw-w64 alike. Made from the library's own
-// declarations, member for member what its type library says. This file is UTF-8, and so must be a
-// source that calls a member with an ñ in its name (Visual C++: /utf-8). Link with ole32 and oleaut32.
+// Early binding from C++11 or later and from C99, with Visual C++ and mingw-w64 alike. Made from the
+// library's own declarations, member for member what its type library says. This file is UTF-8, and so
+// must be a source that calls a member with an ñ in its name (Visual C++: /utf-8). Link with ole32 and
+// oleaut32.
 //
 //   Kovrel::_clsFGen* general = nullptr;
 //   HRESULT result = CoCreateInstance(__uuidof(Kovrel::clsFGen), nullptr, CLSCTX_INPROC_SERVER,
@@ -37,6 +35,13 @@ constexpr const wchar_t* preamble =
 //
 // Its Invoke gets the number of the event and the arguments from the last to the first: rgvarg[0] is
 // the last one. Those marked [in, out] are pointers (VT_BYREF); what they point to may be changed.
+//
+// In C, and in C++ where CINTERFACE is defined, an interface is a pointer to a table of functions, and
+// names stand in no namespace. Where COBJMACROS is defined, there is a macro for each function:
+//
+//   CoCreateInstance(&CLSID_clsFGen, NULL, CLSCTX_INPROC_SERVER, &IID__clsFGen, (void**)&general);
+//   general->lpVtbl->LetraNIF(general, &number, &letter);
+//   _clsFGen_LetraNIF(general, &number, &letter);
 #pragma once
 
 #include <windows.h>
@@ -46,110 +51,14 @@ constexpr const wchar_t* preamble =
 
 )";
 
-/// A GUID as C++ initializes one: 0x..., 0x..., 0x..., and then the last eight bytes in `braces`.
-std::wstring initializer(const GUID& id, bool braces) {
-    std::wostringstream out;
-    out << std::hex << std::setfill(L'0');
-    out << L"0x" << std::setw(8) << id.Data1 << L", 0x" << std::setw(4) << id.Data2 << L", 0x"
-        << std::setw(4) << id.Data3;
-    const wchar_t* separator = braces ? L", {" : L", ";
-    for (const unsigned byte : id.Data4) {
-        out << separator << L"0x" << std::setw(2) << byte;
-        separator = L", ";
-    }
-    if (braces) out << L'}';
-    return out.str();
-}
-
-std::wstring without_braces(const GUID& id) {
-    const std::wstring text = text_of_guid(id);
-    return text.substr(1, text.size() - 2);
-}
-
-/// A type as a value is passed: interfaces are pointers.
-std::wstring type_name(const TypeRef& type) {
-    if (type.picture) return L"IPictureDisp*";
-    if (type.enumeration != nullptr) return type.enumeration->name;
-    if (type.record != nullptr) return type.record->name;
-    if (type.instance_of != nullptr) return std::wstring(type.instance_of->interface_name) + L'*';
-    switch (type.type) {
-        case VT_UI1:
-            return L"BYTE";
-        case VT_I2:
-            return L"short";
-        case VT_I4:
-            return L"long";
-        case VT_R4:
-            return L"float";
-        case VT_R8:
-            return L"double";
-        case VT_BOOL:
-            return L"VARIANT_BOOL";
-        case VT_DATE:
-            return L"DATE";
-        case VT_BSTR:
-            return L"BSTR";
-        case VT_VARIANT:
-            return L"VARIANT";
-        case VT_DISPATCH:
-            return L"IDispatch*";
-        case VT_UNKNOWN:
-            return L"IUnknown*";
-        default:
-            throw Failure(E_NOTIMPL, L"Un tipo que el archivo de cabecera no conoce");
-    }
-}
-
-std::wstring default_text(const VARIANT& value) {
-    switch (value.vt) {
-        case VT_BSTR:
-            return L'"' + std::wstring(text_of(value.bstrVal)) + L'"';
-        case VT_BOOL:
-            return value.boolVal != VARIANT_FALSE ? L"VARIANT_TRUE" : L"VARIANT_FALSE";
-        case VT_DATE:
-            return std::to_wstring(static_cast<long>(value.date));
-        default:
-            return std::to_wstring(Variant(value).to_int32());
-    }
-}
-
-std::wstring prefix(MemberKind kind) {
-    switch (kind) {
-        case MemberKind::property_get:
-            return L"get_";
-        case MemberKind::property_put:
-            return L"put_";
-        case MemberKind::property_put_object:
-            return L"putref_";
-        case MemberKind::method:
-            break;
-    }
-    return L"";
-}
-
-/// The new value of a property has no name of its own.
-const wchar_t* name_of(const ParameterInfo& parameter) {
-    return parameter.name != nullptr ? parameter.name : L"value";
-}
-
-std::wstring parameter_text(const ParameterInfo& parameter) {
-    std::wstring text = parameter.by_reference ? L"/* [in, out" : L"/* [in";
-    if (parameter.optional) text += L", optional";
-    if (parameter.declared_default != nullptr) {
-        text += L", defaultvalue(" + default_text(*parameter.declared_default) + L')';
-    }
-    text += L"] */ " + type_name(parameter.type);
-    if (parameter.by_reference) text += L'*';
-    return text + L' ' + name_of(parameter);
-}
-
 class HeaderWriter {
  public:
     explicit HeaderWriter(const LibraryInfo& library) : library_(library) {}
 
     std::wstring text() {
-        out_ << L"\uFEFF// " << library_.help << L".\n//" << preamble << L"namespace "
-             << library_.name << L" {\n\n";
+        out_ << L"\uFEFF// " << library_.help << L".\n//" << preamble
+             << L"#if defined(__cplusplus) && !defined(CINTERFACE)\n\nnamespace " << library_.name
+             << L" {\n\n";
         for (const ClassInfo* info : library_.classes) {
             out_ << L"struct " << info->interface_name << L";\n";
         }
@@ -163,6 +72,7 @@ class HeaderWriter {
         write_identities();
         out_ << L"}  // namespace " << library_.name << L"\n\n";
         write_uuid_declarations();
+        out_ << L"\n#else\n\n" << c_interface_text(library_) << L"\n#endif\n";
         return out_.str();
     }
 
@@ -218,7 +128,7 @@ class HeaderWriter {
             out_ << L"        id_" << event.name << L" = " << event.id << L",  // (";
             const wchar_t* separator = L"";
             for (const ParameterInfo& parameter : event.parameters) {
-                out_ << separator << parameter_text(parameter);
+                out_ << separator << c_parameter_text(parameter);
                 separator = L", ";
             }
             out_ << L")\n";
@@ -227,11 +137,7 @@ class HeaderWriter {
     }
 
     void write_changed(std::span<const ParameterInfo> parameters, const wchar_t* indent) {
-        std::wstring names;
-        for (const ParameterInfo& parameter : parameters) {
-            if (!parameter.written_back) continue;
-            names += (names.empty() ? L"" : L", ") + std::wstring(name_of(parameter));
-        }
+        const std::wstring names = changed_names(parameters);
         if (!names.empty()) out_ << indent << L"/// Puede cambiar: " << names << L".\n";
     }
 
@@ -242,11 +148,12 @@ class HeaderWriter {
              << L'(';
         const wchar_t* separator = L"\n        ";
         for (const ParameterInfo& parameter : member.parameters) {
-            out_ << separator << parameter_text(parameter);
+            out_ << separator << c_parameter_text(parameter);
             separator = L",\n        ";
         }
         if (member.result.type != VT_VOID) {
-            out_ << separator << L"/* [out, retval] */ " << type_name(member.result) << L"* result";
+            out_ << separator << L"/* [out, retval] */ " << c_type_name(member.result)
+                 << L"* result";
         }
         out_ << L") = 0;\n";
     }

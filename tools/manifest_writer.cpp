@@ -4,28 +4,13 @@
 
 #include "automation/registration.h"
 #include "runtime/text.h"
+#include "tools/declared_text.h"
 
 namespace kovrel {
 namespace {
 
 std::wstring quoted(std::wstring_view value) {
-    std::wstring result = L"\"";
-    for (const wchar_t character : value) {
-        switch (character) {
-            case L'&':
-                result += L"&amp;";
-                break;
-            case L'<':
-                result += L"&lt;";
-                break;
-            case L'"':
-                result += L"&quot;";
-                break;
-            default:
-                result += character;
-        }
-    }
-    return result + L'"';
+    return L'"' + xml_text(value) + L'"';
 }
 
 void write_class(std::wostream& out, const LibraryInfo& library, const ClassInfo& info) {

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "automation/com_ptr.h"
-#include "automation/thunk.h"
 #include "automation/variant.h"
 #include "runtime/failure.h"
+#include "tools/declared_text.h"
 #include "tools/type_library_repair.h"
 
 namespace kovrel {
@@ -177,14 +177,7 @@ class LibraryWriter {
             function.funckind = FUNC_DISPATCH;
             function.invkind = INVOKE_FUNC;
             function.elemdescFunc.tdesc.vt = VT_VOID;
-            write_function(*type.get(), index++, function,
-                           {.name = event.name,
-                            .help = event.help,
-                            .id = event.id,
-                            .kind = MemberKind::method,
-                            .parameters = event.parameters,
-                            .result = type_of<void>,
-                            .late = nullptr});
+            write_function(*type.get(), index++, function, method_of(event));
         }
         check(type->LayOut());
         user_types_[&info] = std::move(type);

@@ -38,8 +38,11 @@ make_dist() {
         [ -f "$file" ] || die "the build of $arch left no ${file##*/}"
     done
     # The same for both.
-    cp "$build/$arch/include/kovrel.h" "$root/dist/include/kovrel.h.new"
-    place_in_dist "$root/dist/include/kovrel.h.new" "$root/dist/include/kovrel.h"
+    for file in "$build/$arch/include"/*; do
+        name=${file##*/}
+        cp "$file" "$root/dist/include/$name.new"
+        place_in_dist "$root/dist/include/$name.new" "$root/dist/include/$name"
+    done
     for file in "$built"/*.dll "$built/kovrel.tlb" "$built/Kovrel.Assembly.manifest"; do
         name=${file##*/}
         cp "$file" "$out/$name.new"

@@ -12,6 +12,19 @@ package_time() {
     fi
 }
 
+# What the classic hosts read is in their code page, with their ends of lines.
+stage_samples() {
+    local folder=$1 file
+    mkdir -p "$folder"
+    for file in cpp/recibo.cpp cpp/recibo.exe.manifest.in ficha formularios recorrido sin_registro; do
+        if [ -e "$root/examples/$file" ]; then (cd "$root/examples" && cp -r --parents "$file" "$folder"); fi
+    done
+    find "$folder" -regex '.*\.\(vbs\|js\|bas\|cls\|frm\)' -print0 | while IFS= read -r -d '' file; do
+        iconv -f UTF-8 -t CP1252 "$file" | sed 's/\r*$/\r/' >"$file.new"
+        mv "$file.new" "$file"
+    done
+}
+
 # stage_package FOLDER: what users get, as they get it.
 stage_package() {
     local folder=$1 part file
@@ -23,10 +36,10 @@ stage_package() {
     for part in x86 x64 include; do
         if [ -d "$root/dist/$part" ]; then cp -r "$root/dist/$part" "$folder/$part"; fi
     done
-    for file in README.md docs/guia.md docs/referencia.md docs/imagenes \
-        examples/cpp/recibo.cpp examples/cpp/recibo.exe.manifest.in examples/ficha; do
+    for file in README.md docs/guia.md docs/referencia.md docs/imagenes; do
         if [ -e "$root/$file" ]; then (cd "$root" && cp -r --parents "$file" "$folder"); fi
     done
+    stage_samples "$folder/samples"
     find "$folder" -type f -exec chmod 644 {} +
     find "$folder" -exec touch -h -d "@$(package_time)" {} +
 }

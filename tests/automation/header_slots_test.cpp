@@ -8,6 +8,7 @@
 
 #include "tests/support/box_watcher.h"
 #include "tests/support/early.h"
+#include "tests/support/type_spelling.h"
 
 namespace kovrel::test {
 namespace {
@@ -75,42 +76,6 @@ ComPtr<ITypeInfo> type(const GUID& id) {
     ComPtr<ITypeInfo> info;
     EXPECT_EQ(type_library()->GetTypeInfoOfGuid(id, info.put()), S_OK);
     return info;
-}
-
-bool is_dual(ITypeInfo* info) {
-    TYPEATTR* attributes = nullptr;
-    info->GetTypeAttr(&attributes);
-    const bool result = (attributes->wTypeFlags & TYPEFLAG_FDUAL) != 0;
-    info->ReleaseTypeAttr(attributes);
-    return result;
-}
-
-/// A type as C++ spells it.
-std::wstring spelled(ITypeInfo* info, const TYPEDESC& type) {
-    static const std::map<VARTYPE, std::wstring> names{
-        {VT_UI1, L"BYTE"},          {VT_I2, L"short"},
-        {VT_I4, L"long"},           {VT_R4, L"float"},
-        {VT_R8, L"double"},         {VT_DATE, L"DATE"},
-        {VT_BOOL, L"VARIANT_BOOL"}, {VT_BSTR, L"BSTR"},
-        {VT_VARIANT, L"VARIANT"},   {VT_DISPATCH, L"IDispatch*"},
-        {VT_UNKNOWN, L"IUnknown*"},
-    };
-    if (type.vt == VT_PTR) return spelled(info, *type.lptdesc) + L'*';
-    if (type.vt != VT_USERDEFINED) return names.at(type.vt);
-    ComPtr<ITypeInfo> target;
-    EXPECT_EQ(info->GetRefTypeInfo(type.hreftype, target.put()), S_OK);
-    TYPEATTR* attributes = nullptr;
-    target->GetTypeAttr(&attributes);
-    // The platform's library of basic types calls this interface Picture.
-    const bool picture = attributes->guid == IID_IPictureDisp;
-    target->ReleaseTypeAttr(attributes);
-    return picture ? L"IPictureDisp" : name_of(target.get());
-}
-
-std::wstring spelled(const VARIANT& value) {
-    if (value.vt == VT_BSTR) return L'"' + std::wstring(text_of(value.bstrVal)) + L'"';
-    if (value.vt != VT_BOOL) return Variant(value).to_text();
-    return value.boolVal != VARIANT_FALSE ? L"VARIANT_TRUE" : L"VARIANT_FALSE";
 }
 
 std::wstring spelled_parameters(ITypeInfo* info, const FUNCDESC& function) {

@@ -3,76 +3,34 @@
 
     check_documents.py SOURCE_FOLDER
 
-The calls of the examples in languages without a host here name members that exist, with as many
-arguments as they take, and so do their handlers of events; the error boxes described are those of the
-sources, and so are the texts of the messages, unless an example shows them; links lead somewhere.
+The calls of the examples in languages without a host here, and those of the samples, name members that
+exist, with as many arguments as they take, passed by reference as their language allows, and so do their
+handlers of events; the error boxes described are those of the sources, and so are the texts of the
+messages, unless an example shows them; links lead somewhere.
 """
 import pathlib
 import re
 import sys
 
+import by_reference
 from examples import blocks
+from members import arguments, events, signatures
 
 # vbs: VBScript that needs more than the host here has.
 CHECKED_LANGUAGES = ("vb", "vbs", "powershell", "csharp", "python", "pascal")
 DECLARED = re.compile(r"\b(\w+)\s+As\s+(?:New\s+)?Kovrel\.(\w+)")
-CREATED = re.compile(r"(\w+)\s*:?=[^=].*?\bKovrel\.(\w+)")
+CREATED = re.compile(r"(\w+)\s*:?=[^=].*?\b(?:Kovrel\.|Co(?=c[lg]s))(\w+)")
+# The samples, by the language that their files are in.
+SAMPLES = {".bas": "vb", ".cls": "vb", ".frm": "vb", ".ps1": "powershell", ".py": "python",
+           ".vbs": "vbs"}
+GIVEN = re.compile("clsAviso|clsEntradas?")
 problems = []
-
-
-def signatures(reference):
-    """For each class, for each member: the fewest and most arguments, and the result's type."""
-    classes = {}
-    for block in blocks(reference):
-        if block.language != "vb" or len(block.headings) != 3:
-            continue
-        _, class_name, member = block.headings
-        for line in re.sub(r" _\n\s*", " ", block.text).splitlines():
-            found = re.match(r"(?:Sub|Function|Property \w+) \S+?\((.*)\)(?: As (\w+))?$", line)
-            parameters = [text for text in found[1].split(", ") if text]
-            if line.startswith(("Property Let", "Property Set")):
-                parameters = []
-            required = sum(not text.startswith("Optional ") for text in parameters)
-            known = classes.setdefault(class_name, {})
-            known.setdefault(member.lower(), (required, len(parameters), found[2]))
-    return classes
-
-
-def events(reference):
-    """For each class, for each event: how many parameters its handlers have."""
-    classes = {}
-    for block in blocks(reference):
-        if block.language == "vb" and block.text.startswith("Event "):
-            count = arguments(block.text[block.text.index("("):].replace(" _\n", ""))
-            classes.setdefault(block.headings[1], {})[block.headings[-1].lower()] = count
-    return classes
-
-
-def arguments(text):
-    """How many arguments a call has whose opening parenthesis, or first argument, begins here."""
-    closes = text.startswith("(")
-    depth, count, quote, seen = 0, 0, "", False
-    for character in text[1:] if closes else text.split("\n", 1)[0]:
-        if quote:
-            quote = "" if character == quote else quote
-        elif character in "\"'":
-            quote, seen = character, True
-        elif character in "([{":
-            depth += 1
-        elif character in ")]}":
-            if depth == 0 and closes:
-                return count + 1 if seen else 0
-            depth -= 1
-        elif character == "," and depth == 0:
-            count += 1
-        seen = seen or not character.isspace()
-    return count + 1 if seen else 0
 
 
 def check_handler(where, event, text, class_name, class_events):
     """`text` is what stands behind the name of the event."""
     known = class_events.get(event.lower())
-    given = arguments(text)
+    given = len(arguments(text))
     if known is None:
         problems.append(f"{where}: there is no event {event} in {class_name}")
     elif given != known:
@@ -91,40 +49,84 @@ def check_handlers(where, text, objects, class_events):
     return handlers
 
 
-def check_calls(name, document, classes, class_events):
-    calls = 0
-    for block in blocks(document):
-        if block.language not in CHECKED_LANGUAGES:
-            continue
-        where = f"{name}, {block.place}"
-        objects = {found[1]: found[2] for pattern in (DECLARED, CREATED)
-                   for found in pattern.finditer(block.text) if found[2] in classes}
-        before = calls
-        calls += check_handlers(where, block.text, objects, class_events)
-        for found in re.finditer(r"\b(\w+)\.(\w+)", block.text):
-            members = classes.get(objects.get(found[1]))
-            if members is None:
-                continue
+def given_arguments(language, text, found):
+    """The arguments of a call. In Basic a call that is a statement has them without parentheses, and
+    an apostrophe begins a comment."""
+    rest = text[found.end():].lstrip(" ")
+    # The procedure that assigns a property takes its value.
+    if language == "pascal" and found[2].startswith("Set_"):
+        return []
+    if language not in ("vb", "vbs"):
+        return arguments(rest) if rest.startswith("(") else []
+    rest = re.sub(r'("[^"\n]*")|\'.*', r"\1", rest)
+    before = text[:found.start()].rpartition("\n")[2]
+    if re.search(r"(?i)(^|:|\b(then|else))\s*$", before) and not re.match(r"[.=]|\(.*\)\.", rest):
+        return arguments("(" + rest.split("\n")[0] + ")")
+    return arguments(rest) if rest.startswith("(") else []
+
+
+def check_call(where, language, text, found, class_name, classes, class_events):
+    """One call: the name of an object, and of a member of its class."""
+    rest = text[found.end():].lstrip(" ")
+    if rest.startswith("+= "):
+        check_handler(where, found[2], rest[3:], class_name, class_events.get(class_name, {}))
+        return
+    name = found[2].removeprefix("Set_") if language == "pascal" else found[2]
+    member = classes[class_name].get(name.lower())
+    if member is None:
+        problems.append(f"{where}: there is no {found[2]} in {class_name}")
+        return
+    given = given_arguments(language, text, found)
+    if not member.required <= len(given) <= member.most:
+        problems.append(f"{where}: {found[2]} takes {member.required} to {member.most} arguments, "
+                        f"not {len(given)}")
+        return
+    for problem in by_reference.problems(language, member, given, text, found.start()):
+        problems.append(f"{where}: {found[2]}: {problem}")
+
+
+def check_fragment(where, language, text, classes, class_events):
+    """The calls of an example, or of a whole source; how many there are."""
+    if language in ("vb", "vbs"):
+        text = re.sub(r" _\n\s*", " ", text)
+    # What receives the events of a class is named after it.
+    objects = {found[1]: found[2].removesuffix("Eventos") for pattern in (DECLARED, CREATED)
+               for found in pattern.finditer(text)
+               if found[2].removesuffix("Eventos") in classes}
+    calls = check_handlers(where, text, objects, class_events)
+    for found in re.finditer(r"\b(\w+)\.(\w+)", text):
+        if objects.get(found[1]) in classes:
             calls += 1
-            rest = block.text[found.end():].lstrip(" ")
-            if rest.startswith("+= "):
-                class_name = objects[found[1]]
-                check_handler(where, found[2], rest[3:], class_name,
-                              class_events.get(class_name, {}))
-                continue
-            if found[2].lower() not in members:
-                problems.append(f"{where}: there is no {found[2]} in {objects[found[1]]}")
-                continue
-            required, most, _ = members[found[2].lower()]
-            assigned = re.match(r":?=", rest)
-            given = 0 if assigned else arguments(rest)
-            if not required <= given <= most:
-                problems.append(f"{where}: {found[2]} takes {required} to {most} arguments, "
-                                f"not {given}")
-        if objects and calls == before:
-            problems.append(f"{where}: no call was found")
-        if "Kovrel." in block.text and not objects:
-            problems.append(f"{where}: no object was found")
+            check_call(where, language, text, found, objects[found[1]], classes, class_events)
+    if objects and not calls:
+        problems.append(f"{where}: no call was found")
+    if "Kovrel." in text and not objects:
+        problems.append(f"{where}: no object was found")
+    return calls
+
+
+def check_calls(name, document, classes, class_events):
+    return sum(check_fragment(f"{name}, {block.place}", block.language, block.text, classes,
+                              class_events)
+               for block in blocks(document) if block.language in CHECKED_LANGUAGES)
+
+
+def check_samples(root, classes, class_events):
+    """Every sample, and that each tour meets every class."""
+    calls = 0
+    for file in sorted((root / "examples").rglob("*")):
+        tour = file.parent.name == "recorrido"
+        if file.suffix not in SAMPLES and not tour:
+            continue
+        name = str(file.relative_to(root))
+        text = file.read_text(encoding="utf-8-sig")
+        if file.suffix in SAMPLES:
+            calls += check_fragment(name, SAMPLES[file.suffix], text, classes, class_events)
+        if tour and file.suffix != ".cls":
+            for class_name in classes:
+                # The classes that others give out are met without their names.
+                if not GIVEN.fullmatch(class_name) and class_name not in text:
+                    problems.append(f"{name}: nothing of {class_name}")
     return calls
 
 
@@ -182,16 +184,17 @@ def main():
     class_events = events(reference)
     calls = sum(check_calls(name, (root / name).read_text(encoding="utf-8"), classes, class_events)
                 for name in ("docs/guia.md", "docs/referencia.md", "README.md"))
+    samples = check_samples(root, classes, class_events)
     code = literals(root / "src")
     boxes = check_error_boxes(reference, code)
     messages = check_messages(reference, code)
     links = sum(check_links(root / name)
                 for name in ("docs/guia.md", "docs/referencia.md", "README.md"))
-    print(f"{len(classes)} classes, {calls} calls, {boxes} error boxes, "
+    print(f"{len(classes)} classes, {calls} calls, {samples} in samples, {boxes} error boxes, "
           f"{messages} pieces of messages, {links} links")
     for problem in problems:
         print("FAILED:", problem)
-    return 1 if problems or not (classes and class_events and calls and boxes and messages) else 0
+    return 1 if problems or not (classes and class_events and calls and samples and boxes and messages) else 0
 
 
 if __name__ == "__main__":

@@ -45,8 +45,16 @@ CHECK_REFUSALS = [
      "there is no event Avance in clsAvisos"),
     ("docs/guia.md", "Sub avisos_Aviso(aviso, respuesta, mostrar)", "Sub avisos_Aviso(aviso)",
      "the event Aviso has 3 parameters, not 1"),
-    ("docs/guia.md", "avisos.Aviso += (", "avisos.Avisa += (",
+    ("docs/guia.md", "eventos.Aviso += (", "eventos.Avisa += (",
      "there is no event Avisa in clsAvisos"),
+    ("examples/formularios/frmCliente.frm", "Dim porcentaje As Long", "Dim porcentaje As Integer",
+     "porcentaje is a Integer, and is passed by reference as Long"),
+    ("examples/formularios/userform_cliente.bas", "Solo_Numero tecla,", "Solo_Numero KeyAscii,",
+     "KeyAscii is a MSForms.ReturnInteger, and is passed by reference as Integer"),
+    ("examples/recorrido/Recorrido.bas", "    Dim texto As String\n", "", "texto is not declared"),
+    ("examples/recorrido/recorrido.ps1", 'Verifica_NIF("12345678A")', "Verifica_NIF([ref]$texto)",
+     "[ref]$texto is passed by value"),
+    ("examples/recorrido/recorrido.py", "Kovrel.clsCSQL", "Kovrel.clsFZip", "nothing of clsCSQL"),
     ("docs/guia.md", "(referencia.md)", "(falta.md)", "falta.md leads nowhere"),
     ("docs/guia.md", "(#recetas)", "(#receta)", "#receta leads nowhere"),
     ("docs/referencia.md", "en procedimiento DC del Módulo FGen.",
@@ -78,7 +86,7 @@ def main():
     write = [*writer, "docs/notas", "docs/referencia.md"]
     with tempfile.TemporaryDirectory(prefix="kovrel-docs.") as temporary:
         copy = pathlib.Path(temporary)
-        for folder in ("docs", "src"):
+        for folder in ("docs", "examples", "src"):
             shutil.copytree(source / folder, copy / folder)
         shutil.copy(source / "README.md", copy)
         good = [refuse(copy, file, old, new, command, reason)

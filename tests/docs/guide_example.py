@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""The C++ example of a document.
+"""The one example of a document in a compiled language.
 
-    cpp_example.py extract DOCUMENT FILE       writes it as a source file
-    cpp_example.py check DOCUMENT COMMAND...   runs the program; its lines must be those stated
+    guide_example.py extract LANGUAGE DOCUMENT FILE       writes it as a source file
+    guide_example.py check LANGUAGE DOCUMENT COMMAND...   runs the program; its lines must be those
+                                                          stated behind "// →"
 """
 import pathlib
 import re
@@ -13,11 +14,11 @@ from examples import blocks
 
 
 def main():
-    action, document, *rest = sys.argv[1:]
+    action, language, document, *rest = sys.argv[1:]
     text = pathlib.Path(document).read_text(encoding="utf-8")
-    found = [block.text for block in blocks(text) if block.language == "cpp"]
+    found = [block.text for block in blocks(text) if block.language == language]
     if len(found) != 1:
-        sys.exit(f"{len(found)} C++ examples instead of one")
+        sys.exit(f"{len(found)} examples in {language} instead of one")
     if action == "extract":
         pathlib.Path(rest[0]).write_text(found[0] + "\n", encoding="utf-8")
         return 0
