@@ -45,6 +45,25 @@ if(KOVREL_SANITIZE)
   target_link_options(kovrel_compile INTERFACE -fprofile-instr-generate)
 endif()
 
+# Headers that most sources of a target include are read once. Each source includes them all the same:
+# the second compiler and its linter read them without.
+option(KOVREL_PRECOMPILED "Precompile headers" OFF)
+
+# kovrel_precompile(name HEADERS headers... FOR targets...)
+function(kovrel_precompile name)
+  if(NOT KOVREL_PRECOMPILED)
+    return()
+  endif()
+  cmake_parse_arguments(PARSE_ARGV 1 PRECOMPILE "" "" "HEADERS;FOR;USES")
+  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp CONTENT "")
+  add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  target_link_libraries(${name} PRIVATE kovrel_compile ${PRECOMPILE_USES})
+  target_precompile_headers(${name} PRIVATE ${PRECOMPILE_HEADERS})
+  foreach(target ${PRECOMPILE_FOR})
+    target_precompile_headers(${target} REUSE_FROM ${name})
+  endforeach()
+endfunction()
+
 # kovrel_version_resource(target product description) adds a version resource to a DLL.
 function(kovrel_version_resource target product description)
   set(resource ${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc)
