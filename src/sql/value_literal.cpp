@@ -23,8 +23,8 @@ struct Moment {
 /// Rounded to whole units, which may lead to the next day.
 Moment moment_of(double date, std::int64_t unit) {
     const double fraction = std::abs(date - std::trunc(date));
-    const auto units = static_cast<double>(milliseconds_a_day / unit);
-    Moment moment{day_of(date), std::llround(fraction * units) * unit};
+    const std::int64_t units = milliseconds_a_day / unit;
+    Moment moment{day_of(date), std::llround(fraction * static_cast<double>(units)) * unit};
     if (moment.time == milliseconds_a_day) moment = {day_of(moment.day + 1.0), 0};
     return moment;
 }

@@ -150,7 +150,7 @@ class SqlReader {
         }
         const bool is_national = take(L"UNISTR(");
         const std::wstring_view before = rest_;
-        const std::wstring source = string(false);
+        std::wstring source = string(false);
         std::size_t bytes = 0;
         for (const wchar_t character : before.substr(0, before.size() - rest_.size())) {
             bytes += static_cast<std::uint32_t>(character) < 0x80 ? 1 : 2;

@@ -20,7 +20,9 @@ TEST(SqlCharacters, FirstAndLastOfEachLengthInUtf8) {
     EXPECT_EQ(utf8_of(L"\xFFFF"), (Bytes{0xEF, 0xBF, 0xBF}));
     EXPECT_EQ(utf8_of(L"\xD800\xDC00"), (Bytes{0xF0, 0x90, 0x80, 0x80}));
     EXPECT_EQ(utf8_of(L"\xDBFF\xDFFF"), (Bytes{0xF4, 0x8F, 0xBF, 0xBF}));
-    EXPECT_EQ(utf8_of(L"a\xF1"), (Bytes{'a', 0xC3, 0xB1}));
+    EXPECT_EQ(utf8_of(L"a\xF1"), (Bytes{0x61, 0xC3, 0xB1}));
+    EXPECT_EQ(utf8_of(L"\x6C34"), (Bytes{0xE6, 0xB0, 0xB4}));
+    EXPECT_EQ(utf8_of(L"\xD801\xDC37"), (Bytes{0xF0, 0x90, 0x90, 0xB7}));
 }
 
 TEST(SqlCharacters, CodePointsTakeOneOrTwoUnits) {

@@ -167,7 +167,7 @@ std::vector<std::wstring> hostile_texts() {
         for (auto left = random() % 12; left > 0; --left) text += pieces[random() % pieces.size()];
         texts.push_back(text);
     }
-    texts.push_back(std::wstring(70000, L'\''));
+    texts.emplace_back(70000, L'\'');
     texts.push_back(std::wstring(70000, L'\\') + L'€');
     return texts;
 }
