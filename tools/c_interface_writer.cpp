@@ -120,12 +120,15 @@ class CInterfaceWriter {
             write_macro(info, function.name, function.names);
         }
         for (const MemberInfo& member : info.members) {
+            const std::wstring function = std::wstring(prefix(member.kind)) + member.name;
             std::wstring names;
             for (const ParameterInfo& parameter : member.parameters) {
-                names += std::wstring(L", ") + name_of(parameter);
+                const std::wstring name = name_of(parameter);
+                // A parameter of the member's own name would take the place of that in the macro.
+                names += L", " + name + (name == function ? L"_" : L"");
             }
             if (member.result.type != VT_VOID) names += L", result";
-            write_macro(info, std::wstring(prefix(member.kind)) + member.name, names);
+            write_macro(info, function, names);
         }
         out_ << L'\n';
     }

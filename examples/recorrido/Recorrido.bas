@@ -88,6 +88,10 @@ Private Sub Textos()
     Dim sql As New Kovrel.clsCSQL
     Debug.Print "SQL: " & sql.Conv_String("O'Donnell") & ", " & sql.Conv_Boolean(True) & ", " & _
                 sql.Conv_DoubleDeDouble(12.5) & ", " & sql.Conv_Date_Date(#2/29/2024#)
+    Dim dialectos As New Kovrel.clsFSQL
+    dialectos.Dialecto = diSQLite
+    Debug.Print "SQLite: " & dialectos.Texto("O'Donnell") & ", " & dialectos.Numero(12.5) & ", " & _
+                dialectos.Booleano(True)
 End Sub
 
 Private Sub Carpetas()

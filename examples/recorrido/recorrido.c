@@ -285,6 +285,29 @@ static void Textos(void) {
     _clsCSQL_Release(sql);
 }
 
+static void TextosDeSQLite(void) {
+    _clsFSQL* dialectos = Crea(&CLSID_clsFSQL, &IID__clsFSQL);
+    BSTR texto = NULL;
+    BSTR numero = NULL;
+    BSTR booleano = NULL;
+    VARIANT cadena = Variante(VT_BSTR);
+    VARIANT importe = Variante(VT_R8);
+    VARIANT si = Variante(VT_BOOL);
+    V_BSTR(&cadena) = SysAllocString(L"O'Donnell");
+    V_R8(&importe) = 12.5;
+    V_BOOL(&si) = VARIANT_TRUE;
+    Comprueba(_clsFSQL_put_Dialecto(dialectos, diSQLite));
+    Comprueba(_clsFSQL_Texto(dialectos, cadena, &texto));
+    Comprueba(_clsFSQL_Numero(dialectos, importe, &numero));
+    Comprueba(_clsFSQL_Booleano(dialectos, si, &booleano));
+    printf("SQLite: %ls, %ls, %ls\n", texto, numero, booleano);
+    SysFreeString(booleano);
+    SysFreeString(numero);
+    SysFreeString(texto);
+    VariantClear(&cadena);
+    _clsFSQL_Release(dialectos);
+}
+
 static void Carpetas(BSTR carpeta) {
     _clsProfile* perfil = Crea(&CLSID_clsProfile, &IID__clsProfile);
     BSTR texto = SysAllocString(L"C:\\Datos");
@@ -483,6 +506,7 @@ int wmain(int cuantos, wchar_t** argumentos) {
     Mensajes(general, avisos);
     Fechas();
     Textos();
+    TextosDeSQLite();
     Carpetas(carpeta);
     Dialogo();
     Identificadores();

@@ -89,6 +89,10 @@ static class Recorrido
         var dia = new DateTime(2024, 2, 29);
         Console.WriteLine("SQL: " + sql.Conv_String(ref cadena) + ", " + sql.Conv_Boolean(ref si) + ", " +
                           sql.Conv_DoubleDeDouble(ref importe) + ", " + sql.Conv_Date_Date(ref dia));
+        var dialectos = new clsFSQL();
+        dialectos.Dialecto = eDialecto.diSQLite;
+        Console.WriteLine("SQLite: " + dialectos.Texto("O'Donnell") + ", " + dialectos.Numero(12.5) + ", " +
+                          dialectos.Booleano(true));
     }
 
     static void Carpetas()

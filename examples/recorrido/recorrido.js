@@ -61,6 +61,10 @@ function textos() {
   WScript.Echo("SQL: " + sql.Conv_String("O'Donnell") + ", " + sql.Conv_Boolean(true) + ", " +
                sql.Conv_DoubleDeDouble(12.5) + ", " +
                sql.Conv_Date_Date(calendario.UltimoDiaMesActual(2, 2024)));
+  var dialectos = new ActiveXObject("Kovrel.clsFSQL");
+  dialectos.Dialecto = 4;                             // diSQLite
+  WScript.Echo("SQLite: " + dialectos.Texto("O'Donnell") + ", " + dialectos.Numero(12.5) + ", " +
+               dialectos.Booleano(true));
 }
 
 function carpetas() {

@@ -125,6 +125,7 @@ end;
 procedure Textos;
 var
   SQL: _clsCSQLDisp;
+  Dialectos: _clsFSQL;
   Texto: WideString;
 begin
   { Por número, los miembros que solo leen sus argumentos admiten constantes. }
@@ -132,6 +133,10 @@ begin
   Texto := 'O''Donnell';
   WriteLn('SQL: ' + SQL.Conv_String(Texto) + ', ' + IntToStr(SQL.Conv_Boolean(True)) + ', ' +
     SQL.Conv_DoubleDeDouble(12.5) + ', ' + SQL.Conv_Date_Date(EncodeDate(2024, 2, 29)));
+  Dialectos := CoclsFSQL.Create;
+  Dialectos.Set_Dialecto(diSQLite);
+  WriteLn('SQLite: ' + Dialectos.Texto(Texto) + ', ' + Dialectos.Numero(12.5) + ', ' +
+    Dialectos.Booleano(True));
 end;
 
 procedure Carpetas;

@@ -51,6 +51,10 @@ $sql = New-Object -ComObject Kovrel.clsCSQL
 $literales = $sql.Conv_String("O'Donnell"), $sql.Conv_Boolean($true), $sql.Conv_DoubleDeDouble(12.5),
              $sql.Conv_Date_Date([datetime]"2024-02-29")
 "SQL: " + ($literales -join ", ")
+$dialectos = New-Object -ComObject Kovrel.clsFSQL
+$dialectos.Dialecto = 4                             # diSQLite
+$literales = $dialectos.Texto("O'Donnell"), $dialectos.Numero(12.5), $dialectos.Booleano($true)
+"SQLite: " + ($literales -join ", ")
 
 $perfil = New-Object -ComObject Kovrel.clsProfile
 "Ruta: " + $perfil.AñadirBackSlash("C:\Datos")

@@ -16,6 +16,7 @@ from win32com.client import DispatchWithEvents
 from win32com.client.dynamic import Dispatch
 
 ID_NIF, ID_DNI = 1, 2
+DI_SQLITE = 4
 AR_NUEVO = 0
 SI_NO, NO = 4, 7
 OFN_HIDEREADONLY, OFN_FILEMUSTEXIST = 0x4, 0x1000
@@ -70,6 +71,9 @@ def textos():
     dia = datetime.datetime(2024, 2, 29)
     print("SQL:", sql.Conv_String("O'Donnell"), sql.Conv_Boolean(True), sql.Conv_DoubleDeDouble(12.5),
           sql.Conv_Date_Date(dia), sep=", ")
+    dialectos = Dispatch("Kovrel.clsFSQL")
+    dialectos.Dialecto = DI_SQLITE
+    print("SQLite:", dialectos.Texto("O'Donnell"), dialectos.Numero(12.5), dialectos.Booleano(True), sep=", ")
 
 
 def carpetas(carpeta):

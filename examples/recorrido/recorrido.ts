@@ -65,6 +65,10 @@ namespace Recorrido {
     WScript.Echo("SQL: " + sql.Conv_String("O'Donnell") + ", " + sql.Conv_Boolean(true) + ", " +
                  sql.Conv_DoubleDeDouble(12.5) + ", " +
                  sql.Conv_Date_Date(calendario.UltimoDiaMesActual(2, 2024)));
+    const dialectos = new ActiveXObject("Kovrel.clsFSQL");
+    dialectos.Dialecto = Kovrel.eDialecto.diSQLite;
+    WScript.Echo("SQLite: " + dialectos.Texto("O'Donnell") + ", " + dialectos.Numero(12.5) + ", " +
+                 dialectos.Booleano(true));
   }
 
   function carpetas(): void {

@@ -71,10 +71,14 @@ Sub Fechas()
 End Sub
 
 Sub Textos()
-    Dim sql
+    Dim sql, dialectos
     Set sql = CreateObject("Kovrel.clsCSQL")
     WScript.Echo "SQL: " & sql.Conv_String("O'Donnell") & ", " & sql.Conv_Boolean(True) & ", " & _
                  sql.Conv_DoubleDeDouble(12.5) & ", " & sql.Conv_Date_Date(DateSerial(2024, 2, 29))
+    Set dialectos = CreateObject("Kovrel.clsFSQL")
+    dialectos.Dialecto = 4                              ' diSQLite
+    WScript.Echo "SQLite: " & dialectos.Texto("O'Donnell") & ", " & dialectos.Numero(12.5) & ", " & _
+                 dialectos.Booleano(True)
 End Sub
 
 Sub Carpetas()

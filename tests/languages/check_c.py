@@ -37,7 +37,9 @@ def interface_lines(entry):
     for member in entry.members:
         prefix = "" if member.kind == "call" else member.kind + "_"
         texts = [parameter_text(parameter) for parameter in member.parameters]
-        names = ["This", *(parameter.name for parameter in member.parameters)]
+        # In a macro, a parameter of the member's name would take its place.
+        names = ["This", *(parameter.name + ("_" if parameter.name == prefix + member.name else "")
+                           for parameter in member.parameters)]
         if member.result != "void":
             texts.append(f"/* [out, retval] */ {member.result}* result")
             names.append("result")
