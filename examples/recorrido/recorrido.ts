@@ -1,7 +1,7 @@
 // Kovrel desde TypeScript: todas sus clases, con argumentos de todos los tipos.
 //
-//   tsc --strict --target ES5 recorrido.ts
-//   cscript //nologo recorrido.js CARPETA
+//   tsc --strict --target ES3 --lib es5,scripthost recorrido.ts     (con kovrel.d.ts al lado)
+//   cscript //nologo recorrido.js CARPETA                           (guardado como ANSI)
 //
 // No muestra nada en pantalla: clsAvisos lo anota todo. Escribe sus archivos en la carpeta. Los valores
 // de las enumeraciones quedan como números en el JScript que resulta.
