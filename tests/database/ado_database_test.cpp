@@ -5,14 +5,6 @@
 namespace kovrel::test {
 namespace {
 
-/// The system's ADODB.Connection, open.
-HostObject open_connection() {
-    const ComPtr<IDispatch> connection = create(L"ADODB.Connection");
-    HostObject opened(connection);
-    opened.call(L"Open", {Variant(L"Provider=MSDASQL;Data Source=kovrel_prueba")});
-    return opened;
-}
-
 TEST(DatabaseAdo, LiteralsOfTheDialectPassThroughAdo) {
     const ComPtr<IDispatch> sql = create(L"Kovrel.clsFSQL");
     put(sql.get(), L"Dialecto", Variant(std::int32_t{4}));  // diSQLite
@@ -23,9 +15,14 @@ TEST(DatabaseAdo, LiteralsOfTheDialectPassThroughAdo) {
     const std::wstring values = L"700001, " + literal(L"Texto", Variant(name)) + L", " +
                                 literal(L"Numero", Variant(-0.1)) + L", " +
                                 literal(L"Fecha", Variant(Date{45366}));
-    open_connection().call(
-        L"Execute",
-        {Variant(L"INSERT INTO clientes (id, nombre, saldo, alta) VALUES (" + values + L")")});
+    const ComPtr<IDispatch> ado = create(L"ADODB.Connection");
+    const Outcome opened =
+        call(ado.get(), L"Open", {Variant(L"Provider=MSDASQL;Data Source=kovrel_prueba")});
+    EXPECT_EQ(opened.result, S_OK) << narrow(opened.description);
+    const Outcome inserted =
+        call(ado.get(), L"Execute",
+             {Variant(L"INSERT INTO clientes (id, nombre, saldo, alta) VALUES (" + values + L")")});
+    EXPECT_EQ(inserted.result, S_OK) << narrow(inserted.description);
 
     DatabaseConnection connection(connection_text());
     DatabaseRecordset stored(connection,
