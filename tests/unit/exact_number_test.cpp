@@ -19,6 +19,7 @@ TEST(ExactNumber, DoublesHaveTheFewestDigitsThatAreReadBack) {
     EXPECT_EQ(exact_number(12.5), L"12.5");
     EXPECT_EQ(exact_number(-1234.0), L"-1234");
     EXPECT_EQ(exact_number(0.1), L"0.1");
+    EXPECT_EQ(exact_number(-0.1), L"-0.1");
     EXPECT_EQ(exact_number(0.1 + 0.2), L"0.30000000000000004");
     EXPECT_EQ(exact_number(1.0 / 3), L"0.3333333333333333");
     EXPECT_EQ(exact_number(9007199254740993.0), L"9007199254740992");
@@ -78,6 +79,7 @@ TEST(ExactNumber, ScaledIntegers) {
     EXPECT_EQ(exact_number(ScaledInteger{.low = 1, .scale = 4, .negative = true}), L"-0.0001");
     EXPECT_EQ(exact_number(ScaledInteger{.low = 1000}), L"1000");
     EXPECT_EQ(exact_number(ScaledInteger{.low = all}), L"18446744073709551615");
+    EXPECT_EQ(exact_number(ScaledInteger{.high = 1}), L"18446744073709551616");
     EXPECT_EQ(exact_number(ScaledInteger{.high = 0xFFFFFFFF, .low = all}),
               L"79228162514264337593543950335");
     EXPECT_EQ(exact_number(ScaledInteger{.high = 0xFFFFFFFF, .low = all, .scale = 28}),

@@ -221,10 +221,11 @@ TEST(SqlName, WhatADatabaseCannotHaveIsRefused) {
 }
 
 TEST(SqlName, LengthsAreLimited) {
-    const auto fits = [](Dialect dialect, std::size_t length, wchar_t character) {
-        return refusal([&] { return quoted_name(dialect, std::wstring(length, character)); })
-            .empty();
+    const auto of = [](Dialect dialect, std::size_t length, wchar_t character) {
+        return refusal([&] { return quoted_name(dialect, std::wstring(length, character)); });
     };
+    constexpr auto too_long =
+        L"Llamada a procedimiento o argumento no válidos: el nombre es demasiado largo";
     struct Limit {
         Dialect dialect;
         wchar_t character;
@@ -235,10 +236,10 @@ TEST(SqlName, LengthsAreLimited) {
           Limit{Dialect::postgresql, L'a', 63}, Limit{Dialect::postgresql, L'ñ', 31},
           Limit{Dialect::postgresql, L'€', 21}, Limit{Dialect::mysql, L'ñ', 64},
           Limit{Dialect::oracle, L'a', 128}, Limit{Dialect::oracle, L'ñ', 64}}) {
-        EXPECT_TRUE(fits(dialect, most, character));
-        EXPECT_FALSE(fits(dialect, most + 1, character));
+        EXPECT_EQ(of(dialect, most, character), L"");
+        EXPECT_EQ(of(dialect, most + 1, character), too_long);
     }
-    EXPECT_TRUE(fits(Dialect::sqlite, 100000, L'a'));
+    EXPECT_EQ(of(Dialect::sqlite, 100000, L'a'), L"");
 }
 
 TEST(SqlPattern, NothingInTheTextIsAWildcard) {

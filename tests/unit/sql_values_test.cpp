@@ -26,11 +26,15 @@ void expect(const Expected& expected, const Write& write) {
 }
 
 template <class Call>
-int failure_number(const Call& call) {
+int failure_number(const Call& call, std::wstring_view reason = {}) {
     try {
         (void)call();
         return 0;
     } catch (const Failure& failure) {
+        if (!reason.empty()) {
+            EXPECT_EQ(failure.description(),
+                      L"Llamada a procedimiento o argumento no válidos: " + std::wstring(reason));
+        }
         return failure.number();
     }
 }
@@ -55,7 +59,7 @@ TEST(SqlNumber, PastTheRangeOfOraclesNumbers) {
 TEST(SqlDate, Days) {
     const Expected expected{L"#2024-03-15#",      L"'20240315'",   L"DATE '2024-03-15'",
                             L"DATE '2024-03-15'", L"'2024-03-15'", L"DATE '2024-03-15'"};
-    for (const double date : {day, day + half_past_six, day + 86'399'999 / milliseconds}) {
+    for (const double date : {day, day + half_past_six, day + 86'399'999.3 / milliseconds}) {
         expect(expected, [&](Dialect dialect) { return date_literal(dialect, date); });
     }
     expect(expected, [](Dialect dialect) { return shortest_date_literal(dialect, day); });
@@ -129,7 +133,9 @@ TEST(SqlBytes, InEveryDialect) {
 TEST(SqlBytes, OracleTakesTwoThousand) {
     const std::vector<std::uint8_t> bytes(2001);
     EXPECT_EQ(bytes_literal(Dialect::oracle, std::span(bytes).first(2000)).size(), 4012U);
-    EXPECT_EQ(failure_number([&] { return bytes_literal(Dialect::oracle, bytes); }), 5);
+    EXPECT_EQ(failure_number([&] { return bytes_literal(Dialect::oracle, bytes); },
+                             L"un literal de Oracle no admite más de 2000 bytes"),
+              5);
     EXPECT_EQ(bytes_literal(Dialect::sqlite, bytes).size(), 4005U);
 }
 
@@ -137,10 +143,13 @@ TEST(SqlList, LiteralsBetweenParentheses) {
     for (const Dialect dialect : every) {
         EXPECT_EQ(list_literal(dialect, {L"1"}), L"(1)");
         EXPECT_EQ(list_literal(dialect, {L"'a'", L"(-2)", L"3"}), L"('a', (-2), 3)");
-        EXPECT_EQ(failure_number([&] { return list_literal(dialect, {}); }), 5);
+        EXPECT_EQ(failure_number([&] { return list_literal(dialect, {}); }, L"la lista está vacía"),
+                  5);
     }
     const std::vector<std::wstring> many(1001, L"1");
-    EXPECT_EQ(failure_number([&] { return list_literal(Dialect::oracle, many); }), 5);
+    EXPECT_EQ(failure_number([&] { return list_literal(Dialect::oracle, many); },
+                             L"una lista de Oracle no admite más de 1000 valores"),
+              5);
     EXPECT_EQ(list_literal(Dialect::oracle, {many.begin(), many.begin() + 1000}).size(), 3000U);
     EXPECT_EQ(list_literal(Dialect::sqlite, many).size(), 3003U);
 }
