@@ -52,6 +52,7 @@ auto DatabaseConnection::reported(Task task) {
 void DatabaseConnection::execute(const std::wstring& statement,
                                  const std::vector<Variant>& values) {
     std::vector<ficha::Value> given;
+    given.reserve(values.size());
     for (const Variant& value : values) given.emplace_back(static_cast<const VARIANT&>(value));
     reported([&] { return ficha::Statement(database_, statement, given).rows_changed(); });
 }
@@ -92,7 +93,7 @@ DatabaseRecordset::DatabaseRecordset(DatabaseConnection& connection, const std::
             auto fields = ScriptedObject::make();
             fields->property(L"Count", count_of(names_.size()))
                 .method(L"Item",
-                        [this](const auto& arguments) { return field(arguments.front()); });
+                        [this](const auto& arguments) { return this->field(arguments.front()); });
             fields->default_member(L"Item");
             return to_variant(fields);
         });

@@ -37,7 +37,7 @@ class FichaForm {
 
     [[nodiscard]] HWND handle() const { return form_; }
     /// Ends the program at once, as a task manager does.
-    void end() {
+    void end() const {
         TerminateProcess(process_.hProcess, 1);
         WaitForSingleObject(process_.hProcess, INFINITE);
     }
@@ -53,7 +53,7 @@ class FichaForm {
             return focus == field(id) || GetParent(focus) == field(id);
         });
     }
-    void shows(int id, const std::wstring& text) {
+    void shows(int id, const std::wstring& text) const {
         EXPECT_TRUE(wait_until([&] { return text_of(field(id)) == text; }))
             << id << ": " << narrow(text_of(field(id)));
     }

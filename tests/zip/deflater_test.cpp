@@ -92,6 +92,7 @@ TEST(ZipDeflater, TheUsualLevelPacksTextsAsSmallAsOthersWithinOnePercent) {
     const std::string text = compressible(200'000, 8);
     const std::size_t usual = deflate_in_pieces(text, piece_size, 6).size();
     EXPECT_LE(usual, size_by_zlib(text, 6) * 101 / 100);
+    EXPECT_GT(usual, size_by_zlib(text, 6));  // which takes longer
     EXPECT_LT(usual, size_by_zlib(text, 5));
     EXPECT_EQ(deflate_in_pieces(text, piece_size, 9).size(), size_by_zlib(text, 9));
 }
