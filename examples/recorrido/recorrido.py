@@ -4,16 +4,16 @@
 
 No muestra nada en pantalla: clsAvisos lo anota todo. Escribe sus archivos en la carpeta.
 
-dynamic.Dispatch llama por nombre y pasa copias: lo que un miembro cambia en sus argumentos no vuelve, y se
-usa su resultado. Los argumentos opcionales se omiten. (Con las clases que genera makepy, en cambio, cada
-llamada devuelve además los argumentos por referencia, en una tupla.) Los eventos los recibe una clase con
-métodos On y el nombre del evento.
+DumbDispatch llama por nombre y pasa copias: lo que un miembro cambia en sus argumentos no vuelve, y se usa su
+resultado. Los argumentos opcionales se omiten. (Con Dispatch, que consulta la biblioteca de tipos, un miembro
+con argumentos por referencia devuelve una tupla: su resultado y, detrás, esos argumentos como quedan.) Los
+eventos los recibe una clase con métodos On y el nombre del evento.
 """
 import datetime
 import sys
 
 from win32com.client import DispatchWithEvents
-from win32com.client.dynamic import Dispatch
+from win32com.client.dynamic import DumbDispatch
 
 ID_NIF, ID_DNI = 1, 2
 DI_SQLITE = 4
@@ -24,7 +24,7 @@ OFN_HIDEREADONLY, OFN_FILEMUSTEXIST = 0x4, 0x1000
 
 class Oyente:
     def OnAviso(self, aviso, respuesta, mostrar):
-        print("Evento:", Dispatch(aviso).Miembro)
+        print("Evento:", DumbDispatch(aviso).Miembro)
 
     def OnProgreso(self, porcentaje, mensaje, cancelar):
         print("Evento: progreso", porcentaje)
@@ -49,7 +49,7 @@ def generales(general):
 
 
 def mensajes(avisos):
-    catalogo = Dispatch("Kovrel.clsMensajes")
+    catalogo = DumbDispatch("Kovrel.clsMensajes")
     catalogo.AppOrigen = "Avisos"
     print("Catálogo:", catalogo.AppOrigen)
     avisos.Respuestas(SI_NO, NO, "editar")
@@ -57,7 +57,7 @@ def mensajes(avisos):
 
 
 def fechas():
-    calendario = Dispatch("Kovrel.clsFFechas")
+    calendario = DumbDispatch("Kovrel.clsFFechas")
     ultimo = calendario.UltimoDiaMesActual(2, 2024)
     print("Último día:", ultimo.day)
     print("Semana del mes:", calendario.SemanaEnElMes(ultimo))
@@ -67,17 +67,17 @@ def fechas():
 
 
 def textos():
-    sql = Dispatch("Kovrel.clsCSQL")
+    sql = DumbDispatch("Kovrel.clsCSQL")
     dia = datetime.datetime(2024, 2, 29)
     print("SQL:", sql.Conv_String("O'Donnell"), sql.Conv_Boolean(True), sql.Conv_DoubleDeDouble(12.5),
           sql.Conv_Date_Date(dia), sep=", ")
-    dialectos = Dispatch("Kovrel.clsFSQL")
+    dialectos = DumbDispatch("Kovrel.clsFSQL")
     dialectos.Dialecto = DI_SQLITE
     print("SQLite:", dialectos.Texto("O'Donnell"), dialectos.Numero(12.5), dialectos.Booleano(True), sep=", ")
 
 
 def carpetas(carpeta):
-    perfil = Dispatch("Kovrel.clsProfile")
+    perfil = DumbDispatch("Kovrel.clsProfile")
     ini = carpeta + r"\recorrido.ini"
     print("Ruta:", perfil.AñadirBackSlash(r"C:\Datos"))
     print("Carpeta creada:", si_no(perfil.ExisteCarpeta(carpeta + r"\copias", True, False)))
@@ -87,13 +87,13 @@ def carpetas(carpeta):
 
 
 def dialogo():
-    archivo = Dispatch("Kovrel.cgsFileOpR")
+    archivo = DumbDispatch("Kovrel.cgsFileOpR")
     archivo.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY
     print("Opciones:", archivo.Flags)
 
 
 def identificadores():
-    ident = Dispatch("Kovrel.clsFIdent")
+    ident = DumbDispatch("Kovrel.clsFIdent")
     print("DNI correcto:", si_no(ident.Comprueba(ID_DNI, "12345678A")))
     print("Motivo:", ident.TextoMotivo(ident.MotivoDe(ID_DNI, "12345678A")))
     motivos = ident.CompruebaLista(ID_NIF, ["12345678Z", "12345678A"])
@@ -101,7 +101,7 @@ def identificadores():
 
 
 def registros(general, carpeta):
-    datos = Dispatch("Kovrel.clsADODBServices")
+    datos = DumbDispatch("Kovrel.clsADODBServices")
     print("Registro:", datos.RecordLocation(general))
     datos.PutImageInField(general, carpeta + r"\no hay.bmp")
 
@@ -113,10 +113,10 @@ def anotado(avisos):
 
 
 def archivos(general, carpeta):
-    zip_de_cien = Dispatch("Kovrel.clsFZip")
+    zip_de_cien = DumbDispatch("Kovrel.clsFZip")
     uno = zip_de_cien.GenerarZip("uno.zip", carpeta, [carpeta + r"\recorrido.ini"])
     print("Zip:", si_no(uno == carpeta + r"\uno.zip"))
-    comprimidos = Dispatch("Kovrel.clsFArchivo")
+    comprimidos = DumbDispatch("Kovrel.clsFArchivo")
     comprimidos.Nivel = 9
     general.BarraProgresoInicia("Recorrido", "Se comprime", True)
     entradas = comprimidos.Comprime(carpeta + r"\dos.zip", [carpeta + r"\recorrido.ini", uno], "",
@@ -131,7 +131,7 @@ def main():
     carpeta = sys.argv[1]
     avisos = DispatchWithEvents("Kovrel.clsAvisos", Oyente)
     avisos.Modo = 1  # maSilencio
-    general = Dispatch("Kovrel.clsFGen")
+    general = DumbDispatch("Kovrel.clsFGen")
     generales(general)
     mensajes(avisos)
     fechas()

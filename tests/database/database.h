@@ -46,6 +46,15 @@ class FailingDatabase {
     std::filesystem::path file_;
 };
 
+/// The standard error box of a member: "Error <number and text>) en procedimiento …".
+[[nodiscard]] inline std::string failure_line(const std::wstring& title,
+                                              const std::wstring& number_and_text,
+                                              const std::wstring& member,
+                                              const std::wstring& class_name) {
+    return narrow(L"16|" + title + L"|Error " + number_and_text + L") en procedimiento " + member +
+                  L" del Módulo de clase " + class_name + L".|1");
+}
+
 /// An object of the library's, and the database.
 class DatabaseTest : public testing::Test {
  protected:

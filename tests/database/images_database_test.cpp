@@ -33,10 +33,8 @@ class DatabaseImages : public DatabaseTest {
         return outcome.value.pdispVal != nullptr;
     }
 
-    static std::string failure_line(const std::wstring& number_and_text,
-                                    const std::wstring& member) {
-        return narrow(L"16|Gestión|Error " + number_and_text + L") en procedimiento " + member +
-                      L" del Módulo de clase clsADODBServices.|1");
+    static std::string failure(const std::wstring& number_and_text, const wchar_t* member) {
+        return failure_line(L"Gestión", number_and_text, member, L"clsADODBServices");
     }
 
     ComPtr<IDispatch> services_ = create(L"Kovrel.clsADODBServices");
@@ -78,7 +76,7 @@ TEST_F(DatabaseImages, OfNoBytesAndNull) {
     EXPECT_EQ(lines_of(boxes),
               (Lines{narrow(L"0|kovrel|ERROR  481: Imagen no válida|1"),
                      narrow(L"0|kovrel|ERROR  94: Uso no válido de Null|1"),
-                     failure_line(L"94\\r (Uso no válido de Null", L"GetLargeImageFromField")}));
+                     failure(L"94\\r (Uso no válido de Null", L"GetLargeImageFromField")}));
 }
 
 TEST_F(DatabaseImages, ADatabaseThatIsLostMeanwhile) {
@@ -92,10 +90,10 @@ TEST_F(DatabaseImages, ADatabaseThatIsLostMeanwhile) {
     call(services_.get(), L"GetLargeImageFromField", {field});
     call(services_.get(), L"PutImageInField", {field, Variant(picture_file(L"photo.jpg"))});
     const std::wstring lost = std::wstring(L"-2147467259\\r (") + FailingDatabase::failure;
-    EXPECT_EQ(lines_of(boxes), (Lines{narrow(std::wstring(L"0|kovrel|ERROR  -2147467259: ") +
-                                             FailingDatabase::failure + L"|1"),
-                                      failure_line(lost, L"GetLargeImageFromField"),
-                                      failure_line(lost, L"PutImageInField")}));
+    EXPECT_EQ(lines_of(boxes),
+              (Lines{narrow(std::wstring(L"0|kovrel|ERROR  -2147467259: ") +
+                            FailingDatabase::failure + L"|1"),
+                     failure(lost, L"GetLargeImageFromField"), failure(lost, L"PutImageInField")}));
 }
 
 TEST_F(DatabaseImages, WhereTheRecordStands) {

@@ -99,12 +99,5 @@ def declared_lines(text):
         yield f"{name} {value}"
 
 
-def main():
-    library = type_library.read(sys.argv[1])
-    with open(sys.argv[2], encoding="utf-8-sig") as source:
-        declared = list(declared_lines(source.read()))
-    return type_library.report(sorted(expected_lines(library)), sorted(declared))
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(type_library.compare_source(expected_lines, declared_lines))

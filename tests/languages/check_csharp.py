@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
 """Compares what a compiled Kovrel.cs declares, as its metadata say it, with the type library:
 check_csharp.py TYPE_LIBRARY_LINES COMMAND_THAT_PRINTS..."""
-import subprocess
 import sys
 
 import type_library
@@ -74,12 +73,5 @@ def expected_lines(library):
     yield "by reference: Facturación"
 
 
-def main():
-    library = type_library.read(sys.argv[1])
-    printed = subprocess.run(sys.argv[2:], check=True, stdout=subprocess.PIPE).stdout
-    return type_library.report(sorted(expected_lines(library)),
-                               sorted(printed.decode("utf-8").splitlines()))
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(type_library.compare_printed(expected_lines))

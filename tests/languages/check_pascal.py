@@ -139,12 +139,5 @@ def declared_lines(text):
             yield f"{enumeration} {found[1]} {int(found[2], 16)}"
 
 
-def main():
-    library = type_library.read(sys.argv[1])
-    with open(sys.argv[2], encoding="utf-8-sig") as source:
-        declared = list(declared_lines(source.read()))
-    return type_library.report(sorted(expected_lines(library)), sorted(declared))
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(type_library.compare_source(expected_lines, declared_lines))

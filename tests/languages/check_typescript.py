@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
 """Compares what kovrel.d.ts declares, as TypeScript's own compiler reads it, with the type library:
 check_typescript.py TYPE_LIBRARY_LINES COMMAND_THAT_PRINTS..."""
-import subprocess
 import sys
 
 import type_library
@@ -53,12 +52,5 @@ def expected_lines(library):
             yield f'ActiveXObjectNameMap "{name}": {name} | '
 
 
-def main():
-    library = type_library.read(sys.argv[1])
-    printed = subprocess.run(sys.argv[2:], check=True, stdout=subprocess.PIPE).stdout
-    return type_library.report(sorted(expected_lines(library)),
-                               sorted(printed.decode("utf-8").splitlines()))
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(type_library.compare_printed(expected_lines))

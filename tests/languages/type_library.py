@@ -1,6 +1,8 @@
 """The type library as type_library_lines prints it, for comparison with the declarations in other
 languages."""
 import difflib
+import subprocess
+import sys
 from dataclasses import dataclass, field
 
 NEW_ENUM = -4
@@ -90,6 +92,19 @@ def read(path):
 
 def ascii_name(name):
     return name.translate(ASCII)
+
+
+def compare_source(expected_lines, declared_lines):
+    """Compares the library in the file of the first argument with the source in that of the second."""
+    with open(sys.argv[2], encoding="utf-8-sig") as source:
+        return report(sorted(expected_lines(read(sys.argv[1]))), sorted(declared_lines(source.read())))
+
+
+def compare_printed(expected_lines):
+    """The same with what the command in the other arguments prints."""
+    printed = subprocess.run(sys.argv[2:], check=True, stdout=subprocess.PIPE).stdout
+    return report(sorted(expected_lines(read(sys.argv[1]))),
+                  sorted(printed.decode("utf-8").splitlines()))
 
 
 def report(expected, found):
